@@ -1,0 +1,20 @@
+#include "base/arguments.h"
+
+namespace tarn {
+
+std::vector<std::wstring> SplitArguments(std::wstring_view text) {
+    constexpr auto npos = std::wstring_view::npos;
+    std::vector<std::wstring> arguments;
+    std::size_t at = 0;
+    while ((at = text.find_first_not_of(L' ', at)) != npos) {
+        const bool quoted = text[at] == L'"';
+        if (quoted) ++at;
+        const std::size_t end = text.find(quoted ? L'"' : L' ', at);
+        arguments.emplace_back(text.substr(at, end == npos ? npos : end - at));
+        if (end == npos) break;
+        at = end + 1;
+    }
+    return arguments;
+}
+
+}  // namespace tarn

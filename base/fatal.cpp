@@ -1,0 +1,87 @@
+// What stands in for a throw: the launcher is built without exceptions, and nothing in it recovers
+// from a lack of memory or from an index outside a string. Both end the process with a code of
+// their own. Only launcher.exe links this; the tests keep the standard library's own.
+
+#include <cstdlib>
+#include <new>
+
+#include "base/windows.h"
+
+namespace {
+
+// E_FAIL and E_INVALIDARG: what a support person finds as the exit code.
+constexpr DWORD kOutOfMemory = 0x80004005;
+constexpr DWORD kBadIndex = 0x80070057;
+
+[[noreturn]] void Fatal(DWORD code) {
+    RaiseException(code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+    // Only a debugger can bring us here.
+    TerminateProcess(GetCurrentProcess(), code);
+    std::abort();
+}
+
+}  // namespace
+
+// The standard library's own versions of these bring the whole of C++ exception handling into the
+// program, some 170 KB of it.
+namespace std {
+void __throw_length_error(const char*) {
+    Fatal(kOutOfMemory);
+}
+void __throw_bad_alloc() {
+    Fatal(kOutOfMemory);
+}
+void __throw_bad_array_new_length() {
+    Fatal(kOutOfMemory);
+}
+void __throw_logic_error(const char*) {
+    Fatal(kBadIndex);
+}
+void __throw_invalid_argument(const char*) {
+    Fatal(kBadIndex);
+}
+void __throw_out_of_range(const char*) {
+    Fatal(kBadIndex);
+}
+void __throw_out_of_range_fmt(const char*, ...) {
+    Fatal(kBadIndex);
+}
+void __throw_bad_optional_access() {
+    Fatal(kBadIndex);
+}
+void __throw_bad_function_call() {
+    Fatal(kBadIndex);
+}
+}  // namespace std
+
+void* operator new(std::size_t size) {
+    void* const memory = std::malloc(size != 0 ? size : 1);
+    if (memory == nullptr) Fatal(kOutOfMemory);
+    return memory;
+}
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return std::malloc(size != 0 ? size : 1);
+}
+void operator delete(void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    std::free(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+    std::free(memory);
+}
+
+// Reached by nothing; without it the linker brings the library's verbose one.
+extern "C" void __cxa_pure_virtual() {
+    Fatal(kBadIndex);
+}

@@ -1,0 +1,12 @@
+#include "base/files.h"
+
+#include "base/handles.h"
+
+namespace tarn {
+
+bool FileExists(const std::wstring& path) {
+    WIN32_FIND_DATAW found;
+    return static_cast<bool>(FindHandle(FindFirstFileW(path.c_str(), &found)));
+}
+
+}  // namespace tarn

@@ -1,0 +1,25 @@
+#include "base/files.h"
+
+#include <gtest/gtest.h>
+
+#include "base/module_path.h"
+
+namespace tarn {
+namespace {
+
+TEST(FilesTest, FindsFilesAndFolders) {
+    const std::wstring program = *ModulePath();
+    EXPECT_TRUE(FileExists(program));
+    EXPECT_TRUE(FileExists(L"C:\\windows"));
+    EXPECT_FALSE(FileExists(program + L".none"));
+    EXPECT_FALSE(FileExists(L""));
+}
+
+TEST(FilesTest, TheModuleFolderEndsWithABackslash) {
+    const std::wstring folder = *ModuleFolder();
+    EXPECT_EQ(folder.back(), L'\\');
+    EXPECT_EQ(ModulePath()->substr(0, folder.size()), folder);
+}
+
+}  // namespace
+}  // namespace tarn

@@ -1,0 +1,23 @@
+#include "base/format_text.h"
+
+namespace tarn {
+
+std::wstring FormatText(std::wstring_view format, std::initializer_list<FormatValue> values) {
+    std::wstring result;
+    const FormatValue* next = values.begin();
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        const wchar_t form = format[i] == L'%' && i + 1 < format.size() ? format[i + 1] : L'\0';
+        if (form == L's' || form == L'd') {
+            if (next != values.end()) result += (next++)->text();
+            ++i;
+        } else if (form == L'%') {
+            result += L'%';
+            ++i;
+        } else {
+            result += format[i];
+        }
+    }
+    return result;
+}
+
+}  // namespace tarn

@@ -1,0 +1,32 @@
+# How our own code is compiled and linked. `tarn_compile_options` carries the warnings and the
+# code generation switches; libraries of others never link it.
+add_library(tarn_compile_options INTERFACE)
+target_include_directories(tarn_compile_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_features(tarn_compile_options INTERFACE cxx_std_20)
+target_compile_options(tarn_compile_options INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Werror
+    # Without this the build folder's path would be in the file and two builds would differ.
+    "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
+
+# What ships does without exceptions and run-time type information (see fatal.cpp for what
+# stands in for a throw). The tests are ordinary C++.
+add_library(tarn_shipped_options INTERFACE)
+target_link_libraries(tarn_shipped_options INTERFACE tarn_compile_options)
+target_compile_options(tarn_shipped_options INTERFACE -fno-exceptions -fno-rtti)
+
+if(WIN32)
+    # Windows 7 is the oldest system that any supported Java runtime still starts on.
+    target_compile_definitions(tarn_compile_options INTERFACE
+        UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
+    target_compile_options(tarn_shipped_options INTERFACE
+        -ffunction-sections -fdata-sections -fno-ident)
+    set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
+    set(CMAKE_CXX_FLAGS_DEBUG "-Og -g")
+else()
+    # Windows' wide characters are 16 bits; the pure parts are compiled with the same width
+    # nowhere else, so they may not depend on it.
+    if(TARN_SANITIZE)
+        add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        add_link_options(-fsanitize=address,undefined)
+    endif()
+endif()

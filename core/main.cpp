@@ -1,0 +1,5 @@
+#include "base/windows.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    return -1;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace tarn {
+
+/// The settings text that is built into the executable, as section, key and value. The lowest
+/// layer: the settings file beside the executable goes over it.
+class EmbeddedSettings {
+  public:
+    EmbeddedSettings() = default;
+
+    /// Parses an INI text with lines ended by CR LF. Characters up to the blank are skipped at the
+    /// start of a line; "[name]" opens a section; every other line is split at its first "=" and
+    /// nothing is trimmed around it. A line without "=" is a key with an empty value. A key that
+    /// stands twice keeps its last value.
+    explicit EmbeddedSettings(std::wstring_view text);
+
+    /// The value of a key, empty when there is none. Letter case counts.
+    std::wstring_view Find(std::wstring_view section, std::wstring_view key) const;
+
+  private:
+    using Section = std::map<std::wstring, std::wstring, std::less<>>;
+    std::map<std::wstring, Section, std::less<>> sections_;
+};
+
+/// The settings text of the executable, empty when it has none: the UTF-8 text of the resource
+/// "SETTINGS" of type RT_RCDATA.
+std::wstring LoadEmbeddedText();
+
+}  // namespace tarn

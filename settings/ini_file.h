@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tarn {
+
+/// A settings file on disk, read and written through Windows' profile functions. Holds its path
+/// only; nothing stays open between two calls.
+class IniFile {
+  public:
+    explicit IniFile(std::wstring path);
+    virtual ~IniFile();
+
+    /// Reads the file's first 4 bytes into `buffer`. Returns 0, or the Windows error code: how a
+    /// caller finds out whether the file is there.
+    virtual unsigned long Probe(unsigned char (&buffer)[4]) const;
+
+    /// The value of a key, of any length; empty when the file, the section or the key is absent
+    /// (`GetPrivateProfileStringW`).
+    virtual std::wstring GetValue(const wchar_t* section, const wchar_t* key) const;
+
+    /// All section names, in file order (`GetPrivateProfileSectionNamesW`).
+    virtual std::vector<std::wstring> GetSectionNames() const;
+
+    /// Writes one value (`WritePrivateProfileStringW`). Returns whether that worked.
+    virtual bool SetValue(const wchar_t* section, const wchar_t* key,
+                          const std::wstring& value) const;
+
+    /// Deletes the file (`DeleteFileW`). Returns whether that worked.
+    virtual bool Remove() const;
+
+    const std::wstring& path() const { return path_; }
+
+  private:
+    std::wstring path_;
+};
+
+}  // namespace tarn
