@@ -36,6 +36,9 @@ int CompareVersions(const RuntimeVersion& a, const RuntimeVersion& b);
 /// match anything, so "1.8" stands for every 1.8 runtime and a text without digits for any.
 bool MatchesPreferred(std::wstring_view preferred, const RuntimeVersion& candidate);
 
+/// The same with the preferred text read already (with 0 for the unwritten parts).
+bool MatchesPreferred(const RuntimeVersion& preferred, const RuntimeVersion& candidate);
+
 /// The bound that a "Minimum Version" text sets: "any" none, else the version with 0 for the
 /// unwritten parts.
 RuntimeVersion MinimumBound(std::wstring_view text);

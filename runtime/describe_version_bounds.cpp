@@ -1,0 +1,13 @@
+#include "runtime/version_phrase.h"
+
+#include "base/format_text.h"
+#include "ui/messages/message_text.h"
+
+namespace tarn {
+
+std::wstring DescribeVersionBounds(const RuntimeVersion& minimum, const RuntimeVersion& maximum) {
+    const VersionPhrase phrase = ChooseVersionPhrase(minimum, maximum);
+    return FormatText(LoadMessageText(phrase.textId), {phrase.first, phrase.second});
+}
+
+}  // namespace tarn

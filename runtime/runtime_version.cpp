@@ -1,0 +1,130 @@
+#include "runtime/runtime_version.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tarn {
+
+namespace {
+
+/// The largest number that may get one more digit.
+constexpr std::int32_t kLargestToExtend = 214748364;
+
+bool IsDigit(wchar_t character) {
+    return character >= L'0' && character <= L'9';
+}
+
+/// Where the next digit stands at or after `from`; the text's size when there is none.
+std::size_t NextDigit(std::wstring_view text, std::size_t from) {
+    while (from < text.size() && !IsDigit(text[from])) ++from;
+    return from;
+}
+
+/// Reads the digits at `position`, which ends up behind them. Returns false for a number that was
+/// too large to get another digit; the last digit itself may wrap.
+bool ReadNumber(std::wstring_view text, std::size_t& position, std::int32_t& number) {
+    std::uint32_t value = 0;
+    for (; position < text.size() && IsDigit(text[position]); ++position) {
+        // Signed, as the parts are: a number that has wrapped into the negative goes on.
+        if (static_cast<std::int32_t>(value) > kLargestToExtend) return false;
+        value = value * 10 + static_cast<std::uint32_t>(text[position] - L'0');
+    }
+    number = static_cast<std::int32_t>(value);
+    return true;
+}
+
+}  // namespace
+
+bool ParseVersion(std::wstring_view text, std::int32_t fill, RuntimeVersion& version) {
+    version = RuntimeVersion{};
+    std::size_t position = NextDigit(text, 0);
+    if (position == text.size()) return false;
+
+    RuntimeVersion read;
+    read.parts.fill(fill);
+    const auto stored = static_cast<std::int32_t>(read.parts.size());
+    while (position < text.size()) {
+        if (read.count == stored) {
+            // More groups than parts: that there is another is remembered, not how many.
+            ++read.count;
+            break;
+        }
+        if (!ReadNumber(text, position, read.parts[static_cast<std::size_t>(read.count)])) {
+            return false;
+        }
+        ++read.count;
+        position = NextDigit(text, position);
+    }
+    version = read;
+    return true;
+}
+
+std::wstring FormatVersion(const RuntimeVersion& version) {
+    std::size_t written = version.parts.size();
+    while (written > 0 &&
+           (version.parts[written - 1] == 0 || version.parts[written - 1] == kOpenPart)) {
+        --written;
+    }
+    if (written == 0) return L"0.0.0.0";
+    // At least "major.minor", so that a lone number reads as a version.
+    written = std::max<std::size_t>(written, 2);
+    std::wstring text;
+    for (std::size_t part = 0; part < written; ++part) {
+        if (part != 0) text += L'.';
+        text += std::to_wstring(version.parts[part]);
+    }
+    return text;
+}
+
+int CompareVersions(const RuntimeVersion& a, const RuntimeVersion& b) {
+    if (a.parts == b.parts) return 0;
+    return a.parts < b.parts ? -1 : 1;
+}
+
+bool MatchesPreferred(const RuntimeVersion& preferred, const RuntimeVersion& candidate) {
+    std::size_t compared = preferred.parts.size();
+    while (compared > 0 && preferred.parts[compared - 1] == 0) --compared;
+    return std::equal(preferred.parts.begin(),
+                      preferred.parts.begin() + static_cast<std::ptrdiff_t>(compared),
+                      candidate.parts.begin());
+}
+
+bool MatchesPreferred(std::wstring_view preferred, const RuntimeVersion& candidate) {
+    RuntimeVersion version;
+    // A text without digits is all zeros and so matches anything.
+    ParseVersion(preferred, 0, version);
+    return MatchesPreferred(version, candidate);
+}
+
+namespace {
+
+RuntimeVersion Bound(std::wstring_view text, std::int32_t open) {
+    RuntimeVersion bound;
+    if (text == L"any") {
+        bound.parts.fill(open);
+        bound.count = static_cast<std::int32_t>(bound.parts.size());
+    } else {
+        ParseVersion(text, open, bound);
+    }
+    return bound;
+}
+
+}  // namespace
+
+RuntimeVersion MinimumBound(std::wstring_view text) {
+    return Bound(text, 0);
+}
+
+RuntimeVersion MaximumBound(std::wstring_view text) {
+    return Bound(text, kOpenPart);
+}
+
+bool IsBlank(const RuntimeVersion& version) {
+    const auto all = [&](std::int32_t value) {
+        return std::all_of(version.parts.begin(), version.parts.end(),
+                           [value](std::int32_t part) { return part == value; });
+    };
+    return all(0) || all(kOpenPart);
+}
+
+}  // namespace tarn
