@@ -5,7 +5,6 @@ TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 # shellcheck source=scripts/lib/wine.sh
 . "$TARN_ROOT/scripts/lib/wine.sh"
 
-trap tarn_stop_screen EXIT
-[ -n "${DISPLAY:-}" ] || tarn_start_screen
-tarn_start_wine
-wine "$@" </dev/null
+trap tarn_close_wine EXIT
+tarn_open_wine
+wine "$@" {tarn_wine_lock}>&- </dev/null

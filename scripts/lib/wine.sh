@@ -1,5 +1,13 @@
-# Sourced by the scripts that run Windows programs on Linux. One Wine prefix for each build tree
-# (TARN_WINE_PREFIX, by default build/wine), one virtual screen for each script.
+# Sourced by the scripts that run Windows programs on Linux; wants TARN_ROOT.
+# shellcheck shell=bash
+#
+#     tarn_open_wine     a virtual screen if there is none, the prefix, its server and its desktop
+#     wine PROGRAM ...
+#     tarn_close_wine    ends all of them (from an EXIT trap)
+#
+# One Wine prefix for each build tree (TARN_WINE_PREFIX, by default build/wine), used by one
+# script at a time: a second one waits for the first. A script that was started inside such a
+# session finds TARN_WINE_SESSION set and joins it.
 
 : "${TARN_WINE_PREFIX:=$TARN_ROOT/build/wine}"
 
@@ -7,24 +15,26 @@ export WINEPREFIX="$TARN_WINE_PREFIX"
 export WINEARCH=win64
 export WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+# Wine takes the system's language, code page and argument encoding from here: the same for
+# everybody, or texts and sizes would differ from machine to machine.
+export LC_ALL=C.UTF-8
 
-# Starts a virtual screen unless there is one to use; it ends with the script.
 tarn_start_screen() {
-    local size=${1:-1280x1024x24}
     local number_file
     number_file=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 "$size" -nolisten tcp 3>"$number_file" >/dev/null 2>&1 &
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+        3>"$number_file" {tarn_wine_lock}>&- </dev/null >/dev/null 2>&1 &
     TARN_XVFB_PID=$!
     # A bounded wait for a condition, not for a time.
-    for _ in $(seq 200); do
+    for _ in $(seq 400); do
         [ -s "$number_file" ] && break
-        kill -0 "$TARN_XVFB_PID" 2>/dev/null || { echo "Xvfb did not start" >&2; return 1; }
+        kill -0 "$TARN_XVFB_PID" 2>/dev/null || break
         sleep 0.05
     done
     DISPLAY=":$(cat "$number_file")"
     export DISPLAY
     rm -f "$number_file"
-    [ "$DISPLAY" != ":" ]
+    [ "$DISPLAY" != ":" ] || { echo "Xvfb did not start" >&2; return 1; }
 }
 
 tarn_stop_screen() {
@@ -34,28 +44,59 @@ tarn_stop_screen() {
     TARN_XVFB_PID=
 }
 
-# Makes the prefix on first use, and starts its server and desktop with their output detached:
-# whoever reads the output of the first Wine program would otherwise wait for them as well.
-tarn_start_wine() {
-    if [ ! -f "$WINEPREFIX/tarn-ready" ]; then
-        rm -rf "$WINEPREFIX"
-        mkdir -p "$WINEPREFIX"
-        wineboot --init >/dev/null 2>&1 </dev/null
-        wineserver -w
-        winecfg -v win10 >/dev/null 2>&1 </dev/null
-        # Without a window manager Wine waits two seconds for an answer to every captioned window
-        # that goes away, unless it draws the frames itself.
-        wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f >/dev/null 2>&1 </dev/null
-        # A crash ends the program at once, with its own exit code.
-        wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' /v Debugger /d false /f \
-            >/dev/null 2>&1 </dev/null
-        wineserver -k >/dev/null 2>&1 || true
-        wineserver -w
-        touch "$WINEPREFIX/tarn-ready"
-    fi
-    wineserver -p >/dev/null 2>&1 </dev/null || true  # it may run already
-    setsid wine explorer.exe /desktop=shell >/dev/null 2>&1 </dev/null &
-    wine cmd /c exit >/dev/null 2>&1 </dev/null
+# A Wine program of ours, silent. What it leaves running inherits neither our pipes, whose reader
+# would wait for it, nor the lock.
+tarn_quiet_wine() { wine "$@" {tarn_wine_lock}>&- </dev/null >/dev/null 2>&1; }
+
+tarn_make_prefix() {
+    echo "making the Wine prefix $WINEPREFIX (once, half a minute)" >&2
+    rm -rf "$WINEPREFIX"
+    mkdir -p "$WINEPREFIX"
+    tarn_quiet_wine wineboot --init
+    tarn_quiet_wine winecfg -v win10
+    # Without a window manager Wine waits two seconds for an answer to every captioned window
+    # that goes away, unless it draws the frames itself.
+    tarn_quiet_wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
+    # A crash ends the program at once, with its own exit code.
+    tarn_quiet_wine reg add 'HKLM\Software\Microsoft\Windows NT\CurrentVersion\AeDebug' \
+        /v Debugger /d false /f
+    tarn_stop_wine
+    touch "$WINEPREFIX/tarn-ready"
 }
 
-tarn_stop_wine() { wineserver -k >/dev/null 2>&1 || true; }
+tarn_stop_wine() {
+    wineserver -k >/dev/null 2>&1 || true
+    timeout 30 wineserver -w >/dev/null 2>&1 || true
+}
+
+tarn_open_wine() {
+    if [ "${TARN_WINE_SESSION:-}" = "$WINEPREFIX" ]; then
+        exec {tarn_wine_lock}</dev/null  # the lock is our caller's
+        return 0
+    fi
+    mkdir -p "$(dirname "$WINEPREFIX")"
+    exec {tarn_wine_lock}>"$WINEPREFIX.lock"
+    flock -n "$tarn_wine_lock" || {
+        echo "waiting for another script that uses $WINEPREFIX" >&2
+        flock -w 3600 "$tarn_wine_lock"
+    }
+    [ -n "${DISPLAY:-}" ] || tarn_start_screen
+    # What a killed script may have left belongs to a screen that is gone.
+    tarn_stop_wine
+    [ -f "$WINEPREFIX/tarn-ready" ] || tarn_make_prefix
+    wineserver -p {tarn_wine_lock}>&- >/dev/null 2>&1 </dev/null || true
+    # The first program that asks for the desktop starts Wine's explorer, which inherits that
+    # program's output: make it one of ours.
+    tarn_quiet_wine rundll32.exe user32.dll,GetDesktopWindow || true
+    export TARN_WINE_SESSION="$WINEPREFIX"
+    tarn_owns_wine=yes
+}
+
+tarn_close_wine() {
+    if [ "${tarn_owns_wine:-}" = yes ]; then
+        tarn_owns_wine=
+        tarn_stop_wine
+        unset TARN_WINE_SESSION
+    fi
+    tarn_stop_screen
+}
