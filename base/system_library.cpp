@@ -1,0 +1,20 @@
+#include "base/system_library.h"
+
+#include <string>
+
+namespace tarn {
+
+HMODULE LoadSystemLibrary(const wchar_t* name) {
+    // By its bare name, for then the launcher's manifest still decides which version of a library
+    // that Windows has several of (the common controls) this is.
+    const HMODULE library = LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (library != nullptr || GetLastError() != ERROR_INVALID_PARAMETER) return library;
+
+    // A Windows 7 that lacks the update which brought the flag: the full path is as safe.
+    wchar_t folder[MAX_PATH];  // the system folder's path is never longer
+    const UINT length = GetSystemDirectoryW(folder, MAX_PATH);
+    if (length == 0 || length >= MAX_PATH) return nullptr;
+    return LoadLibraryW((std::wstring(folder, length) + L"\\" + name).c_str());
+}
+
+}  // namespace tarn
