@@ -1,0 +1,90 @@
+// The argument area of the shared block is written by another process, which may be anybody's.
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "instance/shared_block.h"
+
+namespace {
+
+using Area = std::array<char16_t, tarn::kArgumentUnits>;
+
+void Require(bool holds) {
+    if (!holds) std::abort();
+}
+
+// Unit by unit, as a reader would explain it.
+std::vector<std::wstring> NaiveDecode(const Area& area) {
+    std::vector<std::wstring> arguments;
+    std::wstring current;
+    for (const char16_t unit : area) {
+        if (unit != 0) {
+            current.push_back(static_cast<wchar_t>(unit));
+            continue;
+        }
+        if (current.empty()) return arguments;
+        arguments.push_back(current);
+        current.clear();
+    }
+    if (!current.empty()) arguments.push_back(current);
+    return arguments;
+}
+
+// The arguments that the units spell when every zero ends one, empty ones included.
+std::vector<std::wstring> ArgumentsOf(const std::vector<char16_t>& units) {
+    std::vector<std::wstring> arguments(1);
+    for (const char16_t unit : units) {
+        if (unit == 0) {
+            arguments.emplace_back();
+        } else {
+            arguments.back().push_back(static_cast<wchar_t>(unit));
+        }
+    }
+    return arguments;
+}
+
+void CheckDecode(const std::vector<char16_t>& units) {
+    // On the heap and alone, so that a unit read beyond the area is noticed.
+    const auto area = std::make_unique<Area>();
+    area->fill(u'\0');
+    std::copy_n(units.begin(), std::min(units.size(), area->size()), area->begin());
+    Require(tarn::DecodeArguments(*area) == NaiveDecode(*area));
+}
+
+void CheckRoundTrip(const std::vector<char16_t>& units) {
+    const std::vector<std::wstring> arguments = ArgumentsOf(units);
+    std::size_t bytes = 2;
+    for (const std::wstring& argument : arguments) bytes += 2 * argument.size() + 2;
+
+    const auto area = std::make_unique<Area>();
+    area->fill(u'\xFFFF');
+    const Area before = *area;
+    if (!tarn::EncodeArguments(arguments, *area)) {
+        Require(bytes > 1040 && *area == before);
+        return;
+    }
+    Require(bytes <= 1040);
+    std::vector<std::wstring> received;
+    for (const std::wstring& argument : arguments) {
+        if (argument.empty()) break;
+        received.push_back(argument);
+    }
+    Require(tarn::DecodeArguments(*area) == received);
+    Require(area->back() == u'\0');
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    std::vector<char16_t> units(size / sizeof(char16_t));
+    if (!units.empty()) std::memcpy(units.data(), data, units.size() * sizeof(char16_t));
+    CheckDecode(units);
+    CheckRoundTrip(units);
+    return 0;
+}

@@ -1,0 +1,93 @@
+#include "instance/hand_off.h"
+
+#include "base/ansi_text.h"
+#include "jvm/java_text.h"
+
+namespace tarn {
+
+bool HandOffDesk::HandOff(DWORD senderThread) {
+    if (WaitForSingleObject(readyEvent_, INFINITE) != WAIT_OBJECT_0) return false;
+    const std::optional<Application> application = LookAtApplication();
+    if (!application || application->javaVm == nullptr) return false;
+
+    JNIEnv* env = nullptr;
+    JavaVM* const javaVm = application->javaVm;
+    if (javaVm->AttachCurrentThread(reinterpret_cast<void**>(&env), nullptr) != JNI_OK) {
+        return false;
+    }
+    const bool done = CallSecondaryMain(env, application->ansiMainClass, senderThread);
+    if (application->detach) javaVm->DetachCurrentThread();
+    return done;
+}
+
+void HandOffDesk::Close() {
+    AcquireSRWLockExclusive(&lock_);
+    closed_ = true;
+    ReleaseSRWLockExclusive(&lock_);
+}
+
+std::optional<HandOffDesk::Application> HandOffDesk::LookAtApplication() {
+    std::optional<Application> application;
+    AcquireSRWLockShared(&lock_);
+    if (!closed_) {
+        const Settings& settings = target_.settings;
+        application = Application{target_.javaVm, ToThreadAnsi(settings.mainClass),
+                                  !IbmInPolicy(settings.policy)};
+    }
+    ReleaseSRWLockShared(&lock_);
+    return application;
+}
+
+std::optional<std::vector<std::wstring>> HandOffDesk::ReadArguments() {
+    std::optional<std::vector<std::wstring>> arguments;
+    AcquireSRWLockShared(&lock_);
+    if (!closed_) {
+        // A copy first: the next second launch may be writing already.
+        const auto area = block_.arguments;
+        arguments = DecodeArguments(area);
+    }
+    ReleaseSRWLockShared(&lock_);
+    return arguments;
+}
+
+bool HandOffDesk::CallSecondaryMain(JNIEnv* env, const std::string& ansiMainClass,
+                                    DWORD senderThread) {
+    jclass const mainClass = env->FindClass(ansiMainClass.c_str());
+    if (mainClass == nullptr) return false;
+
+    bool returnsInt = false;
+    jmethodID method = env->GetStaticMethodID(mainClass, "secondaryMain", "([Ljava/lang/String;)V");
+    if (env->ExceptionCheck()) env->ExceptionClear();
+    if (method == nullptr) {
+        returnsInt = true;
+        method = env->GetStaticMethodID(mainClass, "secondaryMain", "([Ljava/lang/String;)I");
+    }
+    if (method == nullptr) {
+        if (env->ExceptionCheck()) env->ExceptionDescribe();
+        return false;
+    }
+
+    const std::optional<std::vector<std::wstring>> arguments = ReadArguments();
+    if (!arguments) return false;
+    jobjectArray const array = MakeStringArray(env, *arguments);
+    if (array == nullptr) return false;
+
+    if (returnsInt) {
+        const jint result = env->CallStaticIntMethod(mainClass, method, array);
+        Answer(senderThread, result);
+    } else {
+        // The other launch need not wait for a method that has nothing to say.
+        Answer(senderThread, 0);
+        env->CallStaticVoidMethod(mainClass, method, array);
+    }
+    if (!env->ExceptionCheck()) return true;
+    env->ExceptionDescribe();
+    return false;
+}
+
+// Whoever asked may be gone or may never have been there: then there is nobody to tell.
+void HandOffDesk::Answer(DWORD senderThread, jint result) const {
+    PostThreadMessageW(senderThread, messageId_, static_cast<WPARAM>(result), 0);
+}
+
+}  // namespace tarn

@@ -1,0 +1,32 @@
+#include "instance/shared_block.h"
+
+#include <algorithm>
+
+namespace tarn {
+
+bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea area) {
+    std::size_t needed = 1;  // the zero that ends the list
+    for (const std::wstring& argument : arguments) needed += argument.size() + 1;
+    if (needed > area.size()) return false;
+
+    std::fill(area.begin(), area.end(), u'\0');
+    auto out = area.begin();
+    for (const std::wstring& argument : arguments) {
+        out = std::transform(argument.begin(), argument.end(), out,
+                             [](wchar_t unit) { return static_cast<char16_t>(unit); });
+        ++out;
+    }
+    return true;
+}
+
+std::vector<std::wstring> DecodeArguments(ConstArgumentArea area) {
+    std::vector<std::wstring> arguments;
+    for (auto from = area.begin(); from != area.end() && *from != u'\0';) {
+        const auto to = std::find(from, area.end(), u'\0');
+        arguments.emplace_back(from, to);
+        from = to == area.end() ? to : to + 1;
+    }
+    return arguments;
+}
+
+}  // namespace tarn

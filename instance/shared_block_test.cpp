@@ -1,0 +1,115 @@
+#include "instance/shared_block.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+
+namespace tarn {
+namespace {
+
+using Arguments = std::vector<std::wstring>;
+using Area = std::array<char16_t, kArgumentUnits>;
+
+Area FilledWith(char16_t unit) {
+    Area area;
+    area.fill(unit);
+    return area;
+}
+
+Area AreaOf(std::u16string_view units) {
+    Area area = FilledWith(u'\0');
+    std::copy(units.begin(), units.end(), area.begin());
+    return area;
+}
+
+// What the second launch writes and the first one reads.
+Arguments HandedOver(const Arguments& arguments) {
+    Area area = FilledWith(u'x');
+    EXPECT_TRUE(EncodeArguments(arguments, area));
+    return DecodeArguments(area);
+}
+
+TEST(EncodeArgumentsTest, PutsAZeroBehindEachArgumentAndZeroesTheRest) {
+    Area area = FilledWith(u'x');
+    ASSERT_TRUE(EncodeArguments({L"a", L"bc"}, area));
+    EXPECT_EQ(area, AreaOf(std::u16string_view(u"a\0bc\0", 5)));
+}
+
+TEST(EncodeArgumentsTest, WithoutArgumentsTheWholeAreaIsZeroed) {
+    Area area = FilledWith(u'x');
+    ASSERT_TRUE(EncodeArguments({}, area));
+    EXPECT_EQ(area, FilledWith(u'\0'));
+}
+
+TEST(EncodeArgumentsTest, AnEmptyArgumentIsItsZeroAlone) {
+    Area area = FilledWith(u'x');
+    ASSERT_TRUE(EncodeArguments({L"a", L"", L"b"}, area));
+    EXPECT_EQ(area, AreaOf(std::u16string_view(u"a\0\0b\0", 5)));
+}
+
+TEST(EncodeArgumentsTest, TakesArgumentsOfExactly1038Bytes) {
+    const Arguments one = {std::wstring(518, L'x')};
+    EXPECT_EQ(HandedOver(one), one);
+    const Arguments many(259, L"y");
+    EXPECT_EQ(many.size() * 4 + 2, 1038u);
+    EXPECT_EQ(HandedOver(many), many);
+    const Arguments full = {std::wstring(500, L'x'), std::wstring(17, L'y')};
+    EXPECT_EQ(HandedOver(full), full);
+}
+
+TEST(EncodeArgumentsTest, RefusesTwoBytesMoreAndLeavesTheAreaAlone) {
+    Area area = FilledWith(u'x');
+    EXPECT_FALSE(EncodeArguments({std::wstring(519, L'a')}, area));
+    EXPECT_FALSE(EncodeArguments({std::wstring(500, L'a'), std::wstring(18, L'b')}, area));
+    EXPECT_FALSE(EncodeArguments(Arguments(260, L"a"), area));
+    EXPECT_FALSE(EncodeArguments(Arguments(520, L""), area));
+    EXPECT_FALSE(EncodeArguments({std::wstring(30000, L'a')}, area));
+    EXPECT_EQ(area, FilledWith(u'x'));
+}
+
+TEST(DecodeArgumentsTest, ReadsWhatWasWritten) {
+    const Arguments arguments = {L"C:\\My Files\\a.txt", L"-x", L"\u00e4\u20ac\u4e2d"};
+    EXPECT_EQ(HandedOver(arguments), arguments);
+}
+
+TEST(DecodeArgumentsTest, UnitsPassUnchangedLoneSurrogatesIncluded) {
+    const std::wstring pair = {static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0xDE00)};
+    const std::wstring lone = {static_cast<wchar_t>(0xDE00), L'x', static_cast<wchar_t>(0xFFFF)};
+    const Arguments arguments = {pair, lone};
+    EXPECT_EQ(HandedOver(arguments), arguments);
+}
+
+TEST(DecodeArgumentsTest, NoArgumentsGiveAnEmptyList) {
+    EXPECT_EQ(HandedOver({}), Arguments());
+}
+
+TEST(DecodeArgumentsTest, AnEmptyArgumentEndsTheList) {
+    EXPECT_EQ(HandedOver({L"a", L"", L"b"}), Arguments({L"a"}));
+    EXPECT_EQ(HandedOver({L"", L"a"}), Arguments());
+    EXPECT_EQ(HandedOver({L"a", L""}), Arguments({L"a"}));
+}
+
+TEST(DecodeArgumentsTest, ATextThatNothingEndsIsCutAtTheEndOfTheArea) {
+    EXPECT_EQ(DecodeArguments(FilledWith(u'x')), Arguments({std::wstring(520, L'x')}));
+
+    Area area = FilledWith(u'x');
+    area[1] = u'\0';
+    EXPECT_EQ(DecodeArguments(area), Arguments({L"x", std::wstring(518, L'x')}));
+}
+
+TEST(DecodeArgumentsTest, AnEndOnTheLastUnitIsAnEnd) {
+    Area area = FilledWith(u'x');
+    area.back() = u'\0';
+    EXPECT_EQ(DecodeArguments(area), Arguments({std::wstring(519, L'x')}));
+}
+
+// The address sanitizer watches over the end of the heap block.
+TEST(DecodeArgumentsTest, ReadsNothingBeyondTheArea) {
+    const auto area = std::make_unique<Area>(FilledWith(u'z'));
+    EXPECT_EQ(DecodeArguments(*area).size(), 1u);
+}
+
+}  // namespace
+}  // namespace tarn
