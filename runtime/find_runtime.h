@@ -20,8 +20,9 @@ struct RuntimeChoice {
 };
 
 /// Asks the sources in their order: the configured "JRE Path", the runtime shipped beside the
-/// launcher, the registry. The first that yields a `jvm.dll` fills `choice`. Returns false when
-/// none does. Nothing on the way is reported to the user.
+/// launcher, the registry. The first that yields a `jvm.dll` fills `choice`, whether it is one for
+/// the paired launcher included. Returns false when none does. Nothing on the way is reported to
+/// the user.
 bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
                  RuntimeChoice& choice);
 

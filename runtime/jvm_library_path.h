@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "runtime/jvm_library_layout.h"
 #include "runtime/search_policy.h"
 
 namespace tarn {
@@ -18,9 +19,5 @@ void PublishJvmLocation(const std::wstring& jvmLibraryPath);
 
 /// The full path of a file in the chosen runtime's `bin` folder, empty when it is not there.
 std::wstring FindInRuntimeBin(const std::wstring& jvmLibraryPath, std::wstring_view fileName);
-
-/// The path with its last `count` components cut off, each at the last backslash; without one the
-/// text stays.
-std::wstring_view CutComponents(std::wstring_view path, int count);
 
 }  // namespace tarn

@@ -1,0 +1,69 @@
+#include "runtime/image_header.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace tarn {
+namespace {
+
+std::vector<std::byte> Image(std::size_t size, std::uint32_t headers) {
+    std::vector<std::byte> bytes(size);
+    bytes[0] = std::byte{'M'};
+    bytes[1] = std::byte{'Z'};
+    for (std::size_t i = 0; i < 4; ++i) bytes[60 + i] = std::byte(headers >> (8 * i) & 0xFF);
+    return bytes;
+}
+
+TEST(ImageHeaderTest, TheMachineFieldHasToLieInsideTheFile) {
+    EXPECT_TRUE(HoldsImageHeaders(Image(70, 64)));
+    EXPECT_FALSE(HoldsImageHeaders(Image(70, 65)));
+    EXPECT_TRUE(HoldsImageHeaders(Image(4096, 4090)));
+    EXPECT_FALSE(HoldsImageHeaders(Image(4096, 4091)));
+}
+
+TEST(ImageHeaderTest, HeadersInsideTheOldHeaderAreStillInsideTheFile) {
+    EXPECT_TRUE(HoldsImageHeaders(Image(64, 4)));
+    EXPECT_TRUE(HoldsImageHeaders(Image(64, 58)));
+    EXPECT_FALSE(HoldsImageHeaders(Image(64, 59)));
+}
+
+TEST(ImageHeaderTest, PlacesFarOutsideDoNotWrapAround) {
+    for (const std::uint32_t headers : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFAU, 0xFFFFFFFFU}) {
+        EXPECT_FALSE(HoldsImageHeaders(Image(4096, headers)));
+    }
+}
+
+TEST(ImageHeaderTest, ShortFilesAndOtherMarksAreNoImages) {
+    EXPECT_FALSE(HoldsImageHeaders({}));
+    const std::vector<std::byte> image = Image(64, 4);
+    EXPECT_FALSE(HoldsImageHeaders(std::span(image).first(63)));
+    EXPECT_FALSE(HoldsImageHeaders(std::span(image).first(2)));
+    std::vector<std::byte> other = Image(256, 64);
+    other[1] = std::byte{'z'};
+    EXPECT_FALSE(HoldsImageHeaders(other));
+}
+
+TEST(ImageHeaderTest, WhateverPassesCanBeReadUpToItsMachine) {
+    std::mt19937 random(20240611);
+    int passed = 0;
+    for (int round = 0; round < 20000; ++round) {
+        std::vector<std::byte> bytes =
+            Image(64 + random() % 200, static_cast<std::uint32_t>(random() % 300));
+        if (random() % 8 == 0) bytes[60 + random() % 4] = std::byte(random() & 0xFF);
+        if (!HoldsImageHeaders(bytes)) continue;
+        ++passed;
+        std::size_t headers = 0;
+        for (std::size_t i = 4; i-- > 0;) {
+            headers = headers << 8 | std::to_integer<std::size_t>(bytes[60 + i]);
+        }
+        // The sanitizer watches over the read.
+        EXPECT_EQ(bytes[headers + 5], bytes.data()[headers + 5]);
+        EXPECT_LE(headers + 6, bytes.size());
+    }
+    EXPECT_GT(passed, 1000);
+}
+
+}  // namespace
+}  // namespace tarn

@@ -1,0 +1,50 @@
+#include "runtime/jvm_bitness.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
+#include "base/handles.h"
+#include "runtime/image_header.h"
+
+namespace tarn {
+
+namespace {
+
+using ImageNtHeaderFunction = IMAGE_NT_HEADERS*(WINAPI*)(void*);
+
+/// The machine field of an image, 0 when the headers are not there.
+WORD MachineOf(void* image) {
+    const Library dbghelp(LoadLibraryExW(L"dbghelp.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+    if (!dbghelp) return IMAGE_FILE_MACHINE_UNKNOWN;
+    const auto imageNtHeader = reinterpret_cast<ImageNtHeaderFunction>(
+        reinterpret_cast<void*>(GetProcAddress(dbghelp.get(), "ImageNtHeader")));
+    if (imageNtHeader == nullptr) return IMAGE_FILE_MACHINE_UNKNOWN;
+    const IMAGE_NT_HEADERS* const headers = imageNtHeader(image);
+    // Only the machine is known to lie inside the file, and it stands at the same place for both
+    // widths.
+    return headers != nullptr ? headers->FileHeader.Machine : WORD{IMAGE_FILE_MACHINE_UNKNOWN};
+}
+
+}  // namespace
+
+bool NeedsPairedLauncher(const std::wstring& jvmLibraryPath, const std::wstring& pairProduct) {
+    if (pairProduct.empty()) return false;
+    const FileHandle file(CreateFileW(jvmLibraryPath.c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                      nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file) return false;
+    LARGE_INTEGER size{};
+    if (GetFileSizeEx(file.get(), &size) == FALSE) return false;
+    // An empty file cannot be mapped, which is what this answers.
+    const Handle mapping(CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
+    if (!mapping) return false;
+    const FileView view(MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
+    if (!view) return false;
+    const std::span<const std::byte> bytes(static_cast<const std::byte*>(view.get()),
+                                           static_cast<std::size_t>(size.QuadPart));
+    // The platform's own look at the headers does not know where the file ends.
+    if (!HoldsImageHeaders(bytes)) return false;
+    return MachineOf(view.get()) == IMAGE_FILE_MACHINE_I386;
+}
+
+}  // namespace tarn

@@ -1,0 +1,47 @@
+// For unit tests only: an empty folder of the test's own that goes with it.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+#include "base/windows.h"
+
+namespace tarn {
+
+class TestFolder {
+  public:
+    TestFolder() {
+        static int made = 0;
+        const std::wstring name =
+            L"tarn-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++made);
+        path_ = std::filesystem::temp_directory_path() / name;
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+    ~TestFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    /// Ends in a backslash.
+    std::wstring path() const { return path_.wstring() + L"\\"; }
+
+    /// Writes a file below the folder and makes the folders on the way. Returns its full path.
+    std::wstring Write(std::wstring_view name, std::string_view bytes = {}) const {
+        const std::filesystem::path file = path_ / name;
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary).write(bytes.data(), std::ssize(bytes));
+        return path() + std::wstring(name);
+    }
+
+    void Remove(std::wstring_view name) const { std::filesystem::remove(path_ / name); }
+
+  private:
+    std::filesystem::path path_;
+};
+
+}  // namespace tarn
