@@ -1,13 +1,18 @@
 #pragma once
 
+#include <atomic>
+#include <memory>
 #include <string>
 
+#include "base/handles.h"
 #include "base/one_shot_action.h"
 #include "base/windows.h"
+#include "ui/splash_screen_window.h"
 
 namespace tarn {
 
-/// The launch's splash picture, from before the JVM is loaded until `Close`.
+/// The launch's splash picture, from before the JVM is loaded until `Close`: in a window of the
+/// launcher's own, which lives in a thread of its own, or in the Java runtime's.
 class Splash {
   public:
     Splash() = default;
@@ -15,19 +20,32 @@ class Splash {
     Splash& operator=(const Splash&) = delete;
     ~Splash() { Close(); }
 
-    /// Shows the picture that the settings name, if any. Returns false only when the settings
-    /// file's path cannot be derived.
+    /// Shows the picture that the settings name, if any, without waiting for it. Returns false only
+    /// when the settings file's path cannot be derived.
     bool Show(const std::wstring& jvmLibraryPath, OneShotAction& launchFailureAction);
 
     /// Takes the launcher's own splash window down and waits until its thread has ended. Does
     /// nothing when there is none.
     void Close();
 
-    /// Owner of every error box: the splash window, null when there is none (yet).
-    HWND windowHandle() const { return windowHandle_; }
+    /// Owner of every error box: the splash window, null when there is none (yet). After `Close`
+    /// the handle of the window that was.
+    HWND windowHandle() const { return splashWindowHandle_.load(std::memory_order_relaxed); }
 
   private:
-    HWND windowHandle_ = nullptr;
+    void StartThread();
+    static DWORD WINAPI SplashThreadProc(void* splash) noexcept;
+    DWORD RunThread();
+
+    // Written before the thread starts, which reads them.
+    std::wstring splashImagePath_;
+    std::wstring splashShadow_;
+    std::unique_ptr<SplashScreenWindow> splashWindow_;
+
+    Handle splashThread_;
+    DWORD splashThreadId_ = 0;
+    // Written once, by the splash thread.
+    std::atomic<HWND> splashWindowHandle_ = nullptr;
 };
 
 }  // namespace tarn

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "base/owner.h"
+#include "base/windows.h"
+
+namespace tarn {
+
+/// A bitmap of GDI.
+struct BitmapTraits {
+    using Value = HBITMAP;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { DeleteObject(value); }
+};
+using Bitmap = Owner<BitmapTraits>;
+
+/// A device context of one's own (`CreateCompatibleDC`).
+struct MemoryContextTraits {
+    using Value = HDC;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { DeleteDC(value); }
+};
+using MemoryContext = Owner<MemoryContextTraits>;
+
+/// The screen's device context (`GetDC` of no window).
+struct ScreenContextTraits {
+    using Value = HDC;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { ReleaseDC(nullptr, value); }
+};
+using ScreenContext = Owner<ScreenContextTraits>;
+
+/// A bitmap that is selected into a device context as long as this lives: a selected bitmap can
+/// be neither deleted nor selected elsewhere.
+class BitmapSelection {
+  public:
+    BitmapSelection(HDC context, HBITMAP bitmap)
+        : context_(context), previous_(SelectObject(context, bitmap)) {}
+    BitmapSelection(const BitmapSelection&) = delete;
+    BitmapSelection& operator=(const BitmapSelection&) = delete;
+    ~BitmapSelection() { SelectObject(context_, previous_); }
+
+  private:
+    HDC context_;
+    HGDIOBJ previous_;
+};
+
+}  // namespace tarn

@@ -1,0 +1,75 @@
+#include "ui/native_splash.h"
+
+#include "base/ansi_text.h"
+#include "base/system_library.h"
+#include "base/text.h"
+#include "runtime/jvm_library_path.h"
+
+namespace tarn {
+namespace {
+
+using SplashInit = void (*)();
+using SplashLoadFile = void (*)(const char* ansiImagePath);
+using SplashSetFileJarName = void (*)(const char* ansiImagePath, const char* ansiJarPath);
+
+std::wstring FullPath(const std::wstring& path) {
+    std::wstring full;
+    DWORD length = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
+    full.resize(length);
+    length = GetFullPathNameW(path.c_str(), length, full.data(), nullptr);
+    full.resize(length < full.size() ? length : 0);
+    return full;
+}
+
+// A folder that libraries look for their neighbours in, as long as this lives. Only loads that ask
+// for such folders see it, so nothing else in the process changes.
+class LibraryFolder {
+  public:
+    explicit LibraryFolder(const std::wstring& folder) {
+        // Looked up, for the oldest Windows that the launcher starts on has them only after an
+        // update.
+        const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
+        const auto add = FindFunction<decltype(&AddDllDirectory)>(kernel, "AddDllDirectory");
+        remove_ = FindFunction<decltype(&RemoveDllDirectory)>(kernel, "RemoveDllDirectory");
+        if (add != nullptr) cookie_ = add(folder.c_str());
+    }
+    LibraryFolder(const LibraryFolder&) = delete;
+    LibraryFolder& operator=(const LibraryFolder&) = delete;
+    ~LibraryFolder() {
+        if (cookie_ != nullptr) remove_(cookie_);
+    }
+
+  private:
+    decltype(&RemoveDllDirectory) remove_ = nullptr;
+    DLL_DIRECTORY_COOKIE cookie_ = nullptr;
+};
+
+// The library needs java.dll, which lies beside it, and that one needs jvm.dll, which lies in a
+// folder of its own and is on no search path before the JVM is loaded.
+HMODULE LoadWithNeighbours(const std::wstring& path, const std::wstring& jvmLibraryPath) {
+    const LibraryFolder jvmFolder{std::wstring(FolderOf(FullPath(jvmLibraryPath)))};
+    return LoadLibraryExW(FullPath(path).c_str(), nullptr,
+                          LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
+}
+
+}  // namespace
+
+bool StartNativeSplash(const std::wstring& imagePath, bool wanted,
+                       const std::wstring& jvmLibraryPath, OneShotAction& launchFailureAction) {
+    const std::wstring path = FindInRuntimeBin(jvmLibraryPath, L"splashscreen.dll");
+    if (!wanted || path.empty()) return false;
+    // Never unloaded: its window and the application's view of it live in there.
+    const HMODULE library = LoadWithNeighbours(path, jvmLibraryPath);
+    if (library == nullptr) return false;
+    const auto init = FindFunction<SplashInit>(library, "SplashInit");
+    const auto loadFile = FindFunction<SplashLoadFile>(library, "SplashLoadFile");
+    const auto setFileJarName = FindFunction<SplashSetFileJarName>(library, "SplashSetFileJarName");
+    launchFailureAction.Set(FindFunction<OneShotAction::Function>(library, "SplashClose"));
+    if (init == nullptr || loadFile == nullptr || setFileJarName == nullptr) return false;
+    init();
+    loadFile(ToThreadAnsi(imagePath).c_str());
+    setFileJarName(ToThreadAnsi(imagePath).c_str(), "");
+    return true;
+}
+
+}  // namespace tarn

@@ -1,0 +1,75 @@
+#include "ui/picture.h"
+
+namespace tarn {
+namespace {
+
+constexpr GpColor kOpaqueBlack = 0xFF000000;
+
+GpColor OpaqueColor(COLORREF color) {
+    return kOpaqueBlack | static_cast<GpColor>(GetRValue(color)) << 16 |
+           static_cast<GpColor>(GetGValue(color)) << 8 | static_cast<GpColor>(GetBValue(color));
+}
+
+RECT SourceOf(const ImageDrawing& drawing) {
+    const RECT& source = drawing.source;
+    if (source.left != 0 || source.top != 0 || source.right != 0 || source.bottom != 0)
+        return source;
+    const SIZE whole = ImageSize(drawing.image);
+    return {0, 0, whole.cx, whole.cy};
+}
+
+void Draw(const ImageDrawing& drawing, const RECT& source, HDC context) {
+    const GdiPlus* const gdiPlus = UseGdiPlus();
+    if (gdiPlus == nullptr) return;
+    GpGraphicsOwner graphics;
+    gdiPlus->createFromHdc(context, graphics.put());
+    gdiPlus->setInterpolationMode(graphics.get(), GpInterpolationMode::kHighQualityBicubic);
+    GpImageAttributesOwner attributes;
+    gdiPlus->createImageAttributes(attributes.put());
+    gdiPlus->setImageAttributesWrapMode(attributes.get(), GpWrapMode::kTileFlipXY, kOpaqueBlack,
+                                        FALSE);
+    if (drawing.colorKey != nullptr) {
+        const GpColor key = OpaqueColor(*drawing.colorKey);
+        gdiPlus->setImageAttributesColorKeys(attributes.get(), GpColorAdjustType::kDefault, TRUE,
+                                             key, key);
+    }
+    // In pixels on both sides, so that the resolution that an image claims changes nothing.
+    const INT width = source.right - source.left;
+    const INT height = source.bottom - source.top;
+    gdiPlus->drawImageRectRectI(graphics.get(), drawing.image, 0, 0, width, height, source.left,
+                                source.top, width, height, GpUnit::kPixel, attributes.get(),
+                                nullptr, nullptr);
+}
+
+}  // namespace
+
+SIZE ImageSize(GpImage* image) {
+    const GdiPlus* const gdiPlus = UseGdiPlus();
+    UINT width = 0;
+    UINT height = 0;
+    if (gdiPlus != nullptr) {
+        gdiPlus->getImageWidth(image, &width);
+        gdiPlus->getImageHeight(image, &height);
+    }
+    return {static_cast<LONG>(width), static_cast<LONG>(height)};
+}
+
+GpImageOwner DecodeImage(const std::wstring& path) {
+    GpImageOwner image;
+    if (const GdiPlus* const gdiPlus = UseGdiPlus())
+        gdiPlus->createBitmapFromFile(path.c_str(), image.put());
+    return image;
+}
+
+Bitmap RenderForScreen(const ImageDrawing& drawing) {
+    const RECT source = SourceOf(drawing);
+    const ScreenContext screen(GetDC(nullptr));
+    Bitmap bitmap(CreateCompatibleBitmap(screen.get(), source.right - source.left,
+                                         source.bottom - source.top));
+    const MemoryContext context(CreateCompatibleDC(screen.get()));
+    const BitmapSelection selection(context.get(), bitmap.get());
+    Draw(drawing, source, context.get());
+    return bitmap;
+}
+
+}  // namespace tarn
