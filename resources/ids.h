@@ -33,3 +33,14 @@
 #define IDS_REASON_NO_MEMORY 228
 #define IDS_REASON_EXISTS 229
 #define IDS_REASON_INVALID 230
+
+// The "Java Exception" dialog. Its number, its two buttons' (IDOK, IDCANCEL) and the trace's are
+// fixed like the texts'.
+#define IDD_JAVA_EXCEPTION 231
+#define IDC_EXCEPTION_TRACE 208
+#define IDC_EXCEPTION_FRAME 1001
+#define IDC_EXCEPTION_ICON 1002
+#define IDC_EXCEPTION_THROWN 1003
+#define IDC_EXCEPTION_CHOICE 1004
+#define IDC_EXCEPTION_WARNING 1005
+#define IDC_EXCEPTION_GRIP 1006
