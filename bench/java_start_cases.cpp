@@ -1,0 +1,85 @@
+// Real runtimes: start of the process to the first line of main, and to its end; and the private
+// memory at main.
+#include "bench/bench_case.h"
+#include "bench/timed_process.h"
+#include "bench/workspace.h"
+
+namespace tarn::bench {
+
+namespace {
+
+constexpr const wchar_t* kVersions[] = {L"11", L"17", L"21", L"25"};
+constexpr const char* kToMain = "to main, ms";
+constexpr const char* kMemory = "private memory at main, KiB";
+
+struct CommandLine {
+    std::string name;
+    std::wstring program;
+    std::wstring text;
+};
+
+// The same application with the same options, started in three ways.
+std::vector<CommandLine> StartersFor(const Workspace& workspace, const std::wstring& version) {
+    const std::filesystem::path home = workspace.runtimes / version;
+    const std::wstring jar = (workspace.tools / L"bench.jar").wstring();
+    const InstalledApp app =
+        InstallApp(workspace, L"java" + version,
+                   // Server: 11 also has a client JVM, javaw.exe takes the server one.
+                   L"[Java Runtime Environment]\r\nMain Class=bench.Stamp\r\nJVM Type=server\r\n"
+                   L"JRE Path=" +
+                       home.wstring() + L"\r\n[Class Path]\r\nClass Path=" + jar + L"\r\n");
+    const std::wstring launcher = app.program.wstring();
+    const std::wstring host = (workspace.tools / L"bare_host.exe").wstring();
+    const std::wstring javaw = (home / L"bin" / L"javaw.exe").wstring();
+    return {
+        {"launcher", launcher, Quoted(launcher)},
+        {"bare host", host,
+         Quoted(host) + L" " + Quoted(JvmLibrary(home).wstring()) + L" 0 bench.Stamp " +
+             Quoted(L"-Djava.class.path=" + jar + L";")},
+        {"javaw.exe", javaw, Quoted(javaw) + L" -cp " + Quoted(jar) + L" bench.Stamp"},
+    };
+}
+
+std::string Narrow(const std::wstring& version) {
+    return {version.begin(), version.end()};
+}
+
+}  // namespace
+
+std::vector<Case> JavaStartCases(const Workspace& workspace) {
+    std::vector<Case> cases;
+    for (const std::wstring version : kVersions) {
+        Case result;
+        result.name = "Java " + Narrow(version) + ": start to main";
+        result.quantities = {kToMain, "to exit, ms"};
+        for (const CommandLine& line : StartersFor(workspace, version))
+            result.contenders.push_back({line.name, [line] {
+                                             const ProcessTimes times =
+                                                 RunTimed(line.program, line.text);
+                                             return Sample{times.toMark, times.toExit};
+                                         }});
+        result.budgets = {{kToMain, "launcher", "bare host", Budget::Kind::RatioAtMost, 1.05},
+                          {kToMain, "javaw.exe", "launcher", Budget::Kind::RatioAtLeast, 1.2}};
+        cases.push_back(std::move(result));
+    }
+    return cases;
+}
+
+std::vector<Case> MemoryCases(const Workspace& workspace) {
+    std::vector<Case> cases;
+    for (const std::wstring version : {L"21", L"25"}) {
+        Case result;
+        result.name = "Java " + Narrow(version) + ": memory at main";
+        result.quantities = {kMemory};
+        result.rounds = 5;
+        for (const CommandLine& line : StartersFor(workspace, version))
+            result.contenders.push_back(
+                {line.name,
+                 [line] { return Sample{RunTimed(line.program, line.text, true).privateKiB}; }});
+        result.budgets = {{kMemory, "launcher", "bare host", Budget::Kind::DifferenceAtMost, 1536}};
+        cases.push_back(std::move(result));
+    }
+    return cases;
+}
+
+}  // namespace tarn::bench

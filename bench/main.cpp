@@ -1,0 +1,80 @@
+// start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]: measures every case whose name holds one of
+// the texts, all without any.
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "base/windows.h"
+#include "bench/bench_case.h"
+#include "bench/executable_report.h"
+#include "bench/workspace.h"
+
+namespace tarn::bench {
+
+std::vector<Case> AllCases(const Workspace& workspace) {
+    std::vector<Case> all;
+    for (auto* cases : {ScriptedRuntimeCases, JavaStartCases, MemoryCases})
+        for (Case& one : cases(workspace)) all.push_back(std::move(one));
+    return all;
+}
+
+namespace {
+
+constexpr int kDefaultRounds = 15;
+
+bool IsWanted(const Case& benchCase, const std::vector<std::string>& texts) {
+    bool wanted = texts.empty();
+    for (const std::string& text : texts)
+        wanted = wanted || benchCase.name.find(text) != std::string::npos;
+    return wanted;
+}
+
+std::filesystem::path OwnFolder() {
+    std::wstring path(32768, L'\0');  // the longest path that Windows has
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return std::filesystem::path(path).parent_path();
+}
+
+int Run(const std::vector<std::wstring>& words) {
+    Workspace workspace;
+    workspace.launcher = std::filesystem::absolute(words.at(1));
+    workspace.runtimes = std::filesystem::absolute(words.at(2));
+    workspace.tools = OwnFolder();
+    workspace.scratch = std::filesystem::temp_directory_path() / L"tarn bench";
+    std::filesystem::remove_all(workspace.scratch);
+    std::filesystem::create_directories(workspace.scratch);
+
+    int rounds = kDefaultRounds;
+    std::vector<std::string> texts;
+    for (std::size_t i = 3; i < words.size(); ++i) {
+        if (words[i] == L"--rounds")
+            rounds = std::stoi(words.at(++i));
+        else
+            texts.emplace_back(words[i].begin(), words[i].end());
+    }
+
+    if (texts.empty()) PrintExecutableReport(workspace.launcher);
+    bool measured = true;
+    for (const Case& benchCase : AllCases(workspace))
+        if (IsWanted(benchCase, texts)) measured = RunCase(benchCase, rounds) && measured;
+    std::filesystem::remove_all(workspace.scratch);
+    return measured ? 0 : 1;
+}
+
+}  // namespace
+
+}  // namespace tarn::bench
+
+int wmain(int count, wchar_t** words) {
+    if (count < 3) {
+        std::fprintf(stderr, "start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]\n");
+        return 2;
+    }
+    try {
+        return tarn::bench::Run({words, words + count});
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 2;
+    }
+}

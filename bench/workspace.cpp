@@ -1,0 +1,34 @@
+#include "bench/workspace.h"
+
+#include <fstream>
+#include <stdexcept>
+
+namespace tarn::bench {
+
+InstalledApp InstallApp(const Workspace& workspace, const std::wstring& name,
+                        const std::wstring& iniText) {
+    InstalledApp app;
+    app.folder = workspace.scratch / name;
+    app.program = app.folder / (name + L".exe");
+    std::filesystem::create_directories(app.folder);
+    std::filesystem::copy_file(workspace.launcher, app.program,
+                               std::filesystem::copy_options::overwrite_existing);
+    std::ofstream ini(app.folder / (name + L".ini"), std::ios::binary);
+    const std::wstring marked = L'\xFEFF' + iniText;
+    ini.write(reinterpret_cast<const char*>(marked.data()),
+              static_cast<std::streamsize>(marked.size() * sizeof(wchar_t)));
+    if (!ini) throw std::runtime_error("cannot write the settings of " + app.program.string());
+    return app;
+}
+
+std::filesystem::path JvmLibrary(const std::filesystem::path& runtimeHome) {
+    const std::filesystem::path library = runtimeHome / L"bin" / L"server" / L"jvm.dll";
+    if (!std::filesystem::exists(library)) throw std::runtime_error("no " + library.string());
+    return library;
+}
+
+std::wstring Quoted(const std::wstring& word) {
+    return L"\"" + word + L"\"";
+}
+
+}  // namespace tarn::bench
