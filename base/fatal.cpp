@@ -24,6 +24,7 @@ constexpr DWORD kBadIndex = 0x80070057;
 
 // The standard library's own versions of these bring the whole of C++ exception handling into the
 // program, some 170 KB of it.
+// NOLINTBEGIN(bugprone-reserved-identifier, readability-identifier-naming): these names are its
 namespace std {
 void __throw_length_error(const char*) {
     Fatal(kOutOfMemory);
@@ -53,6 +54,7 @@ void __throw_bad_function_call() {
     Fatal(kBadIndex);
 }
 }  // namespace std
+// NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
 
 void* operator new(std::size_t size) {
     void* const memory = std::malloc(size != 0 ? size : 1);
@@ -82,6 +84,7 @@ void operator delete(void* memory, const std::nothrow_t&) noexcept {
 }
 
 // Reached by nothing; without it the linker brings the library's verbose one.
+// NOLINTNEXTLINE(bugprone-reserved-identifier, readability-identifier-naming): the ABI's name
 extern "C" void __cxa_pure_virtual() {
     Fatal(kBadIndex);
 }

@@ -19,6 +19,9 @@ export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 # everybody, or texts and sizes would differ from machine to machine.
 export LC_ALL=C.UTF-8
 
+# Every program below is started with this closed: only the script itself holds the lock.
+exec {tarn_wine_lock}</dev/null
+
 tarn_start_screen() {
     local number_file
     number_file=$(mktemp)
@@ -70,10 +73,7 @@ tarn_stop_wine() {
 }
 
 tarn_open_wine() {
-    if [ "${TARN_WINE_SESSION:-}" = "$WINEPREFIX" ]; then
-        exec {tarn_wine_lock}</dev/null  # the lock is our caller's
-        return 0
-    fi
+    [ "${TARN_WINE_SESSION:-}" != "$WINEPREFIX" ] || return 0
     mkdir -p "$(dirname "$WINEPREFIX")"
     exec {tarn_wine_lock}>"$WINEPREFIX.lock"
     flock -n "$tarn_wine_lock" || {

@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Runs cppcheck over our own sources, as the host and as Windows sees them.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+mapfile -t sources < <(git ls-files '*.cpp' ':!:*_test.cpp' ':!:tests/*')
+mkdir -p build/cppcheck
+cppcheck --quiet -j 2 --std=c++20 --language=c++ --platform=win64 --library=windows \
+    --enable=warning,performance,portability --inline-suppr --error-exitcode=1 \
+    --suppress=missingIncludeSystem --cppcheck-build-dir=build/cppcheck \
+    -DUNICODE -D_UNICODE -D_WIN32 -I . "${sources[@]}"

@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# Runs the tests: scripts/test.sh [PART...]
+#
+#     host         unit tests of the pure sources, g++ with ASan and UBSan
+#     host-clang   the same with clang
+#     windows      all unit tests as a Windows program under Wine
+#     executable   what launcher.exe is made of: sections, imports, resources, reproducibility
+#     endtoend     launcher.exe with scripted and real Java runtimes under Wine
+#     format       clang-format
+#     lint         clang-tidy, cppcheck, shellcheck, our own check of the #include lines
+#
+# Without a PART all of them run, whatever fails on the way. The last line counts the tests:
+# "N passed, N failed". GTEST_FILTER in the environment narrows the GoogleTest programs.
+set -uo pipefail
+TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
+cd "$TARN_ROOT" || exit 1
+# shellcheck source=scripts/lib/common.sh
+. scripts/lib/common.sh
+# shellcheck source=scripts/lib/wine.sh
+. scripts/lib/wine.sh
+# shellcheck source=scripts/lib/test_parts.sh
+. scripts/lib/test_parts.sh
+
+results=$TARN_ROOT/build/test-results
+passed=0 failed=0 summary='' failures=''
+
+parts=(host host-clang windows executable endtoend format lint)
+[ $# -eq 0 ] || parts=("$@")
+for part in "${parts[@]}"; do
+    declare -F "part_$part" >/dev/null || {
+        echo "no part '$part'; there are: host host-clang windows executable endtoend format lint" >&2
+        exit 2
+    }
+done
+
+scripts/setup.sh test || exit 1
+unset DISPLAY  # never on somebody's real screen
+trap tarn_close_wine EXIT
+mkdir -p "$results"
+
+for part in "${parts[@]}"; do
+    part_passed=0 part_failed=0
+    started=$SECONDS
+    tarn_say "$part"
+    "part_$part"
+    passed=$((passed + part_passed)) failed=$((failed + part_failed))
+    summary+="$(printf '%-12s %5d passed %4d failed %5d s' \
+        "$part" "$part_passed" "$part_failed" $((SECONDS - started)))"$'\n'
+done
+
+printf '\n%s' "$summary"
+[ -z "$failures" ] || printf '\nfailed:\n%s' "$failures"
+printf '\n%d passed, %d failed\n' "$passed" "$failed"
+[ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
