@@ -1,0 +1,133 @@
+#!/usr/bin/env python3
+"""Holds the #include lines of our libraries to what their CMakeLists.txt say.
+
+- A library's files include their own folder and those of the libraries that its USES names (and
+  resources/ids.h, which is only numbers).
+- PURE sources and TESTS reach no Windows header, however deep, and no C header of the platform.
+- windows.h comes through base/windows.h alone.
+- Every source in a library's folder is named in a CMakeLists.txt.
+
+Prints one line for each break of a rule and exits with 1 if there was one.
+"""
+
+import os
+import re
+import sys
+
+ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+LISTS = ("PURE", "WINDOWS", "TESTS", "WINDOWS_TESTS", "USES", "SYSTEM")
+OPEN_TO_ALL = {"resources/ids.h"}
+WINDOWS_WRAPPER = "base/windows.h"
+INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
+OUTSIDE = {"build", "tests", ".git"}
+
+
+def read(path):
+    with open(os.path.join(ROOT, path), encoding="utf-8") as file:
+        return file.read()
+
+
+def find_files(names):
+    for folder, subfolders, files in os.walk(ROOT):
+        relative = os.path.relpath(folder, ROOT)
+        if relative == ".":
+            subfolders[:] = [name for name in subfolders if name not in OUTSIDE]
+        for name in sorted(files):
+            if names(name):
+                yield os.path.normpath(os.path.join(relative, name))
+
+
+def read_libraries():
+    """The libraries by name: their folder, and the words of each of their lists."""
+    libraries = {}
+    for path in find_files(lambda name: name == "CMakeLists.txt"):
+        text = re.sub(r"#[^\n]*", "", read(path))
+        for call in re.finditer(r"\btarn_library\(([^)]*)\)", text):
+            words = call.group(1).split()
+            library = {"folder": os.path.dirname(path)} | {key: [] for key in LISTS}
+            current = None
+            for word in words[1:]:
+                if word in LISTS:
+                    current = word
+                else:
+                    library[current].append(word)
+            libraries[words[0]] = library
+    return libraries
+
+
+def includes(path):
+    """What a file includes: (path from the root or None, name in angle brackets or None)."""
+    for match in INCLUDE.finditer(read(path)):
+        yield match.group(1), match.group(2)
+
+
+def folder_of(path, folders):
+    """The innermost library folder that holds a file."""
+    folder = os.path.dirname(path)
+    while folder and folder not in folders:
+        folder = os.path.dirname(folder)
+    return folder
+
+
+def windows_headers_reached(path):
+    """Chains of includes from a pure file to what it must not reach."""
+    seen = {path}
+    waiting = [(path, [path])]
+    while waiting:
+        current, chain = waiting.pop()
+        for ours, theirs in includes(current):
+            if ours == WINDOWS_WRAPPER:
+                yield chain + [ours]
+            elif theirs and theirs.endswith(".h") and not theirs.startswith(("gtest/", "gmock/")):
+                yield chain + [f"<{theirs}>"]
+            elif ours and ours not in seen and os.path.exists(os.path.join(ROOT, ours)):
+                seen.add(ours)
+                waiting.append((ours, chain + [ours]))
+
+
+def check_arrows(libraries):
+    by_folder = {library["folder"]: name for name, library in libraries.items()}
+    for path in find_files(lambda name: name.endswith((".cpp", ".h"))):
+        owner = by_folder.get(folder_of(path, by_folder))
+        for ours, theirs in includes(path):
+            if theirs and theirs.lower() == "windows.h" and path != WINDOWS_WRAPPER:
+                yield f"{path}: includes <{theirs}>; it comes through {WINDOWS_WRAPPER}"
+            if ours is None or owner is None or ours in OPEN_TO_ALL:
+                continue
+            if not os.path.exists(os.path.join(ROOT, ours)):
+                yield f"{path}: includes \"{ours}\", which is no path from the root"
+                continue
+            other = by_folder.get(folder_of(ours, by_folder))
+            if other is None:
+                yield f"{path}: includes \"{ours}\", which is no library's"
+            elif other != owner and other not in libraries[owner]["USES"]:
+                yield f"{path}: includes \"{ours}\", but {owner} does not use {other}"
+
+
+def check_lists(libraries):
+    for library in libraries.values():
+        for name in library["PURE"] + library["TESTS"]:
+            for chain in windows_headers_reached(os.path.join(library["folder"], name)):
+                yield "pure, but reaches the platform: " + " -> ".join(chain)
+    named = "\n".join(read(path) for path in find_files(lambda name: name == "CMakeLists.txt"))
+    folders = {library["folder"] for library in libraries.values()}
+    for path in find_files(lambda name: name.endswith(".cpp")):
+        if folder_of(path, folders) and not re.search(
+                rf"(?<![\w]){re.escape(os.path.basename(path))}(?![\w])", named):
+            yield f"{path}: is in no CMakeLists.txt"
+
+
+def main():
+    libraries = read_libraries()
+    if not libraries:
+        print("no library found")
+        return 1
+    broken = list(check_arrows(libraries)) + list(check_lists(libraries))
+    for line in broken:
+        print(line)
+    print(f"{len(libraries)} libraries, {len(broken)} breaks of the rules")
+    return 1 if broken else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
