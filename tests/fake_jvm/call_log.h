@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace fake_jvm {
+
+/// Appends one line to the file that FAKE_JVM_LOG names: the thread's id, a tab, the text. Opened
+/// and closed for each line, so that a process that ends in mid-call has written all the same.
+void Log(std::string_view text);
+
+/// The same with a mark that the tests look for: somebody broke a rule of the interface.
+void LogViolation(std::string_view text);
+
+/// In quotes, with everything but printable ASCII as `\xNN`: bytes whose code page is in question.
+std::string QuoteBytes(std::string_view bytes);
+
+/// In quotes, as UTF-8; quotes, backslashes, control characters and unpaired surrogates are
+/// escaped (`\"`, `\\`, `\uXXXX`).
+std::string QuoteText(std::u16string_view text);
+
+std::string ToUtf8(std::u16string_view text);
+std::u16string FromUtf8(std::string_view text);
+
+/// An environment variable of this process as UTF-16; false when it is not set.
+bool ReadEnvironment(const wchar_t* name, std::wstring& value);
+
+}  // namespace fake_jvm

@@ -1,0 +1,149 @@
+#include "tests/fake_jvm/objects.h"
+
+#include <memory>
+#include <unordered_set>
+
+#include "tests/fake_jvm/call_log.h"
+
+namespace fake_jvm {
+
+namespace {
+
+struct Reference {
+    Object* object = nullptr;
+    DWORD thread = 0;
+    bool deleted = false;
+};
+
+std::unordered_set<const void*>& KnownReferences() {
+    static std::unordered_set<const void*> known;
+    return known;
+}
+
+std::vector<std::unique_ptr<Object>>& Classes() {
+    static std::vector<std::unique_ptr<Object>> classes;
+    return classes;
+}
+
+std::vector<std::unique_ptr<Method>>& Methods() {
+    static std::vector<std::unique_ptr<Method>> methods;
+    return methods;
+}
+
+Reference* Known(jobject reference, const char* use) {
+    if (KnownReferences().contains(reference)) return reinterpret_cast<Reference*>(reference);
+    LogViolation(std::string(use) + " of something that is no reference");
+    return nullptr;
+}
+
+}  // namespace
+
+Object* NewObject(Kind kind, std::string className) {
+    auto* const object = new Object;
+    object->kind = kind;
+    object->className = std::move(className);
+    return object;
+}
+
+Object* NewString(std::u16string text) {
+    Object* const object = NewObject(Kind::kString, "java/lang/String");
+    object->text = std::move(text);
+    return object;
+}
+
+Object* NewThrowable(std::string className, std::string message) {
+    Object* const object = NewObject(Kind::kPlain, std::move(className));
+    object->text = FromUtf8(message);
+    return object;
+}
+
+Object* ClassNamed(std::string_view name) {
+    for (const auto& known : Classes()) {
+        if (known->className == name) return known.get();
+    }
+    Classes().emplace_back(NewObject(Kind::kClass, std::string(name)));
+    return Classes().back().get();
+}
+
+Method* MethodOf(Object* owner, std::string_view name, std::string_view signature, bool isStatic) {
+    for (const auto& known : Methods()) {
+        if (known->owner == owner && known->name == name && known->signature == signature &&
+            known->isStatic == isStatic) {
+            return known.get();
+        }
+    }
+    Methods().push_back(std::make_unique<Method>(
+        Method{owner, std::string(name), std::string(signature), isStatic}));
+    return Methods().back().get();
+}
+
+jobject Refer(Environment* environment, Object* object) {
+    if (object == nullptr) return nullptr;
+    auto* const reference = new Reference{object, environment->thread, false};
+    KnownReferences().insert(reference);
+    ++environment->localReferences;
+    return reinterpret_cast<jobject>(reference);
+}
+
+Object* Resolve(Environment* environment, jobject handle) {
+    if (handle == nullptr) return nullptr;
+    Reference* const reference = Known(handle, "use");
+    if (reference == nullptr) return nullptr;
+    if (reference->deleted) {
+        LogViolation("use of a deleted reference to " + Describe(reference->object));
+    } else if (reference->thread != environment->thread) {
+        LogViolation("use of another thread's reference to " + Describe(reference->object));
+    }
+    return reference->object;
+}
+
+void EndReference(Environment* environment, jobject handle) {
+    if (handle == nullptr) return;
+    Reference* const reference = Known(handle, "deletion");
+    if (reference == nullptr) return;
+    if (reference->deleted) {
+        LogViolation("second deletion of a reference to " + Describe(reference->object));
+        return;
+    }
+    reference->deleted = true;
+    --environment->localReferences;
+}
+
+Method* Resolve(jmethodID id) {
+    for (const auto& known : Methods()) {
+        if (static_cast<const void*>(known.get()) == static_cast<const void*>(id)) {
+            return known.get();
+        }
+    }
+    LogViolation("call through something that is no method");
+    return nullptr;
+}
+
+std::string Describe(const Object* object) {
+    if (object == nullptr) return "null";
+    switch (object->kind) {
+        case Kind::kClass:
+            return "class " + object->className;
+        case Kind::kString:
+            return QuoteText(object->text);
+        case Kind::kCharArray:
+            return "char[" + std::to_string(object->text.size()) + "]";
+        case Kind::kObjectArray: {
+            std::string text = "[";
+            for (const Object* element : object->elements) {
+                if (text.size() > 1) text += ", ";
+                text += Describe(element);
+            }
+            return text + "]";
+        }
+        case Kind::kPlain:
+            break;
+    }
+    return "object " + object->className;
+}
+
+std::string Describe(const Method& method) {
+    return method.owner->className + "." + method.name + method.signature;
+}
+
+}  // namespace fake_jvm

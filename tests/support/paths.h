@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+namespace tarn::test {
+
+/// Where the suite finds what it tests with. Each is an environment variable, by default relative
+/// to the folder of this program (build/<preset>/tests).
+struct Paths {
+    std::wstring launcher;      ///< TARN_LAUNCHER: launcher.exe
+    std::wstring fakeJvms;      ///< TARN_FAKE_JVM_DIR: one folder for each variant of jvm.dll
+    std::wstring programs;      ///< TARN_TEST_PROGRAMS: the small programs that tests start
+    std::wstring runtimes;      ///< TARN_RUNTIMES: real runtimes
+    std::wstring javaFixtures;  ///< TARN_JAVA_FIXTURES: the jar of the tests' Java classes
+};
+
+const Paths& GetPaths();
+
+/// A folder that exists, as it stands in the file system; for temporary files.
+std::wstring TemporaryFolder();
+
+}  // namespace tarn::test
