@@ -23,11 +23,10 @@ class EmbeddedSettings {
 
   private:
     using Section = std::map<std::wstring, std::wstring, std::less<>>;
+
+    void AddLine(std::wstring_view line, Section*& current);
+
     std::map<std::wstring, Section, std::less<>> sections_;
 };
-
-/// The settings text of the executable, empty when it has none: the UTF-8 text of the resource
-/// "SETTINGS" of type RT_RCDATA.
-std::wstring LoadEmbeddedText();
 
 }  // namespace tarn

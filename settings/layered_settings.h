@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "settings/embedded_settings.h"
 #include "settings/ini_file.h"
@@ -21,7 +22,8 @@ class LayeredSettings : public IniFile {
 };
 
 /// What a "+" section's value makes of the value below it: both with a blank in between, also when
-/// there is nothing below; no blank is added when `appended` begins with one.
-std::wstring AppendValue(const std::wstring& below, const std::wstring& appended);
+/// there is nothing below, for such values are lists that blanks separate. No blank is added when
+/// `appended` begins with one, and an empty `appended` changes nothing.
+std::wstring AppendValue(std::wstring_view below, std::wstring_view appended);
 
 }  // namespace tarn

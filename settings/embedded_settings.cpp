@@ -1,0 +1,65 @@
+#include "settings/embedded_settings.h"
+
+#include <optional>
+
+namespace tarn {
+namespace {
+
+constexpr wchar_t kByteOrderMark = L'\uFEFF';
+constexpr std::wstring_view kLineEnd = L"\r\n";
+
+// Everything up to the blank counts as one, control characters included.
+std::wstring_view SkipLeadingBlanks(std::wstring_view text) {
+    while (!text.empty() && text.front() <= L' ') text.remove_prefix(1);
+    return text;
+}
+
+std::wstring_view DropTrailingBlanks(std::wstring_view text) {
+    while (!text.empty() && text.back() <= L' ') text.remove_suffix(1);
+    return text;
+}
+
+// The name between the brackets of a section line, which may be empty.
+std::optional<std::wstring_view> SectionName(std::wstring_view line) {
+    const std::wstring_view trimmed = DropTrailingBlanks(line);
+    if (trimmed.size() < 2 || trimmed.front() != L'[' || trimmed.back() != L']') {
+        return std::nullopt;
+    }
+    return trimmed.substr(1, trimmed.size() - 2);
+}
+
+}  // namespace
+
+EmbeddedSettings::EmbeddedSettings(std::wstring_view text) {
+    if (!text.empty() && text.front() == kByteOrderMark) text.remove_prefix(1);
+    Section* current = nullptr;
+    while (!text.empty()) {
+        const std::size_t end = text.find(kLineEnd);
+        AddLine(SkipLeadingBlanks(text.substr(0, end)), current);
+        if (end == std::wstring_view::npos) return;
+        text.remove_prefix(end + kLineEnd.size());
+    }
+}
+
+void EmbeddedSettings::AddLine(std::wstring_view line, Section*& current) {
+    if (line.empty()) return;
+    if (const std::optional<std::wstring_view> name = SectionName(line)) {
+        current = &sections_[std::wstring(*name)];
+        return;
+    }
+    // Lines above the first section belong to one without a name.
+    if (current == nullptr) current = &sections_[std::wstring()];
+    const std::size_t equals = line.find(L'=');
+    const bool hasValue = equals != std::wstring_view::npos;
+    (*current)[std::wstring(line.substr(0, equals))] =
+        hasValue ? line.substr(equals + 1) : std::wstring_view();
+}
+
+std::wstring_view EmbeddedSettings::Find(std::wstring_view section, std::wstring_view key) const {
+    const auto foundSection = sections_.find(section);
+    if (foundSection == sections_.end()) return {};
+    const auto foundKey = foundSection->second.find(key);
+    return foundKey == foundSection->second.end() ? std::wstring_view() : foundKey->second;
+}
+
+}  // namespace tarn

@@ -1,0 +1,84 @@
+#include "settings/read_settings.h"
+
+#include "base/files.h"
+#include "base/module_path.h"
+#include "base/text.h"
+#include "resources/ids.h"
+#include "settings/keys.h"
+#include "settings/layered_settings.h"
+#include "settings/settings_files.h"
+#include "settings/settings_paths.h"
+#include "ui/messages/error_box.h"
+
+namespace tarn {
+namespace {
+
+// One of the two forms of a flag; the other, exactly "yes", belongs to other keys.
+bool IsYes(const std::wstring& value) {
+    return EqualsIgnoringCase(value, L"Yes");
+}
+
+std::wstring ReadJrePath(const LayeredSettings& layered, const Settings& settings,
+                         const std::wstring& programPath) {
+    // A service runs without the user whose file this would be.
+    if (!settings.serviceMode) {
+        std::wstring perUser = PerUserSettingsPath(settings, programPath, false);
+        if (FileExists(perUser)) {
+            return IniFile(std::move(perUser))
+                .GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
+        }
+    }
+    return layered.GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
+}
+
+}  // namespace
+
+bool ReadSettings(HWND errorOwner, Settings& settings) {
+    const std::optional<std::wstring> programPath = ModulePath();
+    if (!programPath) {
+        ShowWindowsFailure(errorOwner, IDS_NO_MODULE_PATH);
+        return false;
+    }
+    const std::optional<std::wstring> mainPath = SettingsPathOf(*programPath);
+    if (!mainPath) return false;
+    const IniFile mainFile(*mainPath);
+    const LayeredSettings layered(*mainPath);
+    const auto application = [&](const wchar_t* key) {
+        return layered.GetValue(keys::kApplication, key);
+    };
+    const auto java = [&](const wchar_t* key) {
+        return layered.GetValue(keys::kJavaRuntimeEnvironment, key);
+    };
+    RuntimeSearchPolicy& policy = settings.policy;
+
+    settings.productCode = mainFile.GetValue(keys::kProductInformation, keys::kProductCode);
+    settings.productName = mainFile.GetValue(keys::kProductInformation, keys::kProductName);
+    policy.minimum = MinimumBound(java(keys::kMinimumVersion));
+    policy.maximum = MaximumBound(java(keys::kMaximumVersion));
+    settings.serviceMode = application(keys::kApplicationType) == L"service";
+    if (settings.serviceMode) {
+        settings.omitServiceName = !application(keys::kOmitServiceName).empty();
+    }
+    policy.preferredVersions = SplitAtEach(java(keys::kPreferredVersions), L';');
+    policy.jrePath = ReadJrePath(layered, settings, *programPath);
+    policy.jvmType = JvmTypeOf(java(keys::kJvmType));
+    ApplyJvmSource(java(keys::kJvmSource), policy);
+    ApplyVmProvider(java(keys::kVmProvider), policy);
+
+    const std::wstring mainClass = java(keys::kMainClass);
+    if (mainClass.empty()) {
+        ShowErrorMessage(errorOwner, IDS_NO_MAIN_CLASS);
+        return false;
+    }
+    settings.mainClass = ReplaceEach(mainClass, L'.', L'/');
+
+    settings.failureCheck = IsYes(application(keys::kFailureCheck));
+    settings.overrideWorkingDir = IsYes(application(keys::kOverrideWorkingDir));
+    settings.systemPath = java(keys::kSystemPath);
+    settings.libraryPath = java(keys::kLibraryPath);
+    settings.pairProduct = application(keys::kPairProduct);
+    settings.pairReturnCode = IsYes(application(keys::kPairReturnCode));
+    return true;
+}
+
+}  // namespace tarn

@@ -1,0 +1,30 @@
+#include "settings/settings_files.h"
+
+#include "base/module_path.h"
+#include "base/windows.h"
+#include "settings/settings_paths.h"
+
+namespace tarn {
+
+std::optional<std::wstring> MainSettingsPath() {
+    const std::optional<std::wstring> program = ModulePath();
+    if (!program) return std::nullopt;
+    return SettingsPathOf(*program);
+}
+
+std::wstring PerUserSettingsPath(const Settings& settings, const std::wstring& programPath,
+                                 bool createFolders) {
+    // The size is the limit itself: a longer folder could not hold a file that Windows opens.
+    wchar_t appData[MAX_PATH];
+    const DWORD length = GetEnvironmentVariableW(L"APPDATA", appData, MAX_PATH);
+    const bool known = length != 0 && length < MAX_PATH;
+    const PerUserPath path = PerUserPathOf(std::wstring_view(appData, known ? length : 0),
+                                           settings.productName, settings.productCode, programPath);
+    if (createFolders) {
+        CreateDirectoryW(path.productFolder.c_str(), nullptr);
+        CreateDirectoryW(path.codeFolder.c_str(), nullptr);
+    }
+    return path.file;
+}
+
+}  // namespace tarn
