@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "jvm/jvm_options.h"
+#include "ui/splash.h"
+
+namespace tarn {
+
+/// Reads the class path, the JVM's parameters, the output files and the default arguments into
+/// `options` and `arguments`. Returns false when the settings file cannot be located or there is
+/// no class path; the user has then been told of the latter, and nothing further is read. The
+/// launch goes on in any case.
+bool BuildOptions(const Splash& splash, JvmOptions& options, std::vector<std::wstring>& arguments);
+
+}  // namespace tarn

@@ -1,0 +1,23 @@
+#include "jvm/class_path.h"
+
+#include "base/text.h"
+
+namespace tarn {
+
+std::vector<std::wstring> ClassPathEntries(std::wstring_view text) {
+    std::vector<std::wstring> entries = SplitAtEach(text, L';');
+    std::erase_if(entries, [](const std::wstring& entry) { return entry.empty(); });
+    return entries;
+}
+
+bool IsTakenAsItStands(std::wstring_view entry) {
+    return entry.find(L'*') == std::wstring_view::npos && IsAbsolutePath(entry);
+}
+
+std::wstring ClassPathPattern(std::wstring_view entry, std::wstring_view launcherFolder) {
+    std::wstring pattern(IsAbsolutePath(entry) ? std::wstring_view() : launcherFolder);
+    pattern += entry;
+    return pattern;
+}
+
+}  // namespace tarn

@@ -1,0 +1,37 @@
+#include "base/environment.h"
+#include "base/handles.h"
+#include "base/text.h"
+#include "jvm/class_path.h"
+
+namespace tarn {
+namespace {
+
+void AppendMatches(const std::wstring& pattern, std::wstring& classPath) {
+    WIN32_FIND_DATAW found;
+    const FindHandle search(FindFirstFileW(pattern.c_str(), &found));
+    if (!search) return;
+    const std::wstring_view folder = FolderOf(pattern);
+    do {
+        classPath += folder;
+        classPath += found.cFileName;
+        classPath += L';';
+    } while (FindNextFileW(search.get(), &found));
+}
+
+}  // namespace
+
+std::wstring ExpandClassPath(std::wstring_view text, std::wstring_view launcherFolder) {
+    std::wstring classPath;
+    for (const std::wstring& written : ClassPathEntries(text)) {
+        const std::wstring entry = ExpandEnvironment(written);
+        if (IsTakenAsItStands(entry)) {
+            classPath += entry;
+            classPath += L';';
+        } else {
+            AppendMatches(ClassPathPattern(entry, launcherFolder), classPath);
+        }
+    }
+    return classPath;
+}
+
+}  // namespace tarn

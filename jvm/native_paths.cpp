@@ -1,0 +1,25 @@
+#include "jvm/native_paths.h"
+
+#include "base/ansi_text.h"
+#include "base/environment.h"
+#include "base/module_path.h"
+#include "base/windows.h"
+#include "runtime/jvm_library_path.h"
+
+namespace tarn {
+
+void PrepareNativePaths(const Settings& settings, const std::wstring& jvmLibraryPath,
+                        JvmOptions& options) {
+    PublishJvmLocation(jvmLibraryPath);
+    if (!settings.libraryPath.empty()) {
+        const std::wstring value = LibraryPathValue(
+            settings.libraryPath, ModuleFolder().value_or(std::wstring()), jvmLibraryPath);
+        options.ansiOptions.push_back(
+            ToThreadAnsi(L"-Djava.library.path=" + ExpandEnvironment(value)));
+    }
+    const std::wstring path =
+        ExpandEnvironment(ProcessPathValue(settings.systemPath, jvmLibraryPath));
+    SetEnvironmentVariableW(L"Path", path.c_str());
+}
+
+}  // namespace tarn
