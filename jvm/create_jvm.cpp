@@ -1,0 +1,74 @@
+#include "jvm/create_jvm.h"
+
+#include "base/format_text.h"
+#include "jvm/exit_hooks.h"
+#include "jvm/redirection.h"
+#include "resources/ids.h"
+#include "ui/messages/error_box.h"
+#include "ui/messages/message_text.h"
+
+namespace tarn {
+namespace {
+
+// The interface wants text it could write to; no JVM does.
+JavaVMOption OptionOf(const char* text, void* extraInfo) {
+    return {const_cast<char*>(text), extraInfo};
+}
+
+std::vector<JavaVMOption> OptionArray(const std::vector<std::string>& ansiOptions) {
+    std::vector<JavaVMOption> options;
+    options.reserve(ansiOptions.size() + 2);
+    for (const std::string& option : ansiOptions) {
+        options.push_back(OptionOf(option.c_str(), nullptr));
+    }
+    options.push_back(OptionOf("abort", reinterpret_cast<void*>(&ExitHooks::OnAbort)));
+    options.push_back(OptionOf("exit", reinterpret_cast<void*>(&ExitHooks::OnExit)));
+    return options;
+}
+
+// A result that the interface does not name has no reason either.
+std::wstring ReasonText(jint result) {
+    switch (result) {
+        case JNI_ERR:
+            return LoadMessageText(IDS_REASON_UNKNOWN);
+        case JNI_EDETACHED:
+            return LoadMessageText(IDS_REASON_DETACHED);
+        case JNI_EVERSION:
+            return LoadMessageText(IDS_REASON_VERSION);
+        case JNI_ENOMEM:
+            return LoadMessageText(IDS_REASON_NO_MEMORY);
+        case JNI_EEXIST:
+            return LoadMessageText(IDS_REASON_EXISTS);
+        case JNI_EINVAL:
+            return LoadMessageText(IDS_REASON_INVALID);
+        default:
+            return std::wstring();
+    }
+}
+
+}  // namespace
+
+bool CreateJvm(const Splash& splash, const std::vector<std::string>& ansiOptions,
+               const OutputFiles& outputFiles, JavaMachine& machine, JNIEnv*& env) {
+    std::vector<JavaVMOption> options = OptionArray(ansiOptions);
+    JavaVMInitArgs args{};
+    args.version = JNI_VERSION_1_2;
+    args.nOptions = static_cast<jint>(options.size());
+    args.options = options.data();
+    args.ignoreUnrecognized = JNI_FALSE;
+    void* created = nullptr;
+    const jint result = machine.entryPoints.createJavaVm(&machine.vm, &created, &args);
+    if (result != JNI_OK) {
+        machine.vm = nullptr;
+        const std::wstring frame = LoadMessageText(IDS_JNI_EXCEPTION_REASON);
+        const std::wstring description = LoadMessageText(IDS_JAVA_VM_NOT_CREATED);
+        ShowErrorMessage(splash.windowHandle(),
+                         FormatText(frame, {description, ReasonText(result)}));
+        return false;
+    }
+    env = static_cast<JNIEnv*>(created);
+    SetUpRedirection(env, outputFiles);
+    return true;
+}
+
+}  // namespace tarn

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <jni.h>
+
+#include <string>
+
+#include "jvm/java_machine.h"
+#include "ui/splash.h"
+
+namespace tarn {
+
+/// Finds the application's main class, named with '/' between its parts. Asks the runtime's own
+/// launch helper first, which also knows the class path of modular runtimes; without it, or
+/// without an answer, `FindClass`. Returns null when there is no such class; the user has then
+/// been told, or Java's exception described on the standard error.
+jclass FindMainClass(JNIEnv* env, const JvmEntryPoints& entryPoints, const std::wstring& mainClass,
+                     const Splash& splash);
+
+}  // namespace tarn

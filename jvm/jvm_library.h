@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "jvm/java_machine.h"
+#include "ui/splash.h"
+
+namespace tarn {
+
+/// Loads `jvm.dll` (`LoadLibraryW`) and finds its entry points. Returns false when the library or a
+/// required entry point is missing; the user has then been told.
+bool LoadJvmLibrary(const Splash& splash, const std::wstring& jvmLibraryPath,
+                    JvmEntryPoints& entryPoints);
+
+}  // namespace tarn
