@@ -1,0 +1,41 @@
+#include "core/command_line.h"
+
+#include <gtest/gtest.h>
+
+namespace tarn {
+namespace {
+
+using Arguments = std::vector<std::wstring>;
+
+TEST(CommandLineTest, AnEmptyOneOrAPathAloneHasNoArguments) {
+    EXPECT_EQ(ArgumentsOf(L""), Arguments{});
+    EXPECT_EQ(ArgumentsOf(L"  \t "), Arguments{});
+    EXPECT_EQ(ArgumentsOf(L"sample.exe"), Arguments{});
+    EXPECT_EQ(ArgumentsOf(L"\"C:\\My Apps\\sample.exe\" "), Arguments{});
+}
+
+TEST(CommandLineTest, ArgumentsFollowTheQuotedPath) {
+    EXPECT_EQ(ArgumentsOf(L"\"C:\\My Apps\\sample.exe\"  a  \"b c\""), (Arguments{L"a", L"b c"}));
+}
+
+TEST(CommandLineTest, AnUnquotedPathEndsAtItsFirstBlank) {
+    EXPECT_EQ(ArgumentsOf(L"C:\\My Apps\\sample.exe a"), (Arguments{L"Apps\\sample.exe", L"a"}));
+}
+
+TEST(CommandLineTest, TabsStayInsideButNotAtTheEnds) {
+    EXPECT_EQ(ArgumentsOf(L"\tx.exe a\tb\t"), Arguments{L"a\tb"});
+}
+
+TEST(CommandLineTest, EmptyArgumentsAreArguments) {
+    EXPECT_EQ(ArgumentsOf(L"x.exe \"\" a \"\""), (Arguments{L"", L"a", L""}));
+}
+
+TEST(CommandLineTest, OnlyTheExactWordsSuppressTheSplash) {
+    EXPECT_TRUE(SuppressesSplash({L"a", L"-nosplash"}));
+    EXPECT_TRUE(SuppressesSplash({L"/nosplash", L"b"}));
+    EXPECT_FALSE(SuppressesSplash({L"-NOSPLASH", L"/NoSplash", L"-nosplash=1", L"nosplash"}));
+    EXPECT_FALSE(SuppressesSplash({}));
+}
+
+}  // namespace
+}  // namespace tarn

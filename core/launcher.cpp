@@ -1,0 +1,63 @@
+#include "core/launcher.h"
+
+#include "base/module_path.h"
+#include "base/text.h"
+#include "base/windows.h"
+#include "core/command_line.h"
+#include "core/paired_launch.h"
+#include "jvm/build_options.h"
+#include "jvm/java_thread.h"
+#include "jvm/jvm_library.h"
+#include "jvm/native_paths.h"
+#include "resources/ids.h"
+#include "settings/read_settings.h"
+#include "ui/jre_not_found_dialog.h"
+#include "ui/messages/error_box.h"
+
+namespace tarn {
+
+bool Launcher::Init() {
+    arguments_ = ArgumentsOf(GetCommandLineW());
+    if (!ReadSettings(splash_.windowHandle(), settings_)) return false;
+    if (!singleInstance_.Setup(arguments_)) return false;
+    if (singleInstance_.isSecondInstance()) return true;
+    if (settings_.overrideWorkingDir) UseLauncherFolder();
+    if (FindRuntime(settings_.policy, settings_.pairProduct, runtime_)) return true;
+    return ShowJreNotFound(settings_, runtime_);
+}
+
+int Launcher::Run() {
+    if (runtime_.pairedLaunch) {
+        return StartPairedLauncher(settings_.pairProduct, settings_.pairReturnCode);
+    }
+    if (singleInstance_.isSecondInstance()) return singleInstance_.WaitForAnswer();
+
+    const std::wstring& jvmLibraryPath = runtime_.jvmLibraryPath;
+    PrepareNativePaths(settings_, jvmLibraryPath, jvmOptions_);
+    if (!SuppressesSplash(arguments_) && !splash_.Show(jvmLibraryPath, launchFailureAction_)) {
+        return 0;
+    }
+    if (!LoadJvmLibrary(splash_, jvmLibraryPath, javaMachine_.entryPoints)) return kFailedStart;
+    // Without a class path the user has been told, and the JVM may still have something to run.
+    BuildOptions(splash_, jvmOptions_, arguments_);
+    if (jvmOptions_.threadStackSize == 0) {
+        jvmOptions_.threadStackSize = DefaultStackSize(javaMachine_.entryPoints);
+    }
+    JavaLaunch launch{settings_,    jvmOptions_, arguments_, singleInstance_.readyEvent(),
+                      javaMachine_, splash_};
+    if (RunJavaThread(launch) == 0) return 0;
+    launchFailureAction_.Invoke();
+    return kFailedStart;
+}
+
+void Launcher::UseLauncherFolder() const {
+    const std::optional<std::wstring> program = ModulePath();
+    if (!program) {
+        ShowWindowsFailure(splash_.windowHandle(), IDS_NO_MODULE_PATH);
+        return;
+    }
+    const std::wstring folder(CutAtLast(*program, L'\\'));
+    SetCurrentDirectoryW(folder.c_str());
+}
+
+}  // namespace tarn

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/one_shot_action.h"
+#include "instance/single_instance.h"
+#include "jvm/exit_hooks.h"
+#include "jvm/java_machine.h"
+#include "jvm/jvm_options.h"
+#include "runtime/find_runtime.h"
+#include "settings/settings.h"
+#include "ui/splash.h"
+
+namespace tarn {
+
+/// Exit code of a start that failed.
+inline constexpr int kFailedStart = -1;
+
+/// One launch, from the command line to the exit code: each station's record and the order of the
+/// steps. Lives as long as the process's entry function.
+class Launcher {
+  public:
+    Launcher() = default;
+    Launcher(const Launcher&) = delete;
+    Launcher& operator=(const Launcher&) = delete;
+
+    /// Everything up to the choice of a runtime. Returns false when the launch ends here; the user
+    /// has then been told where there is something to tell.
+    bool Init();
+
+    /// Starts the application and stays until `main` has returned. Returns the exit code.
+    int Run();
+
+  private:
+    void UseLauncherFolder() const;
+
+    // Destroyed from the last to the first: the splash goes, then the listener and the shared
+    // objects of a single instance, and last the action, if nobody has invoked it.
+    OneShotAction launchFailureAction_;
+    std::vector<std::wstring> arguments_;
+    Settings settings_;
+    RuntimeChoice runtime_;
+    JvmOptions jvmOptions_;
+    JavaMachine javaMachine_;
+    ExitHooks exitHooks_;
+    SingleInstance singleInstance_;
+    Splash splash_;
+};
+
+}  // namespace tarn
