@@ -44,7 +44,7 @@ class Launcher {
     JvmOptions jvmOptions_;
     JavaMachine javaMachine_;
     ExitHooks exitHooks_;
-    SingleInstance singleInstance_;
+    SingleInstance singleInstance_{HandOffTarget{settings_, javaMachine_.vm}};
     Splash splash_;
 };
 

@@ -6,7 +6,7 @@
 #include "instance/instance_name.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
-#include "settings/settings_paths.h"
+#include "settings/settings_files.h"
 
 namespace tarn {
 namespace {
