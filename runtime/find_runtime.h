@@ -4,6 +4,7 @@
 
 #include "runtime/runtime_version.h"
 #include "runtime/search_policy.h"
+#include "runtime/search_report.h"
 
 namespace tarn {
 
@@ -22,8 +23,8 @@ struct RuntimeChoice {
 /// Asks the sources in their order: the configured "JRE Path", the runtime shipped beside the
 /// launcher, the registry. The first that yields a `jvm.dll` fills `choice`, whether it is one for
 /// the paired launcher included. Returns false when none does. Nothing on the way is reported to
-/// the user.
+/// the user; a caller who wants to know how it went asks for a `report`, which changes nothing.
 bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
-                 RuntimeChoice& choice);
+                 RuntimeChoice& choice, SearchReport* report = nullptr);
 
 }  // namespace tarn

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "base/handles.h"
+#include "base/system_library.h"
 #include "runtime/image_header.h"
 
 namespace tarn {
@@ -15,10 +16,8 @@ using ImageNtHeaderFunction = IMAGE_NT_HEADERS*(WINAPI*)(void*);
 
 /// The machine field of an image, 0 when the headers are not there.
 WORD MachineOf(void* image) {
-    const Library dbghelp(LoadLibraryExW(L"dbghelp.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
-    if (!dbghelp) return IMAGE_FILE_MACHINE_UNKNOWN;
-    const auto imageNtHeader = reinterpret_cast<ImageNtHeaderFunction>(
-        reinterpret_cast<void*>(GetProcAddress(dbghelp.get(), "ImageNtHeader")));
+    const Library dbghelp(LoadSystemLibrary(L"dbghelp.dll"));
+    const auto imageNtHeader = FindFunction<ImageNtHeaderFunction>(dbghelp.get(), "ImageNtHeader");
     if (imageNtHeader == nullptr) return IMAGE_FILE_MACHINE_UNKNOWN;
     const IMAGE_NT_HEADERS* const headers = imageNtHeader(image);
     // Only the machine is known to lie inside the file, and it stands at the same place for both

@@ -1,0 +1,82 @@
+// For unit tests only: a registry and the runtimes it names, written down by a test, and a record
+// of all that the search looked at.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "runtime/jvm_library_layout.h"
+#include "runtime/registry_search.h"
+
+namespace tarn {
+
+struct MadeUpSubkey {
+    std::wstring name;
+    std::wstring javaHome = {};
+    bool opens = true;
+};
+
+struct MadeUpMachine {
+    /// By the root's key; a root that is not here cannot be opened.
+    std::map<std::wstring, std::vector<MadeUpSubkey>> roots;
+    /// Full paths of the `jvm.dll` files.
+    std::set<std::wstring> libraries;
+
+    /// Makes `folders` (each "client", "server" ...) those of the runtime at `home`.
+    void AddRuntime(const std::wstring& home, const std::vector<std::wstring>& folders) {
+        for (const std::wstring& folder : folders) {
+            libraries.insert(home + L"bin\\" + folder + L"\\jvm.dll");
+        }
+    }
+};
+
+/// What the search is shown of such a machine.
+class MadeUpRegistry {
+  public:
+    explicit MadeUpRegistry(const MadeUpMachine& machine) : machine_(machine) {}
+
+    bool OpenRoot(const wchar_t* key) {
+        lookUps.push_back(std::wstring(L"root ") + key);
+        const auto found = machine_.roots.find(key);
+        root_ = found != machine_.roots.end() ? &found->second : nullptr;
+        next_ = 0;
+        return root_ != nullptr;
+    }
+
+    bool NextSubkey(std::wstring& name) {
+        if (next_ == root_->size()) return false;
+        name = (*root_)[next_++].name;
+        return true;
+    }
+
+    HomeValue ReadHome(const std::wstring& name) {
+        lookUps.push_back(L"key " + name);
+        for (const MadeUpSubkey& subkey : *root_) {
+            if (subkey.name != name) continue;
+            return subkey.opens ? HomeValue{true, subkey.javaHome} : HomeValue{};
+        }
+        return {};
+    }
+
+    bool FindJvm(const std::wstring& home, JvmType type, bool& server) {
+        lookUps.push_back(L"home " + home);
+        for (const JvmLibraryPlace& place : JvmLibraryPlaces(type)) {
+            if (!machine_.libraries.contains(home + std::wstring(place.path))) continue;
+            server = place.server;
+            return true;
+        }
+        return false;
+    }
+
+    /// In their order: "root KEY", "key NAME", "home HOME".
+    std::vector<std::wstring> lookUps;
+
+  private:
+    const MadeUpMachine& machine_;
+    const std::vector<MadeUpSubkey>* root_ = nullptr;
+    std::size_t next_ = 0;
+};
+
+}  // namespace tarn

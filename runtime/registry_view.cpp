@@ -1,0 +1,53 @@
+#include "runtime/registry_view.h"
+
+#include "runtime/jvm_library_path.h"
+
+namespace tarn {
+
+namespace {
+
+/// The text of a value of any type, empty when it cannot be read.
+std::wstring ReadText(HKEY key, const wchar_t* name) {
+    DWORD size = 0;
+    if (RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) return {};
+    std::vector<std::byte> data(size);
+    if (RegQueryValueExW(key, name, nullptr, nullptr, reinterpret_cast<BYTE*>(data.data()),
+                         &size) != ERROR_SUCCESS) {
+        return {};
+    }
+    // It may have become shorter between the two calls.
+    data.resize(size);
+    return TextOfValue(data);
+}
+
+}  // namespace
+
+bool RegistryView::OpenRoot(const wchar_t* key) {
+    next_ = 0;
+    return RegOpenKeyExW(HKEY_LOCAL_MACHINE, key, 0, access_, root_.put()) == ERROR_SUCCESS;
+}
+
+bool RegistryView::NextSubkey(std::wstring& name) {
+    // The registry allows 255 characters; there is no longer name to make room for.
+    wchar_t buffer[520];
+    DWORD length = static_cast<DWORD>(std::size(buffer));
+    if (RegEnumKeyExW(root_.get(), next_, buffer, &length, nullptr, nullptr, nullptr, nullptr) !=
+        ERROR_SUCCESS) {
+        return false;
+    }
+    ++next_;
+    name.assign(buffer, length);
+    return true;
+}
+
+HomeValue RegistryView::ReadHome(const std::wstring& name) {
+    RegistryKey key;
+    if (RegOpenKeyExW(root_.get(), name.c_str(), 0, access_, key.put()) != ERROR_SUCCESS) return {};
+    return {true, ReadText(key.get(), L"JavaHome")};
+}
+
+bool RegistryView::FindJvm(const std::wstring& home, JvmType type, bool& server) {
+    return !SelectJvmLibrary(home, type, server).empty();
+}
+
+}  // namespace tarn
