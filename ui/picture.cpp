@@ -10,15 +10,13 @@ GpColor OpaqueColor(COLORREF color) {
            static_cast<GpColor>(GetGValue(color)) << 8 | static_cast<GpColor>(GetBValue(color));
 }
 
-RECT SourceOf(const ImageDrawing& drawing) {
-    const RECT& source = drawing.source;
-    if (source.left != 0 || source.top != 0 || source.right != 0 || source.bottom != 0)
-        return source;
-    const SIZE whole = ImageSize(drawing.image);
-    return {0, 0, whole.cx, whole.cy};
+PixelRect SourceOf(const ImageDrawing& drawing) {
+    if (drawing.source != PixelRect{}) return drawing.source;
+    const PixelSize whole = ImageSize(drawing.image);
+    return {0, 0, whole.width, whole.height};
 }
 
-void Draw(const ImageDrawing& drawing, const RECT& source, HDC context) {
+void Draw(const ImageDrawing& drawing, const PixelRect& source, HDC context) {
     const GdiPlus* const gdiPlus = UseGdiPlus();
     if (gdiPlus == nullptr) return;
     GpGraphicsOwner graphics;
@@ -34,16 +32,15 @@ void Draw(const ImageDrawing& drawing, const RECT& source, HDC context) {
                                              key, key);
     }
     // In pixels on both sides, so that the resolution that an image claims changes nothing.
-    const INT width = source.right - source.left;
-    const INT height = source.bottom - source.top;
-    gdiPlus->drawImageRectRectI(graphics.get(), drawing.image, 0, 0, width, height, source.left,
-                                source.top, width, height, GpUnit::kPixel, attributes.get(),
-                                nullptr, nullptr);
+    gdiPlus->drawImageRectRectI(graphics.get(), drawing.image, 0, 0, source.width(),
+                                source.height(), source.left, source.top, source.width(),
+                                source.height(), GpUnit::kPixel, attributes.get(), nullptr,
+                                nullptr);
 }
 
 }  // namespace
 
-SIZE ImageSize(GpImage* image) {
+PixelSize ImageSize(GpImage* image) {
     const GdiPlus* const gdiPlus = UseGdiPlus();
     UINT width = 0;
     UINT height = 0;
@@ -51,7 +48,7 @@ SIZE ImageSize(GpImage* image) {
         gdiPlus->getImageWidth(image, &width);
         gdiPlus->getImageHeight(image, &height);
     }
-    return {static_cast<LONG>(width), static_cast<LONG>(height)};
+    return {static_cast<std::int32_t>(width), static_cast<std::int32_t>(height)};
 }
 
 GpImageOwner DecodeImage(const std::wstring& path) {
@@ -62,7 +59,7 @@ GpImageOwner DecodeImage(const std::wstring& path) {
 }
 
 Bitmap RenderForScreen(const ImageDrawing& drawing) {
-    const RECT source = SourceOf(drawing);
+    const PixelRect source = SourceOf(drawing);
     const ScreenContext screen(GetDC(nullptr));
     Bitmap bitmap(CreateCompatibleBitmap(screen.get(), source.right - source.left,
                                          source.bottom - source.top));

@@ -4,6 +4,7 @@
 
 #include "ui/gdi_handles.h"
 #include "ui/gdi_plus.h"
+#include "ui/pixel_rect.h"
 
 namespace tarn {
 
@@ -11,13 +12,13 @@ namespace tarn {
 struct ImageDrawing {
     GpImage* image = nullptr;
     /// The part to draw, in the image's pixels; all zeros is the whole image.
-    RECT source{};
+    PixelRect source{};
     /// Pixels of exactly this colour become transparent; none when null.
     const COLORREF* colorKey = nullptr;
 };
 
 /// The size of an image, in pixels; 0 by 0 without an image.
-SIZE ImageSize(GpImage* image);
+PixelSize ImageSize(GpImage* image);
 
 /// The image file, decoded by GDI+ in any format that it knows. Nothing when the file is missing or
 /// cannot be decoded.

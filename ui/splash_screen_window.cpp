@@ -14,9 +14,8 @@ HINSTANCE ThisModule() {
     return GetModuleHandleW(nullptr);
 }
 
-WindowPlace PlaceOnPrimaryScreen(SIZE image) {
-    return CentreOnScreen(GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN), image.cx,
-                          image.cy);
+PixelSize PrimaryScreen() {
+    return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
 }  // namespace
@@ -46,7 +45,7 @@ bool SplashScreenWindow::RegisterWindowClass(bool shadow) {
 HWND SplashScreenWindow::Create(const std::wstring& imagePath, bool shadow) {
     const bool registered = RegisterWindowClass(shadow);
     const GpImageOwner image = DecodeImage(imagePath);
-    const WindowPlace place = PlaceOnPrimaryScreen(ImageSize(image.get()));
+    const PixelRect place = CenteredOnScreen(PrimaryScreen(), ImageSize(image.get()));
     bitmap_ = RenderForScreen({.image = image.get()});
     if (!thunk_.Make(this, GetWindowProcedure())) {
         SetLastError(ERROR_OUTOFMEMORY);
@@ -54,8 +53,7 @@ HWND SplashScreenWindow::Create(const std::wstring& imagePath, bool shadow) {
     }
     if (!registered) return nullptr;
     return CreateWindowExW(WS_EX_TOOLWINDOW, kClassName, nullptr, WS_POPUP, place.left, place.top,
-                           place.right - place.left, place.bottom - place.top, nullptr, nullptr,
-                           ThisModule(), this);
+                           place.width(), place.height(), nullptr, nullptr, ThisModule(), this);
 }
 
 void SplashScreenWindow::Destroy() {
