@@ -1,0 +1,38 @@
+"""Two builds of the same sources in two folders give the same bytes."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+from image import LAUNCHER, ROOT
+
+
+class ReproducibleTest(unittest.TestCase):
+    maxDiff = None
+
+    def run_quietly(self, *command, folder):
+        done = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, text=True,
+                              stdout=subprocess.PIPE, stderr=subprocess.STDOUT, timeout=800,
+                              check=False)
+        self.assertEqual(0, done.returncode, done.stdout)
+
+    def test_a_build_in_another_folder_gives_the_same_bytes(self):
+        with tempfile.TemporaryDirectory(prefix="tarn elsewhere ") as elsewhere:
+            # Another depth and length than the first one, and a blank.
+            copy = os.path.join(elsewhere, "a", "longer", "way", "down")
+            shutil.copytree(ROOT, copy, ignore=shutil.ignore_patterns("build", ".git"))
+            self.run_quietly("cmake", "--preset", "release", folder=copy)
+            self.run_quietly("cmake", "--build", "--preset", "release", "-j", "2", "--target",
+                             "launcher", folder=copy)
+            with open(LAUNCHER, "rb") as first:
+                here = first.read()
+            with open(os.path.join(copy, "build", "release", "launcher.exe"), "rb") as second:
+                there = second.read()
+        differing = [i for i, (a, b) in enumerate(zip(here, there)) if a != b]
+        self.assertEqual((len(here), []), (len(there), differing[:20]))
+
+
+if __name__ == "__main__":
+    unittest.main()
