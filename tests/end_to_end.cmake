@@ -1,28 +1,15 @@
-# The end-to-end tests: one Windows program that starts the real launcher.exe. A new suite is one
-# more file in this list.
-set(endToEndTests
-    fake_jvm_test.cpp
-    framework_test.cpp
-)
+# The end-to-end tests: one Windows program that starts the real launcher.exe. Every *_test.cpp of
+# this folder and every source in support/ belongs to it.
+file(GLOB endToEndSources CONFIGURE_DEPENDS
+    "${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/support/*.cpp")
 
 add_subdirectory(fake_jvm)
+add_subdirectory(programs)
 
-add_executable(end_to_end_tests
-    ${endToEndTests}
-    support/fake_jvm_log.cpp
-    support/installed_application.cpp
-    support/launched_process.cpp
-    support/main.cpp
-    support/named_event.cpp
-    support/paths.cpp
-    support/registry_key.cpp
-    support/settings_text.cpp
-    support/text.cpp
-    support/wait.cpp
-    support/windows_of_process.cpp)
+add_executable(end_to_end_tests ${endToEndSources})
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock)
 target_link_options(end_to_end_tests PRIVATE -static)
-add_dependencies(end_to_end_tests launcher fake_jvms)
+add_dependencies(end_to_end_tests launcher fake_jvms test_programs)
 
 if(TARGET java_fixtures)
     add_dependencies(end_to_end_tests java_fixtures)

@@ -50,6 +50,17 @@ HANDLE EventNamed(const std::string& name) {
     return CreateEventW(nullptr, TRUE, FALSE, Wide(name).c_str());
 }
 
+struct LaterExit {
+    HANDLE event;
+    jint code;
+};
+
+DWORD WINAPI ExitLater(void* parameter) {
+    const auto* const later = static_cast<const LaterExit*>(parameter);
+    WaitForSingleObject(later->event, INFINITE);
+    ExitProcessLikeJava(later->code);
+}
+
 void LogVariable(const std::string& name) {
     std::wstring value;
     const bool isSet = ReadEnvironment(Wide(name).c_str(), value);
@@ -87,6 +98,12 @@ jint RunActions(Environment* environment, std::string_view place) {
             SetEvent(EventNamed(rest));
         } else if (verb == "wait_event") {
             WaitForSingleObject(EventNamed(rest), INFINITE);
+        } else if (verb == "exit_on_event") {
+            // As a thread of the application does it that outlives main: `EVENT CODE`.
+            const std::size_t split = rest.find(' ');
+            auto* const later = new LaterExit{EventNamed(rest.substr(0, split)),
+                                              std::atoi(rest.substr(split + 1).c_str())};
+            CloseHandle(CreateThread(nullptr, 0, ExitLater, later, 0, nullptr));
         } else if (verb == "print") {
             Print(false, Unescape(rest));
         } else if (verb == "print_error") {

@@ -69,7 +69,9 @@ std::vector<std::string> FakeJvmLog::Calls() const {
     for (const std::string& each : Texts()) {
         const std::size_t bracket = each.find('(');
         const bool isCall = bracket != std::string::npos && each.find(' ') > bracket;
-        if (isCall && !each.starts_with("JNI_")) calls.push_back(each);
+        const bool isLook =
+            each.starts_with("ExceptionCheck") || each.starts_with("ExceptionOccurred");
+        if (isCall && !isLook && !each.starts_with("JNI_")) calls.push_back(each);
     }
     return calls;
 }

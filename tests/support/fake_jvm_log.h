@@ -35,8 +35,8 @@ class FakeJvmLog {
     /// the closing "abort" and "exit".
     std::vector<std::string> Options() const;
 
-    /// The interface calls in order: the lines between the creation of the VM and its end, without
-    /// those that say nothing about a call.
+    /// The calls of the native interface and of the VM's own functions in order, without those that
+    /// only look whether an exception is pending: when to look is the caller's choice.
     std::vector<std::string> Calls() const;
 
     /// The broken rules.

@@ -38,6 +38,14 @@ class FakeJvmTest : public testing::Test {
             "CallStaticVoidMethod(com/example/Main.main([Ljava/lang/String;)V, ");
     }
 
+    /// Starts the application, which must show an error box of this text, presses its button and
+    /// waits for the end; the exit code.
+    std::int32_t RunWithErrorBox(std::wstring_view text) {
+        const auto process = Start();
+        EXPECT_EQ(ToUtf8(TakeErrorBox(*process)), ToUtf8(text));
+        return process->ExitCode().value_or(kNoExitCode);
+    }
+
     static constexpr std::int32_t kNoExitCode = -559038737;
 
     InstalledApplication app;

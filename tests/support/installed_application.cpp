@@ -126,6 +126,10 @@ std::unique_ptr<LaunchedProcess> InstalledApplication::Launch(std::wstring_view 
 
 std::unique_ptr<LaunchedProcess> InstalledApplication::LaunchWith(
     std::wstring_view commandLine) const {
+    return std::make_unique<LaunchedProcess>(StartWith(commandLine));
+}
+
+Start InstalledApplication::StartWith(std::wstring_view commandLine) const {
     Start start;
     start.program = Executable();
     start.commandLine = commandLine;
@@ -133,7 +137,7 @@ std::unique_ptr<LaunchedProcess> InstalledApplication::LaunchWith(
     start.environment = environment;
     start.outputFile = OutputFile();
     start.errorFile = ErrorFile();
-    return std::make_unique<LaunchedProcess>(start);
+    return start;
 }
 
 }  // namespace tarn::test

@@ -67,6 +67,9 @@ class InstalledApplication {
     /// Starts it with exactly this command line.
     std::unique_ptr<LaunchedProcess> LaunchWith(std::wstring_view commandLine) const;
 
+    /// How it would be started with this command line, for a test that changes more than that.
+    Start StartWith(std::wstring_view commandLine) const;
+
     FakeJvmLog Log() const { return FakeJvmLog(LogFile()); }
     std::wstring LogFile() const { return root_ + L"jvm.log"; }
     std::wstring OutputFile() const { return root_ + L"stdout.txt"; }

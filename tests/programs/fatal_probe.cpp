@@ -1,0 +1,33 @@
+// Does what the launcher never recovers from; the first letter of its argument says what.
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "base/windows.h"
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR argument, int) {
+    // What the compiler cannot foresee.
+    const volatile std::size_t huge = static_cast<std::size_t>(1) << 46U;
+    std::wstring text = L"text";
+    std::vector<wchar_t> units(4);
+    switch (argument[0]) {
+        case L'a':
+            text.resize(huge);
+            break;  // an allocation that fails
+        case L'l':
+            text.resize(static_cast<std::size_t>(-8));
+            break;  // a length that cannot be
+        case L'n':
+            return *std::make_unique<char[]>(huge).get();
+        case L'i':
+            return text.at(huge);
+        case L's':
+            return static_cast<int>(text.substr(huge).size());
+        case L'v':
+            return units.at(huge);
+        default:
+            break;
+    }
+    return static_cast<int>(text.size());
+}
