@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "base/decimal.h"
+
 namespace tarn {
 
 /// One value for a message's `%s` or `%d`.
@@ -14,7 +16,7 @@ class FormatValue {
     FormatValue(const std::wstring& text) : text_(text) {}
     FormatValue(const wchar_t* text) : text_(text) {}
     /// Written as a signed 32-bit decimal.
-    FormatValue(std::int32_t number) : numberText_(std::to_wstring(number)) { text_ = numberText_; }
+    FormatValue(std::int32_t number) : numberText_(DecimalText(number)) { text_ = numberText_; }
     FormatValue(const FormatValue&) = delete;
     FormatValue& operator=(const FormatValue&) = delete;
 

@@ -1,5 +1,7 @@
 #include "jvm/time_stamp.h"
 
+#include "base/decimal.h"
+
 namespace tarn {
 
 std::optional<TimeStampName> SplitTimeStamp(std::wstring_view name) {
@@ -14,7 +16,7 @@ std::optional<TimeStampName> SplitTimeStamp(std::wstring_view name) {
 }
 
 std::wstring WithMilliseconds(std::wstring_view picture, unsigned milliseconds) {
-    const std::wstring digits = std::to_wstring(milliseconds);
+    const std::wstring digits = DecimalText(static_cast<std::int32_t>(milliseconds));
     std::wstring result;
     for (const wchar_t c : picture) {
         if (c == L'L') {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/decimal.h"
+
 namespace tarn {
 namespace {
 
@@ -93,7 +95,7 @@ std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memo
     if (maximum != 0) size = std::min(size, maximum * kKiB);
     size = std::max(minimum * kKiB, size);
     return std::wstring(option.substr(0, scanned.prefixLength)) +
-           std::to_wstring(static_cast<std::int32_t>(size)) + L"K";
+           DecimalText(static_cast<std::int32_t>(size)) + L"K";
 }
 
 std::uint64_t StackSizeOf(std::wstring_view option) {

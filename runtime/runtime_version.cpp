@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "base/decimal.h"
+
 namespace tarn {
 
 namespace {
@@ -71,7 +73,7 @@ std::wstring FormatVersion(const RuntimeVersion& version) {
     std::wstring text;
     for (std::size_t part = 0; part < written; ++part) {
         if (part != 0) text += L'.';
-        text += std::to_wstring(version.parts[part]);
+        text += DecimalText(version.parts[part]);
     }
     return text;
 }

@@ -32,34 +32,34 @@ std::optional<std::wstring_view> SectionName(std::wstring_view line) {
 
 EmbeddedSettings::EmbeddedSettings(std::wstring_view text) {
     if (!text.empty() && text.front() == kByteOrderMark) text.remove_prefix(1);
-    Section* current = nullptr;
+    // Lines above the first section belong to one without a name.
+    std::wstring section;
     while (!text.empty()) {
         const std::size_t end = text.find(kLineEnd);
-        AddLine(SkipLeadingBlanks(text.substr(0, end)), current);
+        AddLine(SkipLeadingBlanks(text.substr(0, end)), section);
         if (end == std::wstring_view::npos) return;
         text.remove_prefix(end + kLineEnd.size());
     }
 }
 
-void EmbeddedSettings::AddLine(std::wstring_view line, Section*& current) {
+void EmbeddedSettings::AddLine(std::wstring_view line, std::wstring& section) {
     if (line.empty()) return;
     if (const std::optional<std::wstring_view> name = SectionName(line)) {
-        current = &sections_[std::wstring(*name)];
+        section = *name;
         return;
     }
-    // Lines above the first section belong to one without a name.
-    if (current == nullptr) current = &sections_[std::wstring()];
     const std::size_t equals = line.find(L'=');
     const bool hasValue = equals != std::wstring_view::npos;
-    (*current)[std::wstring(line.substr(0, equals))] =
-        hasValue ? line.substr(equals + 1) : std::wstring_view();
+    entries_.push_back({section, std::wstring(line.substr(0, equals)),
+                        std::wstring(hasValue ? line.substr(equals + 1) : std::wstring_view())});
 }
 
 std::wstring_view EmbeddedSettings::Find(std::wstring_view section, std::wstring_view key) const {
-    const auto foundSection = sections_.find(section);
-    if (foundSection == sections_.end()) return {};
-    const auto foundKey = foundSection->second.find(key);
-    return foundKey == foundSection->second.end() ? std::wstring_view() : foundKey->second;
+    // From the end, for the last value of a key counts.
+    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
+        if (entry->key == key && entry->section == section) return entry->value;
+    }
+    return {};
 }
 
 }  // namespace tarn

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <map>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tarn {
 
@@ -22,11 +22,16 @@ class EmbeddedSettings {
     std::wstring_view Find(std::wstring_view section, std::wstring_view key) const;
 
   private:
-    using Section = std::map<std::wstring, std::wstring, std::less<>>;
+    struct Entry {
+        std::wstring section;
+        std::wstring key;
+        std::wstring value;
+    };
 
-    void AddLine(std::wstring_view line, Section*& current);
+    void AddLine(std::wstring_view line, std::wstring& section);
 
-    std::map<std::wstring, Section, std::less<>> sections_;
+    // Usually none, a dozen at most: a search tree would only be larger.
+    std::vector<Entry> entries_;
 };
 
 }  // namespace tarn
