@@ -1,5 +1,6 @@
 #include "instance/single_instance.h"
 
+#include <atomic>
 #include <optional>
 
 #include "base/module_path.h"
@@ -63,8 +64,13 @@ bool SingleInstance::MapBlock(const std::wstring& name) {
 bool SingleInstance::HandOver(const std::vector<std::wstring>& arguments) {
     MakeMessageQueue();
     if (!EncodeArguments(arguments, block().arguments)) return false;
-    return PostThreadMessageW(block().listenerThreadId, block().messageId, GetCurrentThreadId(),
-                              0) != FALSE;
+    // The thread's id comes last when the first instance fills in the block, so it is read first:
+    // a request that goes out with the message's id still missing would be one that nobody sees.
+    const DWORD listener = std::atomic_ref(block().listenerThreadId).load();
+    // No thread has the id 0, but Wine takes messages for it; this launch would wait in vain.
+    if (listener == 0) return false;
+    const UINT messageId = block().messageId;
+    return PostThreadMessageW(listener, messageId, GetCurrentThreadId(), 0) != FALSE;
 }
 
 bool SingleInstance::StartListening(const std::wstring& name) {

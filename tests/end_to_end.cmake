@@ -7,7 +7,7 @@ add_subdirectory(fake_jvm)
 add_subdirectory(programs)
 
 add_executable(end_to_end_tests ${endToEndSources})
-target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock)
+target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
 add_dependencies(end_to_end_tests launcher fake_jvms test_programs)
 

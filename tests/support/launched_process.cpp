@@ -67,11 +67,16 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     std::vector<wchar_t> commandLine(start.commandLine.begin(), start.commandLine.end());
     commandLine.push_back(L'\0');
     PROCESS_INFORMATION made{};
-    const BOOL ok =
-        CreateProcessW(start.program.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-                       CREATE_UNICODE_ENVIRONMENT, block.data(),
-                       start.directory.empty() ? nullptr : start.directory.c_str(), &how, &made);
-    const DWORD error_code = GetLastError();
+    BOOL ok = FALSE;
+    DWORD error_code = ERROR_INTERNAL_ERROR;
+    // On a busy machine Wine now and then loses a process before its start, and says just this.
+    for (int tries = 0; !ok && error_code == ERROR_INTERNAL_ERROR && tries < 5; ++tries) {
+        ok = CreateProcessW(start.program.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
+                            CREATE_UNICODE_ENVIRONMENT, block.data(),
+                            start.directory.empty() ? nullptr : start.directory.c_str(), &how,
+                            &made);
+        error_code = GetLastError();
+    }
     EXPECT_TRUE(ok) << "cannot start " << ToUtf8(start.program) << ", error " << error_code;
     if (!ok) return;
     CloseHandle(made.hThread);

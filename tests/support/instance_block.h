@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/handles.h"
+
+namespace tarn::test {
+
+/// The name by which the launches of an executable know each other.
+std::wstring InstanceNameOf(std::wstring_view executable);
+
+/// The shared memory of an executable's launches, seen from outside by offsets of its own: the
+/// tests hold the layout, they do not share it.
+class InstanceBlock {
+  public:
+    static constexpr std::size_t kSize = 2092;
+    static constexpr std::size_t kListenerThread = 0;
+    static constexpr std::size_t kProcess = 4;
+    static constexpr std::size_t kMessage = 8;
+    static constexpr std::size_t kArguments = 12;
+    static constexpr std::size_t kArgumentBytes = 1040;
+    static constexpr std::size_t kUnused = 1052;
+
+    /// Opens the block that is there, or takes no hold of anything.
+    static InstanceBlock Open(std::wstring_view executable);
+    /// Makes the block, or takes the one that is there.
+    static InstanceBlock Create(std::wstring_view executable);
+
+    explicit operator bool() const { return static_cast<bool>(view_); }
+
+    std::uint32_t Number(std::size_t offset) const;
+    void SetNumber(std::size_t offset, std::uint32_t value);
+    std::string Bytes(std::size_t offset, std::size_t size) const;
+    void SetBytes(std::size_t offset, std::string_view bytes);
+
+    /// The argument area as units, without the zeros at its end.
+    std::u16string Arguments() const;
+    void SetArguments(std::u16string_view units);
+
+  private:
+    explicit InstanceBlock(HANDLE mapping);
+
+    Handle mapping_;
+    FileView view_;
+};
+
+}  // namespace tarn::test
