@@ -89,6 +89,8 @@ jint Attach(void** env, const char* function) {
     const jint result = Scripted(function, "attach");
     if (result != JNI_OK) return result;
     Environment* const environment = CurrentEnvironment();
+    // Ids of threads that have ended are used again; what those left pending is gone.
+    if (!environment->attached) environment->pending = nullptr;
     environment->attached = true;
     *env = static_cast<JNIEnv*>(environment);
     RunActions(environment, "on_attach");
