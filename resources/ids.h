@@ -44,3 +44,12 @@
 #define IDC_EXCEPTION_CHOICE 1004
 #define IDC_EXCEPTION_WARNING 1005
 #define IDC_EXCEPTION_GRIP 1006
+
+// The dialog for a launch that finds no runtime.
+#define IDD_JRE_NOT_FOUND 201
+#define IDC_JRE_PATH 201
+#define IDC_BROWSE 202
+#define IDC_JRE_MESSAGE 203
+#define IDC_ERROR_ICON 204
+#define IDC_DOWNLOAD_LINK 205
+#define IDC_BROWSE_HINT 206

@@ -1,10 +1,144 @@
 #include "ui/jre_not_found_dialog.h"
 
-namespace tarn {
+#include <algorithm>
 
-// Without the dialog nobody can confirm a folder.
-bool ShowJreNotFound(const Settings&, RuntimeChoice&) {
-    return false;
+#include "base/format_text.h"
+#include "base/owner.h"
+#include "base/text.h"
+#include "base/windows.h"
+#include "resources/ids.h"
+#include "runtime/jvm_bitness.h"
+#include "runtime/jvm_library_path.h"
+#include "runtime/version_phrase.h"
+#include "ui/center_window.h"
+#include "ui/folder_browser.h"
+#include "ui/hyper_link.h"
+#include "ui/messages/message_text.h"
+#include "ui/remembered_runtime.h"
+
+namespace tarn {
+namespace {
+
+struct IconTraits {
+    using Value = HICON;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { DestroyIcon(value); }
+};
+using IconOwner = Owner<IconTraits>;
+
+/// The dialog, for as long as it is open and its result is read.
+class JreNotFoundDialog {
+  public:
+    JreNotFoundDialog(std::wstring message, JvmType jvmType)
+        : message_(std::move(message)), jvmType_(jvmType) {}
+
+    /// Shows the dialog and waits for its end. Returns the number of the button that ended it, -1
+    /// when the dialog could not be made.
+    INT_PTR Show(HWND owner) {
+        return DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_JRE_NOT_FOUND),
+                               owner, &DialogProc, reinterpret_cast<LPARAM>(this));
+    }
+
+    /// The folder browsed to last, with a backslash at its end.
+    const std::wstring& folder() const { return folder_; }
+    /// The `jvm.dll` in it, empty when it has none.
+    const std::wstring& jvmPath() const { return jvmPath_; }
+
+  private:
+    static INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam,
+                                       LPARAM lParam) noexcept;
+    void InitDialog();
+    void ShowErrorIcon();
+    void Browse();
+
+    HWND window_ = nullptr;
+    std::wstring message_;
+    JvmType jvmType_;
+    std::wstring folder_;
+    std::wstring jvmPath_;
+    IconOwner icon_;
+    HyperLink link_;
+};
+
+INT_PTR CALLBACK JreNotFoundDialog::DialogProc(HWND dialog, UINT message, WPARAM wParam,
+                                               LPARAM lParam) noexcept {
+    if (message == WM_INITDIALOG) {
+        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+        auto* const self = reinterpret_cast<JreNotFoundDialog*>(lParam);
+        self->window_ = dialog;
+        self->InitDialog();
+        return TRUE;
+    }
+    auto* const self = reinterpret_cast<JreNotFoundDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
+    if (self == nullptr || message != WM_COMMAND) return FALSE;
+    switch (LOWORD(wParam)) {
+        case IDOK:
+        case IDCANCEL:
+            EndDialog(dialog, LOWORD(wParam));
+            return TRUE;
+        case IDC_BROWSE:
+            self->Browse();
+            return TRUE;
+        default:
+            return FALSE;
+    }
+}
+
+void JreNotFoundDialog::InitDialog() {
+    const HWND link = GetDlgItem(window_, IDC_DOWNLOAD_LINK);
+    link_.SetFont(reinterpret_cast<HFONT>(SendMessageW(link, WM_GETFONT, 0, 0)));
+    link_.Attach(link);
+    SetDlgItemTextW(window_, IDC_JRE_MESSAGE, message_.c_str());
+    EnableWindow(GetDlgItem(window_, IDOK), FALSE);
+    ShowErrorIcon();
+    CenterWindow(window_);
+}
+
+// The control is as large as the dialog's font makes it, and the system's icon as large as the
+// screen's scale: it is fitted in rather than cut off.
+void JreNotFoundDialog::ShowErrorIcon() {
+    const HWND control = GetDlgItem(window_, IDC_ERROR_ICON);
+    RECT area{};
+    GetClientRect(control, &area);
+    const int size = static_cast<int>(std::min(area.right, area.bottom));
+    const HICON system = LoadIconW(nullptr, IDI_ERROR);
+    icon_.reset(static_cast<HICON>(CopyImage(system, IMAGE_ICON, size, size, LR_COPYFROMRESOURCE)));
+    const HICON shown = icon_ ? icon_.get() : system;
+    SendMessageW(control, STM_SETICON, reinterpret_cast<WPARAM>(shown), 0);
+}
+
+void JreNotFoundDialog::Browse() {
+    const std::optional<std::wstring> path =
+        BrowseForFolder(window_, LoadMessageText(IDS_BROWSE_FOR_JRE));
+    if (!path) return;
+    SetDlgItemTextW(window_, IDC_JRE_PATH, path->c_str());
+    folder_ = WithEnding(*path, L'\\');
+    bool server = false;
+    jvmPath_ = SelectJvmLibrary(folder_, jvmType_, server);
+    // Never disabled again: confirming an unusable folder shows its failure when the library is
+    // loaded.
+    if (!jvmPath_.empty()) EnableWindow(GetDlgItem(window_, IDOK), TRUE);
+}
+
+std::wstring MessageFor(const RuntimeSearchPolicy& policy) {
+    const unsigned id =
+        policy.jvmType == JvmType::Server ? IDS_SERVER_JRE_NOT_FOUND : IDS_JRE_NOT_FOUND;
+    return FormatText(LoadMessageText(id), {DescribeVersionBounds(policy.minimum, policy.maximum)});
+}
+
+}  // namespace
+
+bool ShowJreNotFound(const Settings& settings, RuntimeChoice& choice) {
+    JreNotFoundDialog dialog(MessageFor(settings.policy), settings.policy.jvmType);
+    const INT_PTR result = dialog.Show(GetActiveWindow());
+    if (result == -1) SetLastError(ERROR_OUTOFMEMORY);
+    if (result != IDOK) return false;
+
+    choice.runtimeHome = dialog.folder();
+    choice.jvmLibraryPath = dialog.jvmPath();
+    RememberRuntime(settings, dialog.folder());
+    choice.pairedLaunch = NeedsPairedLauncher(choice.jvmLibraryPath, settings.pairProduct);
+    return true;
 }
 
 }  // namespace tarn

@@ -1,0 +1,36 @@
+#include "ui/com_session.h"
+
+#include "base/system_library.h"
+
+namespace tarn {
+namespace {
+
+// Loaded on first need, for a launch that finds its runtime needs no COM. It stays loaded: the
+// shell's own threads may still be in it when a call has come back.
+HMODULE Ole() {
+    static const HMODULE library = LoadSystemLibrary(L"ole32.dll");
+    return library;
+}
+
+}  // namespace
+
+ComSession::ComSession() {
+    using OleInitializeFunction = HRESULT(WINAPI*)(void*);
+    const auto initialize = FindFunction<OleInitializeFunction>(Ole(), "OleInitialize");
+    initialized_ = initialize != nullptr && SUCCEEDED(initialize(nullptr));
+}
+
+ComSession::~ComSession() {
+    if (!initialized_) return;
+    using OleUninitializeFunction = void(WINAPI*)();
+    const auto uninitialize = FindFunction<OleUninitializeFunction>(Ole(), "OleUninitialize");
+    if (uninitialize != nullptr) uninitialize();
+}
+
+void ComSession::Free(void* memory) {
+    using CoTaskMemFreeFunction = void(WINAPI*)(void*);
+    const auto free = FindFunction<CoTaskMemFreeFunction>(Ole(), "CoTaskMemFree");
+    if (free != nullptr) free(memory);
+}
+
+}  // namespace tarn

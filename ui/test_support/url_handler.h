@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/windows.h"
+
+namespace tarn {
+
+/// A program registered for a scheme of addresses for as long as the object lives. It leaves a file
+/// behind when it is run.
+class UrlHandler {
+  public:
+    explicit UrlHandler(const std::wstring& scheme);
+    ~UrlHandler();
+    UrlHandler(const UrlHandler&) = delete;
+    UrlHandler& operator=(const UrlHandler&) = delete;
+
+    /// Waits, within bounds, until it has been run.
+    bool WasRun() const;
+
+  private:
+    void Register(HKEY root);
+
+    std::wstring key_;
+    std::wstring trace_;
+    std::vector<HKEY> roots_;
+};
+
+}  // namespace tarn
