@@ -1,7 +1,5 @@
 #include "ui/test_support/url_handler.h"
 
-#include "base/files.h"
-
 namespace tarn {
 
 UrlHandler::UrlHandler(const std::wstring& scheme) : key_(L"Software\\Classes\\" + scheme) {
@@ -35,7 +33,7 @@ UrlHandler::~UrlHandler() {
 
 bool UrlHandler::WasRun() const {
     for (int tries = 0; tries < 200; ++tries) {
-        if (FileExists(trace_)) return true;
+        if (GetFileAttributesW(trace_.c_str()) != INVALID_FILE_ATTRIBUTES) return true;
         Sleep(50);
     }
     return false;
