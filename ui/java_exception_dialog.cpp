@@ -71,6 +71,8 @@ class JavaExceptionDialog {
         SendMessageW(edit, EM_SETLIMITTEXT, 0, 0);  // as much as it can hold
         // Java ends lines with both characters here, an exception's message need not.
         SendMessageW(edit, kEmSetExtendedStyle, kEsExAllowEolAll, kEsExAllowEolAll);
+        const UINT tabStop = 16;  // dialog units: less to scroll than the usual 32
+        SendMessageW(edit, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&tabStop));
         SetWindowTextW(edit, trace_.c_str());
         SendMessageW(edit, EM_SETREADONLY, TRUE, 0);
 
