@@ -6,8 +6,8 @@
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT"
-# shellcheck source=scripts/lib/cache.sh
-. scripts/lib/cache.sh
+# shellcheck source=scripts/lib/common.sh
+. scripts/lib/common.sh
 # shellcheck source=scripts/lib/wine.sh
 . scripts/lib/wine.sh
 

@@ -92,15 +92,15 @@ part_endtoend() {
     build release launcher tests/all || return 0
     scripts/fetch_runtimes.sh >/dev/null || { count_failure "fetching the runtimes"; return 0; }
     tarn_open_wine || { count_failure "the Wine session"; return 0; }
-    TARN_RUNTIMES_WINDOWS=$(winepath -w "$TARN_RUNTIMES" 2>/dev/null)
-    export TARN_RUNTIMES_WINDOWS
-    local program found=0
+    local program found=0 runtimes
+    runtimes=$(winepath -w "$TARN_RUNTIMES" 2>/dev/null)
     for program in build/release/tests/*_tests.exe; do
         case $program in
             */unit_tests.exe | *'*'*) continue ;;
         esac
         found=1
-        run_googletest "$(basename "$program" .exe)" 1500 wine "$program"
+        run_googletest "$(basename "$program" .exe)" 1500 \
+            env TARN_RUNTIMES="$runtimes" wine "$program"
     done
     [ $found -eq 1 ] || count_failure "no end-to-end test program was built"
 }

@@ -1,0 +1,51 @@
+#include "tests/support/real_runtime_test.h"
+
+#include "base/windows.h"
+#include "tests/support/paths.h"
+
+namespace tarn::test {
+
+namespace {
+
+bool Exists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+}  // namespace
+
+std::wstring RuntimeHome(std::string_view version) {
+    std::wstring home = GetPaths().runtimes + L'\\' + FromUtf8(version);
+    EXPECT_TRUE(Exists(home + L"\\bin\\server\\jvm.dll"))
+        << "no Java runtime " << ToUtf8(home) << " (scripts/fetch_runtimes.sh fetches it, "
+        << "TARN_RUNTIMES names the folder of all)";
+    return home;
+}
+
+RealRuntimeTest::RealRuntimeTest() : reportFile_(app.directory + L"report.txt") {
+    settings.Runtime(L"Main Class", L"fixture.Application");
+    settings.Set(L"Class Path", L"Class Path", GetPaths().javaFixtures);
+    app.environment[L"TARN_TEST_REPORT"] = reportFile_;
+    // Options from outside would be seen by the tests of options.
+    app.environment[L"JAVA_TOOL_OPTIONS"] = std::nullopt;
+    app.environment[L"_JAVA_OPTIONS"] = std::nullopt;
+    app.environment[L"JDK_JAVA_OPTIONS"] = std::nullopt;
+}
+
+void RealRuntimeTest::UseRuntime(std::string_view version) {
+    home = RuntimeHome(version);
+    jvmPath = home + L"\\bin\\client\\jvm.dll";
+    if (!Exists(jvmPath)) jvmPath = home + L"\\bin\\server\\jvm.dll";
+    settings.Runtime(L"JRE Path", home);
+}
+
+std::unique_ptr<LaunchedProcess> RealRuntimeTest::Start(std::wstring_view argumentText) {
+    app.WriteSettings(settings);
+    DeleteFileW(reportFile_.c_str());
+    return app.Launch(argumentText);
+}
+
+std::optional<std::int32_t> RealRuntimeTest::Run(std::wstring_view argumentText) {
+    return Start(argumentText)->ExitCode();
+}
+
+}  // namespace tarn::test
