@@ -1,5 +1,6 @@
 #include "base/windows.h"
 #include "core/launcher.h"
+#include "ui/gdi_plus.h"
 
 namespace {
 
@@ -18,5 +19,7 @@ int Launch() {
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     // No window of ours is left by now: the launcher has ended the splash's thread, which destroys
     // its window, and dialogs are modal.
-    return Launch();
+    const int exitCode = Launch();
+    tarn::ShutDownGdiPlus();
+    return exitCode;
 }

@@ -12,12 +12,17 @@ set(endToEndTests
 )
 
 add_subdirectory(fake_jvm)
+add_subdirectory(fake_splash)
 add_subdirectory(programs)
 
 add_executable(end_to_end_tests ${endToEndSources})
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
-add_dependencies(end_to_end_tests launcher fake_jvms test_programs)
+add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes test_programs)
+
+# Beside the program, where it looks for them.
+file(GLOB testPictures CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/pictures/*.*")
+file(COPY ${testPictures} DESTINATION "${CMAKE_CURRENT_BINARY_DIR}/pictures")
 
 if(TARGET java_fixtures)
     add_dependencies(end_to_end_tests java_fixtures)

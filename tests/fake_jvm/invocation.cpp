@@ -147,6 +147,7 @@ jint JNICALL FakeGetDefaultJavaVMInitArgs(void* arguments) {
     zero.version = old->version;
     Log("JNI_GetDefaultJavaVMInitArgs(version=" + Hex(old->version) +
         (std::memcmp(old, &zero, sizeof zero) == 0 ? ", rest zero)" : ", rest not zero)"));
+    RunActions(CurrentEnvironment(), "on_default_args");
     old->javaStackSize = Script::Get().Number("default_stack", 0);
     return Script::Get().Number("default_args", JNI_OK);
 }

@@ -30,6 +30,8 @@ const Paths& GetPaths() {
         Paths found;
         found.launcher = FromEnvironment(L"TARN_LAUNCHER", folder + L"..\\launcher.exe");
         found.fakeJvms = FromEnvironment(L"TARN_FAKE_JVM_DIR", folder + L"fake_jvm");
+        found.fakeSplashes = FromEnvironment(L"TARN_FAKE_SPLASH_DIR", folder + L"fake_splash");
+        found.pictures = FromEnvironment(L"TARN_TEST_PICTURES", folder + L"pictures");
         found.programs = FromEnvironment(L"TARN_TEST_PROGRAMS", folder + L"programs");
         found.runtimes = FromEnvironment(L"TARN_RUNTIMES", folder + L"runtimes");
         found.javaFixtures = FromEnvironment(L"TARN_JAVA_FIXTURES", folder + L"fixtures.jar");

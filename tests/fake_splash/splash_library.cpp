@@ -1,0 +1,28 @@
+// The scripted splashscreen.dll: logs its calls beside those of the scripted jvm.dll. Like a real
+// runtime's it needs java.dll, which lies beside it.
+
+#include "base/windows.h"
+#include "tests/fake_jvm/call_log.h"
+
+extern "C" {
+
+__declspec(dllimport) int FakeJavaVersion();
+
+void FakeSplashInit() {
+    fake_jvm::Log("SplashInit() java " + std::to_string(FakeJavaVersion()) + " thread " +
+                  std::to_string(GetCurrentThreadId()));
+}
+
+void FakeSplashLoadFile(const char* fileName) {
+    fake_jvm::Log("SplashLoadFile(" + fake_jvm::QuoteBytes(fileName) + ')');
+}
+
+void FakeSplashSetFileJarName(const char* fileName, const char* jarName) {
+    fake_jvm::Log("SplashSetFileJarName(" + fake_jvm::QuoteBytes(fileName) + ", " +
+                  fake_jvm::QuoteBytes(jarName) + ')');
+}
+
+void FakeSplashClose() {
+    fake_jvm::Log("SplashClose()");
+}
+}
