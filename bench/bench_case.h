@@ -43,6 +43,7 @@ struct Workspace;
 std::vector<Case> ScriptedRuntimeCases(const Workspace& workspace);
 std::vector<Case> JavaStartCases(const Workspace& workspace);
 std::vector<Case> MemoryCases(const Workspace& workspace);
+std::vector<Case> HandOffCases(const Workspace& workspace);
 
 std::vector<Case> AllCases(const Workspace& workspace);
 

@@ -14,7 +14,7 @@ namespace tarn::bench {
 
 std::vector<Case> AllCases(const Workspace& workspace) {
     std::vector<Case> all;
-    for (auto* cases : {ScriptedRuntimeCases, JavaStartCases, MemoryCases})
+    for (auto* cases : {ScriptedRuntimeCases, JavaStartCases, MemoryCases, HandOffCases})
         for (Case& one : cases(workspace)) all.push_back(std::move(one));
     return all;
 }

@@ -30,6 +30,10 @@ double ReadStamp(const std::filesystem::path& file) {
     return std::stod(line);
 }
 
+std::filesystem::path OwnTemporaryFile(const std::wstring& name) {
+    return std::filesystem::temp_directory_path() / (name + std::to_wstring(GetCurrentProcessId()));
+}
+
 [[noreturn]] void Fail(const std::string& what) {
     throw std::runtime_error(what);
 }
@@ -44,11 +48,13 @@ double PrivateKiB(HANDLE process) {
 
 }  // namespace
 
+std::filesystem::path StampFile() {
+    return OwnTemporaryFile(L"tarn_bench_stamp_");
+}
+
 ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine, bool hold) {
-    const std::filesystem::path folder = std::filesystem::temp_directory_path();
-    const std::wstring unique = std::to_wstring(GetCurrentProcessId());
-    const std::filesystem::path stampFile = folder / (L"tarn_bench_stamp_" + unique);
-    const std::filesystem::path releaseFile = folder / (L"tarn_bench_release_" + unique);
+    const std::filesystem::path stampFile = StampFile();
+    const std::filesystem::path releaseFile = OwnTemporaryFile(L"tarn_bench_release_");
     std::filesystem::remove(stampFile);
     std::filesystem::remove(releaseFile);
     SetEnvironmentVariableW(L"TARN_BENCH_STAMP", stampFile.c_str());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 namespace tarn::bench {
@@ -11,6 +12,9 @@ struct ProcessTimes {
     double privateKiB =
         0;  ///< private memory while the program was held at its mark; 0 when it was not
 };
+
+/// Where a program under measurement leaves its stamp: what TARN_BENCH_STAMP names.
+std::filesystem::path StampFile();
 
 /// Starts `program` with the whole command line and waits for its end. The program leaves its
 /// stamp, nanoseconds of the performance counter, in the file that TARN_BENCH_STAMP names. `hold`
