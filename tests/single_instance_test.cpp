@@ -129,6 +129,12 @@ TEST_F(SharedObjectsTest, ACapitalYesLeavesItOff) {
     ExpectIndependentLaunches();
 }
 
+TEST_F(SharedObjectsTest, AnAddedYesHasABlankBeforeItAndLeavesItOff) {
+    settings.Remove(L"Application", L"Single Instance");
+    settings.Set(L"Application+", L"Single Instance", L"yes");
+    ExpectIndependentLaunches();
+}
+
 TEST_F(SharedObjectsTest, OffMakesNoSharedObjects) {
     settings.Remove(L"Application", L"Single Instance");
     const auto first = StartFirst();
