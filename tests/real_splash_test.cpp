@@ -79,14 +79,18 @@ TEST_P(RealSplash, OfTheLauncherStaysUntilTheEnd) {
     EXPECT_EQ(process->ExitCode(), 0);
 }
 
-TEST_P(RealSplash, OfTheRuntimeIsClosedWhenMainReturns) {
+// What depends on the launcher more than on the runtime: one is enough.
+class OneRealSplash : public RealSplash {};
+INSTANTIATE_TEST_SUITE_P(Java, OneRealSplash, testing::Values("21"), RuntimeName);
+
+TEST_P(OneRealSplash, OfTheRuntimeIsClosedWhenMainReturns) {
     settings.Runtime(L"Main Class", L"fixture.Application");
     settings.Set(L"Display", L"Preffer Native Splash Screen", L"Yes");
     EXPECT_EQ(Run(), 0);
     EXPECT_TRUE(Report().Has("end", L"main"));
 }
 
-TEST_P(RealSplash, OfTheRuntimeShowsNothingForAPictureThatIsNone) {
+TEST_P(OneRealSplash, OfTheRuntimeShowsNothingForAPictureThatIsNone) {
     settings.Set(L"Display", L"Preffer Native Splash Screen", L"Yes");
     settings.Set(L"Display", L"Splash Screen", L"no such picture.png");
     const auto process = StartApplication();

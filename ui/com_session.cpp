@@ -8,8 +8,9 @@ namespace {
 // Loaded on first need, for a launch that finds its runtime needs no COM. It stays loaded: the
 // shell's own threads may still be in it when a call has come back.
 HMODULE Ole() {
-    static const HMODULE library = LoadSystemLibrary(L"ole32.dll");
-    return library;
+    // Asked for anew each time: it is loaded once all the same, and a local static would bring the
+    // C++ library's guard along, and with it 100 KB of exception handling.
+    return LoadSystemLibrary(L"ole32.dll");
 }
 
 }  // namespace

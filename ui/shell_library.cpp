@@ -5,8 +5,9 @@
 namespace tarn {
 
 HMODULE ShellLibrary() {
-    static const HMODULE library = LoadSystemLibrary(L"shell32.dll");
-    return library;
+    // Asked for anew each time: it is loaded once all the same, and a local static would bring the
+    // C++ library's guard along, and with it 100 KB of exception handling.
+    return LoadSystemLibrary(L"shell32.dll");
 }
 
 }  // namespace tarn
