@@ -2,15 +2,6 @@
 # this folder and every source in support/ belongs to it.
 file(GLOB endToEndSources CONFIGURE_DEPENDS
     "${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/support/*.cpp")
-# The end-to-end tests: one Windows program that starts the real launcher.exe. A new suite is one
-# more file in this list.
-set(endToEndTests
-    fake_jvm_test.cpp
-    framework_test.cpp
-    java_exception_test.cpp
-    output_files_test.cpp
-)
-
 add_subdirectory(fake_jvm)
 add_subdirectory(fake_splash)
 add_subdirectory(programs)
