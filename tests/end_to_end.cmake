@@ -6,7 +6,8 @@ add_subdirectory(fake_jvm)
 add_subdirectory(fake_splash)
 add_subdirectory(programs)
 
-add_executable(end_to_end_tests ${endToEndSources})
+add_executable(end_to_end_tests ${endToEndSources}
+    "${PROJECT_SOURCE_DIR}/ui/test_support/url_handler.cpp")
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
 add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes test_programs)

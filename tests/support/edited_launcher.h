@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+namespace tarn::test {
+
+/// Replaces the text of one control in a dialog of a program, as a resource editor does. Returns
+/// whether that worked.
+bool ReplaceControlText(const std::wstring& program, int dialog, int control,
+                        const std::wstring& text);
+
+/// Gives a dialog of a program a window class that does not exist, so that it cannot be made.
+bool BreakDialog(const std::wstring& program, int dialog);
+
+}  // namespace tarn::test
