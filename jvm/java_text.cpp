@@ -39,6 +39,7 @@ jobjectArray MakeStringArray(JNIEnv* env, const std::vector<std::wstring>& texts
         if (string == nullptr) return nullptr;
         env->SetObjectArrayElement(array, index++, string);
         env->DeleteLocalRef(string);
+        if (env->ExceptionCheck()) return nullptr;
     }
     return array;
 }

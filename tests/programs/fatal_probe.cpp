@@ -7,8 +7,8 @@
 #include "base/windows.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR argument, int) {
-    // What the compiler cannot foresee.
-    const volatile std::size_t huge = static_cast<std::size_t>(1) << 46U;
+    // More than any address space, and nothing that the compiler can foresee.
+    const volatile std::size_t huge = static_cast<std::size_t>(1) << 48U;
     std::wstring text = L"text";
     std::vector<wchar_t> units(4);
     switch (argument[0]) {

@@ -48,4 +48,8 @@ std::wstring TemporaryFolder() {
     return full.empty() ? path : full;
 }
 
+bool IsWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
 }  // namespace tarn::test

@@ -21,4 +21,7 @@ const Paths& GetPaths();
 /// A folder that exists, as it stands in the file system; for temporary files.
 std::wstring TemporaryFolder();
 
+/// Whether this is Wine, for the few places where it is not like Windows.
+bool IsWine();
+
 }  // namespace tarn::test

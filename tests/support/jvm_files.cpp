@@ -1,0 +1,26 @@
+#include "tests/support/jvm_files.h"
+
+#include <gtest/gtest.h>
+
+#include "base/handles.h"
+
+namespace tarn::test {
+
+std::string As32Bit(std::string bytes) {
+    const auto* const header = reinterpret_cast<const IMAGE_DOS_HEADER*>(bytes.data());
+    auto* const machine = reinterpret_cast<WORD*>(
+        &bytes.at(static_cast<std::size_t>(header->e_lfanew) + sizeof(DWORD)));
+    EXPECT_EQ(*machine, IMAGE_FILE_MACHINE_AMD64);
+    *machine = IMAGE_FILE_MACHINE_I386;
+    return bytes;
+}
+
+std::wstring LoadFailure(const std::wstring& path) {
+    const Library library(LoadLibraryW(path.c_str()));
+    const DWORD error = GetLastError();
+    EXPECT_FALSE(library);
+    return L"Failed to load Java VM library: " + path + L" (errno = " + std::to_wstring(error) +
+           L").\n";
+}
+
+}  // namespace tarn::test

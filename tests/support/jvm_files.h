@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+namespace tarn::test {
+
+/// The bytes of a 64-bit library with the machine in its header changed to that of a 32-bit one.
+std::string As32Bit(std::string bytes);
+
+/// The text of the launcher's box for a library that cannot be loaded, with the error that loading
+/// it has in this process.
+std::wstring LoadFailure(const std::wstring& path);
+
+}  // namespace tarn::test
