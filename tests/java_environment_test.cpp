@@ -18,6 +18,15 @@ TEST_F(JavaEnvironment, PathEndsWithTheRuntimesFolder) {
     EXPECT_EQ(PathSeen(), TextInLog(L"C:\\windows\\system32;C:\\p;" + RuntimeBin()));
 }
 
+TEST_F(JavaEnvironment, PathIsSetBeforeTheLibraryIsLoaded) {
+    EXPECT_EQ(Run(), 0);
+    const auto texts = app.Log().Texts();
+    ASSERT_GE(texts.size(), 2U);
+    EXPECT_EQ(texts[0], "jvm.dll loaded");
+    EXPECT_EQ(texts[1],
+              "environment Path=" + TextInLog(L"C:\\windows\\system32;C:\\p;" + RuntimeBin()));
+}
+
 TEST_F(JavaEnvironment, PathBeginsWithTheSettings) {
     app.environment[L"TARN_PROBE"] = L"D:\\probe";
     settings.Runtime(L"System Path", L"C:\\first;%TARN_PROBE%\\%TARN_UNKNOWN%");

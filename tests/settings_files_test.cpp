@@ -1,9 +1,9 @@
-// The settings files on the disk: where they are, their encodings, their layers, and files that
-// are no settings at all.
+// The settings file on the disk: where it is, its encodings, and files that are no settings at all.
 
 #include <random>
 
 #include "tests/support/fake_jvm_test.h"
+#include "tests/support/named_event.h"
 #include "tests/support/paths.h"
 
 namespace tarn::test {
@@ -138,6 +138,28 @@ TEST_F(SettingsFiles, BearTheExecutablesNameUpToItsLastDot) {
     EXPECT_EQ(MainArguments(), "[])");
 }
 
+TEST_F(SettingsFiles, OfAProgramWithoutExtensionBearAFoldersName) {
+    const std::wstring program = app.Path(L"v1.2 beta\\sample");
+    app.AddFolder(L"v1.2 beta");
+    app.WriteSettings(settings);
+    ASSERT_TRUE(CopyFileW(app.Executable().c_str(), program.c_str(), FALSE));
+    ASSERT_TRUE(MoveFileW(app.SettingsFile().c_str(), app.Path(L"v1.ini").c_str()));
+    auto start = app.StartWith(L'"' + program + L'"');
+    start.program = program;
+    EXPECT_EQ(LaunchedProcess(start).ExitCode(), 0);
+    EXPECT_EQ(MainArguments(), "[])");
+}
+
+TEST_F(SettingsFiles, AreLetGoOfOnceRead) {
+    NamedEvent end;
+    app.WriteScript("main = wait_event " + end.utf8Name());
+    const auto process = Start();
+    ASSERT_TRUE(app.Log().WaitFor("CallStaticVoidMethod"));
+    EXPECT_TRUE(DeleteFileW(app.SettingsFile().c_str()));
+    end.Set();
+    EXPECT_EQ(process->ExitCode(), 0);
+}
+
 TEST_F(SettingsFiles, HaveNoNameWhenTheProgramsPathHasNoDot) {
     const std::wstring program = app.Path(L"sample");
     ASSERT_TRUE(CopyFileW(app.Executable().c_str(), program.c_str(), FALSE));
@@ -149,120 +171,50 @@ TEST_F(SettingsFiles, HaveNoNameWhenTheProgramsPathHasNoDot) {
     EXPECT_EQ(process.ExitCode(), -1);
 }
 
-TEST_F(SettingsFiles, CannotBeFoundBesideAProgramOfALongPath) {
-    std::wstring folder = L"\\\\?\\" + app.Path(L"long");
-    CreateDirectoryW(folder.c_str(), nullptr);
-    while (folder.size() < 280) {
-        folder += L"\\" + Repeated(L"f", 40);
-        ASSERT_TRUE(CreateDirectoryW(folder.c_str(), nullptr));
+class LongProgramPath : public SettingsFiles {
+  protected:
+    /// Copies the launcher to a path of that many characters; the path without its mark.
+    std::wstring CopyTo(std::size_t length) {
+        std::wstring folder = L"\\\\?\\" + app.Path(L"long");
+        CreateDirectoryW(folder.c_str(), nullptr);
+        while (folder.size() < 200) {
+            folder += L'\\' + Repeated(L"f", 40);
+            CreateDirectoryW(folder.c_str(), nullptr);
+        }
+        folder += L'\\';
+        const std::wstring program = folder + Repeated(L"s", length - folder.size()) + L".exe";
+        EXPECT_TRUE(CopyFileW(app.Executable().c_str(), program.c_str(), FALSE));
+        EXPECT_EQ(program.size() - 4, length);
+        return program.substr(4);
     }
-    const std::wstring program = folder + L"\\sample.exe";
-    ASSERT_TRUE(CopyFileW(app.Executable().c_str(), program.c_str(), FALSE));
+};
+
+TEST_F(LongProgramPath, OfTheOldLimitIsReadWhole) {
+    const std::wstring program = CopyTo(MAX_PATH - 1);
     auto start = app.StartWith(L"sample.exe");
-    // Wine takes the plain path only, Windows only the one with the mark.
-    start.program = IsWine() ? program.substr(4) : program;
+    start.program = program;
+    WriteFileBytes(L"\\\\?\\" + program.substr(0, program.size() - 3) + L"ini",
+                   Utf16File(settings.Text()));
+    EXPECT_EQ(LaunchedProcess(start).ExitCode(), 0);
+    EXPECT_EQ(MainArguments(), "[])");
+}
+
+TEST_F(LongProgramPath, BeyondTheOldLimitCannotBeRead) {
+    auto start = app.StartWith(L"sample.exe");
+    start.program = L"\\\\?\\" + CopyTo(MAX_PATH);
+    // Wine starts no program of such a path, which is as good an end as any.
+    if (IsWine()) {
+        PROCESS_INFORMATION made{};
+        STARTUPINFOW how{};
+        how.cb = sizeof how;
+        EXPECT_FALSE(CreateProcessW(start.program.c_str(), nullptr, nullptr, nullptr, FALSE, 0,
+                                    nullptr, nullptr, &how, &made));
+        return;
+    }
     const LaunchedProcess process(start);
     EXPECT_EQ(ToUtf8(TakeErrorBox(process)),
               "Windows exception: failed to get the module path (errno = 122).\n");
     EXPECT_EQ(process.ExitCode(), -1);
-}
-
-class SettingsLayers : public SettingsFiles {};
-
-TEST_F(SettingsLayers, AdditiveSectionsServeWhenTheMainOneHasNothing) {
-    settings.Application(L"Cmd", L"");
-    settings.Set(L"Application+", L"Cmd", L"added");
-    settings.Runtime(L"Main Class", L"");
-    // A blank goes before what is added; here it makes the class another one.
-    settings.Set(L"Java Runtime Environment+", L"Main Class", L"com.example.Main");
-    app.WriteScript("load_and_main = null\nfail FindClass 3");
-    EXPECT_EQ(RunWithErrorBox(L"Could not find the main class  com/example/Main.\n"), -1);
-}
-
-TEST_F(SettingsLayers, AdditiveSectionsAreLeftAloneWhenTheMainOneHasAValue) {
-    settings.Application(L"Cmd", L"main");
-    settings.Set(L"Application+", L"Cmd", L"added");
-    EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(MainArguments(), "[\"main\"])");
-}
-
-TEST_F(SettingsLayers, AdditiveValuesMakeFlagsOfNothing) {
-    // With its blank in front the value is no longer the word.
-    settings.Set(L"Application+", L"Application Type", L"service");
-    EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(app.Log().Count("DestroyJavaVM"), 0U);
-}
-
-class UsersSettings : public SettingsFiles {
-  protected:
-    UsersSettings() {
-        settings.Set(L"Product Information", L"Product Name", L"A/B: C?");
-        settings.Set(L"Product Information", L"Product Code", L"1234");
-        settings.Runtime(L"JRE Path", app.AddRuntime(L"main"));
-        users_.Runtime(L"JRE Path", app.AddRuntime(L"users"));
-    }
-
-    void WriteUsersFile(const std::wstring& path) {
-        MakeFolders(path.substr(0, path.rfind(L'\\')));
-        WriteFileBytes(path, Utf16File(users_.Text()));
-    }
-
-    std::string HomeUsed() {
-        EXPECT_EQ(Run(), 0);
-        return app.Log().After("environment TARN_JVM_HOME=");
-    }
-
-    SettingsText users_;
-};
-
-TEST_F(UsersSettings, NameTheRuntimeWhenTheyExist) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"users")));
-}
-
-TEST_F(UsersSettings, AreNotMadeByReading) {
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
-    EXPECT_EQ(GetFileAttributesW(app.AppDataFolder().c_str()), INVALID_FILE_ATTRIBUTES);
-}
-
-TEST_F(UsersSettings, OfNothingHideThePathOfTheMainFile) {
-    users_ = SettingsText();
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
-    app.AddFile(L"jre64\\bin\\java.dll");
-    app.AddRuntime(L"jre64");
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"jre64")));
-}
-
-TEST_F(UsersSettings, AreNotAServices) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
-    settings.Application(L"Application Type", L"service");
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
-}
-
-TEST_F(UsersSettings, HoldNothingButTheRuntime) {
-    users_.Application(L"Cmd", L"not read");
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"users")));
-    EXPECT_EQ(MainArguments(), "[])");
-}
-
-TEST_F(UsersSettings, AreElsewhereWithoutAppData) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
-    app.environment[L"APPDATA"] = std::nullopt;
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
-}
-
-TEST_F(UsersSettings, AreElsewhereWhenAppDataIsTooLong) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
-    app.environment[L"APPDATA"] = app.AppDataFolder() + Repeated(L"\\.", 130);
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
-}
-
-TEST_F(UsersSettings, TakeTheProductNameFromTheMainSectionOnly) {
-    settings.Remove(L"Product Information", L"Product Name");
-    settings.Set(L"Product Information+", L"Product Name", L"AB C");
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
-    EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
 }
 
 }  // namespace

@@ -61,13 +61,6 @@ DWORD WINAPI ExitLater(void* parameter) {
     ExitProcessLikeJava(later->code);
 }
 
-void LogVariable(const std::string& name) {
-    std::wstring value;
-    const bool isSet = ReadEnvironment(Wide(name).c_str(), value);
-    Log("environment " + name + '=' +
-        (isSet ? QuoteText(std::u16string(value.begin(), value.end())) : "(not set)"));
-}
-
 }  // namespace
 
 jint RunActions(Environment* environment, std::string_view place) {
@@ -115,7 +108,7 @@ jint RunActions(Environment* environment, std::string_view place) {
         } else if (verb == "log_windows") {
             EnumWindows(LogWindow, 0);
         } else if (verb == "log_environment") {
-            LogVariable(rest);
+            LogVariable(Wide(rest).c_str(), rest.c_str());
         } else if (verb == "log_local_references") {
             Log("local references " + std::to_string(environment->localReferences));
         } else {

@@ -108,4 +108,11 @@ std::string QuoteText(std::u16string_view text) {
     return quoted + '"';
 }
 
+void LogVariable(const wchar_t* name, const char* nameInLog) {
+    std::wstring value;
+    const bool isSet = ReadEnvironment(name, value);
+    Log(std::string("environment ") + nameInLog + '=' +
+        (isSet ? QuoteText(std::u16string(value.begin(), value.end())) : "(not set)"));
+}
+
 }  // namespace fake_jvm

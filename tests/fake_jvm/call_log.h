@@ -25,4 +25,7 @@ std::u16string FromUtf8(std::string_view text);
 /// An environment variable of this process as UTF-16; false when it is not set.
 bool ReadEnvironment(const wchar_t* name, std::wstring& value);
 
+/// Logs the variable as `environment NAME="value"`.
+void LogVariable(const wchar_t* name, const char* nameInLog);
+
 }  // namespace fake_jvm

@@ -49,13 +49,6 @@ std::size_t StackReserve() {
     return static_cast<std::size_t>(high - low);
 }
 
-void LogVariable(const wchar_t* name, const char* narrowName) {
-    std::wstring value;
-    const bool isSet = ReadEnvironment(name, value);
-    Log(std::string("environment ") + narrowName + '=' +
-        (isSet ? QuoteText(std::u16string(value.begin(), value.end())) : "(not set)"));
-}
-
 void LogSurroundings() {
     Log("stack " + std::to_string(StackReserve()));
     LogVariable(L"Path", "Path");
@@ -194,7 +187,10 @@ jclass JNICALL FakeFindClassFromBootLoader(JNIEnv* env, const char* name) {
 }
 
 BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
-    if (reason == DLL_PROCESS_ATTACH) fake_jvm::Log("jvm.dll loaded");
+    if (reason == DLL_PROCESS_ATTACH) {
+        fake_jvm::Log("jvm.dll loaded");
+        fake_jvm::LogVariable(L"Path", "Path");
+    }
     if (reason == DLL_PROCESS_DETACH) fake_jvm::Log("jvm.dll unloaded");
     return TRUE;
 }

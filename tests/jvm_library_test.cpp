@@ -119,29 +119,29 @@ TEST_F(JvmLibrary, OfARelativeHomeIsFoundFromTheLaunchersFolderOnDemand) {
               TextInLog(app.Path(L"").substr(0, app.folder().size() - 1)));
 }
 
-class ShippedRuntime : public JvmLibrary {
+class ShippedLibrary : public JvmLibrary {
   protected:
-    ShippedRuntime() { settings.Remove(L"Java Runtime Environment", L"JRE Path"); }
+    ShippedLibrary() { settings.Remove(L"Java Runtime Environment", L"JRE Path"); }
 };
 
-TEST_F(ShippedRuntime, LiesInTheLaunchersFolder) {
+TEST_F(ShippedLibrary, LiesInTheLaunchersFolder) {
     app.AddFile(L"bin\\java.dll");
     app.AddRuntime(L".");
     EXPECT_EQ(Chosen(), TextInLog(app.Path(L"bin\\server\\jvm.dll")));
 }
 
-TEST_F(ShippedRuntime, LiesInAFolderOfItsOwn) {
+TEST_F(ShippedLibrary, LiesInAFolderOfItsOwn) {
     app.AddFile(L"jre64\\bin\\java.dll");
     app.AddRuntime(L"jre64");
     EXPECT_EQ(Chosen(), TextInLog(app.Path(L"jre64\\bin\\server\\jvm.dll")));
 }
 
-TEST_F(ShippedRuntime, IsElseLookedForInTheWorkingDirectory) {
+TEST_F(ShippedLibrary, IsElseLookedForInTheWorkingDirectory) {
     app.directory = app.AddRuntime(L"elsewhere", kFullJvm, L"bin\\client");
     EXPECT_EQ(Chosen(), TextInLog(L"bin\\client\\jvm.dll"));
 }
 
-class UnusableHome : public ShippedRuntime, public testing::WithParamInterface<const wchar_t*> {
+class UnusableHome : public ShippedLibrary, public testing::WithParamInterface<const wchar_t*> {
   protected:
     UnusableHome() {
         app.AddFile(L"jre64\\bin\\java.dll");
