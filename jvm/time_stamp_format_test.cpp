@@ -22,7 +22,7 @@ TEST(ExpandTimeStamp, FillsTimeAndDatePictures) {
 }
 
 TEST(ExpandTimeStamp, ShortPicturesHaveNoLeadingZeros) {
-    EXPECT_EQ(ExpandTimeStamp(L"%y-M-d_H-m-s%", kTime), L"26-3-9_17-4-5");
+    EXPECT_EQ(ExpandTimeStamp(L"%yy-M-d_H-m-s%", kTime), L"26-3-9_17-4-5");
     EXPECT_EQ(ExpandTimeStamp(L"%h_hh%", kTime), L"5_05");
 }
 
@@ -55,6 +55,13 @@ TEST(ExpandTimeStamp, PercentsInsideThePictureStay) {
 TEST(ExpandTimeStamp, TimeTextIsReadAgainAsADatePicture) {
     // Quoted text loses its quotes to the time pictures, and the date pictures see it bare.
     EXPECT_EQ(ExpandTimeStamp(L"%'yyyy'%", kTime), L"2026");
+}
+
+TEST(ExpandTimeStamp, QuotesProtectTimeLettersAndTripledQuotesDateLetters) {
+    EXPECT_EQ(ExpandTimeStamp(L"out_%HH'h'mm%.txt", kTime), L"out_17h04.txt");
+    EXPECT_EQ(ExpandTimeStamp(L"%yyyy 'at' HH%", kTime), L"2026 at 17");
+    EXPECT_EQ(ExpandTimeStamp(L"%'''day''' d%", kTime), L"day 9");
+    EXPECT_EQ(ExpandTimeStamp(L"%yyyy%-%HHmm%.txt", kTime), L"2026%-%1704.txt");
 }
 
 TEST(ExpandTimeStamp, PictureOfExactly259CharactersFits) {

@@ -65,6 +65,11 @@ class JavaExceptionDialog {
     }
 
     void Fill(HWND window) {
+        // Its button on the taskbar is the application's, not that of a nameless dialog.
+        const auto icon = reinterpret_cast<LPARAM>(
+            LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_LAUNCHER)));
+        SendMessageW(window, WM_SETICON, ICON_BIG, icon);
+        SendMessageW(window, WM_SETICON, ICON_SMALL, icon);
         SendDlgItemMessageW(window, IDC_EXCEPTION_ICON, STM_SETICON,
                             reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_ERROR)), 0);
         const HWND edit = GetDlgItem(window, IDC_EXCEPTION_TRACE);

@@ -146,6 +146,7 @@ TEST_F(JavaExceptionDialogTest, ShowsTheTextsInTheirOrder) {
             L"application.",
             L"WARNING: If you choose to Stop the application any unsaved data will be lost."}));
     EXPECT_NE(SendMessageW(Control(IDC_EXCEPTION_ICON), STM_GETICON, 0, 0), 0);
+    EXPECT_NE(SendMessageW(dialog_, WM_GETICON, ICON_BIG, 0), 0);
 }
 
 TEST_F(JavaExceptionDialogTest, TraceIsReadOnlyAndNotSelected) {
