@@ -1,6 +1,6 @@
 #include "tests/support/real_runtime_test.h"
 
-#include "base/windows.h"
+#include "base/handles.h"
 #include "tests/support/paths.h"
 
 namespace tarn::test {
@@ -19,6 +19,24 @@ std::wstring RuntimeHome(std::string_view version) {
         << "no Java runtime " << ToUtf8(home) << " (scripts/fetch_runtimes.sh fetches it, "
         << "TARN_RUNTIMES names the folder of all)";
     return home;
+}
+
+// Links instead of copies where the file system has them: a runtime is 100 MB.
+void PutRuntime(const std::wstring& from, const std::wstring& to) {
+    CreateDirectoryW(to.c_str(), nullptr);
+    WIN32_FIND_DATAW found{};
+    const FindHandle search(FindFirstFileW((from + L"\\*").c_str(), &found));
+    for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.get(), &found)) {
+        const std::wstring name = found.cFileName;
+        if (name == L"." || name == L"..") continue;
+        const std::wstring source = from + L'\\' + name;
+        const std::wstring target = to + L'\\' + name;
+        if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+            PutRuntime(source, target);
+        } else if (!CreateHardLinkW(target.c_str(), source.c_str(), nullptr)) {
+            ASSERT_TRUE(CopyFileW(source.c_str(), target.c_str(), FALSE)) << ToUtf8(target);
+        }
+    }
 }
 
 RealRuntimeTest::RealRuntimeTest() : reportFile_(app.directory + L"report.txt") {

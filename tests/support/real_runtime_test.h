@@ -20,6 +20,9 @@ namespace tarn::test {
 /// not there (scripts/fetch_runtimes.sh fetches them).
 std::wstring RuntimeHome(std::string_view version);
 
+/// Puts a runtime's files into another folder, which is made.
+void PutRuntime(const std::wstring& from, const std::wstring& to);
+
 /// A test with a real Java runtime: an installed application whose settings run
 /// `fixture.Application` from the jar of the tests' Java classes.
 class RealRuntimeTest : public testing::Test {
