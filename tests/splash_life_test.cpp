@@ -88,6 +88,16 @@ TEST_F(SplashLife, IsNoHindranceToSystemExit) {
     EXPECT_EQ(process->ExitCode(), 7);
 }
 
+TEST_F(SplashLife, MayBeEndedByTheApplicationItself) {
+    ShowTestPicture(L"opaque.png");
+    const auto process = Start();
+    const HWND splash = WaitForSplash(*process);
+    PostMessageW(splash, WM_CLOSE, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindow(splash); }));
+    EXPECT_TRUE(MainRuns());
+    EndWell(*process);
+}
+
 TEST_F(SplashLife, BringsGdiPlusInForItself) {
     app.WriteScript(WaitInMain() + "main = log_modules\n");
     ShowTestPicture(L"opaque.png");
