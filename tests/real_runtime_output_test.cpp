@@ -94,6 +94,12 @@ TEST_P(RealRuntimeOutputFiles, MayHaveATimeStampAndLettersOfAnyAlphabetInTheirNa
     EXPECT_EQ(text(before) + (after.wYear != before.wYear ? text(after) : ""), "initializer;one");
 }
 
+TEST_P(RealRuntimeOutputFiles, TellWhyTheMainClassCannotBeLoaded) {
+    settings.Runtime(L"Main Class", L"com.example.NoSuchClass");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_THAT(Errors(), HasSubstr("com.example.NoSuchClass"));
+}
+
 class ImpossibleOutputName : public RealRuntimeOutput {};
 INSTANTIATE_TEST_SUITE_P(Java, ImpossibleOutputName, testing::Values("21"), RuntimeName);
 
