@@ -87,9 +87,8 @@ TEST_F(HandOffTest, TheCallsOfTheVoidForm) {
     EXPECT_THAT(calls, ElementsAre("AttachCurrentThread()", "FindClass(\"com/example/Main\")",
                                    "GetStaticMethodID(class com/example/Main, \"secondaryMain\", "
                                    "\"([Ljava/lang/String;)V\")",
-                                   "ExceptionCheck()", "ExceptionCheck()",
-                                   std::string(kVoidCall) + "[\"a\"])", "ExceptionCheck()",
-                                   "DetachCurrentThread()"));
+                                   "ExceptionCheck()", std::string(kVoidCall) + "[\"a\"])",
+                                   "ExceptionCheck()", "DetachCurrentThread()"));
     EndFirst(*first);
 }
 
