@@ -27,15 +27,16 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     const std::wstring notes = std::wstring(GetCommandLineW()) + L'\n' + Directory() + L'\n' +
                                Variable(L"PAIR_PROBE") + L'\n' + std::to_wstring(startup.dwFlags) +
                                L'\n';
-    const std::wstring event = Variable(L"PAIR_WAIT");
+    const std::wstring eventName = Variable(L"PAIR_WAIT");
+    // Held before anybody reads the notes: the test may set the event and let go of it then.
+    const HANDLE event =
+        eventName.empty() ? nullptr : CreateEventW(nullptr, TRUE, FALSE, eventName.c_str());
     const HANDLE file = CreateFileW(Variable(L"PAIR_LOG").c_str(), GENERIC_WRITE, FILE_SHARE_READ,
                                     nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
     DWORD written = 0;
     WriteFile(file, notes.data(), static_cast<DWORD>(notes.size() * sizeof(wchar_t)), &written,
               nullptr);
     CloseHandle(file);
-    if (!event.empty()) {
-        WaitForSingleObject(CreateEventW(nullptr, TRUE, FALSE, event.c_str()), INFINITE);
-    }
+    if (event != nullptr) WaitForSingleObject(event, INFINITE);
     return _wtoi(Variable(L"PAIR_EXIT").c_str());
 }

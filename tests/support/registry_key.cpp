@@ -49,8 +49,9 @@ TemporaryKey::TemporaryKey(HKEY root, std::wstring path, RegistryView view)
         if (end == std::wstring::npos) break;
     }
     RegistryKey key;
-    EXPECT_EQ(RegCreateKeyExW(root_, path_.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE | view_,
-                              nullptr, key.put(), nullptr),
+    // Volatile: what a test that was killed leaves behind does not outlive the session.
+    EXPECT_EQ(RegCreateKeyExW(root_, path_.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+                              KEY_READ | KEY_WRITE | view_, nullptr, key.put(), nullptr),
               ERROR_SUCCESS)
         << ToUtf8(path_);
 }
