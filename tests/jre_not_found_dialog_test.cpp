@@ -140,6 +140,20 @@ TEST_F(JreNotFoundDialog, OnlyAServerJvmThatIsRequiredIsMentioned) {
               L"JRE with a server JVM (latest version) from:");
 }
 
+TEST_F(JreNotFoundDialog, AMessageOfFourLinesIsNotCutOff) {
+    settings.Runtime(L"Minimum Version", L"1.6").Runtime(L"Maximum Version", L"1.8");
+    settings.Runtime(L"JVM Type", L"server");
+    StartUntilDialog();
+    const RECT message = PlaceIn(dialog, Child(dialog, kMessage));
+    const RECT line = PlaceIn(dialog, Child(dialog, kHint));  // as high as one line
+    const RECT link = PlaceIn(dialog, Child(dialog, kLink));
+    EXPECT_GE(message.bottom - message.top, 4 * (line.bottom - line.top));
+    EXPECT_LE(message.bottom, link.top);
+    EXPECT_GE(message.top, ToPixels(dialog, {0, 19, 0, 0}).top);
+    PressButton(dialog, kCancel);
+    EXPECT_EQ(End(), -1);
+}
+
 TEST_F(JreNotFoundDialog, CancelEndsTheLaunchAndWritesNothing) {
     StartUntilDialog();
     PressButton(dialog, kCancel);

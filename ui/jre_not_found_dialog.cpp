@@ -15,6 +15,7 @@
 #include "ui/hyper_link.h"
 #include "ui/messages/message_text.h"
 #include "ui/remembered_runtime.h"
+#include "ui/text_room.h"
 
 namespace tarn {
 namespace {
@@ -25,6 +26,13 @@ struct IconTraits {
     static void Close(Value value) { DestroyIcon(value); }
 };
 using IconOwner = Owner<IconTraits>;
+
+PixelRect PlaceInDialog(HWND dialog, HWND control) {
+    RECT place{};
+    GetWindowRect(control, &place);
+    MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+    return {place.left, place.top, place.right, place.bottom};
+}
 
 /// The dialog, for as long as it is open and its result is read.
 class JreNotFoundDialog {
@@ -49,6 +57,7 @@ class JreNotFoundDialog {
                                        LPARAM lParam) noexcept;
     void InitDialog();
     void ShowErrorIcon();
+    void MakeRoomForMessage();
     void Browse();
 
     HWND window_ = nullptr;
@@ -90,6 +99,7 @@ void JreNotFoundDialog::InitDialog() {
     link_.Attach(link);
     SetDlgItemTextW(window_, IDC_JRE_MESSAGE, message_.c_str());
     EnableWindow(GetDlgItem(window_, IDOK), FALSE);
+    MakeRoomForMessage();
     ShowErrorIcon();
     CenterWindow(window_);
 }
@@ -105,6 +115,29 @@ void JreNotFoundDialog::ShowErrorIcon() {
     icon_.reset(static_cast<HICON>(CopyImage(system, IMAGE_ICON, size, size, LR_COPYFROMRESOURCE)));
     const HICON shown = icon_ ? icon_.get() : system;
     SendMessageW(control, STM_SETICON, reinterpret_cast<WPARAM>(shown), 0);
+}
+
+// With two bounds and a required server JVM the message is a line longer than its place: it then
+// takes the gaps above and below.
+void JreNotFoundDialog::MakeRoomForMessage() {
+    const HWND control = GetDlgItem(window_, IDC_JRE_MESSAGE);
+    const PixelRect place = PlaceInDialog(window_, control);
+    const PixelRect link = PlaceInDialog(window_, GetDlgItem(window_, IDC_DOWNLOAD_LINK));
+    RECT captionBottom{0, 0, 0, 20};  // dialog units: just below the group box's caption
+    MapDialogRect(window_, &captionBottom);
+
+    const HDC dc = GetDC(control);
+    const HGDIOBJ before =
+        SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    RECT text{0, 0, place.width(), 0};
+    DrawTextW(dc, message_.c_str(), -1, &text, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+    SelectObject(dc, before);
+    ReleaseDC(control, dc);
+
+    const PixelRect room = MakeRoom(place, text.bottom, captionBottom.bottom, link.top);
+    if (room == place) return;
+    SetWindowPos(control, nullptr, room.left, room.top, room.width(), room.height(),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void JreNotFoundDialog::Browse() {
