@@ -118,6 +118,19 @@ TEST_P(OtherVendorPolicy, LetsTheLaunchEnd) {
 INSTANTIATE_TEST_SUITE_P(Ending, OtherVendorPolicy,
                          testing::Values(L"jrockit", L"sun", L"somebody else"));
 
+TEST_F(AfterMain, ASleepingPolicySleepsAfterAnExceptionToo) {
+    NamedEvent thrown;
+    NamedEvent end;
+    settings.Runtime(L"VM Provider", L"any");
+    app.WriteScript("main = exit_on_event " + end.utf8Name() +
+                    " 9\nmain = throw\nmain = set_event " + thrown.utf8Name());
+    const auto process = Start();
+    ASSERT_TRUE(thrown.Wait());
+    end.Set();
+    EXPECT_EQ(process->ExitCode(), 9);
+    EXPECT_THAT(LastCall(), StartsWith("CallStaticVoidMethod"));
+}
+
 TEST_F(AfterMain, AServiceOfASleepingPolicyIsNeverDestroyed) {
     NamedEvent returned;
     NamedEvent end;

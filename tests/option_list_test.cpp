@@ -82,6 +82,21 @@ TEST_F(OptionList, ExpandsVariablesOfParameters) {
                 ElementsAre(R"("-Da=with blank")", AnsiInLog(L"-Db=" + app.Path(L"jre"))));
 }
 
+TEST_F(OptionList, ExpandsVariablesToAnyLength) {
+    const std::wstring big = Repeated(L"b", 20'000);
+    app.environment[L"TARN_PROBE"] = big;
+    EXPECT_THAT(OptionsOf(L"-Da=%TARN_PROBE%%TARN_PROBE%"),
+                ElementsAre(AnsiInLog(L"-Da=" + big + big)));
+}
+
+TEST_F(OptionList, ATabSeparatesNothing) {
+    EXPECT_THAT(OptionsOf(L"-a\t-b -c"), ElementsAre(R"("-a\x09-b")", R"("-c")"));
+}
+
+TEST_F(OptionList, ADoubledQuoteStandsForOne) {
+    EXPECT_THAT(OptionsOf(L"-Da=\"b\"\"c -Dd"), ElementsAre(R"("-Da=b"c -Dd")"));
+}
+
 TEST_F(OptionList, ConvertsToTheSystemsCodePage) {
     EXPECT_THAT(OptionsOf(L"-Da=\u00E9\u20AC\u8A66"),
                 ElementsAre(AnsiInLog(L"-Da=\u00E9\u20AC\u8A66")));
