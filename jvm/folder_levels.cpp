@@ -17,10 +17,7 @@ std::size_t NextComponent(std::wstring_view name, std::size_t start) {
 
 /// Where the first component begins that may be a folder to create.
 std::size_t RootLength(std::wstring_view name) {
-    if (name.size() >= 2 && name[1] == L':') {
-        const std::size_t start = name.find_first_not_of(kSeparators, 2);
-        return start == std::wstring_view::npos ? name.size() : start;
-    }
+    if (name.size() >= 2 && name[1] == L':') return 2;
     std::size_t start = 2;   // the two backslashes
     std::size_t inRoot = 2;  // server and share
     const std::wstring_view marks = name.substr(0, 4);
@@ -35,15 +32,11 @@ std::size_t RootLength(std::wstring_view name) {
 
 }  // namespace
 
-std::vector<std::size_t> FolderLevels(std::wstring_view absoluteName) {
-    std::vector<std::size_t> levels;
-    std::size_t start = RootLength(absoluteName);
-    for (;;) {
-        const std::size_t end = absoluteName.find_first_of(kSeparators, start);
-        if (end == std::wstring_view::npos) return levels;
-        if (end > start) levels.push_back(end);
-        start = end + 1;
-    }
+std::size_t NextFolderLevel(std::wstring_view absoluteName, std::size_t previous) {
+    const std::size_t after = previous == 0 ? RootLength(absoluteName) : previous;
+    const std::size_t start = absoluteName.find_first_not_of(kSeparators, after);
+    return start == std::wstring_view::npos ? start
+                                            : absoluteName.find_first_of(kSeparators, start);
 }
 
 }  // namespace tarn

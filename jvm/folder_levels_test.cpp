@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 namespace tarn {
 namespace {
@@ -13,9 +14,11 @@ using testing::IsEmpty;
 
 std::vector<std::wstring> Folders(std::wstring_view name) {
     std::vector<std::wstring> folders;
-    for (const std::size_t length : FolderLevels(name))
+    for (std::size_t length = 0;;) {
+        length = NextFolderLevel(name, length);
+        if (length == std::wstring_view::npos) return folders;
         folders.emplace_back(name.substr(0, length));
-    return folders;
+    }
 }
 
 TEST(FolderLevels, AreListedFromTheDriveDown) {
@@ -68,7 +71,12 @@ TEST(FolderLevels, WhatStandsBeforeALongPathIsNotCreated) {
 TEST(FolderLevels, HugeNameIsWalkedOnce) {
     std::wstring name = L"C:\\";
     while (name.size() < 32'000) name += L"a\\";
-    EXPECT_EQ(FolderLevels(name).size(), (name.size() - 3) / 2);
+    std::size_t levels = 0;
+    for (std::size_t length = 0;; ++levels) {
+        length = NextFolderLevel(name, length);
+        if (length == std::wstring_view::npos) break;
+    }
+    EXPECT_EQ(levels, (name.size() - 3) / 2);
 }
 
 }  // namespace

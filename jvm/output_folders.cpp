@@ -19,7 +19,9 @@ bool CreateFolder(const std::wstring& folder) {
 
 void CreateOutputFolders(const std::wstring& fileName) {
     if (!IsAbsolutePath(fileName) || FileExists(fileName)) return;
-    for (const std::size_t length : FolderLevels(fileName)) {
+    for (std::size_t length = 0;;) {
+        length = NextFolderLevel(fileName, length);
+        if (length == std::wstring::npos) return;
         // Below a folder that is missing there is nothing to create.
         if (!CreateFolder(fileName.substr(0, length))) return;
     }

@@ -1,5 +1,7 @@
 #include "jvm/time_stamp.h"
 
+#include <algorithm>
+
 #include "base/decimal.h"
 
 namespace tarn {
@@ -28,26 +30,29 @@ std::wstring WithMilliseconds(std::wstring_view picture, unsigned milliseconds) 
     return result;
 }
 
-PictureParts SplitPicture(std::wstring_view picture, std::wstring_view letters) {
-    PictureParts parts;
+std::wstring_view TakeField(std::wstring_view& picture, std::wstring_view letters,
+                            std::size_t& copied) {
     bool quoted = false;
-    for (std::size_t i = 0; i < picture.size();) {
+    for (std::size_t i = 0; i < picture.size(); ++i) {
         const wchar_t c = picture[i];
-        std::size_t length = 1;
-        if (c == L'\'' && quoted && i + 1 < picture.size() && picture[i + 1] == L'\'') {
-            length = 2;
-            ++parts.copied;
-        } else if (c == L'\'') {
-            quoted = !quoted;
+        if (c == L'\'') {
+            if (quoted && i + 1 < picture.size() && picture[i + 1] == c) {
+                ++copied;
+                ++i;
+            } else {
+                quoted = !quoted;
+            }
         } else if (quoted || letters.find(c) == std::wstring_view::npos) {
-            ++parts.copied;
+            ++copied;
         } else {
-            while (i + length < picture.size() && picture[i + length] == c) ++length;
-            parts.fields.push_back(picture.substr(i, length));
+            const std::size_t end = std::min(picture.find_first_not_of(c, i), picture.size());
+            const std::wstring_view field = picture.substr(i, end - i);
+            picture.remove_prefix(end);
+            return field;
         }
-        i += length;
     }
-    return parts;
+    picture = {};
+    return {};
 }
 
 }  // namespace tarn

@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tarn {
 
@@ -22,16 +21,11 @@ std::optional<TimeStampName> SplitTimeStamp(std::wstring_view name);
 /// without leading zeros. Windows' own pictures have no milliseconds.
 std::wstring WithMilliseconds(std::wstring_view picture, unsigned milliseconds);
 
-/// What a picture's formatted text is made of, in no order: enough to tell its length.
-struct PictureParts {
-    /// How many characters are copied: those that mean nothing, and what stands in single quotes
-    /// (where two quotes are one).
-    std::size_t copied = 0;
-    /// The runs of one and the same letter that are replaced. Views of the picture.
-    std::vector<std::wstring_view> fields;
-};
-
-/// The parts of a picture whose replaced letters are `letters`.
-PictureParts SplitPicture(std::wstring_view picture, std::wstring_view letters);
+/// Takes the next field, a run of one and the same of the `letters`, off the picture, with all that
+/// stands before it; empty, as the picture is then, when there is none. Adds to `copied` how many
+/// characters stand before it in the formatted text: those that mean nothing, and what is in
+/// single quotes (where two quotes are one).
+std::wstring_view TakeField(std::wstring_view& picture, std::wstring_view letters,
+                            std::size_t& copied);
 
 }  // namespace tarn

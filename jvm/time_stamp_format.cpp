@@ -32,13 +32,13 @@ std::wstring FormatPicture(const Formatter& formatter, const std::wstring& pictu
 /// formatting overruns a buffer of its own with a longer text instead of refusing it.
 bool Fits(const Formatter& formatter, const std::wstring& picture, const SYSTEMTIME& time) {
     if (picture.size() <= kHarmlessLength) return true;
-    const PictureParts parts = SplitPicture(picture, formatter.letters);
-    std::size_t length = parts.copied;
-    for (const std::wstring_view field : parts.fields) {
-        if (length >= kFormattedSize) break;
+    std::wstring_view rest = picture;
+    for (std::size_t length = 0;;) {
+        const std::wstring_view field = TakeField(rest, formatter.letters, length);
+        if (length >= kFormattedSize) return false;
+        if (field.empty()) return true;
         length += FormatPicture(formatter, std::wstring(field), time).size();
     }
-    return length < kFormattedSize;
 }
 
 std::wstring Format(const Formatter& formatter, const std::wstring& picture,

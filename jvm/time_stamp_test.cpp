@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tarn {
 namespace {
@@ -54,26 +56,39 @@ TEST(TimeStamp, OnlyTheCapitalLMeansMilliseconds) {
     EXPECT_EQ(WithMilliseconds(L"", 5), L"");
 }
 
-TEST(TimeStamp, PartsOfAPictureAreItsFieldsAndTheRest) {
-    const PictureParts parts = SplitPicture(L"HH:mm:ss tt", L"hHmst");
-    EXPECT_EQ(parts.copied, 3U);
-    EXPECT_THAT(parts.fields, testing::ElementsAre(L"HH", L"mm", L"ss", L"tt"));
+/// All fields of a picture, and how many characters are copied between them.
+std::pair<std::vector<std::wstring>, std::size_t> TakeFields(std::wstring_view picture) {
+    std::vector<std::wstring> fields;
+    std::size_t copied = 0;
+    for (;;) {
+        const std::wstring_view field = TakeField(picture, L"hHmst", copied);
+        if (field.empty()) break;
+        fields.emplace_back(field);
+    }
+    EXPECT_TRUE(picture.empty());
+    return {fields, copied};
+}
+
+TEST(TimeStamp, PictureIsFieldsAndWhatStandsBetween) {
+    const auto [fields, copied] = TakeFields(L"HH:mm:ss tt");
+    EXPECT_THAT(fields, testing::ElementsAre(L"HH", L"mm", L"ss", L"tt"));
+    EXPECT_EQ(copied, 3U);
 }
 
 TEST(TimeStamp, DifferentLettersSideBySideAreDifferentFields) {
-    EXPECT_THAT(SplitPicture(L"hHHh", L"hHmst").fields, testing::ElementsAre(L"h", L"HH", L"h"));
+    EXPECT_THAT(TakeFields(L"hHHh").first, testing::ElementsAre(L"h", L"HH", L"h"));
 }
 
 TEST(TimeStamp, QuotedTextIsCopiedWithoutItsQuotes) {
-    const PictureParts parts = SplitPicture(L"'at HH'HH'o''clock'", L"hHmst");
-    EXPECT_EQ(parts.copied, 12U);
-    EXPECT_THAT(parts.fields, testing::ElementsAre(L"HH"));
+    const auto [fields, copied] = TakeFields(L"'at HH'HH'o''clock'");
+    EXPECT_THAT(fields, testing::ElementsAre(L"HH"));
+    EXPECT_EQ(copied, 12U);
 }
 
 TEST(TimeStamp, QuoteWithoutAnEndQuotesTheRest) {
-    EXPECT_EQ(SplitPicture(L"'HHmm", L"hHmst").copied, 4U);
-    EXPECT_EQ(SplitPicture(L"'", L"hHmst").copied, 0U);
-    EXPECT_EQ(SplitPicture(L"", L"hHmst").copied, 0U);
+    EXPECT_EQ(TakeFields(L"'HHmm").second, 4U);
+    EXPECT_EQ(TakeFields(L"'").second, 0U);
+    EXPECT_EQ(TakeFields(L"").second, 0U);
 }
 
 TEST(TimeStamp, HugePictureIsWalkedOnce) {

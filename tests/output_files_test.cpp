@@ -347,6 +347,19 @@ INSTANTIATE_TEST_SUITE_P(
                     FailedStep{"SetOutThrows", "throw CallStaticVoidMethod 1", true}),
     [](const testing::TestParamInfo<FailedStep>& each) { return each.param.name; });
 
+TEST_F(OutputFilesTest, ErrorStreamThatFailsIsDescribedAndLeavesTheOther) {
+    for (const char* script : {"throw NewObject 5", "throw NewObject 6", "no_method setErr",
+                               "throw CallStaticVoidMethod 2"}) {
+        app.WriteScript(std::string(kPrints) + script);
+        NameBoth();
+        EXPECT_EQ(Run(), 0) << script;
+        EXPECT_EQ(ReadFileBytes(OutputPath()), "to output\r\n") << script;
+        EXPECT_NE(ReadFileBytes(app.ErrorFile()).find("to error\r\n"), std::string::npos) << script;
+        EXPECT_EQ(app.Log().Count("ExceptionDescribe"), 1U) << script;
+        DeleteFileW(app.LogFile().c_str());
+    }
+}
+
 TEST_F(OutputFilesTest, StreamsOfAClassThatIsMissingStayBoth) {
     app.WriteScript(std::string(kPrints) + "no_class java/io/FileOutputStream");
     NameBoth();
