@@ -44,6 +44,7 @@ std::vector<Case> ScriptedRuntimeCases(const Workspace& workspace);
 std::vector<Case> JavaStartCases(const Workspace& workspace);
 std::vector<Case> MemoryCases(const Workspace& workspace);
 std::vector<Case> HandOffCases(const Workspace& workspace);
+std::vector<Case> RegistryCases(const Workspace& workspace);
 
 std::vector<Case> AllCases(const Workspace& workspace);
 
