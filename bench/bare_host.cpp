@@ -80,6 +80,7 @@ void PutRuntimeOnPath(const std::wstring& jvmLibraryPath) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(readability-identifier-naming): the C runtime calls it so.
 int wmain(int count, wchar_t** words) {
     if (count < 4) return 5;
     const std::wstring jvmLibraryPath = words[1];

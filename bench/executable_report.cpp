@@ -15,12 +15,14 @@ namespace tarn::bench {
 
 namespace {
 
-constexpr std::uintmax_t kSizeLimit = 96 * 1024;
-constexpr std::uintmax_t kSizeWanted = 64 * 1024;
+constexpr std::uintmax_t kKiB = 1024;
+constexpr std::uintmax_t kSizeLimit = 96 * kKiB;
+constexpr std::uintmax_t kSizeWanted = 64 * kKiB;
 // Loaded when they are needed, or not at all.
 constexpr const char* kNeverImported[] = {"gdiplus.dll", "dbghelp.dll", "version.dll", "winmm.dll"};
 
 BOOL CALLBACK AddSize(HMODULE module, const wchar_t* type, wchar_t* name, LONG_PTR total) noexcept {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): what a callback of Windows gets.
     *reinterpret_cast<std::uintmax_t*>(total) +=
         SizeofResource(module, FindResourceW(module, name, type));
     return TRUE;
@@ -90,7 +92,7 @@ void PrintExecutableReport(const std::filesystem::path& executable) {
     std::printf("## Size and imports\n\n");
     std::printf("- %.1f KiB, without the icon %.1f KiB (at most %ju KiB, %ju KiB wanted) %s\n",
                 static_cast<double>(size) / 1024, static_cast<double>(withoutIcon) / 1024,
-                kSizeLimit / 1024, kSizeWanted / 1024,
+                kSizeLimit / kKiB, kSizeWanted / kKiB,
                 withoutIcon <= kSizeWanted  ? "met"
                 : withoutIcon <= kSizeLimit ? "within the limit"
                                             : "MISSED");

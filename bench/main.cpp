@@ -67,6 +67,7 @@ int Run(const std::vector<std::wstring>& words) {
 
 }  // namespace tarn::bench
 
+// NOLINTNEXTLINE(readability-identifier-naming): the C runtime calls it so.
 int wmain(int count, wchar_t** words) {
     if (count < 3) {
         std::fprintf(stderr, "start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]\n");

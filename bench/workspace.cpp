@@ -22,7 +22,7 @@ InstalledApp InstallApp(const Workspace& workspace, const std::wstring& name,
 }
 
 std::filesystem::path JvmLibrary(const std::filesystem::path& runtimeHome) {
-    const std::filesystem::path library = runtimeHome / L"bin" / L"server" / L"jvm.dll";
+    std::filesystem::path library = runtimeHome / L"bin" / L"server" / L"jvm.dll";
     if (!std::filesystem::exists(library)) throw std::runtime_error("no " + library.string());
     return library;
 }
