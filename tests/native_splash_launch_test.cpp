@@ -110,6 +110,20 @@ TEST_F(NativeSplashLaunch, ConvertsTheNameToTheCodePage) {
     EXPECT_EQ(app.Log().After("SplashSetFileJarName("), std::string(ansi) + ", \"\")");
 }
 
+TEST_F(NativeSplashLaunch, GetsNamesOfAnyLengthWhole) {
+    AddLibrary(L"full");
+    LetMainEnd();
+    // Around the size of the first buffer that a setting is read into, and far beyond.
+    for (const std::size_t length : {std::size_t{254}, std::size_t{255}, std::size_t{256},
+                                     std::size_t{511}, std::size_t{5'000}}) {
+        DeleteFileW(app.LogFile().c_str());
+        ShowPicture(std::wstring(length - 4, L'p') + L".png");
+        EXPECT_EQ(Run(), 0);
+        EXPECT_EQ(app.Log().After("SplashLoadFile("),
+                  '"' + std::string(length - 4, 'p') + ".png\")");
+    }
+}
+
 TEST_F(NativeSplashLaunch, IsClosedOnceWhenTheLaunchFails) {
     AddLibrary(L"full");
     app.WriteScript("create = -1\n");

@@ -159,19 +159,6 @@ TEST_F(SplashPictures, MayHavePathsOfAnyLength) {
     }
 }
 
-TEST_F(SplashPictures, AreReadWholeFromLongSettings) {
-    // Longer than the first buffer, but a good path all the same.
-    std::wstring path = app.folder();
-    while (path.size() < 300) path += L".\\";
-    app.AddFile(L"picture.bmp", PatternBitmap(kPatternSize));
-    std::wstring shorter = app.folder();
-    while (shorter.size() + std::size(L"picture.bmp") + 2 < 250) shorter += L".\\";
-    ShowPicture(shorter + L"picture.bmp");
-    const auto process = Start();
-    ExpectOnScreen(WaitForSplash(*process), {L"picture.bmp", kPatternSize, 0});
-    EndWell(*process);
-}
-
 TEST_F(SplashPictures, OfAHundredMegapixelsDoNotHoldUpTheLaunch) {
     const SIZE size{10'000, 10'000};
     std::string bytes = BlackBitmapHeader(size);
