@@ -27,16 +27,20 @@ class Registrations {
         : homes_(workspace.scratch / L"registered"), jvm_(workspace.tools / L"stamp_jvm.dll") {}
     Registrations(const Registrations&) = delete;
     Registrations& operator=(const Registrations&) = delete;
-    ~Registrations() { Want(0); }
+    ~Registrations() { Shrink(0); }
 
     void Want(int count) {
-        while (count_ > count) RegDeleteKeyW(HKEY_LOCAL_MACHINE, KeyOf(count_--).c_str());
+        Shrink(count);
         while (count_ < count) Register(++count_);
     }
 
   private:
     static std::wstring KeyOf(int number) {
         return std::wstring(kRoot) + L'\\' + kVersion + std::to_wstring(number);
+    }
+
+    void Shrink(int count) {
+        while (count_ > count) RegDeleteKeyW(HKEY_LOCAL_MACHINE, KeyOf(count_--).c_str());
     }
 
     void Register(int number) {

@@ -102,5 +102,13 @@ TEST_F(RegistryViewTest, MissingAndEmptyHomesAreEmpty) {
     EXPECT_EQ(Read(L"5").text, L"");
 }
 
+TEST_F(RegistryViewTest, AKeyWithoutPermissionCannotBeOpened) {
+    hive_.SetText(L"Software\\Root\\17", L"C:\\Java");
+    hive_.Lock(L"Software\\Root\\17");
+    EXPECT_FALSE(Read(L"17").keyOpened);
+    hive_.Lock(L"Software\\Root");
+    EXPECT_FALSE(view_.OpenRoot(L"Software\\Root"));
+}
+
 }  // namespace
 }  // namespace tarn
