@@ -45,6 +45,7 @@ std::vector<Case> JavaStartCases(const Workspace& workspace);
 std::vector<Case> MemoryCases(const Workspace& workspace);
 std::vector<Case> HandOffCases(const Workspace& workspace);
 std::vector<Case> RegistryCases(const Workspace& workspace);
+std::vector<Case> SplashCases(const Workspace& workspace);
 
 std::vector<Case> AllCases(const Workspace& workspace);
 

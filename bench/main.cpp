@@ -14,8 +14,8 @@ namespace tarn::bench {
 
 std::vector<Case> AllCases(const Workspace& workspace) {
     std::vector<Case> all;
-    for (auto* cases :
-         {ScriptedRuntimeCases, JavaStartCases, MemoryCases, HandOffCases, RegistryCases})
+    for (auto* cases : {ScriptedRuntimeCases, JavaStartCases, MemoryCases, HandOffCases,
+                        RegistryCases, SplashCases})
         for (Case& one : cases(workspace)) all.push_back(std::move(one));
     return all;
 }

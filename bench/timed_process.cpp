@@ -46,13 +46,23 @@ double PrivateKiB(HANDLE process) {
     return static_cast<double>(counters.PagefileUsage) / 1024;
 }
 
+// 0 when the process ends unseen.
+double WaitUntilSeen(const PROCESS_INFORMATION& process, const Watch& watch, double start) {
+    do {
+        if (watch(process.dwProcessId)) return (Nanoseconds() - start) / 1e6;
+    } while (WaitForSingleObject(process.hProcess, 1) == WAIT_TIMEOUT &&
+             Nanoseconds() - start < kLongestRunMilliseconds * 1e6);
+    return 0;
+}
+
 }  // namespace
 
 std::filesystem::path StampFile() {
     return OwnTemporaryFile(L"tarn_bench_stamp_");
 }
 
-ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine, bool hold) {
+ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine, bool hold,
+                      const Watch& watch) {
     const std::filesystem::path stampFile = StampFile();
     const std::filesystem::path releaseFile = OwnTemporaryFile(L"tarn_bench_release_");
     std::filesystem::remove(stampFile);
@@ -71,6 +81,7 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
                         &startup, &process))
         Fail("CreateProcessW failed, error " + std::to_string(GetLastError()));
     ProcessTimes times;
+    if (watch) times.toSeen = WaitUntilSeen(process, watch, start);
     if (hold) {
         for (DWORD waited = 0; waited < kLongestRunMilliseconds && ReadStamp(stampFile) == 0;
              waited += 10)
@@ -90,6 +101,7 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
              std::to_string(static_cast<int>(exitCode)));
     const double stamp = ReadStamp(stampFile);
     if (stamp < start || stamp > end) Fail("the stamp lies outside the life of the process");
+    if (watch && times.toSeen == 0) Fail("nothing was seen of the process");
     times.toMark = (stamp - start) / 1e6;
     times.toExit = (end - start) / 1e6;
     return times;

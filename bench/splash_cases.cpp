@@ -1,0 +1,87 @@
+// When the splash is on the screen, the launcher's own and the runtime's, and what it costs the
+// start of main.
+#include "bench/bench_case.h"
+#include "bench/timed_process.h"
+#include "bench/workspace.h"
+
+#include "base/windows.h"
+
+namespace tarn::bench {
+
+namespace {
+
+constexpr const char* kToSplash = "to splash, ms";
+constexpr const char* kToMain = "to main, ms";
+
+struct Search {
+    DWORD process;
+    bool found;
+};
+
+BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
+    auto& search = *reinterpret_cast<Search*>(parameter);
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    RECT place{};
+    search.found = process == search.process && IsWindowVisible(window) != 0 &&
+                   GetWindowRect(window, &place) != 0 && IsRectEmpty(&place) == 0;
+    return search.found ? FALSE : TRUE;
+}
+
+// The Java fixture opens no window, so any that can be seen is the splash.
+bool ShowsWindow(unsigned long process) {
+    Search search{process, false};
+    EnumWindows(LookAt, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+struct Splash {
+    const char* name;
+    const wchar_t* settings;
+};
+constexpr const char* kNone = "no splash";
+constexpr const char* kOwn = "own window";
+constexpr Splash kSplashes[] = {
+    {kNone, L""},
+    {kOwn, L"[Display]\r\nSplash Screen=splash.png\r\n"},
+    {"runtime's", L"[Display]\r\nSplash Screen=splash.png\r\nPreffer Native Splash Screen=Yes\r\n"},
+};
+
+std::wstring Install(const Workspace& workspace, const std::wstring& name, const Splash& splash) {
+    const InstalledApp app =
+        InstallApp(workspace, name,
+                   L"[Application]\r\nOverride WorkingDir=Yes\r\n"
+                   L"[Java Runtime Environment]\r\nMain Class=bench.Stamp\r\nJRE Path=" +
+                       (workspace.runtimes / L"21").wstring() + L"\r\n[Class Path]\r\nClass Path=" +
+                       (workspace.tools / L"bench.jar").wstring() + L"\r\n" + splash.settings);
+    std::filesystem::copy_file(workspace.tools / L"splash.png", app.folder / L"splash.png",
+                               std::filesystem::copy_options::overwrite_existing);
+    return app.program.wstring();
+}
+
+}  // namespace
+
+std::vector<Case> SplashCases(const Workspace& workspace) {
+    Case visible;
+    visible.name = "Java 21: process start to the splash";
+    visible.quantities = {kToSplash};
+    Case cost;
+    cost.name = "Java 21: what a splash costs the start of main";
+    cost.quantities = {kToMain};
+    cost.budgets = {{kToMain, kOwn, kNone, Budget::Kind::RatioAtMost, 1.05}};
+    int number = 0;
+    for (const Splash& splash : kSplashes) {
+        const std::wstring program =
+            Install(workspace, L"splash" + std::to_wstring(number++), splash);
+        cost.contenders.push_back(
+            {splash.name, [program] { return Sample{RunTimed(program, Quoted(program)).toMark}; }});
+        if (*splash.settings != L'\0')
+            visible.contenders.push_back(
+                {splash.name, [program] {
+                     return Sample{RunTimed(program, Quoted(program), true, ShowsWindow).toSeen};
+                 }});
+    }
+    return {visible, cost};
+}
+
+}  // namespace tarn::bench
