@@ -1,0 +1,117 @@
+#!/usr/bin/env bash
+# Shows the launcher at work: scripts/demo.sh [--show]
+#
+# Builds launcher.exe, compiles the sample application, lays both out in build/demo as an installed
+# application with a real Windows Java runtime, and starts it under Wine on a virtual screen with
+# a document and an argument in other letters. Ends with what the application printed, its exit
+# code and the path of a picture of the screen. With --show the window opens on your own screen,
+# and the script waits until you close it.
+set -euo pipefail
+TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
+cd "$TARN_ROOT"
+# shellcheck source=scripts/lib/common.sh
+. scripts/lib/common.sh
+# shellcheck source=scripts/lib/wine.sh
+. scripts/lib/wine.sh
+
+show=no
+case ${1:-} in
+    '') unset DISPLAY ;;
+    --show)
+        show=yes
+        [ -n "${DISPLAY:-}" ] || { echo "--show needs a display" >&2; exit 2; }
+        ;;
+    *) echo "usage: scripts/demo.sh [--show]" >&2; exit 2 ;;
+esac
+
+demo=$TARN_ROOT/build/demo
+shot=$demo/screenshot.png
+output=$demo/output.txt
+argument='Ελλάδα Grüße Привет'
+
+quietly() {  # command...
+    mkdir -p build
+    timeout 1800 "$@" >build/demo.log 2>&1 </dev/null || {
+        tail -n 40 build/demo.log
+        echo "failed: $*" >&2
+        exit 1
+    }
+}
+
+lay_out() {
+    rm -rf "$demo"
+    mkdir -p "$demo"
+    cp build/release/launcher.exe "$demo/sample.exe"
+    cp examples/sample.ini examples/splash.png "$demo/"
+    cp examples/documents/welcome.txt "$demo/Welcome äöü.txt"
+    examples/build.sh "$demo/notes.jar"
+    # The launcher takes a runtime in this folder before any installed one.
+    ln -s "$1" "$demo/jre64"
+}
+
+# Starts the sample from Windows' side, for Wine passes only eight bits of an exit code on.
+run_sample() {
+    cat >"$demo/run.cmd" <<'CMD'
+@echo off
+sample.exe %*
+echo %errorlevel%>exit_code.txt
+CMD
+    (cd "$demo" && timeout 300 wine cmd /c run.cmd "$(winepath -w "$demo/Welcome äöü.txt")" \
+        "$argument" {tarn_wine_lock}>&- </dev/null >"$output" 2>"$demo/errors.txt")
+}
+
+wait_for_window() {  # the sample's process
+    for _ in $(seq 1200); do
+        [ ! -e "$demo/close.ready" ] || return 0
+        kill -0 "$1" 2>/dev/null || break
+        sleep 0.1
+    done
+    echo "the sample's window did not appear" >&2
+    return 1
+}
+
+tarn_say "installing what is missing"
+scripts/setup.sh demo
+tarn_say "building launcher.exe"
+quietly cmake --preset release
+quietly cmake --build --preset release -j 2 --target launcher
+tarn_say "fetching a Windows Java runtime"
+runtime=$(scripts/fetch_runtimes.sh 21)
+tarn_say "compiling and laying out the sample application"
+lay_out "$runtime"
+
+tarn_say "starting Wine"
+trap tarn_close_wine EXIT
+tarn_open_wine
+
+tarn_say "starting sample.exe"
+if [ $show = yes ]; then
+    # Your screen has a window manager, unlike the tests' one.
+    key='HKCU\Software\Wine\AppDefaults\sample.exe\X11 Driver'
+    tarn_quiet_wine reg add "$key" /v Managed /d Y /f
+    tarn_say "close its window to go on"
+    run_sample || true
+    tarn_quiet_wine reg delete "$key" /f || true
+else
+    SAMPLE_CLOSE_AFTER_SHOT=$(winepath -w "$demo/close")
+    export SAMPLE_CLOSE_AFTER_SHOT
+    run_sample &
+    sample=$!
+    if wait_for_window $sample; then
+        import -window root "$shot"
+        touch "$demo/close"
+        tarn_say "took a picture of its window, closing it"
+    fi
+    wait $sample || true
+fi
+
+echo
+echo "The application printed:"
+sed 's/^/    /' "$output"
+code=$(tr -d '\r\n' <"$demo/exit_code.txt" 2>/dev/null || true)
+echo "Exit code:  ${code:-unknown}"
+if [ $show = no ]; then
+    [ -s "$shot" ] || { echo "no picture was taken" >&2; exit 1; }
+    echo "Screenshot: $shot"
+fi
+[ "$code" = 0 ]
