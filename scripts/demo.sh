@@ -27,7 +27,7 @@ esac
 demo=$TARN_ROOT/build/demo
 shot=$demo/screenshot.png
 output=$demo/output.txt
-argument='Ελλάδα Grüße Привет'
+argument='--title=Ελλάδα Grüße Привет'
 
 quietly() {  # command...
     mkdir -p build

@@ -56,6 +56,8 @@ tarn_make_prefix() {
     rm -rf "$WINEPREFIX"
     mkdir -p "$WINEPREFIX"
     tarn_quiet_wine wineboot --init
+    # The font of the signs on a caption's buttons, which Debian's Wine has but does not find.
+    ln -sf /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
     tarn_quiet_wine winecfg -v win10
     # Without a window manager Wine waits two seconds for an answer to every captioned window
     # that goes away, unless it draws the frames itself.

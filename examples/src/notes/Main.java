@@ -16,6 +16,8 @@ import javax.swing.SwingUtilities;
  * launcher then waits for the threads that are no daemons.)
  */
 public final class Main {
+    private static final String TITLE = "--title=";
+
     private static final CountDownLatch windowShown = new CountDownLatch(1);
     private static volatile NotesWindow window;
 
@@ -58,11 +60,13 @@ public final class Main {
         return allRead[0] ? 0 : 1;
     }
 
-    /** Opens a tab for each argument that is no switch; true when all could be read. */
+    /** Opens a tab for each argument that is no option; true when all could be read. */
     private static boolean openAll(String[] arguments) {
         boolean allRead = true;
         for (String argument : arguments) {
-            if (!argument.startsWith("-") && !argument.equals("/nosplash")) {
+            if (argument.startsWith(TITLE)) {
+                window.setTitle(argument.substring(TITLE.length()));
+            } else if (!argument.startsWith("-") && !argument.equals("/nosplash")) {
                 Document document = Document.read(argument);
                 window.open(document);
                 allRead &= document.wasRead();

@@ -41,7 +41,8 @@ final class NotesWindow {
         UIManager.put("nimbusBlueGrey", new Color(0xC3CED1));
         UIManager.put("nimbusFocus", Colors.LIGHT_WATER);
         UIManager.put("nimbusSelectionBackground", Colors.WATER);
-        UIManager.put("defaultFont", Fonts.text(Font.PLAIN, 13));
+        // Nimbus looks for its font among its own defaults only.
+        UIManager.getLookAndFeelDefaults().put("defaultFont", Fonts.text(Font.PLAIN, 13));
     }
 
     NotesWindow() {
@@ -79,6 +80,10 @@ final class NotesWindow {
         frame.add(documents, BorderLayout.CENTER);
         frame.add(status, BorderLayout.SOUTH);
         showStatus();
+    }
+
+    void setTitle(String title) {
+        frame.setTitle(title + " - Tarn Notes");
     }
 
     void show() {
