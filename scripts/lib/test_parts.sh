@@ -44,27 +44,61 @@ build() {  # preset, target...
     return 1
 }
 
-# Runs one GoogleTest program and counts its tests from its own report.
-run_googletest() {  # name, seconds, command...
-    local name=$1 seconds=$2
-    shift 2
-    # Relative, for it is read by Windows programs too.
-    local report="build/test-results/$name.xml"
-    rm -f "$report"
-    timeout --kill-after=20 "$seconds" "$@" "--gtest_output=xml:$report" 2>&1 </dev/null \
-        {tarn_wine_lock}>&- | tee "$results/$name.log" | grep --line-buffered -vE '^\[ RUN|^$'
-    local code=${PIPESTATUS[0]}
-    if [ "$code" -eq 124 ]; then
-        echo "    $name: still running after $seconds s"
-        restart_wine  # what it had started goes on otherwise
-    fi
+# Runs a GoogleTest program, in several processes when asked, and counts its tests from its own
+# reports.
+run_googletest() {  # name, seconds, processes, command...
+    local name=$1 seconds=$2 shards=$3
+    shift 3
+    local shard started=$SECONDS
+    local pids=() read=()
+    for ((shard = 0; shard < shards; ++shard)); do
+        # Relative, for it is read by Windows programs too.
+        local report="build/test-results/$name-$shard.xml"
+        rm -f "$report"
+        GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$shard \
+            timeout --kill-after=20 "$seconds" "$@" "--gtest_output=xml:$report" \
+            >"$results/$name-$shard.log" 2>&1 </dev/null {tarn_wine_lock}>&- &
+        pids+=($!)
+        read+=("$report")
+    done
+    show_progress "$name" "${pids[@]}" &
+    local progress=$!
+    local codes=() code
+    for shard in "${pids[@]}"; do
+        code=0
+        wait "$shard" || code=$?
+        codes+=("$code")
+        if [ "$code" -ge 124 ]; then
+            echo "    $name: ended by signal or time limit after $((SECONDS - started)) s"
+            tail -n 5 "$results/$name"-*.log
+        fi
+    done
+    wait $progress
+    # What a program that was stopped had started goes on otherwise.
+    [[ " ${codes[*]} " != *" 124 "* ]] || restart_wine
+    grep -hE -B 40 '^\[  FAILED  \] .* \(' "$results/$name"-*.log |
+        grep -vE '^\[ +OK |^\[-----|^\[ RUN|^$' || true
+
     local outcome what
     while read -r outcome what; do
         case $outcome in
             passed) part_passed=$((part_passed + what)) ;;
             failed) count_failure "$name: $what" ;;
         esac
-    done < <("$TARN_PYTHON" scripts/lib/read_report.py "$report" "$code")
+    done < <("$TARN_PYTHON" scripts/lib/read_reports.py "${codes[*]}" "${read[@]}")
+    echo "    $name: $part_passed passed, $part_failed failed so far ($((SECONDS - started)) s)"
+}
+
+# A line every half minute while any of the processes runs.
+show_progress() {  # name, process...
+    local name=$1 round=0
+    shift
+    while kill -0 "$@" 2>/dev/null; do
+        sleep 0.2
+        round=$((round + 1))
+        [ $((round % 150)) -ne 0 ] || printf '    %s: %d tests done\n' "$name" \
+            "$(cat "$results/$name"-*.log | grep -cE '^\[ +(OK|FAILED) +\] .*\(')"
+    done
 }
 
 restart_wine() {
@@ -76,7 +110,7 @@ restart_wine() {
 
 host_tests() {  # preset
     build "$1" unit_tests || return 0
-    run_googletest "$1" 600 "build/$1/tests/unit_tests" --gtest_brief=1
+    run_googletest "$1" 600 1 "build/$1/tests/unit_tests"
 }
 part_host() { host_tests host; }
 part_host-clang() { host_tests host-clang; }
@@ -84,12 +118,12 @@ part_host-clang() { host_tests host-clang; }
 part_windows() {
     build release launcher unit_tests || return 0
     tarn_open_wine || { count_failure "the Wine session"; return 0; }
-    run_googletest windows 600 wine build/release/tests/unit_tests.exe --gtest_brief=1
+    run_googletest windows 600 1 wine build/release/tests/unit_tests.exe
 }
 
-# Every other test program of tests/: build/release/tests/*_tests.exe.
+# Every test program of tests/ but the unit tests: build/release/tests/*_tests.exe.
 part_endtoend() {
-    build release launcher tests/all || return 0
+    build release launcher tests || return 0
     scripts/fetch_runtimes.sh >/dev/null || { count_failure "fetching the runtimes"; return 0; }
     tarn_open_wine || { count_failure "the Wine session"; return 0; }
     local program found=0 runtimes
