@@ -24,6 +24,13 @@ cd "$TARN_ROOT" || exit 1
 results=$TARN_ROOT/build/test-results
 passed=0 failed=0 summary='' failures=''
 
+case ${1:-} in
+    -h | --help)
+        sed -n '2,/^set /{/^#/s/^# \{0,1\}//p}' "$0"
+        exit 0
+        ;;
+esac
+
 parts=(host host-clang windows executable endtoend format lint)
 [ $# -eq 0 ] || parts=("$@")
 for part in "${parts[@]}"; do

@@ -13,10 +13,7 @@ LARGEST_SIZE = 96 * KIB
 
 # What every program with a window has loaded anyway. Anything else costs each start its loading,
 # and a library that is needed later is loaded then.
-ALLOWED_IMPORTS = {
-    "kernel32.dll", "user32.dll", "gdi32.dll", "advapi32.dll", "shell32.dll", "ole32.dll",
-    "msvcrt.dll",
-}
+ALLOWED_IMPORTS = {"kernel32.dll", "user32.dll", "gdi32.dll", "advapi32.dll", "msvcrt.dll"}
 
 
 class HeadersTest(unittest.TestCase):
