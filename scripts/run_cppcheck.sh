@@ -7,5 +7,7 @@ mapfile -t sources < <(git ls-files '*.cpp' ':!:*_test.cpp' ':!:tests/*')
 mkdir -p build/cppcheck
 cppcheck --quiet -j 2 --std=c++20 --language=c++ --platform=win64 --library=windows \
     --enable=warning,performance,portability --inline-suppr --error-exitcode=1 \
-    --suppress=missingIncludeSystem --cppcheck-build-dir=build/cppcheck \
+    --suppress=missingIncludeSystem \
+    --suppressions-list=scripts/cppcheck_suppressions.txt \
+    --cppcheck-build-dir=build/cppcheck \
     -DUNICODE -D_UNICODE -D_WIN32 -I . "${sources[@]}"
