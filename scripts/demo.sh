@@ -3,8 +3,9 @@
 #
 # Builds launcher.exe, compiles the sample application, lays both out in build/demo as an installed
 # application with a real Windows Java runtime, and starts it under Wine on a virtual screen with
-# a document and an argument in other letters. Ends with what the application printed, its exit
-# code and the path of a picture of the screen. With --show the window opens on your own screen,
+# a document and an argument in other letters; then once more with another document, which the
+# running one opens in its window. Ends with what the application printed, the exit codes of both
+# launches and the path of a picture of the screen. With --show the window opens on your own screen,
 # and the script waits until you close it.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
@@ -26,7 +27,6 @@ esac
 
 demo=$TARN_ROOT/build/demo
 shot=$demo/screenshot.png
-output=$demo/output.txt
 argument='--title=Ελλάδα Grüße Привет'
 
 quietly() {  # command...
@@ -44,21 +44,35 @@ lay_out() {
     cp build/release/launcher.exe "$demo/sample.exe"
     cp examples/sample.ini examples/splash.png "$demo/"
     cp examples/documents/welcome.txt "$demo/Welcome äöü.txt"
+    cp examples/documents/second.txt "$demo/Second launch.txt"
     examples/build.sh "$demo/notes.jar"
     # The launcher takes a runtime in this folder before any installed one.
     ln -s "$1" "$demo/jre64"
 }
 
 # Starts the sample from Windows' side, for Wine passes only eight bits of an exit code on.
-run_sample() {
-    cat >"$demo/run.cmd" <<'CMD'
+run_sample() {  # name of this launch, argument...
+    local launch=$1
+    shift
+    cat >"$demo/run-$launch.cmd" <<CMD
 @echo off
 sample.exe %*
-echo %errorlevel%>exit_code.txt
+>exit_code-$launch.txt echo %errorlevel%
 CMD
-    (cd "$demo" && timeout 300 wine cmd /c run.cmd "$(winepath -w "$demo/Welcome äöü.txt")" \
-        "$argument" {tarn_wine_lock}>&- </dev/null >"$output" 2>"$demo/errors.txt")
+    (cd "$demo" && timeout 300 wine cmd /c "run-$launch.cmd" "$@" {tarn_wine_lock}>&- </dev/null \
+        >"output-$launch.txt" 2>"errors-$launch.txt")
 }
+
+run_first() { run_sample first "$(winepath -w "$demo/Welcome äöü.txt")" "$argument"; }
+run_second() { run_sample second "$(winepath -w "$demo/Second launch.txt")"; }
+
+exit_code_of() {  # name of a launch
+    local code
+    code=$(tr -d '\r\n' <"$demo/exit_code-$1.txt" 2>/dev/null || true)
+    echo "${code:-unknown}"
+}
+
+count_windows() { xwininfo -root -tree | grep -c 'Tarn Notes": ' || true; }
 
 wait_for_window() {  # the sample's process
     for _ in $(seq 1200); do
@@ -90,14 +104,17 @@ if [ $show = yes ]; then
     key='HKCU\Software\Wine\AppDefaults\sample.exe\X11 Driver'
     tarn_quiet_wine reg add "$key" /v Managed /d Y /f
     tarn_say "close its window to go on"
-    run_sample || true
+    run_first || true
     tarn_quiet_wine reg delete "$key" /f || true
 else
     SAMPLE_CLOSE_AFTER_SHOT=$(winepath -w "$demo/close")
     export SAMPLE_CLOSE_AFTER_SHOT
-    run_sample &
+    run_first &
     sample=$!
     if wait_for_window $sample; then
+        tarn_say "starting sample.exe once more"
+        run_second || true
+        windows=$(count_windows)
         import -window root "$shot"
         touch "$demo/close"
         tarn_say "took a picture of its window, closing it"
@@ -107,10 +124,14 @@ fi
 
 echo
 echo "The application printed:"
-sed 's/^/    /' "$output"
-code=$(tr -d '\r\n' <"$demo/exit_code.txt" 2>/dev/null || true)
-echo "Exit code:  ${code:-unknown}"
+sed 's/^/    /' "$demo/output-first.txt"
+code=$(exit_code_of first)
+echo "Exit code:  $code"
 if [ $show = no ]; then
+    second=$(exit_code_of second)
+    echo "Second launch: exit code $second, its document is in the first one's window;" \
+        "windows: ${windows:-unknown}"
+    [ "$second" = 0 ] && [ "${windows:-}" = 1 ] || code=failed
     [ -s "$shot" ] || { echo "no picture was taken" >&2; exit 1; }
     echo "Screenshot: $shot"
 fi

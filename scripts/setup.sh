@@ -10,7 +10,7 @@ build=(
     openjdk-17-jdk-headless  # javac and jni.h
 )
 run=(
-    wine wine64 xvfb imagemagick python3 python3-pip ca-certificates
+    wine wine64 xvfb x11-utils imagemagick python3 python3-pip ca-certificates
     # What Wine loads when it is there: X extensions, secure connections, and fonts, without
     # which dialogs have other sizes.
     libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libgl1

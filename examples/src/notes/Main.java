@@ -57,6 +57,7 @@ public final class Main {
             allRead[0] = openAll(arguments);
             window.bringToFront();
         });
+        window.awaitPainted();
         return allRead[0] ? 0 : 1;
     }
 
