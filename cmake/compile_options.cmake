@@ -22,6 +22,12 @@ if(WIN32)
         -ffunction-sections -fdata-sections -fno-ident)
     set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
     set(CMAKE_CXX_FLAGS_DEBUG "-Og -g")
+    # A program is optimised as a whole when it is linked, which makes the launcher a quarter
+    # smaller. In one piece: GCC 12 fails on the parts that it would otherwise work on by turns.
+    if(CMAKE_BUILD_TYPE STREQUAL "MinSizeRel" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        target_compile_options(tarn_shipped_options INTERFACE -Oz -flto -ffat-lto-objects)
+        add_link_options(-Oz -flto -flto-partition=none)
+    endif()
 else()
     # Windows' wide characters are 16 bits; the pure parts are compiled with the same width
     # nowhere else, so they may not depend on it.
