@@ -5,8 +5,8 @@
 # application with a real Windows Java runtime, and starts it under Wine on a virtual screen with
 # a document and an argument in other letters; then once more with another document, which the
 # running one opens in its window. Ends with what the application printed, the exit codes of both
-# launches and the path of a picture of the screen. With --show the window opens on your own screen,
-# and the script waits until you close it.
+# launches and the paths of pictures of the screen, with the splash and with the window. With --show
+# the window opens on your own screen, and the script waits until you close it.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT"
@@ -27,6 +27,7 @@ esac
 
 demo=$TARN_ROOT/build/demo
 shot=$demo/screenshot.png
+splash_shot=$demo/screenshot_splash.png
 argument='--title=Ελλάδα Grüße Привет'
 
 quietly() {  # command...
@@ -74,8 +75,20 @@ exit_code_of() {  # name of a launch
 
 count_windows() { xwininfo -root -tree | grep -c 'Tarn Notes": ' || true; }
 
+# Keeps a picture of the screen once the splash stands in the middle of it.
+catch_splash() {
+    [ ! -s "$splash_shot" ] || return 0
+    local moment=$demo/moment.png different
+    import -window root "$moment"
+    different=$(convert "$moment" -gravity center -crop 480x270+0+0 +repage png:- |
+        compare -metric AE - examples/splash.png null: 2>&1 || true)
+    [ "$different" != 0 ] || mv "$moment" "$splash_shot"
+    rm -f "$moment"
+}
+
 wait_for_window() {  # the sample's process
     for _ in $(seq 1200); do
+        catch_splash
         [ ! -e "$demo/close.ready" ] || return 0
         kill -0 "$1" 2>/dev/null || break
         sleep 0.1
@@ -134,5 +147,6 @@ if [ $show = no ]; then
     [ "$second" = 0 ] && [ "${windows:-}" = 1 ] || code=failed
     [ -s "$shot" ] || { echo "no picture was taken" >&2; exit 1; }
     echo "Screenshot: $shot"
+    [ ! -s "$splash_shot" ] || echo "The splash: $splash_shot"
 fi
 [ "$code" = 0 ]
