@@ -6,6 +6,16 @@
 
 #include "base/windows.h"
 
+#include <mmsystem.h>
+
+// The system libraries that every runtime's own jvm.dll imports, so that a host has the cost of
+// their loading where it has it in earnest.
+extern const void* const volatile kImportsOfARuntime[];
+const void* const volatile kImportsOfARuntime[] = {
+    reinterpret_cast<const void*>(MessageBoxW), reinterpret_cast<const void*>(RegCloseKey),
+    reinterpret_cast<const void*>(GetFileVersionInfoSizeW),
+    reinterpret_cast<const void*>(timeGetTime)};
+
 extern "C" {
 
 JNIEXPORT jint JNICALL JNI_GetDefaultJavaVMInitArgs(void*) {

@@ -19,7 +19,8 @@ double Quantile(const std::vector<double>& sorted, double share) {
 
 Summary Summarize(std::vector<double> readings) {
     std::sort(readings.begin(), readings.end());
-    return {Quantile(readings, 0.5), Quantile(readings, 0.25), Quantile(readings, 0.75)};
+    return {readings.front(), Quantile(readings, 0.5), Quantile(readings, 0.25),
+            Quantile(readings, 0.75)};
 }
 
 }  // namespace tarn::bench

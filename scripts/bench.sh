@@ -2,7 +2,7 @@
 # The start-up benchmark: scripts/bench.sh [--rounds N] [TEXT...]
 #
 # Prints size and imports of the launcher and, for each measurement whose name holds one of the
-# texts (all without any), medians and quartiles of interleaved rounds. Run it on a quiet machine.
+# texts (all without any), medians, quartiles and best of interleaved rounds. Run it on a quiet machine.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT"
