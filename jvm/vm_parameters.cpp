@@ -88,10 +88,11 @@ std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memo
     const std::uint64_t minimum = NumberAt(scanned.numbers, 1);
     const std::uint64_t maximum = NumberAt(scanned.numbers, 2);
     const bool ofPhysical = option.back() == L'P' || option.back() == L'p';
-    const std::uint64_t base = ofPhysical ? memory.totalPhysical : memory.availableVirtual;
+    const std::uint64_t baseKiB =
+        (ofPhysical ? memory.totalPhysical : memory.availableVirtual) / kKiB;
     const double fraction = static_cast<double>(percent) / 100.0;
 
-    std::uint64_t size = Truncate(static_cast<double>(base / kKiB) * fraction);
+    std::uint64_t size = Truncate(static_cast<double>(baseKiB) * fraction);
     if (maximum != 0) size = std::min(size, maximum * kKiB);
     size = std::max(minimum * kKiB, size);
     return std::wstring(option.substr(0, scanned.prefixLength)) +
