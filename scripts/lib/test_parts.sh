@@ -133,7 +133,8 @@ part_endtoend() {
             */unit_tests.exe | *'*'*) continue ;;
         esac
         found=1
-        run_googletest "$(basename "$program" .exe)" 1500 \
+        # Mostly waiting: two at a time take half as long.
+        run_googletest "$(basename "$program" .exe)" 2400 2 \
             env TARN_RUNTIMES="$runtimes" wine "$program"
     done
     [ $found -eq 1 ] || count_failure "no end-to-end test program was built"
