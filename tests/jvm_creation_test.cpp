@@ -102,7 +102,7 @@ TEST_F(JvmCreation, RunsOnTheEntryThreadWhenThereCannotBeAnother) {
     settings.Application(L"Application Type", L"service");
     const auto process = Start(L"a");
     EXPECT_EQ(process->ExitCode(), 0);
-    EXPECT_EQ(MainArguments(), "[\"a\"])");
+    EXPECT_EQ(MainArguments(), "[\"a\"]");
     for (const FakeJvmLog::Line& line : app.Log().Lines()) {
         EXPECT_EQ(line.thread, process->threadId()) << line.text;
     }

@@ -178,7 +178,7 @@ TEST_F(ClassPathMissing, IsToldAndTheLaunchGoesOn) {
     settings.Application(L"Cmd", L"not read");
     EXPECT_EQ(RunWithErrorBox(L"Java Class Path was not specified in INI file."), 0);
     EXPECT_THAT(app.Log().Options(), IsEmpty());
-    EXPECT_EQ(MainArguments(), "[])");
+    EXPECT_EQ(MainArguments(), "[]");
 }
 
 TEST_F(ClassPathMissing, KeepsTheLibraryPath) {

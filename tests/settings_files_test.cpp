@@ -64,7 +64,7 @@ TEST_F(SettingsFiles, AnEmptyMainClassIsNone) {
 TEST_F(SettingsFiles, InUtf16HoldEverything) {
     settings.Application(L"Cmd", L"\u8A66\u00E9\xD83D\xDE00");
     app.WriteSettings(settings);
-    EXPECT_EQ(MainArgumentsOfTheFile(), "[\"\xE8\xA9\xA6\xC3\xA9\xF0\x9F\x98\x80\"])");
+    EXPECT_EQ(MainArgumentsOfTheFile(), "[\"\xE8\xA9\xA6\xC3\xA9\xF0\x9F\x98\x80\"]");
 }
 
 TEST_F(SettingsFiles, InAnsiHoldTheCodePagesLetters) {
@@ -76,14 +76,14 @@ TEST_F(SettingsFiles, InAnsiHoldTheCodePagesLetters) {
     app.WriteSettingsBytes(bytes);
     wchar_t letter[2] = L"";
     MultiByteToWideChar(CP_ACP, 0, "\xE9", 1, letter, 1);
-    EXPECT_EQ(MainArgumentsOfTheFile(), '[' + TextInLog(letter) + "])");
+    EXPECT_EQ(MainArgumentsOfTheFile(), '[' + TextInLog(letter) + "]");
 }
 
 TEST_F(SettingsFiles, InPlainAsciiAreRead) {
     settings.Runtime(L"JRE Path", L"jre");
     app.directory = app.folder();
     app.WriteSettingsBytes(ToUtf8(settings.Text()));
-    EXPECT_EQ(MainArgumentsOfTheFile(), "[])");
+    EXPECT_EQ(MainArgumentsOfTheFile(), "[]");
 }
 
 TEST_F(SettingsFiles, WithAUtf8MarkAreReadFromTheSecondLineAtTheLatest) {
@@ -91,7 +91,7 @@ TEST_F(SettingsFiles, WithAUtf8MarkAreReadFromTheSecondLineAtTheLatest) {
     app.directory = app.folder();
     // Windows takes the mark for text of the first line; Wine knows what it is.
     app.WriteSettingsBytes("\xEF\xBB\xBF; a comment\r\n" + ToUtf8(settings.Text()));
-    EXPECT_EQ(MainArgumentsOfTheFile(), "[])");
+    EXPECT_EQ(MainArgumentsOfTheFile(), "[]");
 }
 
 TEST_F(SettingsFiles, MayUseLineFeedsAlone) {
@@ -100,7 +100,7 @@ TEST_F(SettingsFiles, MayUseLineFeedsAlone) {
     std::string bytes = ToUtf8(settings.Text());
     std::erase(bytes, '\r');
     app.WriteSettingsBytes(bytes);
-    EXPECT_EQ(MainArgumentsOfTheFile(), "[])");
+    EXPECT_EQ(MainArgumentsOfTheFile(), "[]");
 }
 
 TEST_F(SettingsFiles, OfTenMegabytesAreRead) {
@@ -111,7 +111,7 @@ TEST_F(SettingsFiles, OfTenMegabytesAreRead) {
     settings.Application(L"Cmd", L"behind");
     app.WriteSettings(text + settings.Text());
     ASSERT_GT(ReadFileBytes(app.SettingsFile()).size(), 9'000'000U);
-    EXPECT_EQ(MainArgumentsOfTheFile(), "[\"behind\"])");
+    EXPECT_EQ(MainArgumentsOfTheFile(), "[\"behind\"]");
 }
 
 TEST_F(SettingsFiles, HoldValuesOfAnyLength) {
@@ -123,7 +123,7 @@ TEST_F(SettingsFiles, HoldValuesOfAnyLength) {
         const std::wstring value = Repeated(L"v", length);
         settings.Application(L"Cmd", value);
         EXPECT_EQ(Run(), 0);
-        EXPECT_EQ(MainArguments(), "[\"" + ToUtf8(value) + "\"])");
+        EXPECT_EQ(MainArguments(), "[\"" + ToUtf8(value) + "\"]");
     }
 }
 
@@ -135,7 +135,7 @@ TEST_F(SettingsFiles, BearTheExecutablesNameUpToItsLastDot) {
     auto start = app.StartWith(L'"' + program + L'"');
     start.program = program;
     EXPECT_EQ(LaunchedProcess(start).ExitCode(), 0);
-    EXPECT_EQ(MainArguments(), "[])");
+    EXPECT_EQ(MainArguments(), "[]");
 }
 
 TEST_F(SettingsFiles, OfAProgramWithoutExtensionBearAFoldersName) {
@@ -147,7 +147,7 @@ TEST_F(SettingsFiles, OfAProgramWithoutExtensionBearAFoldersName) {
     auto start = app.StartWith(L'"' + program + L'"');
     start.program = program;
     EXPECT_EQ(LaunchedProcess(start).ExitCode(), 0);
-    EXPECT_EQ(MainArguments(), "[])");
+    EXPECT_EQ(MainArguments(), "[]");
 }
 
 TEST_F(SettingsFiles, AreLetGoOfOnceRead) {
@@ -196,7 +196,7 @@ TEST_F(LongProgramPath, OfTheOldLimitIsReadWhole) {
     WriteFileBytes(L"\\\\?\\" + program.substr(0, program.size() - 3) + L"ini",
                    Utf16File(settings.Text()));
     EXPECT_EQ(LaunchedProcess(start).ExitCode(), 0);
-    EXPECT_EQ(MainArguments(), "[])");
+    EXPECT_EQ(MainArguments(), "[]");
 }
 
 TEST_F(LongProgramPath, BeyondTheOldLimitCannotBeRead) {

@@ -22,7 +22,7 @@ TEST_F(SettingsLayers, AdditiveSectionsAreLeftAloneWhenTheMainOneHasAValue) {
     settings.Application(L"Cmd", L"main");
     settings.Set(L"Application+", L"Cmd", L"added");
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(MainArguments(), "[\"main\"])");
+    EXPECT_EQ(MainArguments(), "[\"main\"]");
 }
 
 TEST_F(SettingsLayers, AdditiveValuesMakeFlagsOfNothing) {
@@ -50,14 +50,14 @@ TEST_F(BuiltInSettings, ServeWithoutAnyFile) {
     text.Application(L"Cmd", L"built in \u8A66");
     BuildIn("\xEF\xBB\xBF  " + ToUtf8(text.Text()));
     EXPECT_EQ(app.Launch()->ExitCode(), 0);
-    EXPECT_EQ(MainArguments(), "[\"built\", \"in\", \"\xE8\xA9\xA6\"])");
+    EXPECT_EQ(MainArguments(), "[\"built\", \"in\", \"\xE8\xA9\xA6\"]");
 }
 
 TEST_F(BuiltInSettings, GiveWayToTheFile) {
     BuildIn("[Application]\r\nCmd=built in\r\n");
     settings.Application(L"Cmd", L"file");
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(MainArguments(), "[\"file\"])");
+    EXPECT_EQ(MainArguments(), "[\"file\"]");
 }
 
 TEST_F(BuiltInSettings, ServeForAnEmptyValueAndAreAddedTo) {
@@ -65,7 +65,7 @@ TEST_F(BuiltInSettings, ServeForAnEmptyValueAndAreAddedTo) {
     settings.Application(L"Cmd", L"");
     settings.Set(L"Application+", L"Cmd", L"added");
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(MainArguments(), "[\"built\", \"in\", \"added\"])");
+    EXPECT_EQ(MainArguments(), "[\"built\", \"in\", \"added\"]");
 }
 
 TEST_F(BuiltInSettings, NameNoProduct) {
@@ -129,7 +129,7 @@ TEST_F(UsersSettings, HoldNothingButTheRuntime) {
     users_.Application(L"Cmd", L"not read");
     WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"users")));
-    EXPECT_EQ(MainArguments(), "[])");
+    EXPECT_EQ(MainArguments(), "[]");
 }
 
 TEST_F(UsersSettings, AreElsewhereWithoutAppData) {

@@ -34,8 +34,11 @@ class FakeJvmTest : public testing::Test {
 
     /// The arguments that `main` was called with, as the log shows them: `["a", "b"]`.
     std::string MainArguments() const {
-        return app.Log().After(
-            "CallStaticVoidMethod(com/example/Main.main([Ljava/lang/String;)V, ");
+        std::string line =
+            app.Log().After("CallStaticVoidMethod(com/example/Main.main([Ljava/lang/String;)V, ");
+        // The bracket that closes the call.
+        if (!line.empty()) line.pop_back();
+        return line;
     }
 
     /// Starts the application, which must show an error box of this text, presses its button and
