@@ -34,7 +34,8 @@ def mingw_arguments():
     if not folders:
         sys.exit("no C++ library of x86_64-w64-mingw32 found")
     library = folders[-1]
-    arguments = ["--target=x86_64-w64-mingw32"]
+    # Objects with both kinds of code, which link-time optimisation makes, are gcc's alone.
+    arguments = ["--target=x86_64-w64-mingw32", "-Wno-ignored-optimization-argument"]
     for folder in (library, library + "/x86_64-w64-mingw32"):
         arguments += ["-isystem", folder]
     return [f"--extra-arg-before={argument}" for argument in arguments]
