@@ -16,8 +16,6 @@ TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT" || exit 1
 # shellcheck source=scripts/lib/common.sh
 . scripts/lib/common.sh
-# shellcheck source=scripts/lib/wine.sh
-. scripts/lib/wine.sh
 # shellcheck source=scripts/lib/test_parts.sh
 . scripts/lib/test_parts.sh
 
@@ -42,7 +40,10 @@ done
 
 scripts/setup.sh test || exit 1
 unset DISPLAY  # never on somebody's real screen
-trap tarn_close_wine EXIT
+export LC_ALL=C.UTF-8
+# What runs in the background does not hear Ctrl-C by itself.
+trap 'jobs -p | xargs -r kill 2>/dev/null || true' EXIT
+trap 'exit 130' INT TERM
 mkdir -p "$results"
 
 for part in "${parts[@]}"; do

@@ -1,7 +1,7 @@
 # Sourced by test.sh: what each part of the tests runs. Each function part_NAME counts into
 # test.sh's part_passed and part_failed, and goes on after a failure.
 # shellcheck shell=bash
-# shellcheck disable=SC2154  # variables of test.sh and wine.sh
+# shellcheck disable=SC2154  # variables of test.sh
 
 count_pass() { part_passed=$((part_passed + 1)); }
 count_failure() {  # what failed
@@ -45,37 +45,36 @@ build() {  # preset, target...
 }
 
 # Runs a GoogleTest program, in several processes when asked, and counts its tests from its own
-# reports.
+# reports. What runs under Wine gets a Wine prefix and a screen of its own in each process.
 run_googletest() {  # name, seconds, processes, command...
-    local name=$1 seconds=$2 shards=$3
+    local name=$1 seconds=$2 processes=$3
     shift 3
-    local shard started=$SECONDS
-    local pids=() read=()
-    for ((shard = 0; shard < shards; ++shard)); do
+    local i prefix started=$SECONDS
+    local running=() reports=()
+    for ((i = 0; i < processes; ++i)); do
+        prefix=$TARN_ROOT/build/wine
+        [ "$i" -eq 0 ] || prefix+=-$i
         # Relative, for it is read by Windows programs too.
-        local report="build/test-results/$name-$shard.xml"
-        rm -f "$report"
-        GTEST_TOTAL_SHARDS=$shards GTEST_SHARD_INDEX=$shard \
-            timeout --kill-after=20 "$seconds" "$@" "--gtest_output=xml:$report" \
-            >"$results/$name-$shard.log" 2>&1 </dev/null {tarn_wine_lock}>&- &
-        pids+=($!)
-        read+=("$report")
+        reports+=("build/test-results/$name-$i.xml")
+        rm -f "${reports[i]}"
+        TARN_WINE_PREFIX=$prefix GTEST_TOTAL_SHARDS=$processes GTEST_SHARD_INDEX=$i \
+            timeout --kill-after=30 "$seconds" "$@" "--gtest_output=xml:${reports[i]}" \
+            >"$results/$name-$i.log" 2>&1 </dev/null &
+        running+=($!)
     done
-    show_progress "$name" "${pids[@]}" &
+    show_progress "$name" "${running[@]}" &
     local progress=$!
     local codes=() code
-    for shard in "${pids[@]}"; do
+    for i in "${!running[@]}"; do
         code=0
-        wait "$shard" || code=$?
+        wait "${running[i]}" || code=$?
         codes+=("$code")
-        if [ "$code" -ge 124 ]; then
-            echo "    $name: ended by signal or time limit after $((SECONDS - started)) s"
-            tail -n 5 "$results/$name"-*.log
-        fi
+        [ "$code" -lt 124 ] || {
+            echo "    $name: ended by a signal or the time limit after $((SECONDS - started)) s"
+            tail -n 5 "$results/$name-$i.log"
+        }
     done
     wait $progress
-    # What a program that was stopped had started goes on otherwise.
-    [[ " ${codes[*]} " != *" 124 "* ]] || restart_wine
     grep -hE -B 40 '^\[  FAILED  \] .* \(' "$results/$name"-*.log |
         grep -vE '^\[ +OK |^\[-----|^\[ RUN|^$' || true
 
@@ -85,8 +84,8 @@ run_googletest() {  # name, seconds, processes, command...
             passed) part_passed=$((part_passed + what)) ;;
             failed) count_failure "$name: $what" ;;
         esac
-    done < <("$TARN_PYTHON" scripts/lib/read_reports.py "${codes[*]}" "${read[@]}")
-    echo "    $name: $part_passed passed, $part_failed failed so far ($((SECONDS - started)) s)"
+    done < <("$TARN_PYTHON" scripts/lib/read_reports.py "${codes[*]}" "${reports[@]}")
+    echo "    $name: $part_passed passed, $part_failed failed ($((SECONDS - started)) s)"
 }
 
 # A line every half minute while any of the processes runs.
@@ -101,13 +100,6 @@ show_progress() {  # name, process...
     done
 }
 
-restart_wine() {
-    [ "${tarn_owns_wine:-}" = yes ] || return 0
-    tarn_close_wine
-    unset DISPLAY
-    tarn_open_wine
-}
-
 host_tests() {  # preset
     build "$1" unit_tests || return 0
     run_googletest "$1" 600 1 "build/$1/tests/unit_tests"
@@ -117,17 +109,15 @@ part_host-clang() { host_tests host-clang; }
 
 part_windows() {
     build release launcher unit_tests || return 0
-    tarn_open_wine || { count_failure "the Wine session"; return 0; }
-    run_googletest windows 600 1 wine build/release/tests/unit_tests.exe
+    run_googletest windows 900 1 scripts/wine_run.sh build/release/tests/unit_tests.exe
 }
 
 # Every test program of tests/ but the unit tests: build/release/tests/*_tests.exe.
 part_endtoend() {
     build release launcher tests || return 0
     scripts/fetch_runtimes.sh >/dev/null || { count_failure "fetching the runtimes"; return 0; }
-    tarn_open_wine || { count_failure "the Wine session"; return 0; }
-    local program found=0 runtimes
-    runtimes=$(winepath -w "$TARN_RUNTIMES" 2>/dev/null)
+    local program found=0
+    local runtimes="Z:${TARN_RUNTIMES//\//\\}"
     for program in build/release/tests/*_tests.exe; do
         case $program in
             */unit_tests.exe | *'*'*) continue ;;
@@ -135,7 +125,7 @@ part_endtoend() {
         found=1
         # Mostly waiting: two at a time take half as long.
         run_googletest "$(basename "$program" .exe)" 2400 2 \
-            env TARN_RUNTIMES="$runtimes" wine "$program"
+            env TARN_RUNTIMES="$runtimes" scripts/wine_run.sh "$program"
     done
     [ $found -eq 1 ] || count_failure "no end-to-end test program was built"
 }
