@@ -33,6 +33,10 @@ class HeadersTest(unittest.TestCase):
         # The flags alone do nothing for an image that cannot be moved.
         self.assertTrue(hasattr(load(), "DIRECTORY_ENTRY_BASERELOC"))
 
+    def test_may_use_the_whole_address_space(self):
+        # A 64-bit program without the flag has 2 GiB for itself and for Java.
+        self.assertTrue(load().FILE_HEADER.IMAGE_FILE_LARGE_ADDRESS_AWARE)
+
     def test_forbids_running_data(self):
         self.assertTrue(self.has_characteristic("NX_COMPAT"))
 
