@@ -29,12 +29,15 @@ std::wstring IniFile::GetValue(const wchar_t* section, const wchar_t* key) const
     return value;
 }
 
+std::wstring IniFile::ReadSectionNames() const {
+    return ReadGrowing(2, [&](wchar_t* buffer, std::size_t size) -> std::size_t {
+        return GetPrivateProfileSectionNamesW(buffer, static_cast<DWORD>(size), path_.c_str());
+    });
+}
+
 std::vector<std::wstring> IniFile::GetSectionNames() const {
-    const std::wstring names =
-        ReadGrowing(2, [&](wchar_t* buffer, std::size_t size) -> std::size_t {
-            return GetPrivateProfileSectionNamesW(buffer, static_cast<DWORD>(size), path_.c_str());
-        });
-    // Each name is terminated, and an empty one ends the list.
+    const std::wstring names = ReadSectionNames();
+    // An empty name ends the list.
     std::vector<std::wstring> result;
     for (std::size_t at = 0; at < names.size() && names[at] != L'\0';) {
         result.emplace_back(names.c_str() + at);

@@ -32,6 +32,11 @@ class IniFile {
 
     const std::wstring& path() const { return path_; }
 
+  protected:
+    /// All section names as Windows gives them, each terminated; empty when there are none, or the
+    /// file cannot be read.
+    std::wstring ReadSectionNames() const;
+
   private:
     std::wstring path_;
 };

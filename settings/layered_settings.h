@@ -19,6 +19,9 @@ class LayeredSettings : public IniFile {
 
   private:
     EmbeddedSettings embedded_;
+    // Hardly any file has additive sections, and each look for one costs as much as for a value:
+    // Windows opens and reads the file every time.
+    bool mayHaveAdditiveSections_;
 };
 
 /// What a "+" section's value makes of the value below it: both with a blank in between, also when

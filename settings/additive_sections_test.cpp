@@ -1,0 +1,131 @@
+// The layers against plain reads of the same file: made-up files, whole ones and broken ones, on
+// which leaving a look for an additive section out must never show.
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "base/handles.h"
+#include "settings/layered_settings.h"
+
+namespace tarn {
+namespace {
+
+constexpr const char* kSectionLines[] = {
+    "[A]",    "[A]",   "[B]",   "[A+]",     "[a+]",  "[A+ ]", "[ A+]",        "[A +]", " [A+]",
+    "\t[A+]", "[A+",   "A+]",   "[A+]]",    "[[A+]", "[A+]x", "[]",           "[+]",   "[B+]",
+    ";[A+]",  "#[A+]", "[A++]", "[\"A+\"]", "[A+;]", "[A+=]", "[A+]k=inline", "[A+]=",
+};
+constexpr const char* kValueLines[] = {
+    "k=one", "k=",       "k = two ", "K=three", " k=four", "k",           "=k",    "k=\"five\"",
+    "l=six", "l= seven", ";k=eight", "l=",      "k==",     "k=with + in", "l='+'", "k=\x80\xff",
+};
+constexpr const char* kLineEnds[] = {"\r\n", "\r\n", "\r\n", "\n", "\r", "\n\r", ""};
+constexpr const char* kMarks[] = {"", "", "", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF", "\n"};
+
+class MadeUpFiles {
+  public:
+    std::string Next() {
+        std::string text;
+        const bool additive = Below(2) == 0;
+        for (int lines = Below(12); lines > 0; --lines) {
+            std::string line = Below(2) == 0 ? Any(kSectionLines) : Any(kValueLines);
+            // Half of the files are like nearly all in the field: not a "+" in a section's name.
+            if (!additive && line.find(']') != std::string::npos) line = "[A]";
+            text += line;
+            text += Any(kLineEnds);
+            if (Below(40) == 0) text += '\0';
+            // Longer than the buffer that the names are first read into.
+            if (Below(40) == 0) text += '[' + std::string(300, 'n') + "]\r\n";
+        }
+        const int form = Below(4);
+        if (form == 0) return Wide(text, false);
+        if (form == 1) return Wide(text, true);
+        return Any(kMarks) + text;
+    }
+
+  private:
+    int Below(int limit) { return std::uniform_int_distribution<int>(0, limit - 1)(random_); }
+
+    template <std::size_t count>
+    std::string Any(const char* const (&all)[count]) {
+        return all[Below(static_cast<int>(count))];
+    }
+
+    static std::string Wide(const std::string& text, bool swapped) {
+        std::string bytes = swapped ? "\xFE\xFF" : "\xFF\xFE";
+        for (const char c : text) {
+            if (swapped) bytes += '\0';
+            bytes += c;
+            if (!swapped) bytes += '\0';
+        }
+        return bytes;
+    }
+
+    std::mt19937 random_{2026};
+};
+
+class AdditiveSectionsTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        wchar_t folder[MAX_PATH];
+        GetTempPathW(MAX_PATH, folder);
+        wchar_t name[MAX_PATH];
+        ASSERT_NE(GetTempFileNameW(folder, L"ini", 0, name), 0u);
+        path_ = name;
+    }
+    void TearDown() override { DeleteFileW(path_.c_str()); }
+
+    void Write(const std::string& bytes) const {
+        const FileHandle file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+        DWORD written = 0;
+        ASSERT_TRUE(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
+                              nullptr));
+    }
+
+    /// The rule as it reads, without a shortcut.
+    std::wstring Plain(const wchar_t* section, const wchar_t* key) const {
+        const IniFile file(path_);
+        const std::wstring value = file.GetValue(section, key);
+        if (!value.empty()) return value;
+        return AppendValue(L"", file.GetValue((std::wstring(section) + L'+').c_str(), key));
+    }
+
+    std::wstring path_;
+};
+
+TEST_F(AdditiveSectionsTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
+    MadeUpFiles files;
+    int additive = 0;
+    for (int i = 0; i < 400 && !HasFailure(); ++i) {
+        const std::string bytes = files.Next();
+        Write(bytes);
+        const LayeredSettings layered(path_);
+        for (const wchar_t* const key : {L"k", L"l"}) {
+            const std::wstring expected = Plain(L"A", key);
+            EXPECT_EQ(layered.GetValue(L"A", key), expected)
+                << "file " << i << ": " << testing::PrintToString(bytes);
+            if (!expected.empty() && IniFile(path_).GetValue(L"A", key).empty()) ++additive;
+        }
+    }
+    // Else the comparison would say nothing.
+    EXPECT_GT(additive, 20);
+}
+
+TEST_F(AdditiveSectionsTest, AreFoundBehindManyOtherSections) {
+    std::string text;
+    for (int i = 0; i < 2000; ++i) text += "[Section " + std::to_string(i) + "]\r\nk=1\r\n";
+    Write(text + "[A+]\r\nk=last\r\n");
+    EXPECT_EQ(LayeredSettings(path_).GetValue(L"A", L"k"), L" last");
+}
+
+TEST_F(AdditiveSectionsTest, AreLookedForWhereNoNamesCouldBeRead) {
+    Write("");
+    const LayeredSettings layered(path_);
+    Write("[A+]\r\nk=late\r\n");
+    EXPECT_EQ(layered.GetValue(L"A", L"k"), L" late");
+}
+
+}  // namespace
+}  // namespace tarn
