@@ -9,7 +9,7 @@
 # One static library a folder. A library can only use those defined before it, so the arrows
 # between the folders point one way; scripts/check_includes.py holds the #include lines to USES.
 function(tarn_library name)
-    cmake_parse_arguments(arg "" "" "PURE;WINDOWS;TESTS;WINDOWS_TESTS;USES;SYSTEM" ${ARGN})
+    cmake_parse_arguments(arg "TOOL" "" "PURE;WINDOWS;TESTS;WINDOWS_TESTS;USES;SYSTEM" ${ARGN})
     if(arg_UNPARSED_ARGUMENTS)
         message(FATAL_ERROR "tarn_library(${name}): unknown words ${arg_UNPARSED_ARGUMENTS}")
     endif()
@@ -23,7 +23,11 @@ function(tarn_library name)
     if(sources)
         add_library(tarn_${name} STATIC ${sources})
         set(scope PUBLIC)
-        target_link_libraries(tarn_${name} PRIVATE tarn_shipped_options)
+        if(arg_TOOL)
+            target_link_libraries(tarn_${name} PRIVATE tarn_compile_options tarn_third_party)
+        else()
+            target_link_libraries(tarn_${name} PRIVATE tarn_shipped_options)
+        endif()
     else()
         add_library(tarn_${name} INTERFACE)
         set(scope INTERFACE)
@@ -42,4 +46,10 @@ function(tarn_library name)
         set_property(GLOBAL APPEND PROPERTY TARN_UNIT_TESTS "${CMAKE_CURRENT_SOURCE_DIR}/${test}")
     endforeach()
     set_property(GLOBAL APPEND PROPERTY TARN_LIBRARIES tarn_${name})
+endfunction()
+
+# tarn_library for the companion program, whose code never gets into the launcher: with exceptions
+# and the libraries of third_party/.
+function(tarn_tool_library name)
+    tarn_library(${name} TOOL ${ARGN})
 endfunction()

@@ -8,6 +8,8 @@ set -euo pipefail
 build=(
     cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
     openjdk-17-jdk-headless  # javac and jni.h
+    # For the companion program.
+    g++ zlib1g-dev libz-mingw-w64-dev libcli11-dev nlohmann-json3-dev libstb-dev
 )
 run=(
     wine wine64 xvfb x11-utils imagemagick python3 python3-pip ca-certificates
@@ -17,7 +19,7 @@ run=(
     libgnutls30 fonts-liberation fonts-wine fonts-dejavu-core
 )
 check=(
-    g++ googletest git clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 cppcheck
+    googletest git clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 cppcheck
     shellcheck python3-pefile
 )
 

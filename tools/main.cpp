@@ -1,0 +1,58 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "tools/console/console.h"
+#include "tools/console/failure.h"
+#include "tools/console/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr char kDescription[] =
+    "Makes Windows executables of Java applications, and tells why one does not start.";
+constexpr char kExitCodes[] =
+    "Exit codes: 0 done, 1 warnings where --strict asks for that, 2 failed or wrong arguments.";
+
+// The commands' own exit code comes through `exitCode`; everything else is decided here.
+int Run(std::vector<std::string> arguments, const Console& console) {
+    CLI::App app(kDescription, "tarn");
+    app.footer(kExitCodes);
+    app.set_version_flag("--version", "tarn " TARN_VERSION);
+    app.require_subcommand(1);
+
+    int exitCode = kSuccess;
+    // The parser wants them from the last to the first.
+    std::reverse(arguments.begin(), arguments.end());
+    try {
+        app.parse(arguments);
+    } catch (const CLI::Success& request) {
+        return app.exit(request);
+    } catch (const CLI::ParseError& error) {
+        console.PrintError(std::string(error.what()) + " (tarn --help tells more)");
+        return kFailed;
+    } catch (const std::exception& failure) {
+        console.PrintError(failure.what());
+        return kFailed;
+    }
+    return exitCode;
+}
+
+}  // namespace
+}  // namespace tarn::tools
+
+#ifdef _WIN32
+int wmain(int count, wchar_t** words) {
+    std::vector<std::string> arguments;
+    for (int at = 1; at < count; ++at) arguments.push_back(tarn::tools::Utf8Of(words[at]));
+    return tarn::tools::Run(std::move(arguments), tarn::tools::Console::ForProcess());
+}
+#else
+// Without memory for the arguments there is nothing left to say.
+int main(int count, char** words) {  // NOLINT(bugprone-exception-escape)
+    std::vector<std::string> arguments(words + 1, words + count);
+    return tarn::tools::Run(std::move(arguments), tarn::tools::Console::ForProcess());
+}
+#endif
