@@ -4,13 +4,14 @@ file(GLOB endToEndSources CONFIGURE_DEPENDS
     "${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/support/*.cpp")
 add_subdirectory(fake_jvm)
 add_subdirectory(fake_splash)
+add_subdirectory(import_hook)
 add_subdirectory(programs)
 
 add_executable(end_to_end_tests ${endToEndSources}
     "${PROJECT_SOURCE_DIR}/ui/test_support/url_handler.cpp")
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
-add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes test_programs)
+add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes import_hook test_programs)
 
 # Beside the program, where it looks for them.
 file(GLOB testPictures CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/pictures/*.*")

@@ -50,6 +50,24 @@ FileHandle OpenNoInput() {
                                   &inherited, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+// Has the library loaded by a thread of the process, whose own has not begun yet. The address of
+// LoadLibraryW is the same in all processes.
+bool PutLibraryInto(HANDLE process, const std::wstring& library) {
+    const std::size_t bytes = (library.size() + 1) * sizeof(wchar_t);
+    void* const path =
+        VirtualAllocEx(process, nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
+    if (path == nullptr) return false;
+    if (!WriteProcessMemory(process, path, library.c_str(), bytes, nullptr)) return false;
+    const auto load = reinterpret_cast<LPTHREAD_START_ROUTINE>(
+        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "LoadLibraryW")));
+    const Handle thread(CreateRemoteThread(process, nullptr, 0, load, path, 0, nullptr));
+    if (!thread) return false;
+    const auto limit = static_cast<DWORD>(kPatience.count());
+    DWORD loaded = 0;
+    return WaitForSingleObject(thread.get(), limit) == WAIT_OBJECT_0 &&
+           GetExitCodeThread(thread.get(), &loaded) && loaded != 0;
+}
+
 }  // namespace
 
 LaunchedProcess::LaunchedProcess(const Start& start) {
@@ -66,23 +84,27 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     // CreateProcessW may write to it.
     std::vector<wchar_t> commandLine(start.commandLine.begin(), start.commandLine.end());
     commandLine.push_back(L'\0');
+    const bool takesLibrary = !start.library.empty();
+    const DWORD flags = CREATE_UNICODE_ENVIRONMENT | (takesLibrary ? CREATE_SUSPENDED : 0U);
     PROCESS_INFORMATION made{};
     BOOL ok = FALSE;
     DWORD error_code = ERROR_INTERNAL_ERROR;
     // On a busy machine Wine now and then loses a process before its start, and says just this.
     for (int tries = 0; !ok && error_code == ERROR_INTERNAL_ERROR && tries < 5; ++tries) {
-        ok = CreateProcessW(start.program.c_str(), commandLine.data(), nullptr, nullptr, TRUE,
-                            CREATE_UNICODE_ENVIRONMENT, block.data(),
-                            start.directory.empty() ? nullptr : start.directory.c_str(), &how,
-                            &made);
+        ok = CreateProcessW(
+            start.program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags, block.data(),
+            start.directory.empty() ? nullptr : start.directory.c_str(), &how, &made);
         error_code = GetLastError();
     }
     EXPECT_TRUE(ok) << "cannot start " << ToUtf8(start.program) << ", error " << error_code;
     if (!ok) return;
-    CloseHandle(made.hThread);
+    const Handle thread(made.hThread);
     process_.reset(made.hProcess);
     id_ = made.dwProcessId;
     threadId_ = made.dwThreadId;
+    if (!takesLibrary) return;
+    EXPECT_TRUE(PutLibraryInto(process_.get(), start.library)) << ToUtf8(start.library);
+    ResumeThread(thread.get());
 }
 
 LaunchedProcess::~LaunchedProcess() {

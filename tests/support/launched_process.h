@@ -20,6 +20,8 @@ struct Start {
     std::map<std::wstring, std::optional<std::wstring>> environment;
     std::wstring outputFile;  ///< where its standard output goes; empty: nowhere
     std::wstring errorFile;
+    /// A library that is in the process before its first instruction; empty: none.
+    std::wstring library;
 };
 
 /// A process that a test started. Ends with it at the latest.

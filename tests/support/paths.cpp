@@ -31,6 +31,8 @@ const Paths& GetPaths() {
         found.launcher = FromEnvironment(L"TARN_LAUNCHER", folder + L"..\\launcher.exe");
         found.fakeJvms = FromEnvironment(L"TARN_FAKE_JVM_DIR", folder + L"fake_jvm");
         found.fakeSplashes = FromEnvironment(L"TARN_FAKE_SPLASH_DIR", folder + L"fake_splash");
+        found.importHook =
+            FromEnvironment(L"TARN_IMPORT_HOOK", folder + L"import_hook\\import_hook.dll");
         found.pictures = FromEnvironment(L"TARN_TEST_PICTURES", folder + L"pictures");
         found.programs = FromEnvironment(L"TARN_TEST_PROGRAMS", folder + L"programs");
         found.runtimes = FromEnvironment(L"TARN_RUNTIMES", folder + L"runtimes");

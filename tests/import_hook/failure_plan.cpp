@@ -1,0 +1,53 @@
+#include "tests/import_hook/failure_plan.h"
+
+#include <climits>
+#include <cstdlib>
+
+namespace import_hook {
+
+namespace {
+
+/// Takes the text up to the mark off the front.
+std::string TakeUpTo(std::string_view& text, char mark) {
+    const std::size_t end = text.find(mark);
+    const std::string taken(text.substr(0, end));
+    text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+    return taken;
+}
+
+std::uint64_t Number(const std::string& text) {
+    return std::strtoull(text.c_str(), nullptr, 0);
+}
+
+}  // namespace
+
+void FailurePlan::Read(std::string_view text) {
+    while (!text.empty()) {
+        const std::string wish = TakeUpTo(text, ';');
+        std::string_view rest = wish;
+        Failure failure;
+        const std::string name = TakeUpTo(rest, ':');
+        std::string_view nameRest = name;
+        failure.name = TakeUpTo(nameRest, '@');
+        if (!nameRest.empty()) failure.role = static_cast<unsigned>(Number(std::string(nameRest)));
+        const std::string which = TakeUpTo(rest, ':');
+        failure.first = static_cast<unsigned>(Number(which));
+        failure.last = !which.empty() && which.back() == '+' ? UINT_MAX : failure.first;
+        const std::string error = TakeUpTo(rest, ':');
+        if (!error.empty()) failure.error = static_cast<std::uint32_t>(Number(error));
+        if (!rest.empty()) failure.result = Number(std::string(rest));
+        failures_.push_back(failure);
+    }
+}
+
+const FailurePlan::Failure* FailurePlan::Find(std::string_view name, unsigned role,
+                                              unsigned number) const {
+    for (const Failure& each : failures_) {
+        if (each.name == name && each.role == role && number >= each.first && number <= each.last) {
+            return &each;
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace import_hook
