@@ -3,21 +3,18 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "fuzz/fuzz_input.h"
 #include "instance/shared_block.h"
 
 namespace {
 
+using tarn::fuzz::Require;
 using Area = std::array<char16_t, tarn::kArgumentUnits>;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
 
 // Unit by unit, as a reader would explain it.
 std::vector<std::wstring> NaiveDecode(const Area& area) {

@@ -6,6 +6,7 @@
 #     windows      all unit tests as a Windows program under Wine
 #     executable   what launcher.exe is made of: sections, imports, resources, reproducibility
 #     endtoend     launcher.exe with scripted and real Java runtimes under Wine
+#     fuzz         each fuzzer for a minute, or for TARN_FUZZ_SECONDS
 #     format       clang-format
 #     lint         clang-tidy, cppcheck, shellcheck, our own check of the #include lines
 #
@@ -29,11 +30,11 @@ case ${1:-} in
         ;;
 esac
 
-parts=(host host-clang windows executable endtoend format lint)
+parts=(host host-clang windows executable endtoend fuzz format lint)
 [ $# -eq 0 ] || parts=("$@")
 for part in "${parts[@]}"; do
     declare -F "part_$part" >/dev/null || {
-        echo "no part '$part'; there are: host host-clang windows executable endtoend format lint" >&2
+        echo "no part '$part'; there are: host host-clang windows executable endtoend fuzz format lint" >&2
         exit 2
     }
 done

@@ -177,6 +177,21 @@ part_executable() {
     done <"$results/executable.txt"
 }
 
+# Each fuzzer counts as one test.
+part_fuzz() {
+    build host-clang fuzzers || return 0
+    local outcome name
+    scripts/fuzz.sh --seconds "${TARN_FUZZ_SECONDS:-60}" --jobs 2 --report "$results/fuzz.txt"
+    while read -r outcome name; do
+        case $outcome in
+            passed) count_pass ;;
+            *) count_failure "fuzz: $name" ;;
+        esac
+    done <"$results/fuzz.txt"
+    [ $((part_passed + part_failed)) -eq "$(find fuzz -name '*_fuzzer.cpp' | wc -l)" ] ||
+        count_failure "fuzz: not every fuzzer came to its end"
+}
+
 part_format() {
     check clang-format 120 bash -c \
         'git ls-files "*.cpp" "*.h" ":!third_party" | xargs clang-format-14 --dry-run --Werror'
