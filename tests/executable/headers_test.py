@@ -32,6 +32,7 @@ class HeadersTest(unittest.TestCase):
         self.assertTrue(self.has_characteristic("HIGH_ENTROPY_VA"))
         # The flags alone do nothing for an image that cannot be moved.
         self.assertTrue(hasattr(load(), "DIRECTORY_ENTRY_BASERELOC"))
+        self.assertFalse(load().FILE_HEADER.IMAGE_FILE_RELOCS_STRIPPED)
 
     def test_may_use_the_whole_address_space(self):
         # A 64-bit program without the flag has 2 GiB for itself and for Java.
@@ -48,6 +49,19 @@ class HeadersTest(unittest.TestCase):
         for section in sections:
             self.assertNotEqual(write | execute, section.Characteristics & (write | execute),
                                 section.Name)
+
+    def test_starts_in_code(self):
+        # With link-time optimisation the linker has been seen to lose the entry point and to take
+        # the first byte of the code for it.
+        entry = load().OPTIONAL_HEADER.AddressOfEntryPoint
+        section = load().get_section_by_rva(entry)
+        self.assertTrue(section.Characteristics &
+                        pefile.SECTION_CHARACTERISTICS["IMAGE_SCN_MEM_EXECUTE"])
+        self.assertNotEqual(section.VirtualAddress, entry)
+
+    def test_has_no_work_for_each_thread(self):
+        # A thread callback of ours would run for every thread that Java starts.
+        self.assertFalse(hasattr(load(), "DIRECTORY_ENTRY_TLS"))
 
     def test_reserves_the_usual_stack(self):
         self.assertEqual(1024 * KIB, load().OPTIONAL_HEADER.SizeOfStackReserve)
