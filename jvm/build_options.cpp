@@ -44,10 +44,11 @@ void ReadOutputFiles(const LayeredSettings& layered, OutputFiles& files) {
     const auto application = [&](const wchar_t* key) {
         return layered.GetValue(keys::kApplication, key);
     };
+    // Each value costs a look into the file, so none is read that says nothing without another.
     files.outputFile = ExpandEnvironment(application(keys::kOutputFile));
-    files.outputAppend = application(keys::kOutputAppend) == L"yes";
+    files.outputAppend = !files.outputFile.empty() && application(keys::kOutputAppend) == L"yes";
     files.errorFile = ExpandEnvironment(application(keys::kErrorFile));
-    files.errorAppend = application(keys::kErrorAppend) == L"yes";
+    files.errorAppend = !files.errorFile.empty() && application(keys::kErrorAppend) == L"yes";
 }
 
 void AppendDefaultArguments(const LayeredSettings& layered, std::vector<std::wstring>& arguments) {

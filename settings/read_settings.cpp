@@ -77,7 +77,8 @@ bool ReadSettings(HWND errorOwner, Settings& settings) {
     settings.systemPath = java(keys::kSystemPath);
     settings.libraryPath = java(keys::kLibraryPath);
     settings.pairProduct = application(keys::kPairProduct);
-    settings.pairReturnCode = IsYes(application(keys::kPairReturnCode));
+    settings.pairReturnCode =
+        !settings.pairProduct.empty() && IsYes(application(keys::kPairReturnCode));
     return true;
 }
 

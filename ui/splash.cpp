@@ -15,10 +15,10 @@ bool Splash::Show(const std::wstring& jvmLibraryPath, OneShotAction& launchFailu
     if (!settingsPath) return false;
     const IniFile settings(std::move(*settingsPath));
     splashImagePath_ = settings.GetValue(keys::kDisplay, keys::kSplashScreen);
+    if (splashImagePath_.empty()) return true;
     splashShadow_ = settings.GetValue(keys::kDisplay, keys::kSplashScreenShadow);
     const bool preferNative = EqualsIgnoringCase(
         settings.GetValue(keys::kDisplay, keys::kPreferNativeSplashScreen), L"Yes");
-    if (splashImagePath_.empty()) return true;
     if (!StartNativeSplash(splashImagePath_, preferNative, jvmLibraryPath, launchFailureAction))
         StartThread();
     return true;
