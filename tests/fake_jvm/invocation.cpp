@@ -103,7 +103,11 @@ jint JNICALL DetachCurrentThread(JavaVM*) {
     Environment* const environment = CurrentEnvironment();
     RunActions(environment, "on_detach");
     if (!environment->attached) LogViolation("detaching a thread that is not attached");
-    if (result == JNI_OK) environment->attached = false;
+    if (result == JNI_OK) {
+        const std::lock_guard guard(Lock());
+        environment->attached = false;
+        ForgetReferences(environment);
+    }
     return result;
 }
 

@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "tests/fake_jvm/call_log.h"
+#include "tests/fake_jvm/script.h"
 
 namespace fake_jvm {
 
@@ -82,7 +83,9 @@ jobject Refer(Environment* environment, Object* object) {
     auto* const reference = new Reference{object, environment->thread, false};
     KnownReferences().insert(reference);
     ++environment->localReferences;
-    return reinterpret_cast<jobject>(reference);
+    auto* const handle = reinterpret_cast<jobject>(reference);
+    if (Script::Get().HasLine("forget")) environment->references.push_back(handle);
+    return handle;
 }
 
 Object* Resolve(Environment* environment, jobject handle) {
@@ -107,6 +110,19 @@ void EndReference(Environment* environment, jobject handle) {
     }
     reference->deleted = true;
     --environment->localReferences;
+}
+
+void ForgetReferences(Environment* environment) {
+    std::unordered_set<Object*> objects;
+    for (const jobject handle : environment->references) {
+        KnownReferences().erase(handle);
+        const std::unique_ptr<Reference> reference(reinterpret_cast<Reference*>(handle));
+        if (reference->object->kind != Kind::kClass) objects.insert(reference->object);
+    }
+    for (Object* const object : objects) delete object;
+    environment->references.clear();
+    environment->references.shrink_to_fit();
+    environment->localReferences = 0;
 }
 
 Method* Resolve(jmethodID id) {

@@ -12,8 +12,8 @@ namespace fake_jvm {
 
 enum class Kind { kPlain, kClass, kString, kObjectArray, kCharArray };
 
-/// A Java object, as far as a launcher can tell. Nothing is ever freed: a process is short, and a
-/// reference that is used too late is found out.
+/// A Java object, as far as a launcher can tell. Nothing is freed unless the script says `forget`:
+/// a process is short, and a reference that is used too late is found out.
 struct Object {
     Kind kind = Kind::kPlain;
     std::string className;          // of what it is; for a class: which one it is
@@ -38,6 +38,7 @@ struct Environment : JNIEnv_ {
     bool attached = false;
     Object* pending = nullptr;
     int localReferences = 0;
+    std::vector<jobject> references;  // all that were made, when they are to be forgotten
 };
 
 Object* NewObject(Kind kind, std::string className);
@@ -55,6 +56,9 @@ Object* Resolve(Environment* environment, jobject reference);
 
 /// Ends the reference; doing so twice is a violation.
 void EndReference(Environment* environment, jobject reference);
+
+/// Frees the thread's references and what they led to, classes aside.
+void ForgetReferences(Environment* environment);
 
 /// The method behind an id; anything else is a violation and gives null.
 Method* Resolve(jmethodID id);

@@ -1,0 +1,131 @@
+// Many launches, one after another and side by side: none leaves anything behind.
+
+#include <cstdio>
+#include <vector>
+
+#include "tests/support/fake_jvm_test.h"
+#include "tests/support/named_event.h"
+#include "tests/support/process_figures.h"
+#include "tests/support/test_pictures.h"
+
+namespace tarn::test {
+namespace {
+
+constexpr char kMainCall[] = "CallStaticVoidMethod(com/example/Main.main(";
+
+/// An application that does one of the things that a launch may leave something of.
+struct Cycled {
+    explicit Cycled(std::wstring_view name) : app(name), settings(app.StandardSettings()) {
+        app.AddRuntime();
+        // Whoever makes temporary files makes them here.
+        app.environment[L"TEMP"] = app.AddFolder(L"temp");
+        app.environment[L"TMP"] = app.environment[L"TEMP"];
+    }
+
+    InstalledApplication app;
+    SettingsText settings;
+    std::int32_t exitCode = 0;
+};
+
+std::vector<std::unique_ptr<Cycled>> ApplicationsToCycle() {
+    std::vector<std::unique_ptr<Cycled>> all;
+    const auto add = [&](std::wstring_view name, std::string_view script,
+                         std::int32_t code) -> Cycled& {
+        all.push_back(std::make_unique<Cycled>(name));
+        all.back()->app.WriteScript(script);
+        all.back()->exitCode = code;
+        return *all.back();
+    };
+    add(L"plain", "", 0);
+    add(L"splash", "main = exit 3", 3)
+        .settings.Set(L"Display", L"Splash Screen", PicturePath(L"opaque.png"));
+    Cycled& redirected = add(L"redirected", "main = print line\\n\nmain = exit 4", 4);
+    redirected.settings.Application(L"Output File", redirected.app.Path(L"logs\\out.txt"));
+    redirected.settings.Application(L"Error File", redirected.app.Path(L"logs\\error.txt"));
+    add(L"single", "main = exit 5", 5).settings.Application(L"Single Instance", L"yes");
+    add(L"service", "main = print done", 0).settings.Application(L"Application Type", L"service");
+    for (const auto& each : all) each->app.WriteSettings(each->settings);
+    return all;
+}
+
+TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
+    const auto applications = ApplicationsToCycle();
+    const auto launchEach = [&](int round) {
+        for (const auto& each : applications) {
+            const auto process = each->app.Launch(std::to_wstring(round) + L" \"x y\"");
+            ASSERT_EQ(process->ExitCode(), each->exitCode) << round;
+        }
+    };
+    const auto files = [&] {
+        std::vector<std::set<std::wstring>> names;
+        for (const auto& each : applications) names.push_back(FilesBelow(each->app.directory));
+        return names;
+    };
+    // Whatever is made once is there after the first two.
+    for (int round = -2; round < 0; ++round) launchEach(round);
+    const auto filesBefore = files();
+    const SystemFigures before = LookAround();
+    const ProcessFigures ownBefore = FiguresOf(GetCurrentProcess());
+
+    const int wanted = SoakCount("TARN_SOAK_LAUNCHES", 50);
+    int launches = 0;
+    for (; launches < wanted; launches += static_cast<int>(applications.size())) {
+        launchEach(launches);
+        if (HasFatalFailure()) return;
+    }
+
+    EXPECT_EQ(files(), filesBefore);
+    EXPECT_TRUE(WaitUntil([&] {
+        const SystemFigures now = LookAround();
+        return now.processes <= before.processes && now.windows <= before.windows;
+    }));
+    const SystemFigures after = LookAround();
+    const ProcessFigures ownAfter = FiguresOf(GetCurrentProcess());
+    EXPECT_LE(ownAfter.handles, ownBefore.handles);
+    std::printf(
+        "%d launches: %zu to %zu processes, %zu to %zu windows, %zu to %zu handles of the "
+        "parent\n",
+        launches, before.processes, after.processes, before.windows, after.windows,
+        ownBefore.handles, ownAfter.handles);
+    for (const auto& each : applications) {
+        EXPECT_THAT(each->app.Log().Violations(), testing::IsEmpty());
+        EXPECT_EQ(each->app.Log().Count(kMainCall), static_cast<std::size_t>(launches / 5 + 2));
+    }
+}
+
+TEST(LaunchSoakTest, FiftyApplicationsStartSideBySide) {
+    constexpr int kApplications = 50;
+    NamedEvent mayEnd;
+    std::vector<std::unique_ptr<InstalledApplication>> applications;
+    std::vector<std::unique_ptr<LaunchedProcess>> processes;
+    for (int i = 0; i < kApplications; ++i) {
+        auto& app = *applications.emplace_back(
+            std::make_unique<InstalledApplication>(L"app" + std::to_wstring(i)));
+        app.AddRuntime();
+        app.WriteScript("main = wait_event " + mayEnd.utf8Name() + "\nmain = exit " +
+                        std::to_string(100 + i));
+        auto settings = app.StandardSettings();
+        settings.Application(L"Single Instance", L"yes");
+        app.WriteSettings(settings);
+    }
+    for (int i = 0; i < kApplications; ++i) {
+        processes.push_back(
+            applications[static_cast<std::size_t>(i)]->Launch(L"of " + std::to_wstring(i)));
+    }
+    for (std::size_t i = 0; i < kApplications; ++i) {
+        EXPECT_TRUE(applications[i]->Log().WaitFor(kMainCall, 4 * kPatience)) << i;
+        EXPECT_THAT(applications[i]->Log().After(kMainCall),
+                    testing::EndsWith("[\"of\", \"" + std::to_string(i) + "\"])"));
+    }
+    // All of them at this moment.
+    for (const auto& process : processes) EXPECT_FALSE(process->HasEnded());
+    mayEnd.Set();
+    for (std::size_t i = 0; i < kApplications; ++i) {
+        EXPECT_EQ(processes[i]->ExitCode(2 * kPatience), 100 + static_cast<std::int32_t>(i));
+        EXPECT_THAT(applications[i]->Log().Violations(), testing::IsEmpty());
+        EXPECT_EQ(applications[i]->Log().Count("JNI_CreateJavaVM("), 1u);
+    }
+}
+
+}  // namespace
+}  // namespace tarn::test
