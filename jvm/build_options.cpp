@@ -17,13 +17,6 @@
 namespace tarn {
 namespace {
 
-MemorySizes ReadMemorySizes() {
-    // The older call on purpose: its "available" is this process's address space, not a promise.
-    MEMORYSTATUS status;
-    GlobalMemoryStatus(&status);
-    return {status.dwTotalPhys, status.dwAvailVirtual};
-}
-
 // Builds one option as the JVM gets it, and takes the thread's stack size from it on the way.
 std::wstring TransformVmParameter(std::wstring_view token, std::uint64_t& threadStackSize) {
     std::wstring option = RemoveQuotes(std::wstring(token));
@@ -59,6 +52,13 @@ void AppendDefaultArguments(const LayeredSettings& layered, std::vector<std::wst
 }
 
 }  // namespace
+
+MemorySizes ReadMemorySizes() {
+    // The older call on purpose: its "available" is this process's address space, not a promise.
+    MEMORYSTATUS status;
+    GlobalMemoryStatus(&status);
+    return {status.dwTotalPhys, status.dwAvailVirtual};
+}
 
 bool BuildOptions(const Splash& splash, JvmOptions& options, std::vector<std::wstring>& arguments) {
     const std::optional<std::wstring> program = ModulePath();

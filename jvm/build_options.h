@@ -4,9 +4,13 @@
 #include <vector>
 
 #include "jvm/jvm_options.h"
+#include "jvm/vm_parameters.h"
 #include "ui/splash.h"
 
 namespace tarn {
+
+/// The machine's physical memory and this process's unused address space (`GlobalMemoryStatus`).
+MemorySizes ReadMemorySizes();
 
 /// Reads the class path, the JVM's parameters, the output files and the default arguments into
 /// `options` and `arguments`. Returns false when the settings file cannot be located or there is

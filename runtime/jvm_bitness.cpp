@@ -27,23 +27,26 @@ WORD MachineOf(void* image) {
 
 }  // namespace
 
-bool NeedsPairedLauncher(const std::wstring& jvmLibraryPath, const std::wstring& pairProduct) {
-    if (pairProduct.empty()) return false;
+std::uint16_t MachineOfFile(const std::wstring& jvmLibraryPath) {
     const FileHandle file(CreateFileW(jvmLibraryPath.c_str(), GENERIC_READ, FILE_SHARE_READ,
                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file) return false;
+    if (!file) return IMAGE_FILE_MACHINE_UNKNOWN;
     LARGE_INTEGER size{};
-    if (GetFileSizeEx(file.get(), &size) == FALSE) return false;
+    if (GetFileSizeEx(file.get(), &size) == FALSE) return IMAGE_FILE_MACHINE_UNKNOWN;
     // An empty file cannot be mapped, which is what this answers.
     const Handle mapping(CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
-    if (!mapping) return false;
+    if (!mapping) return IMAGE_FILE_MACHINE_UNKNOWN;
     const FileView view(MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
-    if (!view) return false;
+    if (!view) return IMAGE_FILE_MACHINE_UNKNOWN;
     const std::span<const std::byte> bytes(static_cast<const std::byte*>(view.get()),
                                            static_cast<std::size_t>(size.QuadPart));
     // The platform's own look at the headers does not know where the file ends.
-    if (!HoldsImageHeaders(bytes)) return false;
-    return MachineOf(view.get()) == IMAGE_FILE_MACHINE_I386;
+    if (!HoldsImageHeaders(bytes)) return IMAGE_FILE_MACHINE_UNKNOWN;
+    return MachineOf(view.get());
+}
+
+bool NeedsPairedLauncher(const std::wstring& jvmLibraryPath, const std::wstring& pairProduct) {
+    return !pairProduct.empty() && MachineOfFile(jvmLibraryPath) == IMAGE_FILE_MACHINE_I386;
 }
 
 }  // namespace tarn

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace tarn {
+
+/// The machine field in the file header of a library (0x8664 for 64-bit x86, 0x14C for 32-bit x86).
+/// 0 for anything that cannot be read, or is no executable image.
+std::uint16_t MachineOfFile(const std::wstring& jvmLibraryPath);
 
 /// Whether `jvm.dll` is to be left to the paired launcher: "Pair Product" is set and the library's
 /// file header says 32-bit x86. Anything that cannot be read, or is no executable image, is not.

@@ -1,12 +1,13 @@
 #include "settings/embedded_text.h"
 
+#include "base/program.h"
 #include "base/windows.h"
 
 namespace tarn {
 
 std::wstring LoadEmbeddedText() {
     std::wstring text;
-    const HMODULE module = GetModuleHandleW(nullptr);
+    const HMODULE module = ProgramModule();
     const HRSRC resource = FindResourceW(module, L"SETTINGS", MAKEINTRESOURCEW(10));  // RT_RCDATA
     if (resource == nullptr) return text;
     const HGLOBAL data = LoadResource(module, resource);

@@ -20,18 +20,22 @@ bool IsYes(const std::wstring& value) {
 
 std::wstring ReadJrePath(const LayeredSettings& layered, const Settings& settings,
                          const std::wstring& programPath) {
-    // A service runs without the user whose file this would be.
-    if (!settings.serviceMode) {
-        std::wstring perUser = PerUserSettingsPath(settings, programPath, false);
-        if (FileExists(perUser)) {
-            return IniFile(std::move(perUser))
-                .GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
-        }
+    std::wstring perUser;
+    if (UsesPerUserFile(settings, programPath, perUser)) {
+        return IniFile(perUser).GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
     }
     return layered.GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
 }
 
 }  // namespace
+
+bool UsesPerUserFile(const Settings& settings, const std::wstring& programPath,
+                     std::wstring& perUser) {
+    // A service runs without the user whose file this would be.
+    if (settings.serviceMode) return false;
+    perUser = PerUserSettingsPath(settings, programPath, false);
+    return FileExists(perUser);
+}
 
 bool ReadSettings(HWND errorOwner, Settings& settings) {
     const std::optional<std::wstring> programPath = ModulePath();

@@ -153,16 +153,16 @@ void JreNotFoundDialog::Browse() {
     if (!jvmPath_.empty()) EnableWindow(GetDlgItem(window_, IDOK), TRUE);
 }
 
-std::wstring MessageFor(const RuntimeSearchPolicy& policy) {
+}  // namespace
+
+std::wstring JreNotFoundMessage(const RuntimeSearchPolicy& policy) {
     const unsigned id =
         policy.jvmType == JvmType::Server ? IDS_SERVER_JRE_NOT_FOUND : IDS_JRE_NOT_FOUND;
     return FormatText(LoadMessageText(id), {DescribeVersionBounds(policy.minimum, policy.maximum)});
 }
 
-}  // namespace
-
 bool ShowJreNotFound(const Settings& settings, RuntimeChoice& choice) {
-    JreNotFoundDialog dialog(MessageFor(settings.policy), settings.policy.jvmType);
+    JreNotFoundDialog dialog(JreNotFoundMessage(settings.policy), settings.policy.jvmType);
     const INT_PTR result = dialog.Show(GetActiveWindow());
     if (result == -1) SetLastError(ERROR_OUTOFMEMORY);
     if (result != IDOK) return false;

@@ -8,10 +8,6 @@
 namespace tarn {
 namespace {
 
-using SplashInit = void (*)();
-using SplashLoadFile = void (*)(const char* ansiImagePath);
-using SplashSetFileJarName = void (*)(const char* ansiImagePath, const char* ansiJarPath);
-
 std::wstring FullPath(const std::wstring& path) {
     std::wstring full;
     DWORD length = GetFullPathNameW(path.c_str(), 0, nullptr, nullptr);
@@ -54,21 +50,36 @@ HMODULE LoadWithNeighbours(const std::wstring& path, const std::wstring& jvmLibr
 
 }  // namespace
 
-bool StartNativeSplash(const std::wstring& imagePath, bool wanted,
-                       const std::wstring& jvmLibraryPath, OneShotAction& launchFailureAction) {
-    const std::wstring path = FindInRuntimeBin(jvmLibraryPath, L"splashscreen.dll");
-    if (!wanted || path.empty()) return false;
+std::wstring FindNativeSplash(const std::wstring& jvmLibraryPath) {
+    return FindInRuntimeBin(jvmLibraryPath, L"splashscreen.dll");
+}
+
+bool LoadNativeSplash(const std::wstring& path, const std::wstring& jvmLibraryPath,
+                      NativeSplash& splash) {
     // Never unloaded: its window and the application's view of it live in there.
     const HMODULE library = LoadWithNeighbours(path, jvmLibraryPath);
     if (library == nullptr) return false;
-    const auto init = FindFunction<SplashInit>(library, "SplashInit");
-    const auto loadFile = FindFunction<SplashLoadFile>(library, "SplashLoadFile");
-    const auto setFileJarName = FindFunction<SplashSetFileJarName>(library, "SplashSetFileJarName");
-    launchFailureAction.Set(FindFunction<OneShotAction::Function>(library, "SplashClose"));
-    if (init == nullptr || loadFile == nullptr || setFileJarName == nullptr) return false;
-    init();
-    loadFile(ToThreadAnsi(imagePath).c_str());
-    setFileJarName(ToThreadAnsi(imagePath).c_str(), "");
+
+    splash.init = FindFunction<decltype(splash.init)>(library, "SplashInit");
+    splash.loadFile = FindFunction<decltype(splash.loadFile)>(library, "SplashLoadFile");
+    splash.setFileJarName =
+        FindFunction<decltype(splash.setFileJarName)>(library, "SplashSetFileJarName");
+    splash.close = FindFunction<decltype(splash.close)>(library, "SplashClose");
+    return splash.init != nullptr && splash.loadFile != nullptr && splash.setFileJarName != nullptr;
+}
+
+bool StartNativeSplash(const std::wstring& imagePath, bool wanted,
+                       const std::wstring& jvmLibraryPath, OneShotAction& launchFailureAction) {
+    const std::wstring path = FindNativeSplash(jvmLibraryPath);
+    if (!wanted || path.empty()) return false;
+    NativeSplash splash;
+    const bool usable = LoadNativeSplash(path, jvmLibraryPath, splash);
+    launchFailureAction.Set(splash.close);
+    if (!usable) return false;
+
+    splash.init();
+    splash.loadFile(ToThreadAnsi(imagePath).c_str());
+    splash.setFileJarName(ToThreadAnsi(imagePath).c_str(), "");
     return true;
 }
 

@@ -10,17 +10,25 @@
 
 namespace tarn {
 
-bool Splash::Show(const std::wstring& jvmLibraryPath, OneShotAction& launchFailureAction) {
+bool ReadSplashSettings(SplashSettings& splash) {
     std::optional<std::wstring> settingsPath = MainSettingsPath();
     if (!settingsPath) return false;
     const IniFile settings(std::move(*settingsPath));
-    splashImagePath_ = settings.GetValue(keys::kDisplay, keys::kSplashScreen);
-    if (splashImagePath_.empty()) return true;
-    splashShadow_ = settings.GetValue(keys::kDisplay, keys::kSplashScreenShadow);
-    const bool preferNative = EqualsIgnoringCase(
+    splash.imagePath = settings.GetValue(keys::kDisplay, keys::kSplashScreen);
+    if (splash.imagePath.empty()) return true;
+    splash.shadow = settings.GetValue(keys::kDisplay, keys::kSplashScreenShadow) == L"true";
+    splash.preferNative = EqualsIgnoringCase(
         settings.GetValue(keys::kDisplay, keys::kPreferNativeSplashScreen), L"Yes");
-    if (!StartNativeSplash(splashImagePath_, preferNative, jvmLibraryPath, launchFailureAction))
+    return true;
+}
+
+bool Splash::Show(const std::wstring& jvmLibraryPath, OneShotAction& launchFailureAction) {
+    if (!ReadSplashSettings(settings_)) return false;
+    if (settings_.imagePath.empty()) return true;
+    if (!StartNativeSplash(settings_.imagePath, settings_.preferNative, jvmLibraryPath,
+                           launchFailureAction)) {
         StartThread();
+    }
     return true;
 }
 
@@ -36,7 +44,7 @@ DWORD WINAPI Splash::SplashThreadProc(void* splash) noexcept {
 }
 
 DWORD Splash::RunThread() {
-    const HWND window = splashWindow_->Create(splashImagePath_, splashShadow_ == L"true");
+    const HWND window = splashWindow_->Create(settings_.imagePath, settings_.shadow);
     splashWindowHandle_.store(window, std::memory_order_relaxed);
     ShowWindow(window, SW_SHOWNORMAL);
     UpdateWindow(window);

@@ -11,6 +11,18 @@
 
 namespace tarn {
 
+/// What the settings say about the splash picture.
+struct SplashSettings {
+    /// Empty: no splash, and the rest is not read.
+    std::wstring imagePath;
+    bool shadow = false;
+    /// The Java runtime's own splash library is to show it.
+    bool preferNative = false;
+};
+
+/// Reads them from the settings file. False when its path cannot be derived.
+bool ReadSplashSettings(SplashSettings& splash);
+
 /// The launch's splash picture, from before the JVM is loaded until `Close`: in a window of the
 /// launcher's own, which lives in a thread of its own, or in the Java runtime's.
 class Splash {
@@ -38,8 +50,7 @@ class Splash {
     DWORD RunThread();
 
     // Written before the thread starts, which reads them.
-    std::wstring splashImagePath_;
-    std::wstring splashShadow_;
+    SplashSettings settings_;
     std::unique_ptr<SplashScreenWindow> splashWindow_;
 
     Handle splashThread_;

@@ -5,6 +5,15 @@
 #include "ui/messages/message_text.h"
 
 namespace tarn {
+namespace {
+
+MessageReader messageReader = nullptr;
+
+}  // namespace
+
+void ReadMessagesInstead(MessageReader reader) {
+    messageReader = reader;
+}
 
 std::wstring TextOrId::Load() const {
     return id_ != 0 ? LoadMessageText(id_) : text_;
@@ -12,6 +21,10 @@ std::wstring TextOrId::Load() const {
 
 int ShowErrorMessage(HWND owner, const TextOrId& text, const TextOrId& caption) {
     const std::wstring loadedText = text.Load();
+    if (messageReader != nullptr) {
+        messageReader(loadedText);
+        return IDOK;
+    }
     if (caption.empty())
         return MessageBoxW(owner, loadedText.c_str(), nullptr, MB_OK | MB_ICONERROR);
     const std::wstring loadedCaption = caption.Load();

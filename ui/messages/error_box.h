@@ -29,6 +29,11 @@ inline constexpr unsigned kDefaultCaption = 0;
 /// box a taskbar button of its own. Returns the button that closed it (`MessageBoxW`).
 int ShowErrorMessage(HWND owner, const TextOrId& text, const TextOrId& caption = kDefaultCaption);
 
+/// What a box is shown with instead of `MessageBoxW`, for a program that tells what a launch would
+/// say: gets the whole text. Null, as it is in the launcher, shows boxes.
+using MessageReader = void (*)(const std::wstring& text);
+void ReadMessagesInstead(MessageReader reader);
+
 /// Fills `format`'s one `%s` with `argument` and shows the result as `ShowErrorMessage` does.
 int ShowFormattedError(HWND owner, const std::wstring& format, const std::wstring& argument);
 

@@ -1,0 +1,22 @@
+#include "base/program.h"
+
+namespace tarn {
+namespace {
+
+const OtherProgram* actedFor = nullptr;
+
+}  // namespace
+
+HMODULE ProgramModule() {
+    return actedFor != nullptr ? actedFor->module : GetModuleHandleW(nullptr);
+}
+
+const OtherProgram* ProgramActedFor() {
+    return actedFor;
+}
+
+void ActFor(const OtherProgram* program) {
+    actedFor = program;
+}
+
+}  // namespace tarn
