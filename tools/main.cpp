@@ -7,6 +7,7 @@
 #include "tools/console/console.h"
 #include "tools/console/failure.h"
 #include "tools/console/text_encoding.h"
+#include "tools/explain/explain_command.h"
 
 namespace tarn::tools {
 namespace {
@@ -24,6 +25,7 @@ int Run(std::vector<std::string> arguments, const Console& console) {
     app.require_subcommand(1);
 
     int exitCode = kSuccess;
+    AddExplainCommand(app, console, exitCode);
     // The parser wants them from the last to the first.
     std::reverse(arguments.begin(), arguments.end());
     try {

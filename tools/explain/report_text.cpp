@@ -1,0 +1,161 @@
+#include "tools/explain/report_text.h"
+
+#include "tools/explain/runtime_text.h"
+#include "tools/explain/text_page.h"
+
+namespace tarn::tools {
+namespace {
+
+void PrintOutcome(const LaunchReport& report, TextPage& page) {
+    page.Heading(report.program.path);
+    const OutcomeReport& outcome = report.outcome;
+    const bool good = outcome.kind == "starts-java" || outcome.kind == "starts-paired-program" ||
+                      outcome.kind == "hands-over";
+    page.Line(page.Styled(good ? Style::kGood : Style::kError, outcome.summary));
+    if (outcome.exitCode) page.Value("exit code", std::to_string(*outcome.exitCode));
+    for (const MessageReport& message : report.messages) {
+        const bool isDialog = outcome.kind == "asks-for-runtime" && !message.launchGoesOn;
+        page.Line(isDialog               ? "The user sees the dialog:"
+                  : message.launchGoesOn ? "The user sees first, and the launch then goes on:"
+                                         : "The user sees:");
+        page.Line(message.text, 2);
+    }
+}
+
+void PrintProgram(const ProgramReport& program, TextPage& page) {
+    const auto file = [&page](const char* name, const std::string& path, bool exists) {
+        page.Value(name, path.empty() ? "none" : path + (exists ? "" : " (not there)"));
+    };
+    page.Heading("Program");
+    page.Value("command line", program.commandLine);
+    file("settings", program.settingsFile, program.settingsFileExists);
+    file("user's own", program.perUserFile, program.perUserFileExists);
+    page.Value("built in", program.hasBuiltInSettings ? "settings text" : "none");
+}
+
+void PrintSettings(const std::vector<SettingReport>& settings, TextPage& page) {
+    page.Heading("Settings");
+    std::string section;
+    std::string notSet;
+    for (const SettingReport& setting : settings) {
+        if (setting.layer == "none") {
+            notSet += (notSet.empty() ? "" : ", ") + setting.key;
+            if (!setting.meaning.empty()) notSet += " (" + setting.meaning + ')';
+            continue;
+        }
+        if (setting.section != section) page.Line('[' + setting.section + ']');
+        section = setting.section;
+        std::string about = setting.layer;
+        if (!setting.meaning.empty()) about += ": " + setting.meaning;
+        page.Line(setting.key + " = " + setting.value + "  " +
+                      page.Styled(Style::kDim, '(' + about + ')'),
+                  2);
+    }
+    if (!notSet.empty()) page.Line(page.Styled(Style::kDim, "not set: " + notSet));
+}
+
+void PrintInstance(const InstanceReport& instance, TextPage& page) {
+    page.Heading("Single instance");
+    if (instance.state == "off") {
+        page.Line("off: " + instance.reason);
+        return;
+    }
+    page.Value("shared block", instance.blockName);
+    page.Value("message", instance.messageName);
+    page.Value("ready event", instance.eventName);
+    page.Value("arguments", std::to_string(instance.argumentBytes) + " of " +
+                                std::to_string(instance.argumentRoom) + " bytes");
+    if (instance.state == "first") {
+        page.Line("no instance runs");
+    } else if (instance.state == "second") {
+        page.Line("an instance runs: process " + std::to_string(instance.processId) +
+                  ", listening thread " + std::to_string(instance.listenerThreadId));
+    } else {
+        page.Line("not used: " + instance.reason);
+    }
+}
+
+void PrintPaired(const PairedReport& paired, TextPage& page) {
+    page.Heading("Paired program");
+    page.Value("program", paired.program + (paired.programExists ? "" : " (not there)"));
+    page.Value("waits for it", YesOrNo(paired.waits));
+}
+
+void PrintEnvironment(const EnvironmentReport& environment, TextPage& page) {
+    page.Heading("Environment");
+    page.Value("directory", environment.directory);
+    page.Value("TARN_JVM_PATH", environment.jvmPath);
+    page.Value("TARN_JVM_HOME", environment.jvmHome);
+    page.Value("Path", environment.path);
+}
+
+void PrintSplash(const SplashReport& splash, TextPage& page) {
+    page.Heading("Splash");
+    if (splash.kind == "none") {
+        page.Line("none: \"Splash Screen\" is not set");
+        return;
+    }
+    if (splash.kind == "suppressed") {
+        page.Line("none: an argument switches it off");
+        return;
+    }
+    page.Value("picture", splash.image + (splash.imageExists ? "" : " (not there)"));
+    page.Value("shown by", splash.kind == "native" ? "the Java runtime" : "the launcher");
+    if (splash.kind == "own") page.Value("shadow", YesOrNo(splash.shadow));
+    if (splash.nativeFailure == "no-library") {
+        page.Line("not by the runtime: it has no splashscreen.dll");
+    } else if (!splash.nativeFailure.empty()) {
+        page.Line("not by the runtime: its splashscreen.dll cannot be used");
+    }
+}
+
+std::string StackText(const JvmReport& jvm) {
+    if (jvm.stackSizeFrom == "executable") return "the executable's own default";
+    return SizeText(jvm.stackSize) +
+           (jvm.stackSizeFrom == "option" ? ", from \"-Xss\"" : ", the runtime's default");
+}
+
+void PrintMemory(const JvmReport& jvm, TextPage& page) {
+    page.Heading("Memory");
+    page.Value("stack of main", StackText(jvm));
+    page.Value("physical", SizeText(jvm.physicalMemory));
+    page.Value("address space", SizeText(jvm.availableAddressSpace) + " available");
+    for (const PercentageReport& percentage : jvm.percentages) {
+        page.Line(percentage.written + " becomes " + percentage.option);
+    }
+}
+
+void PrintJvm(const JvmReport& jvm, TextPage& page) {
+    page.Heading("Java");
+    page.Value("main class", jvm.mainClass);
+    for (const std::string& option : jvm.options) page.Value("option", option);
+    for (const std::string& argument : jvm.arguments) page.Value("argument", argument);
+    for (const OutputReport& output : jvm.outputs) {
+        std::string text = output.file;
+        if (output.append) text += " (appended)";
+        if (output.hasPicture) text += "  from " + output.name;
+        page.Value("standard " + output.stream, text);
+    }
+    page.Value("uncaught error", jvm.showsUncaughtException ? "shown in a dialog" : "not shown");
+    if (jvm.destroysJvm) page.Line("waits for the application's threads after main (service)");
+    if (jvm.staysAfterMain) page.Line("stays after main until System.exit (\"VM Provider\")");
+    PrintMemory(jvm, page);
+}
+
+}  // namespace
+
+std::string ReportText(const LaunchReport& report, const Console& console) {
+    TextPage page(console);
+    PrintOutcome(report, page);
+    PrintProgram(report.program, page);
+    if (!report.settings.empty()) PrintSettings(report.settings, page);
+    if (report.instance) PrintInstance(*report.instance, page);
+    if (report.runtime) PrintRuntime(*report.runtime, page);
+    if (report.paired) PrintPaired(*report.paired, page);
+    if (report.environment) PrintEnvironment(*report.environment, page);
+    if (report.splash) PrintSplash(*report.splash, page);
+    if (report.jvm) PrintJvm(*report.jvm, page);
+    return page.Take();
+}
+
+}  // namespace tarn::tools

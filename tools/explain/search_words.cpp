@@ -1,0 +1,170 @@
+#include "tools/explain/search_words.h"
+
+#include "tools/console/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+const char* WordFor(RuntimeSource source) {
+    switch (source) {
+        case RuntimeSource::Configured:
+            return "configured";
+        case RuntimeSource::Shipped:
+            return "shipped";
+        case RuntimeSource::Registry:
+            return "registry";
+        case RuntimeSource::PairedRegistry:
+            return "registry-32bit";
+    }
+    return "";
+}
+
+const char* WordFor(SourceVerdict verdict) {
+    switch (verdict) {
+        case SourceVerdict::Taken:
+            return "taken";
+        case SourceVerdict::NotConfigured:
+            return "not-configured";
+        case SourceVerdict::NoModuleFolder:
+            return "no-launcher-folder";
+        case SourceVerdict::NoJvmLibrary:
+            return "no-jvm-library";
+        case SourceVerdict::NoCandidate:
+            return "no-candidate";
+        case SourceVerdict::NoPairProduct:
+            return "no-pair-product";
+    }
+    return "";
+}
+
+const char* WordFor(RootVerdict verdict) {
+    switch (verdict) {
+        case RootVerdict::Searched:
+            return "searched";
+        case RootVerdict::KindNotWanted:
+            return "kind-not-wanted";
+        case RootVerdict::ProviderNotAllowed:
+            return "provider-not-allowed";
+        case RootVerdict::NotOpened:
+            return "no-such-key";
+    }
+    return "";
+}
+
+const char* WordFor(SubkeyVerdict verdict) {
+    switch (verdict) {
+        case SubkeyVerdict::Chosen:
+            return "chosen";
+        case SubkeyVerdict::RankedBelow:
+            return "ranked-below";
+        case SubkeyVerdict::AboveMaximum:
+            return "above-maximum";
+        case SubkeyVerdict::BelowMinimum:
+            return "below-minimum";
+        case SubkeyVerdict::NotOpened:
+            return "no-such-key";
+        case SubkeyVerdict::NoJavaHome:
+            return "no-java-home";
+        case SubkeyVerdict::NoJvmLibrary:
+            return "no-jvm-library";
+    }
+    return "";
+}
+
+const char* WordFor(ChoiceReason reason) {
+    switch (reason) {
+        case ChoiceReason::PreferredVersion:
+            return "preferred-version";
+        case ChoiceReason::Favored:
+            return "favored";
+        case ChoiceReason::Server:
+            return "server";
+        case ChoiceReason::Version:
+            return "version";
+        case ChoiceReason::FoundEarlier:
+            return "found-earlier";
+    }
+    return "";
+}
+
+struct Sentence {
+    std::string_view word;
+    std::string_view text;
+};
+
+constexpr Sentence kSentences[] = {
+    {"configured", "\"JRE Path\""},
+    {"shipped", "Runtime shipped with the program"},
+    {"registry", "Registry"},
+    {"registry-32bit", "Registry as 32-bit programs see it"},
+    {"taken", "taken"},
+    {"not-configured", "not set"},
+    {"no-launcher-folder", "the program's own folder is unknown"},
+    {"no-jvm-library", "no jvm.dll of the wanted type there"},
+    {"no-candidate", "no registered runtime will do"},
+    {"no-pair-product", "not searched: there is no \"Pair Product\" to start one"},
+    {"searched", "searched"},
+    {"kind-not-wanted", "not searched: \"JVM Source\" leaves this kind out"},
+    {"provider-not-allowed", "not searched: \"VM Provider\" leaves this provider out"},
+    {"no-such-key", "no such key, or it cannot be read"},
+    {"chosen", "chosen"},
+    {"ranked-below", "would do, but another is better"},
+    {"above-maximum", "newer than \"Maximum Version\""},
+    {"below-minimum", "older than \"Minimum Version\""},
+    {"no-java-home", "\"JavaHome\" is missing or empty"},
+    {"preferred-version", "that one is of a preferred version"},
+    {"favored", "that one is of the favoured kind and provider"},
+    {"server", "that one has a server JVM"},
+    {"version", "that one is newer"},
+    {"found-earlier", "that one was found first"},
+};
+
+SubkeyLine Describe(const SubkeyReport& subkey) {
+    SubkeyLine line;
+    line.name = Utf8Of(subkey.name);
+    line.version = Utf8Of(FormatVersion(subkey.runtime.version));
+    line.home = Utf8Of(subkey.runtime.home);
+    line.verdict = WordFor(subkey.verdict);
+    line.isCandidate =
+        subkey.verdict == SubkeyVerdict::Chosen || subkey.verdict == SubkeyVerdict::RankedBelow;
+    if (line.isCandidate) {
+        line.server = subkey.runtime.server;
+        line.favored = subkey.runtime.favored;
+        line.rank = subkey.rank;
+    }
+    if (subkey.verdict == SubkeyVerdict::RankedBelow) line.reason = WordFor(subkey.reason);
+    return line;
+}
+
+}  // namespace
+
+std::vector<SourceLine> DescribeSearch(const SearchReport& search,
+                                       const std::vector<std::wstring>& preferredVersions) {
+    std::vector<SourceLine> lines;
+    for (const SourceReport& source : search.sources) {
+        SourceLine line;
+        line.source = WordFor(source.source);
+        line.verdict = WordFor(source.verdict);
+        line.home = Utf8Of(source.home);
+        if (source.preferred) line.preferred = Utf8Of(preferredVersions.at(*source.preferred));
+        for (const RootReport& root : source.roots) {
+            RootLine& rootLine = line.roots.emplace_back();
+            rootLine.key = Utf8Of(root.root->key);
+            rootLine.verdict = WordFor(root.verdict);
+            for (const SubkeyReport& subkey : root.subkeys) {
+                rootLine.subkeys.push_back(Describe(subkey));
+            }
+        }
+        lines.push_back(std::move(line));
+    }
+    return lines;
+}
+
+std::string_view SentenceFor(std::string_view word) {
+    for (const Sentence& sentence : kSentences) {
+        if (sentence.word == word) return sentence.text;
+    }
+    return word;
+}
+
+}  // namespace tarn::tools
