@@ -60,22 +60,49 @@ void CheckNativePaths(const std::wstring& setting, const std::wstring& library) 
             setting + L"C:\\Apps\\;.;%Path%" + folder + L"lib");
 }
 
-// Every level is a folder on the way, longer than the one before; the file itself is none.
-void CheckFolderLevels(const std::wstring& name) {
-    std::size_t previous = 0;
-    for (;;) {
-        const std::size_t level = tarn::NextFolderLevel(name, previous);
-        if (level == std::wstring::npos) break;
-        Require(level > previous && level < name.size());
-        Require(name[level] == L'\\' || name[level] == L'/');
-        Require(name[level - 1] != L'\\' && name[level - 1] != L'/');
-        previous = level;
+bool IsSeparator(wchar_t c) {
+    return c == L'\\' || c == L'/';
+}
+
+// Where each component ends, from `start` on. One that should begin there but does not is empty.
+std::vector<std::size_t> ComponentEnds(const std::wstring& name, std::size_t start) {
+    std::vector<std::size_t> ends;
+    bool inComponent = true;
+    for (std::size_t i = start; i < name.size(); ++i) {
+        if (IsSeparator(name[i]) && inComponent) ends.push_back(i);
+        inComponent = !IsSeparator(name[i]);
     }
-    // None was left out at the end.
-    const std::size_t last = name.find_last_of(L"\\/");
-    if (previous != 0 && last != std::wstring::npos)
-        Require(name.find_first_not_of(L"\\/", previous) > last || previous == last ||
-                name.find_last_not_of(L"\\/", last) == previous - 1);
+    return ends;
+}
+
+// The folders that may have to be made are those behind the drive, or behind server and share.
+std::vector<std::size_t> NaiveFolderLevels(const std::wstring& name) {
+    std::size_t start = 2;
+    std::size_t inRoot = 2;
+    if (name[1] == L':') {
+        // What stands right behind the colon belongs to the drive when it is nothing.
+        inRoot = name.size() > 2 && IsSeparator(name[2]) ? 1 : 0;
+    } else if (name[2] == L'?' || name[2] == L'.') {
+        if (name.size() > 3 && name[3] == L'\\') {
+            start = 4;
+            std::wstring mark = name.substr(4, 4);
+            for (wchar_t& c : mark)
+                if (c >= L'a' && c <= L'z') c = static_cast<wchar_t>(c - L'a' + L'A');
+            inRoot = mark == L"UNC\\" ? 3 : 1;
+        }
+    }
+    std::vector<std::size_t> ends = ComponentEnds(name, start);
+    ends.erase(ends.begin(),
+               ends.begin() + static_cast<std::ptrdiff_t>(std::min(inRoot, ends.size())));
+    return ends;
+}
+
+void CheckFolderLevels(const std::wstring& name) {
+    std::vector<std::size_t> levels;
+    std::size_t level = 0;
+    while ((level = tarn::NextFolderLevel(name, level)) != std::wstring::npos)
+        levels.push_back(level);
+    Require(levels == NaiveFolderLevels(name));
 }
 
 }  // namespace
@@ -89,7 +116,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     CheckSettingsPath(first);
     CheckPerUserPath(first, second);
     CheckNativePaths(second, first);
-    CheckFolderLevels(L"C:\\" + first);
-    CheckFolderLevels(L"\\\\" + first);
+    CheckFolderLevels(L"C:" + first);
+    CheckFolderLevels(L"\\\\" + first + L'x');
+    CheckFolderLevels(L"\\\\?\\" + first);
     return 0;
 }
