@@ -84,12 +84,12 @@ fuzz_one() {  # name
 }
 
 minimise_one() {  # name
-    local least=build/fuzz/$1-least
+    local least=build/fuzz/$1-least log=build/fuzz/$1-least.log
     rm -rf "$least"
     mkdir -p "$least" "build/fuzz/$1" "fuzz/corpus/$1"
     "build/host-clang/fuzz/$1_fuzzer" -set_cover_merge=1 -max_len="$(longest_input "$1")" "$least" \
-        "fuzz/corpus/$1" "build/fuzz/$1" >"build/fuzz/$1.log" 2>&1 </dev/null ||
-        { tail -n 20 "build/fuzz/$1.log"; return 1; }
+        "fuzz/corpus/$1" "build/fuzz/$1" >"$log" 2>&1 </dev/null ||
+        { tail -n 20 "$log"; return 1; }
     rm -rf "fuzz/corpus/$1"
     cp -r "$least" "fuzz/corpus/$1"
     printf '    %s: %s inputs\n' "$1" "$(find "fuzz/corpus/$1" -type f | wc -l)"
