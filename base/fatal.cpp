@@ -16,8 +16,7 @@ constexpr DWORD kBadIndex = 0x80070057;
 [[noreturn]] void Fatal(DWORD code) {
     RaiseException(code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
     // Only a debugger can bring us here.
-    TerminateProcess(GetCurrentProcess(), code);
-    std::abort();
+    for (;;) TerminateProcess(GetCurrentProcess(), code);
 }
 
 }  // namespace
@@ -47,14 +46,11 @@ void __throw_out_of_range(const char*) {
 void __throw_out_of_range_fmt(const char*, ...) {
     Fatal(kBadIndex);
 }
-void __throw_bad_optional_access() {
-    Fatal(kBadIndex);
-}
-void __throw_bad_function_call() {
-    Fatal(kBadIndex);
-}
 }  // namespace std
 // NOLINTEND(bugprone-reserved-identifier, readability-identifier-naming)
+
+// The library's own comes with its new-handler.
+const std::nothrow_t std::nothrow{};
 
 void* operator new(std::size_t size) {
     void* const memory = std::malloc(size != 0 ? size : 1);

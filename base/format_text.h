@@ -5,26 +5,24 @@
 #include <string>
 #include <string_view>
 
-#include "base/decimal.h"
-
 namespace tarn {
 
-/// One value for a message's `%s` or `%d`.
+/// One value for a message's `%s` or `%d`. Refers to the text that it is made of, so it lives as
+/// long as one call.
 class FormatValue {
   public:
     FormatValue(std::wstring_view text) : text_(text) {}
     FormatValue(const std::wstring& text) : text_(text) {}
     FormatValue(const wchar_t* text) : text_(text) {}
     /// Written as a signed 32-bit decimal.
-    FormatValue(std::int32_t number) : numberText_(DecimalText(number)) { text_ = numberText_; }
-    FormatValue(const FormatValue&) = delete;
-    FormatValue& operator=(const FormatValue&) = delete;
+    FormatValue(std::int32_t number) : number_(number), isNumber_(true) {}
 
-    std::wstring_view text() const { return text_; }
+    void AppendTo(std::wstring& text) const;
 
   private:
     std::wstring_view text_;
-    std::wstring numberText_;
+    std::int32_t number_ = 0;
+    bool isNumber_ = false;
 };
 
 /// Fills a message: each `%s` and `%d`, in order, becomes the next value; `%%` becomes "%". A

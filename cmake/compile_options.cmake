@@ -24,8 +24,11 @@ if(WIN32)
     set(CMAKE_CXX_FLAGS_DEBUG "-Og -g")
     # A program is optimised as a whole when it is linked, which makes the launcher a quarter
     # smaller. In one piece: GCC 12 fails on the parts that it would otherwise work on by turns.
+    # Locals are reached through a frame pointer: on this processor that takes a byte less each time
+    # than through the stack pointer, and in a large frame four.
     if(CMAKE_BUILD_TYPE STREQUAL "MinSizeRel" AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        target_compile_options(tarn_shipped_options INTERFACE -Oz -flto -ffat-lto-objects)
+        target_compile_options(tarn_shipped_options INTERFACE
+            -Oz -fno-omit-frame-pointer -flto -ffat-lto-objects)
         add_link_options(-Oz -flto -flto-partition=none)
     endif()
 else()

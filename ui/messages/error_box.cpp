@@ -16,7 +16,8 @@ void ReadMessagesInstead(MessageReader reader) {
 }
 
 std::wstring TextOrId::Load() const {
-    return id_ != 0 ? LoadMessageText(id_) : text_;
+    if (id_ != 0) return LoadMessageText(id_);
+    return text_ != nullptr ? *text_ : std::wstring();
 }
 
 int ShowErrorMessage(HWND owner, const TextOrId& text, const TextOrId& caption) {

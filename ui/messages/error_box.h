@@ -6,18 +6,19 @@
 
 namespace tarn {
 
-/// A text as it stands, or the number of one in the string table.
+/// A text as it stands, or the number of one in the string table. Refers to the text, so it lives
+/// as long as one call.
 class TextOrId {
   public:
-    TextOrId(const std::wstring& text) : text_(text) {}
+    TextOrId(const std::wstring& text) : text_(&text) {}
     TextOrId(unsigned id) : id_(id) {}
 
     /// The text; one named by its number is loaded now.
     std::wstring Load() const;
-    bool empty() const { return id_ == 0 && text_.empty(); }
+    bool empty() const { return id_ == 0 && (text_ == nullptr || text_->empty()); }
 
   private:
-    std::wstring text_;
+    const std::wstring* text_ = nullptr;
     unsigned id_ = 0;
 };
 
