@@ -8,6 +8,7 @@
 #include "tools/console/failure.h"
 #include "tools/console/text_encoding.h"
 #include "tools/explain/explain_command.h"
+#include "tools/stamp/stamp_command.h"
 
 namespace tarn::tools {
 namespace {
@@ -17,6 +18,11 @@ constexpr char kDescription[] =
 constexpr char kExitCodes[] =
     "Exit codes: 0 done, 1 warnings where --strict asks for that, 2 failed or wrong arguments.";
 
+void AddCommands(CLI::App& app, const Console& console, int& exitCode) {
+    AddExplainCommand(app, console, exitCode);
+    AddStampCommand(app, console, exitCode);
+}
+
 // The commands' own exit code comes through `exitCode`; everything else is decided here.
 int Run(std::vector<std::string> arguments, const Console& console) {
     CLI::App app(kDescription, "tarn");
@@ -25,7 +31,7 @@ int Run(std::vector<std::string> arguments, const Console& console) {
     app.require_subcommand(1);
 
     int exitCode = kSuccess;
-    AddExplainCommand(app, console, exitCode);
+    AddCommands(app, console, exitCode);
     // The parser wants them from the last to the first.
     std::reverse(arguments.begin(), arguments.end());
     try {

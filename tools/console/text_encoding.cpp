@@ -9,7 +9,7 @@ bool IsSurrogate(char32_t character) {
     return character >= 0xD800 && character <= 0xDFFF;
 }
 
-[[maybe_unused]] bool IsHighSurrogate(char32_t character) {
+bool IsHighSurrogate(char32_t character) {
     return character >= 0xD800 && character <= 0xDBFF;
 }
 
@@ -43,14 +43,39 @@ char32_t TakeCharacter(std::string_view& text) {
     return kReplacement;
 }
 
-void AppendWide(std::wstring& text, char32_t character) {
-    if (sizeof(wchar_t) == 2 && character > 0xFFFF) {
-        character -= 0x10000;
-        text += static_cast<wchar_t>(0xD800 + (character >> 10));
-        text += static_cast<wchar_t>(0xDC00 + (character & 0x3FF));
-    } else {
-        text += static_cast<wchar_t>(character);
+template <typename Unit>
+std::basic_string<Unit> FromUtf8(std::string_view utf8) {
+    std::basic_string<Unit> text;
+    text.reserve(utf8.size());
+    while (!utf8.empty()) {
+        char32_t character = TakeCharacter(utf8);
+        if (sizeof(Unit) == 2 && character > 0xFFFF) {
+            character -= 0x10000;
+            text += static_cast<Unit>(0xD800 + (character >> 10));
+            text += static_cast<Unit>(0xDC00 + (character & 0x3FF));
+        } else {
+            text += static_cast<Unit>(character);
+        }
     }
+    return text;
+}
+
+template <typename Unit>
+std::string ToUtf8(std::basic_string_view<Unit> text) {
+    std::string utf8;
+    utf8.reserve(text.size());
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        char32_t character = static_cast<char32_t>(text[at]);
+        if constexpr (sizeof(Unit) == 2) {
+            const char32_t next = at + 1 < text.size() ? static_cast<char32_t>(text[at + 1]) : 0;
+            if (IsHighSurrogate(character) && IsSurrogate(next) && !IsHighSurrogate(next)) {
+                character = 0x10000 + ((character - 0xD800) << 10) + (next - 0xDC00);
+                ++at;
+            }
+        }
+        AppendUtf8(utf8, IsSurrogate(character) || character > 0x10FFFF ? kReplacement : character);
+    }
+    return utf8;
 }
 
 }  // namespace
@@ -75,27 +100,19 @@ void AppendUtf8(std::string& text, char32_t character) {
 }
 
 std::wstring WideOf(std::string_view utf8) {
-    std::wstring wide;
-    wide.reserve(utf8.size());
-    while (!utf8.empty()) AppendWide(wide, TakeCharacter(utf8));
-    return wide;
+    return FromUtf8<wchar_t>(utf8);
 }
 
 std::string Utf8Of(std::wstring_view wide) {
-    std::string utf8;
-    utf8.reserve(wide.size());
-    for (std::size_t at = 0; at < wide.size(); ++at) {
-        char32_t character = static_cast<char32_t>(wide[at]);
-        if constexpr (sizeof(wchar_t) == 2) {
-            const char32_t next = at + 1 < wide.size() ? static_cast<char32_t>(wide[at + 1]) : 0;
-            if (IsHighSurrogate(character) && IsSurrogate(next) && !IsHighSurrogate(next)) {
-                character = 0x10000 + ((character - 0xD800) << 10) + (next - 0xDC00);
-                ++at;
-            }
-        }
-        AppendUtf8(utf8, IsSurrogate(character) || character > 0x10FFFF ? kReplacement : character);
-    }
-    return utf8;
+    return ToUtf8(wide);
+}
+
+std::u16string Utf16Of(std::string_view utf8) {
+    return FromUtf8<char16_t>(utf8);
+}
+
+std::string Utf8Of(std::u16string_view utf16) {
+    return ToUtf8(utf16);
 }
 
 std::filesystem::path PathOf(std::string_view utf8) {

@@ -27,6 +27,12 @@ TEST(TextEncoding, ReplacesLoneSurrogates) {
               "b");
 }
 
+TEST(TextEncoding, WritesUtf16InSurrogatePairs) {
+    const std::string text = "a\xE2\x82\xAC\xF0\x9F\x98\x80";
+    EXPECT_EQ(Utf16Of(text), u"a\u20AC\U0001F600");
+    EXPECT_EQ(Utf8Of(Utf16Of(text)), text);
+}
+
 TEST(TextEncoding, KeepsLettersOfAPath) {
     const std::string typed = "caf\xC3\xA9/\xD0\xB6.ini";
     EXPECT_EQ(Utf8OfPath(PathOf(typed)), typed);

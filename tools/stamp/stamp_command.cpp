@@ -1,0 +1,172 @@
+#include "tools/stamp/stamp_command.h"
+
+#include <charconv>
+#include <memory>
+
+#include "tools/console/failure.h"
+#include "tools/console/text_encoding.h"
+#include "tools/console/whole_file.h"
+#include "tools/jar/jar_file.h"
+#include "tools/stamp/settings_text.h"
+#include "tools/stamp/stamp.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr char kExamples[] =
+    "Examples:\n"
+    "  tarn stamp launcher.exe --out app.exe --icon app.png --version 2.1.0 \\\n"
+    "      --product \"My App\" --company \"My Company\"\n"
+    "  tarn stamp launcher.exe --out app.exe --settings app.ini --jar app.jar\n"
+    "      A single file: app.ini has \"Embedded Jar=Yes\" in its section [Application].\n"
+    "  tarn stamp app.exe --out app.exe --set-string 210=\"Keine Hauptklasse in der INI-Datei.\"\n"
+    "Sign the executable afterwards: a change would break its signature.";
+
+struct Arguments {
+    std::string launcher, out, icon, settings, jar, manifest;
+    std::string version, product, description, company, copyright;
+    std::vector<std::string> texts;
+    std::vector<std::string> strings;
+    bool dropsSignature = false;
+};
+
+// Words of a file that a function refused get the file's name in front.
+template <typename Function>
+auto Naming(const std::filesystem::path& file, const Function& function) {
+    try {
+        return function();
+    } catch (const Failure& failure) {
+        throw Failure(file, failure.what());
+    }
+}
+
+std::pair<std::string, std::string> SplitAtEquals(const std::string& option,
+                                                  const std::string& text) {
+    const std::size_t equals = text.find('=');
+    if (equals == std::string::npos || equals == 0) {
+        throw Failure(option + " " + text + ": NAME=TEXT is needed");
+    }
+    return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+// "\n", "\t" and "\\" in what was typed.
+std::string Unescaped(std::string_view text) {
+    std::string plain;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char next = at + 1 < text.size() ? text[at + 1] : '\0';
+        if (text[at] == '\\' && (next == 'n' || next == 't' || next == '\\')) {
+            plain += next == 'n' ? '\n' : next == 't' ? '\t' : '\\';
+            ++at;
+        } else {
+            plain += text[at];
+        }
+    }
+    return plain;
+}
+
+std::pair<std::uint16_t, std::string> ParseString(const std::string& option) {
+    const auto [id, text] = SplitAtEquals("--set-string", option);
+    std::uint16_t number = 0;
+    const auto parsed = std::from_chars(id.data(), id.data() + id.size(), number);
+    if (parsed.ec != std::errc() || parsed.ptr != id.data() + id.size()) {
+        throw Failure("--set-string " + option +
+                      ": a number from 0 to 65535 is needed before \"=\"");
+    }
+    return {number, Unescaped(text)};
+}
+
+void AddVersionTexts(const Arguments& arguments, StampChanges& changes) {
+    const auto add = [&](const char* name, const std::string& text) {
+        if (!text.empty()) changes.versionTexts.emplace_back(name, text);
+    };
+    add("ProductName", arguments.product);
+    add("FileDescription",
+        arguments.description.empty() ? arguments.product : arguments.description);
+    add("CompanyName", arguments.company);
+    add("LegalCopyright", arguments.copyright);
+    for (const std::string& text : arguments.texts) {
+        changes.versionTexts.push_back(SplitAtEquals("--version-text", text));
+    }
+    if (changes.version.empty() && changes.versionTexts.empty()) return;
+    const std::filesystem::path file = PathOf(arguments.out);
+    changes.versionTexts.emplace(changes.versionTexts.begin(), "OriginalFilename",
+                                 Utf8OfPath(file.filename()));
+    changes.versionTexts.emplace(changes.versionTexts.begin(), "InternalName",
+                                 Utf8OfPath(file.stem()));
+}
+
+void RunStamp(const Arguments& arguments, const Console& console) {
+    StampChanges changes;
+    std::vector<std::string> warnings;
+    changes.dropsSignature = arguments.dropsSignature;
+    changes.version = arguments.version;
+    AddVersionTexts(arguments, changes);
+    for (const std::string& text : arguments.strings) changes.strings.push_back(ParseString(text));
+    if (!arguments.icon.empty()) {
+        const std::filesystem::path file = PathOf(arguments.icon);
+        changes.icon = Naming(file, [&] { return ReadIcon(ReadWholeFile(file)); });
+    }
+    if (!arguments.settings.empty()) {
+        const Bytes file = ReadWholeFile(PathOf(arguments.settings));
+        changes.settings = EmbeddedSettingsText(DecodeSettingsFile(file), warnings);
+        for (std::string& warning : warnings) warning.insert(0, arguments.settings + ": ");
+    }
+    if (!arguments.manifest.empty()) changes.manifest = ReadWholeFile(PathOf(arguments.manifest));
+    if (!arguments.jar.empty()) {
+        const std::filesystem::path file = PathOf(arguments.jar);
+        changes.jar = ReadWholeFile(file);
+        const JarFile checked(*changes.jar, file);
+    }
+    const std::filesystem::path launcher = PathOf(arguments.launcher);
+    const Bytes content = ReadWholeFile(launcher);
+    const Bytes stamped = Naming(launcher, [&] { return Stamp(content, changes, warnings); });
+    WriteWholeFile(PathOf(arguments.out), stamped);
+    for (const std::string& warning : warnings) console.PrintWarning(warning);
+    console.PrintLine(arguments.out + ": " + std::to_string(stamped.size()) + " bytes");
+}
+
+}  // namespace
+
+void AddStampCommand(CLI::App& app, const Console& console, int& exitCode) {
+    auto arguments = std::make_shared<Arguments>();
+    CLI::App& command = *app.add_subcommand(
+        "stamp", "Gives an executable its icon, version information, texts, settings and jar");
+    command.footer(kExamples);
+    command.add_option("launcher", arguments->launcher, "The executable to begin with")
+        ->required()
+        ->type_name("LAUNCHER.exe");
+    const auto option = [&](const char* name, std::string& value, const char* type,
+                            const char* help) {
+        return command.add_option(name, value, help)->type_name(type);
+    };
+    option("--out,-o", arguments->out, "FILE", "Where the new executable goes")->required();
+    option("--icon", arguments->icon, "FILE", "Icon: an .ico file, or a .png (256 pixels or more)");
+    option("--version", arguments->version, "TEXT", "Version of file and product, such as 2.1.0");
+    option("--product", arguments->product, "TEXT", "Name of the product");
+    option("--description", arguments->description, "TEXT",
+           "What the task manager shows (else the product's name)");
+    option("--company", arguments->company, "TEXT", "Maker");
+    option("--copyright", arguments->copyright, "TEXT", "Copyright notice");
+    command
+        .add_option("--version-text", arguments->texts,
+                    "Any other text of the version information; may be repeated")
+        ->type_name("NAME=TEXT")
+        ->allow_extra_args(false);
+    option("--settings", arguments->settings, "FILE", "Settings file to build in");
+    option("--jar", arguments->jar, "FILE", "Jar to append, for \"Embedded Jar\"");
+    command
+        .add_option("--set-string", arguments->strings,
+                    "Text of the string table, with \\n for a new line; may be repeated")
+        ->type_name("ID=TEXT")
+        ->allow_extra_args(false);
+    option("--manifest", arguments->manifest, "FILE",
+           "Manifest (XML) to take the present one's place");
+    command.add_flag("--drop-signature", arguments->dropsSignature,
+                     "Go on with a signed executable, without its signature");
+    command.callback([arguments, &console, &exitCode] {
+        RunStamp(*arguments, console);
+        exitCode = kSuccess;
+    });
+}
+
+}  // namespace tarn::tools
