@@ -1,5 +1,6 @@
 // The least that a program can do to run a Java application in its own process: what the launcher
 // is measured against. It imports nothing but kernel32 and the C runtime.
+// With prepare_window.cpp for prepare_nothing.cpp it is window_host, which shows a window besides.
 //
 //   bare_host JVM_DLL STACK_BYTES MAIN_CLASS OPTION... -- ARGUMENT...
 #include <string>
@@ -9,6 +10,7 @@
 #include <jni.h>
 
 #include "base/windows.h"
+#include "bench/prepare_host.h"
 
 namespace {
 
@@ -97,6 +99,7 @@ int wmain(int count, wchar_t** words) {
             start.arguments.emplace_back(word);
     }
 
+    PrepareHost();
     PutRuntimeOnPath(jvmLibraryPath);
     HMODULE jvm = LoadLibraryW(jvmLibraryPath.c_str());
     if (jvm == nullptr) return 6;

@@ -18,7 +18,8 @@ struct Contender {
 
 /// A bound on the ratio of two contenders' medians of one quantity (or on their difference).
 struct Budget {
-    enum class Kind { RatioAtMost, RatioAtLeast, DifferenceAtMost };
+    /// `Ratio` has no limit: it is printed for comparison.
+    enum class Kind { RatioAtMost, RatioAtLeast, DifferenceAtMost, Ratio };
 
     std::string quantity;
     std::string contender;
@@ -34,7 +35,7 @@ struct Case {
     std::vector<std::string> quantities;  ///< with their unit, such as "to main, ms"
     std::vector<Contender> contenders;
     std::vector<Budget> budgets;
-    int rounds = 0;  ///< 0: as many as the command line says
+    int rounds = 0;  ///< at most so many; 0: as many as the command line says
 };
 
 struct Workspace;
@@ -43,6 +44,8 @@ struct Workspace;
 std::vector<Case> ScriptedRuntimeCases(const Workspace& workspace);
 std::vector<Case> JavaStartCases(const Workspace& workspace);
 std::vector<Case> MemoryCases(const Workspace& workspace);
+std::vector<Case> StationCases(const Workspace& workspace);
+std::vector<Case> GrowthCases(const Workspace& workspace);
 std::vector<Case> HandOffCases(const Workspace& workspace);
 std::vector<Case> RegistryCases(const Workspace& workspace);
 std::vector<Case> SplashCases(const Workspace& workspace);

@@ -89,7 +89,7 @@ bool IsForbidden(const std::string& name) {
 void PrintExecutableReport(const std::filesystem::path& executable) {
     const std::uintmax_t size = std::filesystem::file_size(executable);
     const std::uintmax_t withoutIcon = size - IconBytes(executable);
-    std::printf("## Size and imports\n\n");
+    std::printf("### Size and imports\n\n");
     std::printf("- %.1f KiB, without the icon %.1f KiB (at most %ju KiB, %ju KiB wanted) %s\n",
                 static_cast<double>(size) / 1024, static_cast<double>(withoutIcon) / 1024,
                 kSizeLimit / kKiB, kSizeWanted / kKiB,

@@ -14,15 +14,15 @@ namespace tarn::bench {
 
 std::vector<Case> AllCases(const Workspace& workspace) {
     std::vector<Case> all;
-    for (auto* cases : {ScriptedRuntimeCases, JavaStartCases, MemoryCases, HandOffCases,
-                        RegistryCases, SplashCases})
+    for (auto* cases : {JavaStartCases, MemoryCases, ScriptedRuntimeCases, StationCases,
+                        RegistryCases, GrowthCases, HandOffCases, SplashCases})
         for (Case& one : cases(workspace)) all.push_back(std::move(one));
     return all;
 }
 
 namespace {
 
-constexpr int kDefaultRounds = 15;
+constexpr int kDefaultRounds = 30;
 
 bool IsWanted(const Case& benchCase, const std::vector<std::string>& texts) {
     bool wanted = texts.empty();
@@ -42,6 +42,8 @@ int Run(const std::vector<std::wstring>& words) {
     workspace.launcher = std::filesystem::absolute(words.at(1));
     workspace.runtimes = std::filesystem::absolute(words.at(2));
     workspace.tools = OwnFolder();
+    workspace.importHook =
+        workspace.tools.parent_path() / L"tests" / L"import_hook" / L"import_hook.dll";
     workspace.scratch = std::filesystem::temp_directory_path() / L"tarn bench";
     std::filesystem::remove_all(workspace.scratch);
     std::filesystem::create_directories(workspace.scratch);

@@ -80,7 +80,8 @@ std::vector<Case> RegistryCases(const Workspace& workspace) {
         return Sample{RunTimed(program, Quoted(program)).toMark};
     };
     Case result;
-    result.name = "Process start to JNI_CreateJavaVM with registered runtimes";
+    result.name = "Growth: runtimes in the registry";
+    result.rounds = 10;
     result.quantities = {"to JNI_CreateJavaVM, ms"};
 
     const InstalledApp shipped = InstallApp(workspace, L"shipped", IniText(L"any"));

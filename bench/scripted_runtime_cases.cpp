@@ -1,7 +1,7 @@
 // From the start of the process to JNI_CreateJavaVM, without Java.
 #include "bench/bench_case.h"
+#include "bench/scripted_runtime.h"
 #include "bench/timed_process.h"
-#include "bench/workspace.h"
 
 namespace tarn::bench {
 
@@ -14,16 +14,7 @@ Sample Times(const ProcessTimes& times) {
 }  // namespace
 
 std::vector<Case> ScriptedRuntimeCases(const Workspace& workspace) {
-    const InstalledApp app =
-        InstallApp(workspace, L"scripted",
-                   L"[Java Runtime Environment]\r\nMain Class=bench.Stamp\r\nJRE Path=" +
-                       (workspace.scratch / L"scripted_jre").wstring() +
-                       L"\r\n[Class Path]\r\nClass Path=C:\\none.jar\r\n");
-    const std::filesystem::path library =
-        workspace.scratch / L"scripted_jre" / L"bin" / L"server" / L"jvm.dll";
-    std::filesystem::create_directories(library.parent_path());
-    std::filesystem::copy_file(workspace.tools / L"stamp_jvm.dll", library,
-                               std::filesystem::copy_options::overwrite_existing);
+    const InstalledApp app = InstallScriptedApp(workspace, L"scripted");
 
     Case result;
     result.name = "Process start to JNI_CreateJavaVM";
@@ -32,7 +23,8 @@ std::vector<Case> ScriptedRuntimeCases(const Workspace& workspace) {
     result.contenders.push_back(
         {"launcher", [launcher] { return Times(RunTimed(launcher, Quoted(launcher))); }});
     const std::wstring host = (workspace.tools / L"bare_host.exe").wstring();
-    const std::wstring hostLine = Quoted(host) + L" " + Quoted(library.wstring()) +
+    const std::wstring hostLine = Quoted(host) + L" " +
+                                  Quoted(JvmLibrary(ScriptedRuntime(workspace)).wstring()) +
                                   L" 0 bench.Stamp \"-Djava.class.path=C:\\none.jar;\"";
     result.contenders.push_back(
         {"bare host", [host, hostLine] { return Times(RunTimed(host, hostLine)); }});

@@ -1,10 +1,12 @@
 #include "bench/timed_process.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
 
 #include "base/windows.h"
+#include "tests/support/put_library.h"
 
 #include <psapi.h>
 
@@ -38,12 +40,38 @@ std::filesystem::path OwnTemporaryFile(const std::wstring& name) {
     throw std::runtime_error(what);
 }
 
-double PrivateKiB(HANDLE process) {
+void ReadMemory(HANDLE process, ProcessTimes& times) {
     PROCESS_MEMORY_COUNTERS counters{};
     if (!GetProcessMemoryInfo(process, &counters, sizeof(counters)))
         Fail("no memory counters, error " + std::to_string(GetLastError()));
     // The same as PrivateUsage on Windows; Wine fills in this one only.
-    return static_cast<double>(counters.PagefileUsage) / 1024;
+    times.privateKiB = static_cast<double>(counters.PagefileUsage) / 1024;
+    // Wine gives the same for the peak, so that one is looked for as well.
+    times.peakPrivateKiB =
+        std::max(times.peakPrivateKiB, static_cast<double>(counters.PeakPagefileUsage) / 1024);
+}
+
+double CountLibraries(HANDLE process) {
+    HMODULE modules[1024];  // a Java program has some 40
+    DWORD bytes = 0;
+    if (!EnumProcessModules(process, modules, sizeof(modules), &bytes))
+        Fail("no list of modules, error " + std::to_string(GetLastError()));
+    const std::size_t count = bytes / sizeof(HMODULE);
+    return static_cast<double>(count) - 1;
+}
+
+PROCESS_INFORMATION Start(const std::wstring& program, const std::wstring& commandLine,
+                          DWORD flags) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof(startup);
+    // No standard handles, as for a program that is started from the desktop.
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    PROCESS_INFORMATION process{};
+    std::wstring line = commandLine;
+    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, flags, nullptr,
+                        nullptr, &startup, &process))
+        Fail("CreateProcessW failed, error " + std::to_string(GetLastError()));
+    return process;
 }
 
 // 0 when the process ends unseen.
@@ -61,32 +89,33 @@ std::filesystem::path StampFile() {
     return OwnTemporaryFile(L"tarn_bench_stamp_");
 }
 
-ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine, bool hold,
-                      const Watch& watch) {
+ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine,
+                      const RunOptions& options) {
     const std::filesystem::path stampFile = StampFile();
     const std::filesystem::path releaseFile = OwnTemporaryFile(L"tarn_bench_release_");
     std::filesystem::remove(stampFile);
     std::filesystem::remove(releaseFile);
     SetEnvironmentVariableW(L"TARN_BENCH_STAMP", stampFile.c_str());
-    SetEnvironmentVariableW(L"TARN_BENCH_HOLD", hold ? releaseFile.c_str() : nullptr);
+    SetEnvironmentVariableW(L"TARN_BENCH_HOLD", options.hold ? releaseFile.c_str() : nullptr);
 
-    STARTUPINFOW startup{};
-    startup.cb = sizeof(startup);
-    // No standard handles, as for a program that is started from the desktop.
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    PROCESS_INFORMATION process{};
-    std::wstring line = commandLine;
     const double start = Nanoseconds();
-    if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                        &startup, &process))
-        Fail("CreateProcessW failed, error " + std::to_string(GetLastError()));
+    const PROCESS_INFORMATION process =
+        Start(program, commandLine, options.library.empty() ? 0 : CREATE_SUSPENDED);
+    if (!options.library.empty()) {
+        if (!test::PutLibraryInto(process.hProcess, options.library))
+            Fail("the library cannot be put into the process");
+        ResumeThread(process.hThread);
+    }
     ProcessTimes times;
-    if (watch) times.toSeen = WaitUntilSeen(process, watch, start);
-    if (hold) {
+    if (options.watch) times.toSeen = WaitUntilSeen(process, options.watch, start);
+    if (options.hold) {
         for (DWORD waited = 0; waited < kLongestRunMilliseconds && ReadStamp(stampFile) == 0;
-             waited += 10)
+             waited += 10) {
             if (WaitForSingleObject(process.hProcess, 10) != WAIT_TIMEOUT) break;
-        times.privateKiB = PrivateKiB(process.hProcess);
+            ReadMemory(process.hProcess, times);
+        }
+        ReadMemory(process.hProcess, times);
+        times.libraries = CountLibraries(process.hProcess);
         std::ofstream{releaseFile};
     }
     const DWORD waited = WaitForSingleObject(process.hProcess, kLongestRunMilliseconds);
@@ -101,7 +130,7 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
              std::to_string(static_cast<int>(exitCode)));
     const double stamp = ReadStamp(stampFile);
     if (stamp < start || stamp > end) Fail("the stamp lies outside the life of the process");
-    if (watch && times.toSeen == 0) Fail("nothing was seen of the process");
+    if (options.watch && times.toSeen == 0) Fail("nothing was seen of the process");
     times.toMark = (stamp - start) / 1e6;
     times.toExit = (end - start) / 1e6;
     return times;

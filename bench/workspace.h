@@ -8,8 +8,9 @@ namespace tarn::bench {
 
 /// Where the programs under measurement lie, and a folder of our own to lay out applications in.
 struct Workspace {
-    std::filesystem::path launcher;  ///< launcher.exe
-    std::filesystem::path tools;     ///< folder of bare_host.exe, stamp_jvm.dll, bench.jar
+    std::filesystem::path launcher;    ///< launcher.exe
+    std::filesystem::path tools;       ///< folder of bare_host.exe, stamp_jvm.dll, bench.jar
+    std::filesystem::path importHook;  ///< the tests' library that notes a program's calls
     std::filesystem::path
         runtimes;  ///< folder of the Java runtimes "11", "17", "21", "25"; may be empty
     std::filesystem::path scratch;  ///< made empty at start, removed at the end

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/windows.h"
+#include "tests/import_hook/call_times.h"
 #include "tests/import_hook/failure_plan.h"
 #include "tests/import_hook/failure_results.h"
 #include "tests/import_hook/hook_log.h"
@@ -68,6 +69,7 @@ void* DecideCall(HookedFunction* function, void* returnAddress, std::uint64_t* r
     const DWORD error = GetLastError();
     const unsigned role = ThreadRole();
     const unsigned number = ++function->calls[role];
+    if (function->isLogged) NoteCallTime(*function, role);
     const FailurePlan::Failure* const failure = plan.Find(function->name, role, number);
     if (function->isLogged) LogLine(Line(*function, role, number, returnAddress, failure));
     if (failure == nullptr) {

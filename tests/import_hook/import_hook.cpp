@@ -8,6 +8,7 @@
 
 #include "base/windows.h"
 #include "tests/import_hook/call_counts.h"
+#include "tests/import_hook/call_times.h"
 #include "tests/import_hook/hook_log.h"
 #include "tests/import_hook/import_slots.h"
 #include "tests/import_hook/stub_pages.h"
@@ -84,9 +85,11 @@ void HookImports() {
 }  // namespace import_hook
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
+    if (reason == DLL_PROCESS_DETACH) import_hook::WriteCallTimes();
     if (reason != DLL_PROCESS_ATTACH) return TRUE;
     import_hook::PrepareThreadRoles();
     import_hook::OpenHookLog();
+    import_hook::OpenCallTimes();
     import_hook::ReadFailurePlan();
     import_hook::HookImports();
     return TRUE;

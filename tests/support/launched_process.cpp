@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "tests/support/put_library.h"
 #include "tests/support/text.h"
 
 namespace tarn::test {
@@ -48,24 +49,6 @@ FileHandle OpenNoInput() {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
     return FileHandle(CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                   &inherited, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
-}
-
-// Has the library loaded by a thread of the process, whose own has not begun yet. The address of
-// LoadLibraryW is the same in all processes.
-bool PutLibraryInto(HANDLE process, const std::wstring& library) {
-    const std::size_t bytes = (library.size() + 1) * sizeof(wchar_t);
-    void* const path =
-        VirtualAllocEx(process, nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
-    if (path == nullptr) return false;
-    if (!WriteProcessMemory(process, path, library.c_str(), bytes, nullptr)) return false;
-    const auto load = reinterpret_cast<LPTHREAD_START_ROUTINE>(
-        reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "LoadLibraryW")));
-    const Handle thread(CreateRemoteThread(process, nullptr, 0, load, path, 0, nullptr));
-    if (!thread) return false;
-    const auto limit = static_cast<DWORD>(kPatience.count());
-    DWORD loaded = 0;
-    return WaitForSingleObject(thread.get(), limit) == WAIT_OBJECT_0 &&
-           GetExitCodeThread(thread.get(), &loaded) && loaded != 0;
 }
 
 }  // namespace
