@@ -47,6 +47,8 @@ longest_input() {  # name
     case $1 in
         argument_area) echo 1200 ;;  # more than what the area holds
         embedded_settings | jar_manifest) echo 128 ;;
+        executable_image) echo 160 ;;
+        image_resources) echo 512 ;;
         zip_file) echo 512 ;;  # room for an entry in each of its three places
         *) echo 64 ;;
     esac
