@@ -9,6 +9,7 @@
 #include "tools/console/text_encoding.h"
 #include "tools/explain/explain_command.h"
 #include "tools/stamp/stamp_command.h"
+#include "tools/wrap/wrap_command.h"
 
 namespace tarn::tools {
 namespace {
@@ -21,6 +22,7 @@ constexpr char kExitCodes[] =
 void AddCommands(CLI::App& app, const Console& console, int& exitCode) {
     AddExplainCommand(app, console, exitCode);
     AddStampCommand(app, console, exitCode);
+    AddWrapCommand(app, console, exitCode);
 }
 
 // The commands' own exit code comes through `exitCode`; everything else is decided here.

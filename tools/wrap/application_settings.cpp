@@ -1,0 +1,115 @@
+#include "tools/wrap/application_settings.h"
+
+#include <algorithm>
+
+#include "settings/keys.h"
+
+namespace tarn::tools {
+namespace {
+
+std::string Joined(const std::vector<std::string>& words, const char* separator) {
+    std::string text;
+    for (const std::string& word : words) text += (text.empty() ? "" : separator) + word;
+    return text;
+}
+
+std::string AsWindowsPath(std::string path) {
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
+}
+
+void AddApplication(const WrapRequest& request, bool hasSplash, SettingsFile& settings) {
+    if (request.endsWith == EndsWith::kThreads) {
+        settings.Add(keys::kApplication, keys::kApplicationType, "service",
+                     "The program runs until its last thread has ended, as with java -jar. Without "
+                     "this line\nit ends when main returns.");
+    }
+    if (request.singleInstance) {
+        settings.Add(keys::kApplication, keys::kSingleInstance, "yes",
+                     "A second start hands its arguments to secondaryMain(String[]) of the main "
+                     "class in the\nrunning program.");
+    } else if (request.endsWith != EndsWith::kThreads) {
+        settings.AddSuggestion(keys::kApplication, keys::kSingleInstance, "yes",
+                               "Take the semicolon away to let one program run at a time; a second "
+                               "start then hands its\narguments to secondaryMain(String[]) of the "
+                               "main class.");
+    }
+    if (hasSplash) {
+        settings.Add(keys::kApplication, keys::kOverrideWorkingDir, "Yes",
+                     "The program starts in its own folder, where the splash picture is.");
+    } else {
+        settings.AddSuggestion(keys::kApplication, keys::kOverrideWorkingDir, "Yes",
+                               "Starts the program in its own folder instead of the caller's.");
+    }
+    settings.Add(keys::kApplication, keys::kFailureCheck, "Yes",
+                 "An exception that ends main is shown in a dialog.");
+    if (request.singleFile) settings.Add(keys::kApplication, keys::kEmbeddedJar, "Yes");
+    if (request.arguments.empty()) {
+        settings.AddSuggestion(
+            keys::kApplication, keys::kCmd, "--example",
+            "Arguments that main always gets, behind those of the command line.");
+    } else {
+        settings.Add(keys::kApplication, keys::kCmd, request.arguments,
+                     "Arguments that main always gets, behind those of the command line.");
+    }
+    settings.AddSuggestion(keys::kApplication, keys::kOutputFile,
+                           "%LOCALAPPDATA%\\" + request.name + "\\output.txt",
+                           "Files for System.out and System.err.");
+    settings.AddSuggestion(keys::kApplication, keys::kErrorFile,
+                           "%LOCALAPPDATA%\\" + request.name + "\\errors.txt", "");
+}
+
+void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsFile& settings) {
+    const wchar_t* const section = keys::kJavaRuntimeEnvironment;
+    settings.Add(section, keys::kMainClass, facts.mainClass);
+    settings.Add(section, keys::kMinimumVersion,
+                 facts.minimumVersion.empty() ? "any" : facts.minimumVersion,
+                 "Which installed Java runtimes will do, \"any\" for no bound. A runtime in the "
+                 "folder jre64\nbeside the executable comes first.");
+    settings.Add(section, keys::kMaximumVersion,
+                 request.maximumVersion.empty() ? "any" : request.maximumVersion);
+    if (request.endsWith == EndsWith::kExit) {
+        settings.Add(
+            section, keys::kVmProvider, "any",
+            "The program runs until it calls System.exit, and not only until main returns.");
+    }
+    std::vector<std::string> parameters = facts.vmParameters;
+    if (!request.vmParameters.empty()) parameters.push_back(request.vmParameters);
+    const char* const kHeap =
+        "Options for the Java virtual machine. -Xmx25:256:4096p is a quarter of the machine's "
+        "memory,\nbut at least 256 and at most 4096 MiB.";
+    if (parameters.empty()) {
+        settings.AddSuggestion(section, keys::kVirtualMachineParameters, "-Xmx25:256:4096p", kHeap);
+    } else {
+        settings.Add(section, keys::kVirtualMachineParameters, Joined(parameters, " "), kHeap);
+    }
+}
+
+}  // namespace
+
+SettingsFile ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
+                                 const std::vector<std::string>& classPath,
+                                 const std::string& splash) {
+    SettingsFile settings("Settings of " + request.name +
+                          ".exe. Lines that begin with a semicolon have no effect.");
+    settings.Add(keys::kProductInformation, keys::kProductName, request.title,
+                 "The folder of the user's own settings below %APPDATA%.");
+    AddApplication(request, !splash.empty(), settings);
+    AddRuntime(request, facts, settings);
+    if (!classPath.empty()) {
+        settings.Add(keys::kClassPath, keys::kClassPath, AsWindowsPath(Joined(classPath, ";")),
+                     "Relative to the executable's folder; lib\\*.jar is all jars in lib.");
+    }
+    if (!splash.empty()) {
+        settings.Add(keys::kDisplay, keys::kSplashScreen, splash);
+        settings.Add(keys::kDisplay, keys::kPreferNativeSplashScreen, "Yes",
+                     "The picture goes when the program's first window opens.");
+    }
+    for (const auto& [name, value] : request.settings) {
+        const std::size_t slash = name.find('/');
+        settings.Set(name.substr(0, slash), name.substr(slash + 1), value);
+    }
+    return settings;
+}
+
+}  // namespace tarn::tools

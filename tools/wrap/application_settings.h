@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tools/wrap/jar_facts.h"
+#include "tools/wrap/settings_file.h"
+#include "tools/wrap/wrap.h"
+
+namespace tarn::tools {
+
+/// The settings of a wrapped application. `classPath` are the entries of its class path with "/",
+/// `splash` is the picture's file beside the executable or empty.
+SettingsFile ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
+                                 const std::vector<std::string>& classPath,
+                                 const std::string& splash);
+
+}  // namespace tarn::tools

@@ -1,0 +1,171 @@
+#include "tools/wrap/class_path_files.h"
+
+#include <algorithm>
+#include <set>
+
+#include "tools/console/failure.h"
+#include "tools/console/text_encoding.h"
+#include "tools/jar/manifest.h"
+
+namespace tarn::tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kLibraries[] = "lib/";
+
+int HexDigit(char letter) {
+    if (letter >= '0' && letter <= '9') return letter - '0';
+    if (letter >= 'A' && letter <= 'F') return letter - 'A' + 10;
+    if (letter >= 'a' && letter <= 'f') return letter - 'a' + 10;
+    return -1;
+}
+
+std::string InSmallLetters(std::string text) {
+    for (char& letter : text) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return text;
+}
+
+// Below the application's folder, or empty when it would lie elsewhere.
+std::string TargetBelow(const fs::path& base, const std::string& url) {
+    const fs::path joined = (base / PathOf(url)).lexically_normal();
+    std::string target = Utf8OfPath(fs::path(joined.generic_string()));
+    while (!target.empty() && target.back() == '/') target.pop_back();
+    const bool isOutside =
+        joined.is_absolute() || target.empty() || target == "." || target.compare(0, 2, "..") == 0;
+    return isOutside ? std::string() : target;
+}
+
+class Collector {
+  public:
+    explicit Collector(std::vector<std::string>& warnings) : warnings_(warnings) {}
+
+    void AddFirst(const JarFile& jar) {
+        Add({jar.Path(), Utf8OfPath(jar.Path().filename()), false});
+        AddNamedBy(jar, jar.Path().parent_path(), fs::path());
+    }
+
+    void AddMore(const fs::path& path) {
+        std::vector<fs::path> jars = {path};
+        std::error_code error;
+        if (fs::is_directory(path, error)) {
+            jars.clear();
+            for (const fs::directory_entry& entry : fs::directory_iterator(path, error)) {
+                const std::string extension = Utf8OfPath(entry.path().extension());
+                if (InSmallLetters(extension) == ".jar") jars.push_back(entry.path());
+            }
+            if (error || jars.empty()) throw Failure(path, "has no jars in it");
+            std::sort(jars.begin(), jars.end());
+        } else if (!fs::exists(path, error)) {
+            throw Failure(path, "was not found; --class-path takes a jar, or a folder of jars");
+        }
+        for (const fs::path& jar : jars) {
+            AddJar({jar, kLibraries + Utf8OfPath(jar.filename()), false});
+        }
+    }
+
+    std::vector<ClassPathFile> Take() { return std::move(files_); }
+
+  private:
+    // False when it is on the class path already.
+    bool Add(ClassPathFile file) {
+        std::error_code error;
+        const fs::path canonical = fs::weakly_canonical(file.source, error);
+        if (!sources_.insert(error ? file.source : canonical).second) return false;
+        CheckWindowsName(file.target);
+        if (!targets_.insert(InSmallLetters(file.target)).second) {
+            throw Failure(file.source, "and another file of the class path would both become " +
+                                           file.target + "; rename one");
+        }
+        files_.push_back(std::move(file));
+        return true;
+    }
+
+    void AddJar(const ClassPathFile& file) {
+        if (!Add(file)) return;
+        const Bytes content = ReadWholeFile(file.source);
+        const JarFile jar(content, file.source);
+        AddNamedBy(jar, file.source.parent_path(), PathOf(file.target).parent_path());
+    }
+
+    void AddNamedBy(const JarFile& jar, const fs::path& folder, const fs::path& targetFolder) {
+        if (!jar.Has(kManifestEntry)) return;
+        for (const std::string& url : Manifest::Of(jar).GetWords("Class-Path")) {
+            AddUrl(jar, DecodedUrl(url), folder, targetFolder);
+        }
+    }
+
+    void AddUrl(const JarFile& jar, const std::string& url, const fs::path& folder,
+                const fs::path& targetFolder) {
+        const std::string from = Utf8OfPath(jar.Path()) + ": Class-Path names " + url;
+        if (url.find(':') != std::string::npos) {
+            warnings_.push_back(from + ", which is no file beside it; it is left out");
+            return;
+        }
+        ClassPathFile file;
+        file.source = folder / PathOf(url);
+        file.target = TargetBelow(targetFolder, url);
+        std::error_code error;
+        file.isFolder = fs::is_directory(file.source, error);
+        if (file.target.empty()) {
+            file.target = kLibraries + Utf8OfPath(file.source.lexically_normal().filename());
+            // The folder itself, or one above it: that is everything there is.
+            if (file.isFolder) {
+                warnings_.push_back(from + ", a folder outside of the jar's; it is left out");
+                return;
+            }
+        }
+        if (!fs::exists(file.source, error)) {
+            warnings_.push_back(from + ", which does not exist; it is left out");
+        } else if (file.isFolder) {
+            Add(file);
+        } else {
+            AddJar(file);
+        }
+    }
+
+    std::vector<std::string>& warnings_;
+    std::vector<ClassPathFile> files_;
+    std::set<fs::path> sources_;
+    std::set<std::string> targets_;
+};
+
+}  // namespace
+
+std::vector<ClassPathFile> CollectClassPath(const JarFile& jar, const std::vector<fs::path>& more,
+                                            std::vector<std::string>& warnings) {
+    Collector collector(warnings);
+    collector.AddFirst(jar);
+    for (const fs::path& path : more) collector.AddMore(path);
+    return collector.Take();
+}
+
+std::string DecodedUrl(std::string_view url) {
+    std::string text;
+    for (std::size_t at = 0; at < url.size(); ++at) {
+        const bool isCode = url[at] == '%' && at + 2 < url.size() && HexDigit(url[at + 1]) >= 0 &&
+                            HexDigit(url[at + 2]) >= 0;
+        if (isCode) {
+            text += static_cast<char>(HexDigit(url[at + 1]) * 16 + HexDigit(url[at + 2]));
+            at += 2;
+        } else {
+            text += url[at];
+        }
+    }
+    return text;
+}
+
+void CheckWindowsName(const std::string& target) {
+    for (const char letter : target) {
+        const bool isControl = static_cast<unsigned char>(letter) < ' ';
+        if (isControl || std::string_view("<>:\"|?*;\\").find(letter) != std::string_view::npos) {
+            throw Failure(target +
+                          ": has a character that no name on a Windows class path can have"
+                          " (one of < > : \" | ? * ; \\); rename it");
+        }
+    }
+}
+
+}  // namespace tarn::tools

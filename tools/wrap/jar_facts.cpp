@@ -1,0 +1,113 @@
+#include "tools/wrap/jar_facts.h"
+
+#include <cstdlib>
+
+#include "tools/console/failure.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr int kFirstWithModules = 9;
+constexpr int kFirstWithNativeAccess = 17;
+
+Manifest ManifestOf(const JarFile& jar, const std::string& mainClass) {
+    try {
+        return Manifest::Of(jar);
+    } catch (const Failure& failure) {
+        if (!mainClass.empty() && !jar.Has(kManifestEntry)) return {};
+        throw Failure(std::string(failure.what()) +
+                      "; the main class can be given by --main-class");
+    }
+}
+
+class Options {
+  public:
+    Options(const Manifest& manifest, int feature, JarFacts& facts,
+            std::vector<std::string>& warnings)
+        : manifest_(manifest), feature_(feature), facts_(facts), warnings_(warnings) {}
+
+    void AddForPackages(const char* attribute, const std::string& option) {
+        for (const std::string& package : manifest_.GetWords(attribute)) {
+            Add(attribute, option + package + "=ALL-UNNAMED", kFirstWithModules);
+        }
+    }
+
+    void AddNativeAccess() {
+        const char* const attribute = "Enable-Native-Access";
+        const std::string value = manifest_.Get(attribute);
+        if (!value.empty())
+            Add(attribute, "--enable-native-access=" + value, kFirstWithNativeAccess);
+    }
+
+  private:
+    // A runtime that does not know an option does not start.
+    void Add(const std::string& attribute, const std::string& option, int first) {
+        if (feature_ >= first) {
+            facts_.vmParameters.push_back(option);
+            return;
+        }
+        const std::string oldest = std::to_string(first);
+        warnings_.push_back(attribute + " of the manifest is left out, for Java knows " + option +
+                            " from " + oldest + " on; --min-version " + oldest + " lets it in");
+    }
+
+    const Manifest& manifest_;
+    int feature_;
+    JarFacts& facts_;
+    std::vector<std::string>& warnings_;
+};
+
+}  // namespace
+
+int JavaFeatureOf(const std::string& version) {
+    const bool isOld = version.compare(0, 2, "1.") == 0;
+    return static_cast<int>(std::strtol(version.c_str() + (isOld ? 2 : 0), nullptr, 10));
+}
+
+std::string JavaVersionOfClass(std::span<const std::byte> classFile) {
+    constexpr std::uint8_t kMark[] = {0xCA, 0xFE, 0xBA, 0xBE};
+    constexpr std::size_t kHeadSize = 8;
+    constexpr unsigned kOldest = 45;    // of Java 1.1
+    constexpr unsigned kFirstNew = 53;  // of Java 9
+    if (classFile.size() < kHeadSize) return {};
+    for (std::size_t at = 0; at < sizeof(kMark); ++at) {
+        if (classFile[at] != static_cast<std::byte>(kMark[at])) return {};
+    }
+    const unsigned major =
+        static_cast<unsigned>(classFile[6]) << 8 | static_cast<unsigned>(classFile[7]);
+    if (major < kOldest) return {};
+    const std::string feature = std::to_string(major - kOldest + 1);
+    return major < kFirstNew ? "1." + feature : feature;
+}
+
+JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
+                      const std::string& minimumVersion, std::vector<std::string>& warnings) {
+    const Manifest manifest = ManifestOf(jar, mainClass);
+    JarFacts facts;
+    facts.mainClass = mainClass.empty() ? manifest.Get("Main-Class") : mainClass;
+    if (facts.mainClass.empty()) {
+        throw Failure(jar.Path(), "has no Main-Class in its manifest; give --main-class");
+    }
+    facts.title = manifest.GetFirst({"Implementation-Title", "Bundle-Name"});
+    facts.version = manifest.GetFirst({"Implementation-Version", "Bundle-Version"});
+    facts.vendor = manifest.GetFirst({"Implementation-Vendor", "Bundle-Vendor"});
+    facts.splashEntry = manifest.Get("SplashScreen-Image");
+    const auto mainClassFile = jar.Read(EntryOfClass(facts.mainClass));
+    facts.minimumVersion = minimumVersion;
+    if (minimumVersion.empty() && mainClassFile) {
+        facts.minimumVersion = JavaVersionOfClass(*mainClassFile);
+    }
+
+    Options options(manifest, JavaFeatureOf(facts.minimumVersion), facts, warnings);
+    options.AddForPackages("Add-Exports", "--add-exports=");
+    options.AddForPackages("Add-Opens", "--add-opens=");
+    options.AddNativeAccess();
+    if (!manifest.Get("Launcher-Agent-Class").empty()) {
+        warnings.push_back(
+            "Launcher-Agent-Class of the manifest is for \"java -jar\" alone: give --vm-parameters "
+            "\"-javaagent:JAR\" for an agent");
+    }
+    return facts;
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,62 @@
+#include "tools/wrap/runtime_folder.h"
+
+#include <gmock/gmock.h>
+
+#include "tools/console/failure.h"
+#include "tools/image/small_executable.h"
+#include "tools/wrap/folder_test.h"
+
+namespace tarn::tools {
+namespace {
+
+using testing::HasSubstr;
+
+class RuntimeFolder : public FolderTest {
+  protected:
+    std::string Problem() const {
+        try {
+            CheckRuntime(folder_);
+        } catch (const Failure& failure) {
+            return failure.what();
+        }
+        return "";
+    }
+};
+
+TEST_F(RuntimeFolder, WillDoForWindowsOn64Bits) {
+    EXPECT_THAT(Problem(), HasSubstr("holds no Java runtime"));
+    SmallExecutable library({".text"});
+    Put("bin/client/jvm.dll", library.Content());
+    EXPECT_EQ(Problem(), "");
+    Put("bin/server/jvm.dll", library.Set16(SmallExecutable::kPeHeader + 4, 0x14C).Content());
+    EXPECT_THAT(Problem(), HasSubstr("64-bit"));
+    Put("bin/server/jvm.dll", "text");
+    EXPECT_THAT(Problem(), HasSubstr("no Windows executable"));
+}
+
+TEST_F(RuntimeFolder, OfAnotherSystemWillNot) {
+    Put("lib/server/libjvm.so", "x");
+    EXPECT_THAT(Problem(), HasSubstr("another system"));
+}
+
+TEST_F(RuntimeFolder, TellsItsVersion) {
+    EXPECT_EQ(VersionOfRuntime(folder_), "");
+    Put("release", "IMPLEMENTOR=\"x\"\nJAVA_VERSION=\"21.0.8\"\nOS_NAME=\"Windows\"\n");
+    EXPECT_EQ(VersionOfRuntime(folder_), "21.0.8");
+    Put("release", "IMPLEMENTOR=\"x\"\n");
+    EXPECT_EQ(VersionOfRuntime(folder_), "");
+}
+
+TEST_F(RuntimeFolder, IsCopiedWhole) {
+    Put("runtime/bin/java.exe", "x");
+    Put("runtime/release", "y");
+    OutputFolder output(folder_ / "app", false, "app.exe");
+    const Console console(stdout, stderr, false, false);
+    CopyRuntime(folder_ / "runtime", output, console);
+    output.Finish();
+    EXPECT_EQ(TextOf(folder_ / "app/jre64/bin/java.exe"), "x");
+    EXPECT_EQ(TextOf(folder_ / "app/jre64/release"), "y");
+}
+
+}  // namespace
+}  // namespace tarn::tools

@@ -1,0 +1,191 @@
+#include "tools/wrap/wrap.h"
+
+#include <algorithm>
+
+#include "tools/console/failure.h"
+#include "tools/console/text_encoding.h"
+#include "tools/stamp/settings_text.h"
+#include "tools/stamp/stamp.h"
+#include "tools/wrap/application_settings.h"
+#include "tools/wrap/class_path_files.h"
+#include "tools/wrap/jar_facts.h"
+#include "tools/wrap/output_folder.h"
+#include "tools/wrap/runtime_folder.h"
+#include "tools/wrap/splash_picture.h"
+
+namespace tarn::tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kUnknownVersion[] = "0.0.0";
+
+struct Splash {
+    std::string file;  // empty for none
+    Bytes picture;
+};
+
+Splash ReadSplash(const WrapRequest& request, const JarFile& jar, const JarFacts& facts,
+                  std::vector<std::string>& warnings) {
+    if (request.noSplash) return {};
+    Splash splash;
+    std::string where = Utf8OfPath(request.splash);
+    if (!where.empty()) {
+        splash.picture = ReadWholeFile(request.splash);
+    } else if (!facts.splashEntry.empty()) {
+        where = Utf8OfPath(jar.Path()) + ": SplashScreen-Image " + facts.splashEntry;
+        const auto picture = jar.Read(facts.splashEntry);
+        if (!picture) {
+            warnings.push_back(where + " is not in the jar; there will be no splash");
+            return {};
+        }
+        if (request.singleFile) {
+            warnings.push_back(where + " is left out: a splash needs files beside the executable");
+            return {};
+        }
+        splash.picture = *picture;
+    } else {
+        return {};
+    }
+    const std::string ending = PictureEnding(splash.picture);
+    if (ending.empty()) throw Failure(where + " is no PNG, GIF or JPEG picture");
+    splash.file = "splash" + ending;
+    return splash;
+}
+
+StampChanges ChangesFor(const WrapRequest& request, const JarFacts& facts) {
+    StampChanges changes;
+    changes.version = !request.version.empty() ? request.version
+                      : !facts.version.empty() ? facts.version
+                                               : kUnknownVersion;
+    const std::string vendor = request.vendor.empty() ? facts.vendor : request.vendor;
+    // The launcher's own makers are not the application's.
+    changes.versionTexts = {
+        {"CompanyName", vendor},        {"LegalCopyright", vendor},
+        {"ProductName", request.title}, {"FileDescription", request.title},
+        {"InternalName", request.name}, {"OriginalFilename", request.name + ".exe"}};
+    if (!request.icon.empty()) {
+        const Bytes file = ReadWholeFile(request.icon);
+        try {
+            changes.icon = ReadIcon(file);
+        } catch (const Failure& failure) {
+            throw Failure(request.icon, failure.what());
+        }
+    }
+    return changes;
+}
+
+Bytes StampedLauncher(const WrapRequest& request, const StampChanges& changes,
+                      std::vector<std::string>& warnings) {
+    const Bytes launcher = ReadWholeFile(request.launcher);
+    try {
+        return Stamp(launcher, changes, warnings);
+    } catch (const Failure& failure) {
+        throw Failure(request.launcher, failure.what());
+    }
+}
+
+bool HasMainClass(const JarFile& jar, const std::vector<ClassPathFile>& files,
+                  const std::string& mainClass) {
+    const std::string entry = EntryOfClass(mainClass);
+    if (jar.Has(entry)) return true;
+    return std::any_of(files.begin() + 1, files.end(), [&](const ClassPathFile& file) {
+        std::error_code error;
+        if (file.isFolder) return fs::exists(file.source / PathOf(entry), error);
+        const Bytes content = ReadWholeFile(file.source);
+        return JarFile(content, file.source).Has(entry);
+    });
+}
+
+void CheckName(const std::string& name) {
+    CheckWindowsName(name);
+    const bool isUsable = !name.empty() && name.find('/') == std::string::npos &&
+                          name.back() != '.' && name.back() != ' ';
+    if (!isUsable) throw Failure("--name " + name + ": is no name for a Windows executable");
+}
+
+// What was not said follows from the jar.
+WrapRequest Completed(WrapRequest request, const JarFacts& facts) {
+    if (request.name.empty()) request.name = Utf8OfPath(request.jar.stem());
+    CheckName(request.name);
+    if (request.title.empty()) request.title = facts.title.empty() ? request.name : facts.title;
+    if (request.out.empty()) request.out = PathOf(request.name);
+    return request;
+}
+
+// The launcher takes the shipped runtime whatever its version is.
+void CheckShippedRuntime(const WrapRequest& request, const JarFacts& facts,
+                         std::vector<std::string>& warnings) {
+    CheckRuntime(request.runtime);
+    const std::string version = VersionOfRuntime(request.runtime);
+    const int feature = JavaFeatureOf(version);
+    if (feature != 0 && feature < JavaFeatureOf(facts.minimumVersion)) {
+        warnings.push_back(Utf8OfPath(request.runtime) + ": is Java " + version +
+                           ", but the application needs " + facts.minimumVersion);
+    }
+}
+
+void WarnAboutNames(const std::vector<ClassPathFile>& files, std::vector<std::string>& warnings) {
+    for (const ClassPathFile& file : files) {
+        const bool isAscii = std::all_of(file.target.begin(), file.target.end(), [](char letter) {
+            return static_cast<unsigned char>(letter) < 0x80;
+        });
+        if (!isAscii) {
+            warnings.push_back(file.target +
+                               ": Java gets the class path in the user's 8-bit code "
+                               "page, which may not have all of these letters");
+        }
+    }
+}
+
+}  // namespace
+
+fs::path Wrap(const WrapRequest& asked, const Console& console) {
+    std::vector<std::string> warnings;
+    const Bytes jarContent = ReadWholeFile(asked.jar);
+    const JarFile jar(jarContent, asked.jar);
+    const JarFacts facts = ReadJarFacts(jar, asked.mainClass, asked.minimumVersion, warnings);
+    const WrapRequest request = Completed(asked, facts);
+    if (!request.runtime.empty()) CheckShippedRuntime(request, facts, warnings);
+    std::vector<ClassPathFile> files = CollectClassPath(jar, request.classPath, warnings);
+    if (!HasMainClass(jar, files, facts.mainClass)) {
+        warnings.push_back("the main class " + facts.mainClass + " is in none of the jars");
+    }
+    WarnAboutNames(files, warnings);
+    const Splash splash = ReadSplash(request, jar, facts, warnings);
+    if (request.singleFile) {
+        files.erase(files.begin());
+        if (!files.empty()) {
+            warnings.push_back("the single file needs the " + std::to_string(files.size()) +
+                               " other files of the class path beside it");
+        }
+    }
+    std::vector<std::string> classPath;
+    for (const ClassPathFile& file : files) classPath.push_back(file.target);
+    const SettingsFile settings = ApplicationSettings(request, facts, classPath, splash.file);
+
+    StampChanges changes = ChangesFor(request, facts);
+    if (request.singleFile) {
+        std::vector<std::string> leftOut;  // sections that only a file can have
+        changes.settings = EmbeddedSettingsText(settings.Text(), leftOut);
+        changes.jar = jarContent;
+    }
+    const Bytes executable = StampedLauncher(request, changes, warnings);
+
+    const std::string executableName = request.name + ".exe";
+    OutputFolder output(request.out, request.replaces, executableName);
+    output.Write(executableName, executable);
+    if (!request.singleFile) output.Write(request.name + ".ini", settings.Content());
+    for (const ClassPathFile& file : files) output.Copy(file.source, file.target);
+    if (!splash.file.empty()) output.Write(splash.file, splash.picture);
+    for (const fs::path& added : request.added) {
+        const fs::path named = added.has_filename() ? added : added.parent_path();
+        output.Copy(added, Utf8OfPath(named.filename()));
+    }
+    if (!request.runtime.empty()) CopyRuntime(request.runtime, output, console);
+    output.Finish();
+    for (const std::string& warning : warnings) console.PrintWarning(warning);
+    return request.out / PathOf(executableName);
+}
+
+}  // namespace tarn::tools

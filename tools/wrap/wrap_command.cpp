@@ -1,0 +1,143 @@
+#include "tools/wrap/wrap_command.h"
+
+#include <map>
+#include <memory>
+
+#include "tools/console/failure.h"
+#include "tools/console/text_encoding.h"
+#include "tools/wrap/program_folder.h"
+#include "tools/wrap/wrap.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr char kExamples[] =
+    "Examples:\n"
+    "  tarn wrap app.jar\n"
+    "      makes the folder app with app.exe, app.ini, app.jar and the jars of its Class-Path\n"
+    "  tarn wrap target/app.jar --class-path target/lib --out dist/App --name App \\\n"
+    "      --icon app.png --splash splash.png --runtime jre --version 2.1.0\n"
+    "  tarn wrap app.jar --single-file\n"
+    "      makes one executable that has the jar and the settings in it\n"
+    "The settings in NAME.ini are explained there; tarn check finds mistakes in them.";
+
+struct Arguments {
+    std::string jar, out, icon, splash, runtime, launcher, endsWith;
+    std::vector<std::string> classPath, added, settings;
+    WrapRequest request;
+};
+
+std::vector<std::filesystem::path> PathsOf(const std::vector<std::string>& texts) {
+    std::vector<std::filesystem::path> paths;
+    for (const std::string& text : texts) paths.push_back(PathOf(text));
+    return paths;
+}
+
+std::filesystem::path LauncherFor(const std::string& typed) {
+    if (!typed.empty()) return PathOf(typed);
+    const std::filesystem::path launcher = ProgramFolder() / "launcher.exe";
+    std::error_code error;
+    if (!std::filesystem::exists(launcher, error)) {
+        throw Failure(launcher, "was not found; say with --launcher where launcher.exe is");
+    }
+    return launcher;
+}
+
+EndsWith EndOf(const Arguments& arguments) {
+    const bool isSingle = arguments.request.singleInstance;
+    if (arguments.endsWith.empty()) return isSingle ? EndsWith::kExit : EndsWith::kThreads;
+    if (arguments.endsWith == "threads" && isSingle) {
+        throw Failure(
+            "--single-instance and --ends-with threads exclude each other; use exit, or "
+            "main for a main method that waits");
+    }
+    static const std::map<std::string, EndsWith> kWords = {
+        {"threads", EndsWith::kThreads}, {"exit", EndsWith::kExit}, {"main", EndsWith::kMain}};
+    return kWords.at(arguments.endsWith);
+}
+
+std::pair<std::string, std::string> ParseSetting(const std::string& text) {
+    const std::size_t equals = text.find('=');
+    const std::size_t slash = text.find('/');
+    if (equals == std::string::npos || slash == 0 || slash >= equals) {
+        throw Failure("--set " + text + ": SECTION/KEY=VALUE is needed");
+    }
+    return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+void RunWrap(const Arguments& arguments, const Console& console) {
+    WrapRequest request = arguments.request;
+    request.jar = PathOf(arguments.jar);
+    request.out = PathOf(arguments.out);
+    request.icon = PathOf(arguments.icon);
+    request.splash = PathOf(arguments.splash);
+    request.runtime = PathOf(arguments.runtime);
+    request.classPath = PathsOf(arguments.classPath);
+    request.added = PathsOf(arguments.added);
+    request.endsWith = EndOf(arguments);
+    for (const std::string& text : arguments.settings) {
+        request.settings.push_back(ParseSetting(text));
+    }
+    if (request.singleFile && !request.splash.empty()) {
+        throw Failure("--splash needs files beside the executable; leave it or --single-file out");
+    }
+    request.launcher = LauncherFor(arguments.launcher);
+    console.PrintLine(Utf8OfPath(Wrap(request, console)));
+}
+
+void AddOptions(CLI::App& command, Arguments& arguments) {
+    WrapRequest& request = arguments.request;
+    const auto option = [&](const char* name, auto& value, const char* type, const char* help) {
+        command.add_option(name, value, help)->type_name(type)->allow_extra_args(false);
+    };
+    option("--out,-o", arguments.out, "FOLDER", "Folder to make (else NAME, here)");
+    option("--name", request.name, "NAME", "Name of the executable (else the jar's)");
+    option("--icon", arguments.icon, "FILE", "Icon: an .ico file, or a .png (256 pixels or more)");
+    option("--splash", arguments.splash, "FILE", "Splash picture: PNG, GIF or JPEG");
+    command.add_flag("--no-splash", request.noSplash, "Leave the jar's own splash picture out");
+    option("--runtime", arguments.runtime, "FOLDER", "Java runtime for Windows to copy to jre64");
+    option("--class-path", arguments.classPath, "JAR",
+           "Another jar, or a folder of jars, copied to lib; may be repeated");
+    option("--add", arguments.added, "PATH", "File or folder that comes along; may be repeated");
+    option("--main-class", request.mainClass, "CLASS", "Main class (else the manifest's)");
+    option("--version", request.version, "TEXT", "Version of the application");
+    option("--title", request.title, "TEXT", "Name of the application as users see it");
+    option("--vendor", request.vendor, "TEXT", "Maker of the application");
+    option("--min-version", request.minimumVersion, "VERSION",
+           "Oldest Java that will do, or \"any\" (else what the main class was compiled for)");
+    option("--max-version", request.maximumVersion, "VERSION", "Newest Java that will do");
+    option("--vm-parameters", request.vmParameters, "TEXT", "Options for the Java virtual machine");
+    option("--arguments", request.arguments, "TEXT", "Arguments that main always gets");
+    command.add_flag("--single-instance", request.singleInstance,
+                     "Hand a second start's arguments to the running program");
+    command
+        .add_option(
+            "--ends-with", arguments.endsWith,
+            "When the program ends: with its last thread (as java -jar does it; the default),"
+            " at System.exit (the default with --single-instance) or when main returns")
+        ->check(CLI::IsMember({"threads", "exit", "main"}));
+    command.add_flag("--single-file", request.singleFile,
+                     "Put the jar and the settings into the executable");
+    option("--set", arguments.settings, "SECTION/KEY=VALUE", "Any other setting; may be repeated");
+    option("--launcher", arguments.launcher, "FILE", "launcher.exe (else the one beside tarn)");
+    command.add_flag("--replace", request.replaces, "Replace a folder that was made before");
+}
+
+}  // namespace
+
+void AddWrapCommand(CLI::App& app, const Console& console, int& exitCode) {
+    auto arguments = std::make_shared<Arguments>();
+    CLI::App& command = *app.add_subcommand(
+        "wrap", "Makes a folder that users can double-click, or a single file, from a jar");
+    command.footer(kExamples);
+    command.add_option("jar", arguments->jar, "The application's jar")
+        ->required()
+        ->type_name("APP.jar");
+    AddOptions(command, *arguments);
+    command.callback([arguments, &console, &exitCode] {
+        RunWrap(*arguments, console);
+        exitCode = kSuccess;
+    });
+}
+
+}  // namespace tarn::tools
