@@ -82,7 +82,7 @@ bool HasPercentageForm(std::wstring_view option) {
     return std::wstring_view(L"PpTt").find(option.back()) != npos;
 }
 
-std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory) {
+std::uint64_t PercentageSize(std::wstring_view option, const MemorySizes& memory) {
     const ScannedNumbers scanned = ScanNumbers(option);
     const std::uint64_t percent = NumberAt(scanned.numbers, 0);
     const std::uint64_t minimum = NumberAt(scanned.numbers, 1);
@@ -94,9 +94,12 @@ std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memo
 
     std::uint64_t size = Truncate(static_cast<double>(baseKiB) * fraction);
     if (maximum != 0) size = std::min(size, maximum * kKiB);
-    size = std::max(minimum * kKiB, size);
-    return std::wstring(option.substr(0, scanned.prefixLength)) +
-           DecimalText(static_cast<std::int32_t>(size)) + L"K";
+    return std::max(minimum * kKiB, size);
+}
+
+std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory) {
+    return std::wstring(option.substr(0, ScanNumbers(option).prefixLength)) +
+           DecimalText(static_cast<std::int32_t>(PercentageSize(option, memory))) + L"K";
 }
 
 std::uint64_t StackSizeOf(std::wstring_view option) {

@@ -38,9 +38,12 @@ ScannedNumbers ScanNumbers(std::wstring_view text);
 /// last letter P (of the physical memory) or T (of the address space), in either case.
 bool HasPercentageForm(std::wstring_view option);
 
-/// Turns "-Xmx50:256:1024p" (percent, minimum and maximum in MiB) into an absolute size in KiB,
-/// "-Xmx…K". The minimum wins over the maximum. The size is printed as a signed 32-bit number, so
-/// 2^31 KiB and more wraps.
+/// The KiB that "-Xmx50:256:1024p" (percent, minimum and maximum in MiB) comes to. The minimum wins
+/// over the maximum.
+std::uint64_t PercentageSize(std::wstring_view option, const MemorySizes& memory);
+
+/// Turns a percentage form into an absolute size in KiB, "-Xmx…K". The size is printed as a signed
+/// 32-bit number, so 2^31 KiB and more wraps.
 std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory);
 
 /// The bytes that an "-Xss" option asks for: one number and its unit (G, K, M, in either case).

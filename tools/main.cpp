@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/check/check_command.h"
 #include "tools/console/console.h"
 #include "tools/console/failure.h"
 #include "tools/console/text_encoding.h"
@@ -20,6 +21,7 @@ constexpr char kExitCodes[] =
     "Exit codes: 0 done, 1 warnings where --strict asks for that, 2 failed or wrong arguments.";
 
 void AddCommands(CLI::App& app, const Console& console, int& exitCode) {
+    AddCheckCommand(app, console, exitCode);
     AddExplainCommand(app, console, exitCode);
     AddStampCommand(app, console, exitCode);
     AddWrapCommand(app, console, exitCode);

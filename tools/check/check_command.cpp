@@ -1,0 +1,76 @@
+#include "tools/check/check_command.h"
+
+#include <memory>
+
+#include "tools/check/known_keys.h"
+#include "tools/check/report.h"
+#include "tools/check/rules.h"
+#include "tools/console/failure.h"
+#include "tools/console/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr char kFooter[] =
+    "What stands beside the settings file (jars, splash picture, jre64) is looked at as well.\n"
+    "\n"
+    "Examples:\n"
+    "  tarn check build/app/notes.ini\n"
+    "  tarn check --strict notes.ini         in a build: warnings fail it\n"
+    "  tarn check --json notes.ini           for other programs\n"
+    "  tarn check --keys                     every key and what its value looks like\n"
+    "\n"
+    "Exit codes: 0 no errors, 1 warnings and --strict, 2 errors.";
+
+struct Options {
+    std::string file;
+    bool isStrict = false;
+    bool asJson = false;
+    bool listsKeys = false;
+    bool looksAtDisk = true;
+};
+
+void PrintKeys(const Console& console) {
+    std::wstring_view section;
+    for (const KnownKey& key : KnownKeys()) {
+        if (section != key.section) console.PrintLine('[' + Utf8Of(key.section) + ']');
+        section = key.section;
+        console.PrintLine(Utf8Of(key.key) + "=    ; " + DescribeForm(key));
+    }
+}
+
+int Check(const Options& options, const Console& console) {
+    if (options.listsKeys) {
+        PrintKeys(console);
+        return kSuccess;
+    }
+    if (options.file.empty())
+        throw Failure("no settings file is named (tarn check --help tells more)");
+    const std::vector<Finding> findings =
+        CheckSettings(CheckedSettings::Load(PathOf(options.file), options.looksAtDisk));
+    if (options.asJson) {
+        console.Print(JsonReport(options.file, findings));
+    } else {
+        PrintReport(console, options.file, findings);
+    }
+    if (CountOf(findings, Severity::kError) != 0) return kFailed;
+    return options.isStrict && CountOf(findings, Severity::kWarning) != 0 ? kWarnings : kSuccess;
+}
+
+}  // namespace
+
+void AddCheckCommand(CLI::App& app, const Console& console, int& exitCode) {
+    CLI::App* const command =
+        app.add_subcommand("check", "Finds mistakes in a settings file, before a user does");
+    const auto options = std::make_shared<Options>();
+    command->add_option("file", options->file, "The settings file")->type_name("NAME.ini");
+    command->add_flag("--strict", options->isStrict, "Exit with 1 when there are warnings");
+    command->add_flag("--json", options->asJson, "Print the findings as JSON");
+    command->add_flag("!--no-files", options->looksAtDisk,
+                      "Look at the text alone, not at the jars and other files that it names");
+    command->add_flag("--keys", options->listsKeys, "Print all keys instead");
+    command->footer(kFooter);
+    command->callback([options, &console, &exitCode] { exitCode = Check(*options, console); });
+}
+
+}  // namespace tarn::tools

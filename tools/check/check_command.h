@@ -1,0 +1,12 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+#include "tools/console/console.h"
+
+namespace tarn::tools {
+
+/// Adds "tarn check NAME.ini".
+void AddCheckCommand(CLI::App& app, const Console& console, int& exitCode);
+
+}  // namespace tarn::tools

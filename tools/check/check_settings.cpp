@@ -1,0 +1,15 @@
+#include "tools/check/rules.h"
+
+namespace tarn::tools {
+
+std::vector<Finding> CheckSettings(const CheckedSettings& settings) {
+    Findings findings;
+    for (const auto& check : {CheckEncoding, CheckStructure, CheckAdditiveSections, CheckWords,
+                              CheckQuotes, CheckVersions, CheckJvmOptions, CheckMemorySizes,
+                              CheckVmFlags, CheckClassPath, CheckFiles}) {
+        check(settings, findings);
+    }
+    return findings.Sorted();
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,158 @@
+#include <algorithm>
+
+#include "base/text.h"
+#include "jvm/class_path.h"
+#include "runtime/runtime_version.h"
+#include "settings/keys.h"
+#include "tools/check/class_path_on_disk.h"
+#include "tools/check/main_class_search.h"
+#include "tools/check/rules.h"
+#include "tools/console/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr std::wstring_view kWildcards = L"*?";
+
+// A wildcard takes in whatever is there; a file that is named has to be a jar.
+bool IsNamedJar(const DiskEntry& entry) {
+    return entry.written.find_first_of(kWildcards) == std::wstring::npos;
+}
+
+std::string AdviceForMissing(const std::wstring& entry) {
+    if (entry != TrimBlanks(entry))
+        return "blanks around \";\" are part of the name: leave them out";
+    if (entry.find(L':', 2) != std::wstring::npos)
+        return "separate entries with \";\", not with \":\"";
+    const std::size_t name = entry.rfind(L'\\') + 1;
+    if (entry.substr(0, name).find_first_of(kWildcards) != std::wstring::npos) {
+        return "wildcards count in the last name only";
+    }
+    if (entry.find(L',') != std::wstring::npos)
+        return "separate entries with \";\", not with \",\"";
+    return "entries are relative to the executable's folder; add the file, or remove the entry";
+}
+
+void CheckEntries(const std::vector<DiskEntry>& entries, const Setting& classPath,
+                  Findings& findings) {
+    for (const DiskEntry& entry : entries) {
+        const bool isSearched = !IsTakenAsItStands(entry.written);
+        if (isSearched && entry.written.find(L'/') != std::wstring::npos) {
+            findings.Error(
+                "slash", classPath.line,
+                "of " + Quoted(entry.written) +
+                    " only the part before the last \"\\\" counts as the folder, so that "
+                    "the files are looked for in another one",
+                "write " + Utf8Of(ReplaceEach(entry.written, L'/', L'\\')));
+        } else if (entry.isKnown && entry.found.empty()) {
+            findings.Warning(
+                "no-match", classPath.line,
+                "the class path entry " + Quoted(entry.written) +
+                    (isSearched ? " matches nothing and is dropped silently" : " is not there"),
+                AdviceForMissing(entry.written));
+        } else if (entry.written == L"*" || entry.written.ends_with(L"\\*")) {
+            findings.Note("all-files", classPath.line,
+                          Quoted(entry.written) +
+                              " puts everything there on the class path, folders "
+                              "and \"..\" too",
+                          "write " + Utf8Of(entry.written) + ".jar");
+        }
+    }
+}
+
+// The file's name can be told from what the launcher looks for, even where the class cannot.
+void CheckClassName(const Setting& mainClass, Findings& findings) {
+    const std::wstring& name = mainClass.text;
+    if (name.find_first_of(L" \t") != std::wstring::npos) {
+        findings.Error("main-class-name", mainClass.line,
+                       "the main class " + Quoted(name) + " holds a blank",
+                       "write its name alone; comments need a line of their own, with \";\" first");
+    } else if (name.ends_with(L".class") || name.ends_with(L".java") || name.ends_with(L".jar")) {
+        findings.Error("main-class-name", mainClass.line,
+                       Quoted(name) + " is a file's name, \"Main Class\" wants a class",
+                       "write it like com.example.Main");
+    } else if (name.find(L'\\') != std::wstring::npos) {
+        findings.Error("main-class-name", mainClass.line,
+                       "the main class " + Quoted(name) + " holds a backslash",
+                       "write " + Utf8Of(ReplaceEach(name, L'\\', L'.')));
+    }
+}
+
+void CheckJavaVersion(const CheckedSettings& settings, const Setting& mainClass, int javaVersion,
+                      Findings& findings) {
+    const Setting written = settings.Get(keys::kJavaRuntimeEnvironment, keys::kMinimumVersion);
+    if (javaVersion <= 8) return;
+    const RuntimeVersion minimum = MinimumBound(written.text);
+    if (minimum.parts[0] >= javaVersion) return;
+    findings.Warning("class-version", written ? written.line : mainClass.line,
+                     "the main class needs Java " + std::to_string(javaVersion) +
+                         ", but an older runtime may be chosen",
+                     "write Minimum Version=" + std::to_string(javaVersion));
+}
+
+void CheckMainClass(const CheckedSettings& settings, const Setting& mainClass,
+                    const std::vector<DiskEntry>& entries, Findings& findings) {
+    const Setting classPath = settings.Get(keys::kClassPath, keys::kClassPath);
+    const bool isEmbedded = settings.IsOn(keys::kApplication, keys::kEmbeddedJar);
+    bool isWhole = true;
+    std::vector<std::filesystem::path> files, named;
+    for (const DiskEntry& entry : entries) {
+        isWhole = isWhole && entry.isKnown;
+        files.insert(files.end(), entry.found.begin(), entry.found.end());
+        if (IsNamedJar(entry)) named.insert(named.end(), entry.found.begin(), entry.found.end());
+    }
+    if (!settings.looksAtDisk()) return;
+    std::optional<std::filesystem::path> executable;
+    std::error_code error;
+    if (isEmbedded && std::filesystem::exists(settings.Executable(), error)) {
+        executable = settings.Executable();
+    }
+    isWhole = isWhole && (!isEmbedded || executable);
+
+    const std::string name = Utf8Of(ReplaceEach(mainClass.text, L'.', L'/'));
+    const ClassSearch search = FindClass(name, files, executable);
+    for (const ClassSearch::BadJar& bad : search.badJars) {
+        if (std::find(named.begin(), named.end(), bad.file) == named.end()) continue;
+        findings.Warning("bad-jar", classPath.line, bad.problem, "replace the file");
+    }
+    if (search.isFound) {
+        CheckJavaVersion(settings, mainClass, search.javaVersion, findings);
+    } else if (isWhole && (!files.empty() || isEmbedded)) {
+        std::string advice = "write the name as \"Main-Class\" in the jar's manifest has it";
+        if (!search.similar.empty()) advice = "did you mean " + search.similar.front() + "?";
+        findings.Error(
+            "no-main-class", mainClass.line,
+            "the main class " + Quoted(mainClass.text) + " is in none of the class path's files",
+            std::move(advice));
+    }
+}
+
+}  // namespace
+
+void CheckClassPath(const CheckedSettings& settings, Findings& findings) {
+    const Setting mainClass = settings.Get(keys::kJavaRuntimeEnvironment, keys::kMainClass);
+    const Setting classPath = settings.Get(keys::kClassPath, keys::kClassPath);
+    const bool isEmbedded = settings.IsOn(keys::kApplication, keys::kEmbeddedJar);
+    const std::vector<DiskEntry> entries = ClassPathOnDisk(settings);
+    CheckEntries(entries, classPath, findings);
+
+    const bool isEmpty = std::all_of(entries.begin(), entries.end(), [](const DiskEntry& entry) {
+        return entry.isKnown && entry.found.empty() && !IsTakenAsItStands(entry.written);
+    });
+    if (isEmpty && !isEmbedded) {
+        findings.Error("no-class-path", classPath.line,
+                       entries.empty()
+                           ? "no \"Class Path\": the launch begins with a message"
+                           : "nothing is left of the class path: the launch begins with a message",
+                       "write the application's jar into \"Class Path\" of [Class Path]");
+    }
+    if (!mainClass) {
+        findings.Error("no-main-class", 0, "no \"Main Class\": the launch ends with a message",
+                       "write Main Class=<class> below [Java Runtime Environment]");
+        return;
+    }
+    CheckClassName(mainClass, findings);
+    CheckMainClass(settings, mainClass, entries, findings);
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,51 @@
+#include "tools/check/closest_word.h"
+
+#include <algorithm>
+
+namespace tarn::tools {
+namespace {
+
+wchar_t Lower(wchar_t letter) {
+    return letter >= L'A' && letter <= L'Z' ? static_cast<wchar_t>(letter - L'A' + L'a') : letter;
+}
+
+// Longer texts are no mistyped words, and the distance takes the product of both lengths.
+constexpr std::size_t kLongestWord = 64;
+
+}  // namespace
+
+std::size_t EditDistance(std::wstring_view a, std::wstring_view b) {
+    std::vector<std::size_t> beforeLast, last(b.size() + 1), row(b.size() + 1);
+    for (std::size_t j = 0; j <= b.size(); ++j) last[j] = j;
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        row[0] = i;
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            const bool isSame = Lower(a[i - 1]) == Lower(b[j - 1]);
+            row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (isSame ? 0 : 1)});
+            if (i > 1 && j > 1 && Lower(a[i - 1]) == Lower(b[j - 2]) &&
+                Lower(a[i - 2]) == Lower(b[j - 1])) {
+                row[j] = std::min(row[j], beforeLast[j - 2] + 1);
+            }
+        }
+        beforeLast = last;
+        last = row;
+    }
+    return last[b.size()];
+}
+
+std::wstring ClosestWord(std::wstring_view written, const std::vector<std::wstring>& words) {
+    if (written.size() > kLongestWord) return {};
+    const std::size_t limit = std::max<std::size_t>(1, written.size() / 3);
+    std::wstring closest;
+    std::size_t smallest = limit + 1;
+    for (const std::wstring& word : words) {
+        const std::size_t distance = EditDistance(written, word);
+        if (distance < smallest) {
+            smallest = distance;
+            closest = word;
+        }
+    }
+    return closest;
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,36 @@
+#include "tools/check/closest_word.h"
+
+#include <gtest/gtest.h>
+
+namespace tarn::tools {
+namespace {
+
+TEST(EditDistanceTest, CountsLettersPutInLeftOutChangedAndExchanged) {
+    EXPECT_EQ(EditDistance(L"", L""), 0U);
+    EXPECT_EQ(EditDistance(L"class", L"class"), 0U);
+    EXPECT_EQ(EditDistance(L"clas", L"class"), 1U);
+    EXPECT_EQ(EditDistance(L"classs", L"class"), 1U);
+    EXPECT_EQ(EditDistance(L"clasz", L"class"), 1U);
+    EXPECT_EQ(EditDistance(L"calss", L"class"), 1U);
+    EXPECT_EQ(EditDistance(L"abc", L""), 3U);
+}
+
+TEST(EditDistanceTest, LetterCaseDoesNotCount) {
+    EXPECT_EQ(EditDistance(L"JVM TYPE", L"jvm type"), 0U);
+}
+
+TEST(ClosestWordTest, IsWhatWasProbablyMeant) {
+    const std::vector<std::wstring> words = {L"Main Class", L"Class Path", L"Cmd"};
+    EXPECT_EQ(ClosestWord(L"MainClass", words), L"Main Class");
+    EXPECT_EQ(ClosestWord(L"Classpath", words), L"Class Path");
+    EXPECT_EQ(ClosestWord(L"Cmdd", words), L"Cmd");
+}
+
+TEST(ClosestWordTest, IsEmptyWhenNoneIsNear) {
+    EXPECT_EQ(ClosestWord(L"Colour", {L"Main Class", L"Cmd"}), L"");
+    EXPECT_EQ(ClosestWord(L"xyz", {}), L"");
+    EXPECT_EQ(ClosestWord(std::wstring(100'000, L'x'), {L"xx"}), L"");
+}
+
+}  // namespace
+}  // namespace tarn::tools

@@ -1,0 +1,45 @@
+#include "tools/check/finding.h"
+
+#include <algorithm>
+
+namespace tarn::tools {
+
+std::string_view NameOf(Severity severity) {
+    switch (severity) {
+        case Severity::kError:
+            return "error";
+        case Severity::kWarning:
+            return "warning";
+        case Severity::kNote:
+            break;
+    }
+    return "note";
+}
+
+void Findings::Error(std::string id, std::size_t line, std::string message, std::string advice) {
+    all_.push_back({Severity::kError, std::move(id), line, std::move(message), std::move(advice)});
+}
+
+void Findings::Warning(std::string id, std::size_t line, std::string message, std::string advice) {
+    all_.push_back(
+        {Severity::kWarning, std::move(id), line, std::move(message), std::move(advice)});
+}
+
+void Findings::Note(std::string id, std::size_t line, std::string message, std::string advice) {
+    all_.push_back({Severity::kNote, std::move(id), line, std::move(message), std::move(advice)});
+}
+
+std::vector<Finding> Findings::Sorted() const {
+    std::vector<Finding> sorted = all_;
+    std::stable_sort(sorted.begin(), sorted.end(),
+                     [](const Finding& a, const Finding& b) { return a.line < b.line; });
+    return sorted;
+}
+
+std::size_t CountOf(const std::vector<Finding>& findings, Severity severity) {
+    return static_cast<std::size_t>(
+        std::count_if(findings.begin(), findings.end(),
+                      [&](const Finding& finding) { return finding.severity == severity; }));
+}
+
+}  // namespace tarn::tools

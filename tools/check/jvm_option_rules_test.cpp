@@ -1,0 +1,140 @@
+#include "tools/check/check_text.h"
+#include "tools/check/vm_flags.h"
+
+namespace tarn::tools {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+std::wstring Options(const std::wstring& options, const std::wstring& lowest = L"11",
+                     const std::wstring& highest = L"any") {
+    return L"[Java Runtime Environment]\nVirtual Machine Parameters=" + options +
+           L"\nMinimum Version=" + lowest + L"\nMaximum Version=" + highest;
+}
+
+TEST(JvmOptionRulesTest, AcceptsWhatTheJvmTakes) {
+    EXPECT_THAT(
+        Check(CheckJvmOptions,
+              Options(L"-Da=\"b c\" -D -ea -ea:com... -esa -verbose:gc -Xlog:gc* -Xrs -Xshare:auto "
+                      L"-javaagent:a.jar --add-opens=java.base/java.lang=ALL-UNNAMED "
+                      L"--enable-preview -XX:+UseG1GC -Xint %MY_OPTIONS% -Xmx1g")),
+        IsEmpty());
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"")), IsEmpty());
+}
+
+TEST(JvmOptionRulesTest, KnowsWhatOnlyTheProgramJavaTakes) {
+    for (const wchar_t* option :
+         {L"-server", L"-client", L"-d64", L"-cp", L"-jar", L"-splash:x.png", L"-showversion",
+          L"-noverify", L"-Xbootclasspath/p:a.jar", L"-Djava.ext.dirs=x", L"--module=a/b.C"}) {
+        EXPECT_THAT(Check(CheckJvmOptions, Options(option)), ElementsAre("2 error refused-option"))
+            << option;
+    }
+    EXPECT_EQ(AdviceOf(CheckJvmOptions, Options(L"-server")), "write JVM Type=server instead");
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"-cp a.jar;b.jar")),
+                ElementsAre("2 error refused-option"));
+}
+
+TEST(JvmOptionRulesTest, AValueFollowsAnEqualsSign) {
+    const std::wstring written =
+        Options(L"--add-opens java.base/java.lang=ALL-UNNAMED --add-modules");
+    EXPECT_THAT(Check(CheckJvmOptions, written),
+                ElementsAre("2 error blank-for-equals", "2 error blank-for-equals"));
+    EXPECT_EQ(AdviceOf(CheckJvmOptions, written),
+              "write --add-opens=java.base/java.lang=ALL-UNNAMED | write --add-modules=<value>");
+}
+
+TEST(JvmOptionRulesTest, KnowsWhatWasMeant) {
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"-XMX1g")), ElementsAre("2 error unknown-option"));
+    EXPECT_THAT(AdviceOf(CheckJvmOptions, Options(L"--add-open=a/b=c")), HasSubstr("--add-opens"));
+    EXPECT_THAT(AdviceOf(CheckJvmOptions, Options(L"-Da=b c")), HasSubstr("-Da=\"b c\""));
+    EXPECT_THAT(AdviceOf(CheckJvmOptions, Options(L"-Xmx 512m")), HasSubstr("-Xmx512m"));
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"UseG1GC")), ElementsAre("2 error not-an-option"));
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"-ea \"\" -esa")),
+                ElementsAre("2 error not-an-option"));
+}
+
+TEST(JvmOptionRulesTest, SomeOptionsCameWithAVersion) {
+    const wchar_t option[] = L"--enable-native-access=ALL-UNNAMED";
+    EXPECT_THAT(Check(CheckJvmOptions, Options(option)), ElementsAre("2 warning unknown-option"));
+    EXPECT_THAT(Check(CheckJvmOptions, Options(option, L"17")), IsEmpty());
+    EXPECT_THAT(Check(CheckJvmOptions, Options(option, L"11", L"11")),
+                ElementsAre("2 error unknown-option"));
+}
+
+TEST(JvmOptionRulesTest, NoticesQuotesTabsAndWhatTheLauncherSays) {
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"-Da=\"b")),
+                ElementsAre("2 warning unclosed-quote"));
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"-Da=b\t-Dc=d")), ElementsAre("2 warning tab"));
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"-Djava.class.path=a.jar")),
+                ElementsAre("2 warning overrides-launcher"));
+}
+
+TEST(JvmOptionRulesTest, SaysNothingAboutOtherJvms) {
+    EXPECT_THAT(Check(CheckJvmOptions, Options(L"-Xgcpolicy:gencon") + L"\nVM Provider=ibm"),
+                IsEmpty());
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+Odd") + L"\nVM Provider=ibm"), IsEmpty());
+}
+
+TEST(VmFlagRulesTest, AcceptsWhatEveryVersionTakes) {
+    EXPECT_THAT(
+        Check(CheckVmFlags, Options(L"-XX:+UseG1GC -XX:-UseCompressedOops -XX:MaxMetaspaceSize=64m "
+                                    L"-XX:MaxRAMPercentage=50.5 -XX:OnError=x -XX:Flags=f "
+                                    L"-XX:+HeapDumpOnOutOfMemoryError -XX:HeapDumpPath=%TEMP%")),
+        IsEmpty());
+}
+
+TEST(VmFlagRulesTest, RefusedEverywhereIsAnErrorRefusedSomewhereAWarning) {
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseG1CG")), ElementsAre("2 error vm-flag"));
+    EXPECT_EQ(AdviceOf(CheckVmFlags, Options(L"-XX:+UseG1CG")), "did you mean UseG1GC?");
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseConcMarkSweepGC")),
+                ElementsAre("2 warning vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseConcMarkSweepGC", L"17")),
+                ElementsAre("2 error vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseConcMarkSweepGC", L"11", L"11")), IsEmpty());
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseConcMarkSweepGC", L"1.8", L"1.8")),
+                IsEmpty());
+}
+
+TEST(VmFlagRulesTest, AFlagThatIsIgnoredIsNoError) {
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxPermSize=64m", L"11", L"11")),
+                ElementsAre("2 warning vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxPermSize=64m", L"17")),
+                ElementsAre("2 error vm-flag"));
+    EXPECT_THAT(
+        Check(CheckVmFlags, Options(L"-XX:+Nonsense -XX:+IgnoreUnrecognizedVMOptions -XX:+Odd")),
+        ElementsAre("2 error vm-flag"));
+}
+
+TEST(VmFlagRulesTest, SwitchesAndValuesHaveTheirForms) {
+    for (const wchar_t* option : {L"-XX:UseG1GC", L"-XX:UseG1GC=true", L"-XX:+MaxHeapSize",
+                                  L"-XX:MaxHeapSize", L"-XX:MaxHeapSize=1x", L"-XX:MaxHeapSize="}) {
+        EXPECT_THAT(Check(CheckVmFlags, Options(option)), ElementsAre("2 error vm-flag")) << option;
+    }
+}
+
+TEST(VmFlagRulesTest, SomeFlagsAreLocked) {
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+PrintAssembly")),
+                ElementsAre("2 error vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UnlockDiagnosticVMOptions -XX:+PrintAssembly")),
+                IsEmpty());
+    // Experimental in 11 alone.
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseZGC")), ElementsAre("2 warning vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseZGC", L"17")), IsEmpty());
+}
+
+TEST(VmFlagsTest, TheTableIsWhole) {
+    EXPECT_GT(VmFlagNames().size(), 1000U);
+    const VmFlag* const flag = FindVmFlag("UseConcMarkSweepGC");
+    ASSERT_NE(flag, nullptr);
+    EXPECT_EQ(flag->kind, FlagKind::kSwitch);
+    EXPECT_EQ(NameVersions(flag->known), "11");
+    EXPECT_EQ(FindVmFlag("MaxHeapSize")->kind, FlagKind::kNumber);
+    EXPECT_EQ(FindVmFlag("MaxRAMPercentage")->kind, FlagKind::kDecimal);
+    EXPECT_EQ(FindVmFlag("HeapDumpPath")->kind, FlagKind::kText);
+    EXPECT_EQ(FindVmFlag("useg1gc"), nullptr);
+}
+
+}  // namespace
+}  // namespace tarn::tools

@@ -1,0 +1,120 @@
+#include "tools/check/main_class_search.h"
+
+#include <algorithm>
+#include <set>
+
+#include "tools/console/failure.h"
+#include "tools/console/text_encoding.h"
+#include "tools/console/whole_file.h"
+#include "tools/jar/jar_file.h"
+#include "tools/jar/manifest.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr std::string_view kEnding = ".class";
+constexpr std::size_t kMostSimilar = 3;
+
+// Class files count from 45 for Java 1.1.
+constexpr int kClassFileOfJava0 = 44;
+
+std::string Lower(std::string_view text) {
+    std::string lower(text);
+    std::transform(lower.begin(), lower.end(), lower.begin(), [](char letter) {
+        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+    });
+    return lower;
+}
+
+std::string_view SimpleName(std::string_view className) {
+    return className.substr(className.rfind('/') + 1);
+}
+
+int JavaVersionOf(const Bytes& classFile) {
+    const bool isClass = classFile.size() >= 8 && classFile[0] == std::byte{0xCA} &&
+                         classFile[1] == std::byte{0xFE} && classFile[2] == std::byte{0xBA} &&
+                         classFile[3] == std::byte{0xBE};
+    if (!isClass) return 0;
+    return (static_cast<int>(classFile[6]) << 8 | static_cast<int>(classFile[7])) -
+           kClassFileOfJava0;
+}
+
+class Search {
+  public:
+    explicit Search(const std::string& className)
+        : name_(className), entry_(className + std::string(kEnding)) {}
+
+    void LookIn(const std::filesystem::path& file, bool mayBeNoJar) {
+        std::error_code error;
+        if (result.isFound ||
+            !seen_.insert(std::filesystem::weakly_canonical(file, error)).second) {
+            return;
+        }
+        if (std::filesystem::is_directory(file, error)) {
+            LookInFolder(file);
+            return;
+        }
+        if (!std::filesystem::exists(file, error)) return;
+        try {
+            LookInJar(file);
+        } catch (const Failure& failure) {
+            if (!mayBeNoJar) result.badJars.push_back({file, failure.what()});
+        }
+    }
+
+    ClassSearch result;
+
+  private:
+    void LookInFolder(const std::filesystem::path& folder) {
+        const std::filesystem::path file = folder / PathOf(entry_);
+        std::error_code error;
+        if (!std::filesystem::is_regular_file(file, error)) return;
+        result.isFound = true;
+        result.javaVersion = JavaVersionOf(ReadWholeFile(file));
+    }
+
+    void LookInJar(const std::filesystem::path& file) {
+        const Bytes content = ReadWholeFile(file);
+        const JarFile jar(content, file);
+        if (const std::optional<Bytes> classFile = jar.Read(entry_)) {
+            result.isFound = true;
+            result.javaVersion = JavaVersionOf(*classFile);
+            return;
+        }
+        for (const std::string& name : jar.Names()) NoteSimilar(name);
+        const std::optional<Bytes> text = jar.Read(kManifestEntry);
+        if (!text) return;
+        const Manifest manifest =
+            Manifest::Parse({reinterpret_cast<const char*>(text->data()), text->size()});
+        for (const std::string& word : manifest.GetWords("Class-Path")) {
+            LookIn(file.parent_path() / PathOf(word), true);
+        }
+    }
+
+    void NoteSimilar(std::string_view entry) {
+        if (!entry.ends_with(kEnding) || result.similar.size() >= kMostSimilar) return;
+        entry.remove_suffix(kEnding.size());
+        const bool isSimilar =
+            Lower(entry) == Lower(name_) || SimpleName(entry) == SimpleName(name_);
+        if (!isSimilar) return;
+        std::string dotted(entry);
+        std::replace(dotted.begin(), dotted.end(), '/', '.');
+        result.similar.push_back(std::move(dotted));
+    }
+
+    std::string name_;
+    std::string entry_;
+    std::set<std::filesystem::path> seen_;
+};
+
+}  // namespace
+
+ClassSearch FindClass(const std::string& className, const std::vector<std::filesystem::path>& files,
+                      const std::optional<std::filesystem::path>& executable) {
+    Search search(className);
+    if (executable) search.LookIn(*executable, true);
+    for (const std::filesystem::path& file : files) search.LookIn(file, false);
+    return std::move(search.result);
+}
+
+}  // namespace tarn::tools

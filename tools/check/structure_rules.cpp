@@ -1,0 +1,172 @@
+#include <map>
+
+#include "base/text.h"
+#include "tools/check/closest_word.h"
+#include "tools/check/known_keys.h"
+#include "tools/check/rules.h"
+#include "tools/console/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+std::string LineNumber(std::size_t line) {
+    return "line " + std::to_string(line);
+}
+
+// The name without the "+" that makes a section an additive one.
+std::wstring_view PlainName(std::wstring_view section) {
+    if (!section.empty() && section.back() == L'+') section.remove_suffix(1);
+    return section;
+}
+
+bool IsKnownSection(std::wstring_view name) {
+    for (const std::wstring& known : KnownSections()) {
+        if (EqualsIgnoringCase(known, name)) return true;
+    }
+    return false;
+}
+
+// A comment of another kind of file, which Windows takes for a key.
+bool LooksLikeComment(std::wstring_view text) {
+    return text.starts_with(L"#") || text.starts_with(L"//") || text.starts_with(L"--");
+}
+
+void CheckSectionName(const DocumentSection& section, Findings& findings) {
+    const std::wstring_view plain = PlainName(section.name);
+    if (IsKnownSection(plain)) return;
+    const std::wstring trimmed(TrimBlanks(PlainName(TrimBlanks(section.name))));
+    std::string advice;
+    if (IsKnownSection(trimmed)) {
+        advice = "blanks inside the brackets count: write [" + Utf8Of(trimmed) + "]";
+    } else if (const std::wstring closest = ClosestWord(plain, KnownSections()); !closest.empty()) {
+        advice = "did you mean [" + Utf8Of(closest) + "]?";
+    } else {
+        advice = "remove it, or put a \";\" before its lines";
+    }
+    findings.Warning("unknown-section", section.line,
+                     "no section " + Quoted(section.name) + " is ever read", std::move(advice));
+}
+
+void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Findings& findings) {
+    const std::wstring plain(PlainName(section.name));
+    if (FindKnownKey(plain, entry.key) != nullptr) return;
+    if (LooksLikeComment(entry.key)) {
+        findings.Warning("not-a-comment", entry.line,
+                         Quoted(entry.key) + " is no comment for Windows, but a key",
+                         "begin a comment with \";\"");
+        return;
+    }
+    if (const KnownKey* const elsewhere = FindKnownKey(entry.key)) {
+        findings.Warning("misplaced-key", entry.line,
+                         Quoted(entry.key) + " is not read from [" + Utf8Of(plain) + "]",
+                         "put it into [" + Utf8Of(elsewhere->section) + "]");
+        return;
+    }
+    std::vector<std::wstring> here, anywhere;
+    for (const KnownKey& known : KnownKeys()) {
+        anywhere.emplace_back(known.key);
+        if (EqualsIgnoringCase(known.section, plain)) here.emplace_back(known.key);
+    }
+    std::wstring closest = ClosestWord(entry.key, here);
+    if (closest.empty()) closest = ClosestWord(entry.key, anywhere);
+    std::string advice = "remove it, or put a \";\" before it";
+    if (const KnownKey* const meant = closest.empty() ? nullptr : FindKnownKey(closest)) {
+        advice = "did you mean \"" + Utf8Of(closest) + '"';
+        if (!EqualsIgnoringCase(meant->section, plain)) {
+            advice += " of [" + Utf8Of(meant->section) + ']';
+        }
+        advice += '?';
+    }
+    findings.Warning(
+        "unknown-key", entry.line,
+        "no key " + Quoted(entry.key) + " is ever read in [" + Utf8Of(section.name) + ']',
+        std::move(advice));
+}
+
+// Windows looks for a name without regard to letter case.
+std::wstring Folded(std::wstring_view name) {
+    std::wstring folded(name);
+    for (wchar_t& letter : folded) {
+        if (letter >= L'A' && letter <= L'Z') letter = static_cast<wchar_t>(letter - L'A' + L'a');
+    }
+    return folded;
+}
+
+void CheckRepeatedKeys(const DocumentSection& section, Findings& findings) {
+    std::map<std::wstring, std::size_t> seen;
+    for (const DocumentEntry& entry : section.entries) {
+        const auto [first, isNew] = seen.emplace(Folded(entry.key), entry.line);
+        if (isNew) continue;
+        findings.Warning("repeated-key", entry.line,
+                         Quoted(entry.key) + " stands in " + LineNumber(first->second) +
+                             " already; only the first one counts",
+                         "remove one of the two");
+    }
+}
+
+}  // namespace
+
+void CheckStructure(const CheckedSettings& settings, Findings& findings) {
+    const SettingsDocument& document = settings.document();
+    std::map<std::wstring, std::size_t> seen;
+    for (const DocumentSection& section : document.sections()) {
+        const auto [first, isNew] = seen.emplace(Folded(section.name), section.line);
+        if (!isNew) {
+            findings.Warning("repeated-section", section.line,
+                             "the section " + Quoted(section.name) + " begins in " +
+                                 LineNumber(first->second) +
+                                 " already; Windows reads only that one",
+                             "move the keys there");
+        }
+        CheckSectionName(section, findings);
+        CheckRepeatedKeys(section, findings);
+        if (!IsKnownSection(PlainName(section.name))) continue;
+        for (const DocumentEntry& entry : section.entries) CheckKeyName(section, entry, findings);
+    }
+    for (const DocumentEntry& entry : document.entriesAboveSections()) {
+        findings.Warning(
+            "outside-section", entry.line,
+            Quoted(entry.key) + " stands above the first section, where nothing is read",
+            "put it below its [section]");
+    }
+    for (const StrayLine& stray : document.strayLines()) {
+        const bool isSection = stray.text.starts_with(L"[");
+        findings.Warning(
+            "stray-line", stray.line,
+            Quoted(stray.text) + (isSection ? " has no closing \"]\"" : " has no \"=\""),
+            isSection ? "close the bracket; the keys below it belong to the section "
+                        "above otherwise"
+                      : "write key=value, or begin a comment with \";\"");
+    }
+}
+
+void CheckAdditiveSections(const CheckedSettings& settings, Findings& findings) {
+    for (const DocumentSection& section : settings.document().sections()) {
+        if (!section.name.ends_with(L'+')) continue;
+        const std::wstring plain(PlainName(section.name));
+        if (!IsKnownSection(plain)) continue;
+        for (const DocumentEntry& entry : section.entries) {
+            const KnownKey* const known = FindKnownKey(plain, entry.key);
+            if (known == nullptr || entry.value.empty()) continue;
+            const DocumentEntry* const overriding = settings.document().Find(plain, entry.key);
+            if (!known->isLayered) {
+                findings.Warning("additive-unread", entry.line,
+                                 Quoted(entry.key) + " is read from [" + Utf8Of(plain) + "] only",
+                                 "put it there");
+            } else if (overriding != nullptr && !overriding->value.empty()) {
+                findings.Warning("additive-overridden", entry.line,
+                                 Quoted(entry.key) + " has a value in [" + Utf8Of(plain) + "] (" +
+                                     LineNumber(overriding->line) +
+                                     "), so that this one is not asked for",
+                                 "put both into one of the two sections");
+            } else if (IsSpoiltByBlank(known->form)) {
+                findings.Warning("additive-blank", entry.line,
+                                 "a value of a \"+\" section comes with a blank before it, which " +
+                                     Quoted(entry.key) + " does not bear",
+                                 "put it into [" + Utf8Of(plain) + "]");
+            }
+        }
+    }
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,141 @@
+#include <array>
+
+#include "base/text.h"
+#include "settings/keys.h"
+#include "tools/check/closest_word.h"
+#include "tools/check/known_keys.h"
+#include "tools/check/rules.h"
+#include "tools/console/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+bool MeansOff(std::wstring_view value) {
+    constexpr std::array<std::wstring_view, 7> kOff = {L"no",   L"false", L"off",     L"0",
+                                                       L"none", L"n",     L"disabled"};
+    for (const std::wstring_view off : kOff) {
+        if (EqualsIgnoringCase(value, off)) return true;
+    }
+    return false;
+}
+
+std::string WordFor(Form form) {
+    return form == Form::kYes ? "Yes" : form == Form::kExactlyTrue ? "true" : "yes";
+}
+
+void CheckFlag(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
+    const bool isOn = key.form == Form::kYes          ? EqualsIgnoringCase(entry.value, L"Yes")
+                      : key.form == Form::kExactlyYes ? entry.value == L"yes"
+                                                      : entry.value == L"true";
+    if (isOn || MeansOff(entry.value)) return;
+    const std::string word = WordFor(key.form);
+    const bool onlyCase =
+        EqualsIgnoringCase(entry.value, key.form == Form::kExactlyTrue ? L"true" : L"yes");
+    findings.Warning(
+        "flag", entry.line,
+        '"' + Utf8Of(key.key) + "\" is off: " + Quoted(entry.value) + " is not " + word +
+            (onlyCase ? ", letter case counts" : ""),
+        "write " + Utf8Of(key.key) + '=' + word + " to switch it on, or remove the line");
+}
+
+// What else than the listed words does no harm, because it says what is done without a word.
+bool IsHarmless(const KnownKey& key, std::wstring_view value) {
+    return std::wstring_view(key.key) == keys::kVmProvider && EqualsIgnoringCase(value, L"sun");
+}
+
+std::string ConsequenceOf(const KnownKey& key) {
+    if (std::wstring_view(key.key) == keys::kJvmSource) return "no registered runtime is searched";
+    return "it counts as empty";
+}
+
+void CheckWord(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
+    std::vector<std::wstring> words;
+    for (const std::wstring_view word : key.words) {
+        const bool isSame = key.form == Form::kWordAnyCase ? EqualsIgnoringCase(word, entry.value)
+                                                           : word == entry.value;
+        if (isSame) return;
+        words.emplace_back(word);
+    }
+    if (IsHarmless(key, entry.value)) return;
+    const std::wstring closest = ClosestWord(entry.value, words);
+    std::string advice = closest.empty() ? "write " + DescribeForm(key) + ", or remove the line"
+                                         : "did you mean " + Utf8Of(closest) + "?";
+    std::string message = '"' + Utf8Of(key.key) + "\" does not know " + Quoted(entry.value) + ": " +
+                          ConsequenceOf(key);
+    if (!closest.empty() && EqualsIgnoringCase(closest, entry.value))
+        message += " (letter case counts)";
+    findings.Warning("word", entry.line, std::move(message), std::move(advice));
+}
+
+void CheckEntry(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
+    if (entry.value.empty()) return;
+    switch (key.form) {
+        case Form::kYes:
+        case Form::kExactlyYes:
+        case Form::kExactlyTrue:
+            CheckFlag(key, entry, findings);
+            return;
+        case Form::kWord:
+        case Form::kWordAnyCase:
+            CheckWord(key, entry, findings);
+            return;
+        default:
+            return;
+    }
+}
+
+// Lists in which quotes have a meaning of their own.
+bool HasQuotesOfItsOwn(Form form) {
+    return form == Form::kJvmOptions || form == Form::kArguments;
+}
+
+void CheckEntryQuotes(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
+    const bool isStripped = entry.value.size() != entry.written.size();
+    const std::string name = '"' + Utf8Of(key.key) + '"';
+    if (HasQuotesOfItsOwn(key.form)) {
+        // Without blanks and inner quotes nothing is lost with the pair.
+        if (isStripped && entry.value.find_first_of(L" \"") != std::wstring::npos) {
+            findings.Warning("quotes-removed", entry.line,
+                             "Windows removes the quotes at both ends of " + name +
+                                 ", which leaves " + Quoted(entry.value),
+                             "put another pair of quotes around the whole value to keep these");
+        }
+        return;
+    }
+    if (entry.value.find(L'"') != std::wstring::npos) {
+        findings.Warning("quotes-kept", entry.line,
+                         "the quotes in " + name + " stay part of it: " + Quoted(entry.value),
+                         "leave them out; blanks need no quotes here");
+    } else if (isStripped && entry.value != TrimBlanks(entry.value)) {
+        findings.Warning("quoted-blanks", entry.line,
+                         "the quotes keep the blanks at the ends of " + name, "leave both out");
+    }
+}
+
+// Visits the entries that count, of plain and of additive sections alike.
+template <typename Visitor>
+void ForEachKnown(const SettingsDocument& document, const Visitor& visit) {
+    for (const KnownKey& key : KnownKeys()) {
+        for (const wchar_t* const ending : {L"", L"+"}) {
+            const std::wstring section = std::wstring(key.section) + ending;
+            if (const DocumentEntry* const entry = document.Find(section, key.key))
+                visit(key, *entry);
+        }
+    }
+}
+
+}  // namespace
+
+void CheckWords(const CheckedSettings& settings, Findings& findings) {
+    ForEachKnown(settings.document(), [&](const KnownKey& key, const DocumentEntry& entry) {
+        CheckEntry(key, entry, findings);
+    });
+}
+
+void CheckQuotes(const CheckedSettings& settings, Findings& findings) {
+    ForEachKnown(settings.document(), [&](const KnownKey& key, const DocumentEntry& entry) {
+        CheckEntryQuotes(key, entry, findings);
+    });
+}
+
+}  // namespace tarn::tools

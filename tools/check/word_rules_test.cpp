@@ -1,0 +1,64 @@
+#include "tools/check/check_text.h"
+
+namespace tarn::tools {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+TEST(WordRulesTest, EachFlagHasItsOwnForm) {
+    EXPECT_THAT(Check(CheckWords,
+                      L"[Application]\nFailure Check=yes\nEmbedded Jar=YES\n"
+                      L"Single Instance=yes\n[Display]\nSplash Screen Shadow=true"),
+                IsEmpty());
+    EXPECT_THAT(Check(CheckWords,
+                      L"[Application]\nFailure Check=true\nEmbedded Jar=1\n"
+                      L"Single Instance=Yes\nOutput Append=YES\n[Display]\n"
+                      L"Splash Screen Shadow=Yes"),
+                ElementsAre("2 warning flag", "3 warning flag", "4 warning flag", "5 warning flag",
+                            "7 warning flag"));
+}
+
+TEST(WordRulesTest, WhatMeansOffIsOff) {
+    EXPECT_THAT(Check(CheckWords,
+                      L"[Application]\nFailure Check=No\nEmbedded Jar=0\n"
+                      L"Single Instance=false\nOutput Append="),
+                IsEmpty());
+}
+
+TEST(WordRulesTest, WordsAreSpeltOut) {
+    const std::wstring java = L"[Java Runtime Environment]\n";
+    EXPECT_THAT(
+        Check(CheckWords, java + L"JVM Type=server\nJVM Source=only_JDK\nVM Provider=FAVOR_ibm"),
+        IsEmpty());
+    EXPECT_THAT(Check(CheckWords, java + L"VM Provider=sun"), IsEmpty());
+    EXPECT_EQ(AdviceOf(CheckWords, java + L"JVM Type=Server"), "did you mean server?");
+    EXPECT_EQ(AdviceOf(CheckWords, java + L"JVM Source=Favor_JRE"), "did you mean favor_JRE?");
+    EXPECT_THAT(AdviceOf(CheckWords, java + L"VM Provider=oracle"),
+                HasSubstr("favor_jrockit, favor_ibm"));
+    EXPECT_THAT(Check(CheckWords, L"[Application]\nApplication Type=gui"),
+                ElementsAre("2 warning word"));
+}
+
+TEST(QuoteRulesTest, QuotesOfArgumentsAreNotThoseOfTheFile) {
+    EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=\"a b\""),
+                ElementsAre("2 warning quotes-removed"));
+    EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=\"a b\" \"c\""),
+                ElementsAre("2 warning quotes-removed"));
+    EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=\"\"a b\"\""),
+                ElementsAre("2 warning quotes-removed"));
+    EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=\"a\""), IsEmpty());
+    EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=x \"a b\""), IsEmpty());
+}
+
+TEST(QuoteRulesTest, QuotesInPathsAreNoticed) {
+    EXPECT_THAT(Check(CheckQuotes, L"[Class Path]\nClass Path=\"lib\\a b.jar\";c.jar"),
+                ElementsAre("2 warning quotes-kept"));
+    EXPECT_THAT(Check(CheckQuotes, L"[Display]\nSplash Screen=\"a b.png\""), IsEmpty());
+    EXPECT_THAT(Check(CheckQuotes, L"[Display]\nSplash Screen=\"a.png \""),
+                ElementsAre("2 warning quoted-blanks"));
+}
+
+}  // namespace
+}  // namespace tarn::tools
