@@ -17,9 +17,11 @@ int StartPairedLauncher(const std::wstring& program, bool waitForIt) {
     const Handle thread(started.hThread);
     const Handle process(started.hProcess);
     if (!waitForIt) return 0;
-    WaitForSingleObject(process.get(), INFINITE);
-    DWORD exitCode = 0;
-    GetExitCodeProcess(process.get(), &exitCode);
+    // -1 when the program cannot be asked: nobody knows that it ended well.
+    DWORD exitCode = static_cast<DWORD>(-1);
+    if (WaitForSingleObject(process.get(), INFINITE) == WAIT_OBJECT_0) {
+        GetExitCodeProcess(process.get(), &exitCode);
+    }
     return static_cast<int>(exitCode);
 }
 

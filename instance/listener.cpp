@@ -44,8 +44,9 @@ void Listener::Stop() {
 DWORD WINAPI Listener::Listen(void* parameter) noexcept {
     HandOffDesk& desk = *static_cast<HandOffDesk*>(parameter);
     MSG message;
-    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
-        if (message.message == desk.messageId()) {
+    while (const BOOL got = GetMessageW(&message, nullptr, 0, 0)) {
+        // -1 is no message, but no reason to stop listening either.
+        if (got > 0 && message.message == desk.messageId()) {
             Dispatch(desk, static_cast<DWORD>(message.wParam));
         }
     }

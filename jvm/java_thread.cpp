@@ -43,9 +43,11 @@ DWORD RunJavaThread(JavaLaunch& launch) {
     const Handle thread(CreateThread(nullptr, static_cast<SIZE_T>(launch.options.threadStackSize),
                                      JavaThreadProc, &launch, 0, nullptr));
     if (!thread) return RunJava(launch);
-    WaitForSingleObject(thread.get(), INFINITE);
     DWORD exitCode = 1;
-    GetExitCodeThread(thread.get(), &exitCode);
+    // Again should the wait fail: what the thread works on is destroyed after this.
+    do {
+        WaitForSingleObject(thread.get(), INFINITE);
+    } while (GetExitCodeThread(thread.get(), &exitCode) && exitCode == STILL_ACTIVE);
     return exitCode;
 }
 

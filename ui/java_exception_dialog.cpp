@@ -33,8 +33,10 @@ class JavaExceptionDialog {
         if (message == WM_INITDIALOG) SetWindowLongPtrW(window, DWLP_USER, lParam);
         auto* const dialog =
             reinterpret_cast<JavaExceptionDialog*>(GetWindowLongPtrW(window, DWLP_USER));
-        // Some messages come before the first one that brings the object along.
-        return dialog != nullptr && dialog->Handle(window, message, wParam, lParam) ? TRUE : FALSE;
+        // Some messages come before the first one that brings the object along; a dialog that did
+        // not get it then would never end.
+        if (dialog == nullptr) return message == WM_INITDIALOG ? EndDialog(window, -1) : FALSE;
+        return dialog->Handle(window, message, wParam, lParam) ? TRUE : FALSE;
     }
 
     bool Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

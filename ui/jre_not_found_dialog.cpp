@@ -71,14 +71,15 @@ class JreNotFoundDialog {
 
 INT_PTR CALLBACK JreNotFoundDialog::DialogProc(HWND dialog, UINT message, WPARAM wParam,
                                                LPARAM lParam) noexcept {
+    if (message == WM_INITDIALOG) SetWindowLongPtrW(dialog, DWLP_USER, lParam);
+    auto* const self = reinterpret_cast<JreNotFoundDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (message == WM_INITDIALOG) {
-        SetWindowLongPtrW(dialog, DWLP_USER, lParam);
-        auto* const self = reinterpret_cast<JreNotFoundDialog*>(lParam);
+        // Without its object no button of it would do anything.
+        if (self == nullptr) return EndDialog(dialog, -1);
         self->window_ = dialog;
         self->InitDialog();
         return TRUE;
     }
-    auto* const self = reinterpret_cast<JreNotFoundDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (self == nullptr || message != WM_COMMAND) return FALSE;
     switch (LOWORD(wParam)) {
         case IDOK:

@@ -27,7 +27,7 @@ class LibraryFolder {
         const HMODULE kernel = GetModuleHandleW(L"kernel32.dll");
         const auto add = FindFunction<decltype(&AddDllDirectory)>(kernel, "AddDllDirectory");
         remove_ = FindFunction<decltype(&RemoveDllDirectory)>(kernel, "RemoveDllDirectory");
-        if (add != nullptr) cookie_ = add(folder.c_str());
+        if (add != nullptr && remove_ != nullptr) cookie_ = add(folder.c_str());
     }
     LibraryFolder(const LibraryFolder&) = delete;
     LibraryFolder& operator=(const LibraryFolder&) = delete;
