@@ -1,7 +1,8 @@
 # The end-to-end tests: one Windows program that starts the real launcher.exe. Every *_test.cpp of
 # this folder and every source in support/ belongs to it.
 file(GLOB endToEndSources CONFIGURE_DEPENDS
-    "${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/support/*.cpp")
+    "${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/support/*.cpp"
+    "${CMAKE_CURRENT_SOURCE_DIR}/failing_calls/*.cpp")
 add_subdirectory(fake_jvm)
 add_subdirectory(fake_splash)
 add_subdirectory(import_hook)
@@ -16,6 +17,11 @@ add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes import_hook t
 # Beside the program, where it looks for them.
 file(GLOB testPictures CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/pictures/*.*")
 file(COPY ${testPictures} DESTINATION "${CMAKE_CURRENT_BINARY_DIR}/pictures")
+file(GLOB callOutcomes CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/failing_calls/outcomes/*.txt")
+foreach(each IN LISTS callOutcomes)
+    get_filename_component(name "${each}" NAME)
+    configure_file("${each}" "${CMAKE_CURRENT_BINARY_DIR}/call_outcomes/${name}" COPYONLY)
+endforeach()
 
 if(TARGET java_fixtures)
     add_dependencies(end_to_end_tests java_fixtures)

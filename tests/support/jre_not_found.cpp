@@ -41,6 +41,22 @@ HWND TreeOf(HWND browser) {
 
 }  // namespace
 
+bool SelectInBrowser(DWORD process, HWND browser, const std::wstring& folder,
+                     std::chrono::milliseconds patience) {
+    const TextInProcess text(process, folder);
+    const HWND tree = TreeOf(browser);
+    // A browser that has only just come selects its root afterwards; the wish is repeated then.
+    return tree != nullptr &&
+           WaitUntil(
+               [&] {
+                   SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, text.address());
+                   const LRESULT selected = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0);
+                   return selected != 0 &&
+                          selected != SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0);
+               },
+               patience);
+}
+
 JreNotFoundTest::JreNotFoundTest() : settings(app.StandardSettings()) {
     settings.Remove(L"Java Runtime Environment", L"JRE Path");
     // A word that no source answers to: what this machine has installed is not searched.
@@ -73,15 +89,7 @@ HWND JreNotFoundTest::OpenBrowser() {
 }
 
 void JreNotFoundTest::Select(HWND browser, const std::wstring& folder) const {
-    const TextInProcess text(process->id(), folder);
-    const HWND tree = TreeOf(browser);
-    ASSERT_NE(tree, nullptr);
-    // A browser that has only just come selects its root afterwards; the wish is repeated then.
-    EXPECT_TRUE(WaitUntil([&] {
-        SendMessageW(browser, BFFM_SETSELECTIONW, TRUE, text.address());
-        const LRESULT selected = SendMessageW(tree, TVM_GETNEXTITEM, TVGN_CARET, 0);
-        return selected != 0 && selected != SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0);
-    })) << "the folder cannot be selected";
+    EXPECT_TRUE(SelectInBrowser(process->id(), browser, folder)) << "the folder cannot be selected";
 }
 
 void JreNotFoundTest::SelectVirtualFolder(HWND browser) const {

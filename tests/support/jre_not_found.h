@@ -19,6 +19,10 @@ inline constexpr int kErrorIcon = 204;
 inline constexpr int kLink = 205;
 inline constexpr int kHint = 206;
 
+/// Picks the folder in the tree of a folder browser of the process; whether that worked.
+bool SelectInBrowser(DWORD process, HWND browser, const std::wstring& folder,
+                     std::chrono::milliseconds patience = kPatience);
+
 /// An application whose settings lead to no runtime, so that the dialog comes. The runtimes that a
 /// test may choose are the scripted ones.
 class JreNotFoundTest : public testing::Test {

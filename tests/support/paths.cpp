@@ -33,6 +33,7 @@ const Paths& GetPaths() {
         found.fakeSplashes = FromEnvironment(L"TARN_FAKE_SPLASH_DIR", folder + L"fake_splash");
         found.importHook =
             FromEnvironment(L"TARN_IMPORT_HOOK", folder + L"import_hook\\import_hook.dll");
+        found.callOutcomes = FromEnvironment(L"TARN_CALL_OUTCOMES", folder + L"call_outcomes");
         found.pictures = FromEnvironment(L"TARN_TEST_PICTURES", folder + L"pictures");
         found.programs = FromEnvironment(L"TARN_TEST_PROGRAMS", folder + L"programs");
         found.runtimes = FromEnvironment(L"TARN_RUNTIMES", folder + L"runtimes");

@@ -11,6 +11,7 @@ struct Paths {
     std::wstring fakeJvms;      ///< TARN_FAKE_JVM_DIR: one folder for each variant of jvm.dll
     std::wstring fakeSplashes;  ///< TARN_FAKE_SPLASH_DIR: one folder for each splashscreen.dll
     std::wstring importHook;    ///< TARN_IMPORT_HOOK: the library that counts and fails calls
+    std::wstring callOutcomes;  ///< TARN_CALL_OUTCOMES: what failed calls come to
     std::wstring pictures;      ///< TARN_TEST_PICTURES: the pictures of the splash tests
     std::wstring programs;      ///< TARN_TEST_PROGRAMS: the small programs that tests start
     std::wstring runtimes;      ///< TARN_RUNTIMES: real runtimes

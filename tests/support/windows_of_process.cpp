@@ -119,7 +119,10 @@ std::optional<MessageBoxContent> WaitForMessageBox(const LaunchedProcess& proces
 std::wstring TakeErrorBox(const LaunchedProcess& process, HWND owner) {
     const auto box = WaitForMessageBox(process);
     if (!box) return {};
-    EXPECT_EQ(ToUtf8(box->caption), "Error");
+    // Windows' own caption, in the user's language.
+    if (PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_ENGLISH) {
+        EXPECT_EQ(ToUtf8(box->caption), "Error");
+    }
     EXPECT_EQ(box->buttons.size(), 1U);
     EXPECT_TRUE(box->hasIcon);
     EXPECT_EQ(box->owner, owner);

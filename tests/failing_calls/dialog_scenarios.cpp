@@ -1,0 +1,114 @@
+// Launches that tell or ask their user something.
+
+#include <gtest/gtest.h>
+
+#include "tests/failing_calls/scenario.h"
+#include "tests/support/jre_not_found.h"
+#include "tests/support/text.h"
+
+namespace tarn::test {
+
+namespace {
+
+class LibraryNotLoaded : public Scenario {
+  public:
+    LibraryNotLoaded() { app.AddFile(L"jre\\bin\\server\\jvm.dll", "no library"); }
+};
+
+class NoClassPath : public Scenario {
+  public:
+    NoClassPath() { settings.Remove(L"Class Path", L"Class Path"); }
+};
+
+class JavaException : public Scenario {
+  public:
+    JavaException() {
+        settings.Application(L"Failure Check", L"Yes");
+        app.WriteScript("main = throw java/lang/IllegalStateException: boom\ntrace = boom at");
+    }
+
+  protected:
+    void Answer(const LaunchedProcess& process, HWND dialog, const std::wstring& title) override {
+        if (title != L"Java Exception") return Scenario::Answer(process, dialog, title);
+        PressButton(dialog, IDOK);
+    }
+};
+
+/// The dialog for a missing runtime, and Cancel.
+class JreCancelled : public Scenario {
+  public:
+    JreCancelled() {
+        settings.Remove(L"Java Runtime Environment", L"JRE Path");
+        settings.Runtime(L"JVM Source", L"none").Runtime(L"Maximum Version", L"any");
+    }
+};
+
+/// The same dialog: a runtime is browsed for, confirmed and remembered.
+class JreBrowsed : public Scenario {
+  public:
+    JreBrowsed() {
+        settings.Remove(L"Java Runtime Environment", L"JRE Path");
+        settings.Runtime(L"JVM Source", L"none").Runtime(L"Maximum Version", L"any");
+        settings.Set(L"Product Information", L"Product Name", product_);
+        settings.Set(L"Product Information", L"Product Code", L"Code");
+    }
+    ~JreBrowsed() override { RemoveFolder(withoutAppData_); }
+
+  protected:
+    void Prepare() override {
+        RemoveFolder(withoutAppData_);
+        MakeFolders(app.AppDataFolder());
+        looks_ = 0;
+        browserCame_ = false;
+    }
+
+    void Answer(const LaunchedProcess& process, HWND window, const std::wstring& title) override {
+        if (title != L"JRE Not Found") {
+            browserCame_ = true;
+            PickRuntime(process, window);
+            return;
+        }
+        // A folder browser that is there disables the dialog. One that has not come within a few
+        // looks, of which there is one in a second, will not come.
+        constexpr int kMostLooks = 4;
+        const int look = looks_++;
+        if (look == 0) PressButton(window, kBrowse);
+        if (!IsWindowEnabled(window) || (!browserCame_ && look < kMostLooks)) return;
+        const bool usable = IsWindowEnabled(Child(window, kOk)) != FALSE;
+        PressButton(window, usable ? kOk : kCancel);
+    }
+
+    void AddFacts(Facts& facts) override {
+        const std::wstring file = app.AppDataFolder() + L'\\' + product_ + L"\\Code\\sample.ini";
+        facts.emplace_back("remembered", ReadFileBytes(file).empty() ? "nothing" : "the folder");
+    }
+
+  private:
+    void PickRuntime(const LaunchedProcess& process, HWND browser) {
+        constexpr std::chrono::seconds kPatienceHere{5};
+        if (!SelectInBrowser(process.id(), browser, app.Path(L"jre"), kPatienceHere)) return;
+        WaitUntil([&] { return IsWindowEnabled(Child(browser, kOk)) != FALSE; }, kPatienceHere);
+        PressButton(browser, kOk);
+    }
+
+    const std::wstring product_ = L"TarnFaults" + std::to_wstring(GetCurrentProcessId());
+    // Where the user's file is when nobody knows APPDATA.
+    const std::wstring withoutAppData_ = app.directory.substr(0, 2) + L'\\' + product_;
+    int looks_ = 0;
+    bool browserCame_ = false;
+};
+
+}  // namespace
+
+std::vector<NamedScenario> DialogScenarios() {
+    return {
+        {"library_not_loaded", "An error box: a library that cannot be loaded",
+         Make<LibraryNotLoaded>, 10},
+        {"no_class_path", "An error box before a launch that goes on", Make<NoClassPath>, 10},
+        {"java_exception", "The dialog \"Java Exception\", ignored", Make<JavaException>, 30},
+        {"jre_cancelled", "The dialog \"JRE Not Found\", cancelled", Make<JreCancelled>, 30},
+        {"jre_browsed", "The dialog \"JRE Not Found\", a folder browsed for", Make<JreBrowsed>, 15},
+    };
+}
+
+}  // namespace tarn::test

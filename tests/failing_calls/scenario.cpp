@@ -1,0 +1,153 @@
+#include "tests/failing_calls/scenario.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+
+#include "tests/support/text.h"
+#include "tests/support/windows_of_process.h"
+
+namespace tarn::test {
+
+namespace {
+
+constexpr std::chrono::seconds kHang{20};
+// The control id of a message box's text.
+constexpr int kMessageText = 0xFFFF;
+
+std::string Join(const std::vector<std::string>& parts) {
+    std::string text;
+    for (const std::string& each : parts) text += (text.empty() ? "" : " ") + each;
+    return text;
+}
+
+std::string ExitText(DWORD code) {
+    switch (code) {
+        case 0x80004005:
+            return "0x80004005 (out of memory)";
+        default:
+            break;
+    }
+    if (code < 0xC0000000 || code == 0xFFFFFFFF) {
+        return std::to_string(static_cast<std::int32_t>(code));
+    }
+    char text[32];
+    std::snprintf(text, sizeof text, "CRASH 0x%08lX", code);
+    return text;
+}
+
+HWND MessageTextOf(HWND window) {
+    for (HWND each : Children(window)) {
+        if ((GetDlgCtrlID(each) & 0xFFFF) == kMessageText) return each;
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+Scenario::Scenario() : settings(app.StandardSettings()) {
+    app.AddRuntime();
+}
+
+Scenario::~Scenario() = default;
+
+std::unique_ptr<LaunchedProcess> Scenario::Launch(const std::wstring& failures) {
+    return StartHooked(app, failures, argumentText);
+}
+
+void Scenario::Answer(const LaunchedProcess&, HWND dialog, const std::wstring&) {
+    PressButton(dialog, IDCANCEL);
+}
+
+Facts Scenario::Run(const std::wstring& failures) {
+    DeleteFileW(app.LogFile().c_str());
+    DeleteFileW(HookLogFile(app).c_str());
+    DeleteFileW(app.OutputFile().c_str());
+    DeleteFileW(app.ErrorFile().c_str());
+    RemoveFolder(app.AppDataFolder());
+    shown_.clear();
+    answered_.clear();
+    app.WriteSettings(settings);
+    Prepare();
+    const auto process = Launch(failures);
+    const std::string exit = SeeThrough(*process);
+    Facts facts;
+    facts.emplace_back("shows", shown_.empty() ? "nothing" : Join(shown_));
+    facts.emplace_back("main", MainCall());
+    facts.emplace_back("JVM options", FirstOptions());
+    facts.emplace_back("Path", app.Log().After("environment Path="));
+    facts.emplace_back("TARN_JVM_PATH", app.Log().After("environment TARN_JVM_PATH="));
+    facts.emplace_back("TARN_JVM_HOME", app.Log().After("environment TARN_JVM_HOME="));
+    facts.emplace_back("JNI", Join(app.Log().Violations()));
+    AddFacts(facts);
+    facts.emplace_back("exit code", exit);
+    return facts;
+}
+
+std::string Scenario::MainCall() const {
+    std::string arguments =
+        app.Log().After("CallStaticVoidMethod(com/example/Main.main([Ljava/lang/String;)V, ");
+    if (arguments.empty()) return "does not run";
+    arguments.pop_back();  // the bracket that closes the call
+    return "runs with " + arguments;
+}
+
+std::string Scenario::FirstOptions() const {
+    std::string options;
+    for (const std::string& each : app.Log().Texts()) {
+        if (each.starts_with("option 0 ") && !options.empty()) break;
+        if (each.starts_with("option ")) options += each.substr(each.find(' ', 7)) + '\n';
+    }
+    return options;
+}
+
+std::string Scenario::SeeThrough(const LaunchedProcess& process) {
+    const bool ended = WaitUntil(
+        [&] {
+            if (process.HasEnded()) return true;
+            LookAtWindows(process);
+            Look(process);
+            return false;
+        },
+        kHang);
+    if (!ended) return "HANG";
+    DWORD code = 0;
+    GetExitCodeProcess(process.handle(), &code);
+    return ExitText(code);
+}
+
+void Scenario::LookAtWindows(const LaunchedProcess& process) {
+    const auto now = std::chrono::steady_clock::now();
+    for (const HWND window : WindowsOf(process.id(), L"#32770")) {
+        if (!IsWindowVisible(window)) continue;
+        const auto before = std::find_if(answered_.begin(), answered_.end(),
+                                         [&](const auto& each) { return each.first == window; });
+        const bool isNew = before == answered_.end();
+        // What is still there may have missed the answer.
+        if (!isNew && now - before->second < std::chrono::seconds(1)) continue;
+        if (!isNew) answered_.erase(before);
+        answered_.emplace_back(window, now);
+        const std::wstring title = WindowText(window);
+        // The launcher leaves the captions of its message boxes to Windows.
+        const HWND text = title == L"Error" ? MessageTextOf(window) : nullptr;
+        if (isNew) shown_.push_back('"' + Plain(text != nullptr ? WindowText(text) : title) + '"');
+        if (text != nullptr) {
+            PressButton(window, IDOK);
+        } else {
+            Answer(process, window, title);
+        }
+    }
+}
+
+std::string Scenario::Plain(const std::wstring& text) const {
+    std::wstring plain = text;
+    for (std::size_t at; (at = plain.find(app.folder())) != std::wstring::npos;) {
+        plain.replace(at, app.folder().size(), L"...\\");
+    }
+    std::replace(plain.begin(), plain.end(), L'\n', L' ');
+    while (!plain.empty() && plain.back() == L' ') plain.pop_back();
+    return ToUtf8(plain);
+}
+
+}  // namespace tarn::test
