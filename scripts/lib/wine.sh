@@ -16,8 +16,9 @@ export WINEARCH=win64
 export WINEDEBUG="${WINEDEBUG:--all}"
 export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
 # Wine takes the system's language, code page and argument encoding from here: the same for
-# everybody, or texts and sizes would differ from machine to machine.
-export LC_ALL=C.UTF-8
+# everybody, or texts and sizes would differ from machine to machine. Somebody who wants them to
+# differ says TARN_LOCALE.
+export LC_ALL=${TARN_LOCALE:-C.UTF-8}
 
 # Every program below is started with this closed: only the script itself holds the lock.
 exec {tarn_wine_lock}</dev/null
@@ -25,7 +26,7 @@ exec {tarn_wine_lock}</dev/null
 tarn_start_screen() {
     local number_file
     number_file=$(mktemp)
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+    Xvfb -displayfd 3 -screen 0 "${TARN_SCREEN:-1280x1024}x24" -nolisten tcp \
         3>"$number_file" {tarn_wine_lock}>&- </dev/null >/dev/null 2>&1 &
     TARN_XVFB_PID=$!
     # A bounded wait for a condition, not for a time.

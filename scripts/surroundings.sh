@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# Runs those end-to-end tests that the surroundings may matter to in surroundings that the test
+# command does not have: other code pages, small and very large screens, a Wine server that goes
+# away. scripts/surroundings.sh [PART...] with the parts pages, screens, server.
+#
+# The other languages of a Wine session need the C library's locales, which Debian's package
+# "locales" has the sources of.
+# shellcheck disable=SC2317  # the parts are called by their names
+set -uo pipefail
+TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
+cd "$TARN_ROOT" || exit 1
+
+locales=$TARN_ROOT/build/locales
+results=$TARN_ROOT/build/test-results
+failed=0
+unset DISPLAY
+mkdir -p "$locales" "$results"
+
+# run_tests NAME FILTER: with the variables that the caller sets.
+run_tests() {
+    local log="$results/surroundings-$1.log"
+    timeout --kill-after=30 900 scripts/wine_run.sh build/release/tests/end_to_end_tests.exe \
+        "--gtest_filter=$2" >"$log" 2>&1 </dev/null || failed=1
+    printf '%-12s %s, %s\n' "$1" "$(grep -aoE '^\[  PASSED  \] [0-9]+ tests?' "$log" | tr -s ' ')" \
+        "$(grep -acE '^\[  FAILED  \] .* \(' "$log") failed"
+    grep -aE '^\[  FAILED  \] .* \(' "$log" || true
+}
+
+part_pages() {
+    local page locale
+    for page in 932:ja_JP 1251:ru_RU 936:zh_CN 65001:hi_IN; do
+        locale=${page#*:}.UTF-8
+        [ -d "$locales/$locale" ] ||
+            localedef -i "${page#*:}" -f UTF-8 "$locales/$locale" || { failed=1; continue; }
+        TARN_WINE_PREFIX=$TARN_ROOT/build/wine-pages TARN_LOCALE=$locale LOCPATH=$locales \
+            run_tests "${page%:*}" \
+            'CodePage*:MainClass*:*UserName*:SettingsFiles*:UsersSettings*:OutputFiles*:HandOff*'
+    done
+}
+
+part_screens() {
+    local size
+    for size in 640x480 7680x4320; do
+        TARN_SCREEN=$size run_tests "$size" \
+            'SplashWindow*:SplashPicture*:SplashLife*:JreNotFoundDialog*:JavaException*'
+    done
+}
+
+# The launcher cannot outlive the server that it hangs on.
+part_server() {
+    timeout --kill-after=30 300 scripts/lib/end_of_server.sh || failed=1
+}
+
+parts=(pages screens server)
+[ $# -eq 0 ] || parts=("$@")
+for part in "${parts[@]}"; do
+    declare -F "part_$part" >/dev/null || { echo "no part '$part'" >&2; exit 2; }
+    "part_$part"
+done
+exit $failed
