@@ -18,11 +18,15 @@ unsigned long IniFile::Probe(unsigned char (&buffer)[4]) const {
     return ERROR_SUCCESS;
 }
 
-std::wstring IniFile::GetValue(const wchar_t* section, const wchar_t* key) const {
-    std::wstring value = ReadGrowing(1, [&](wchar_t* buffer, std::size_t size) -> std::size_t {
+std::wstring IniFile::Read(const wchar_t* section, const wchar_t* key, std::size_t spare) const {
+    return ReadGrowing(spare, [&](wchar_t* buffer, std::size_t size) -> std::size_t {
         return GetPrivateProfileStringW(section, key, L"", buffer, static_cast<DWORD>(size),
                                         path_.c_str());
     });
+}
+
+std::wstring IniFile::GetValue(const wchar_t* section, const wchar_t* key) const {
+    std::wstring value = Read(section, key, 1);
     // A file of arbitrary bytes can hold a terminator inside a value.
     const std::size_t end = value.find(L'\0');
     if (end != std::wstring::npos) value.resize(end);

@@ -37,7 +37,13 @@ class IniFile {
     /// file cannot be read.
     std::wstring ReadSectionNames() const;
 
+    /// The same for the keys of a section, the first one of that name where there are several.
+    std::wstring ReadKeyNames(const wchar_t* section) const { return Read(section, nullptr, 2); }
+
   private:
+    /// `spare`: by how much less than the buffer a text that was cut is.
+    std::wstring Read(const wchar_t* section, const wchar_t* key, std::size_t spare) const;
+
     std::wstring path_;
 };
 

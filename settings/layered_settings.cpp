@@ -1,28 +1,45 @@
 #include "settings/layered_settings.h"
 
 #include "settings/embedded_text.h"
+#include "settings/known_names.h"
 
 namespace tarn {
 namespace {
 
-// Wrong to one side only: a "+" anywhere counts, whatever Windows takes a section's name to be, and
-// names that could not be read may hold one.
-bool MayHaveAdditiveSections(std::wstring_view sectionNames) {
-    return sectionNames.empty() || sectionNames.find(L'+') != std::wstring_view::npos;
-}
+// One look for the list of a section's keys pays when it saves two for a value.
+constexpr int kLooksWithoutList = 2;
 
 }  // namespace
 
 LayeredSettings::LayeredSettings(std::wstring mainSettingsPath)
     : IniFile(std::move(mainSettingsPath)),
       embedded_(LoadEmbeddedText()),
-      mayHaveAdditiveSections_(MayHaveAdditiveSections(ReadSectionNames())) {}
+      sectionNames_(ReadSectionNames()) {}
+
+bool LayeredSettings::MayHold(const wchar_t* section, const wchar_t* key) const {
+    const int places = PossiblePlaces(sectionNames_, section);
+    // Of several sections of one name Windows lists the keys of one.
+    if (places != 1) return places != 0;
+    for (Section& known : sections_) {
+        if (known.name == nullptr) known.name = section;
+        if (known.name != section) continue;
+        if (++known.looks <= kLooksWithoutList) return true;
+        if (known.keys.empty()) known.keys = ReadKeyNames(section);
+        return PossiblePlaces(known.keys, key) != 0;
+    }
+    return true;
+}
+
+std::wstring LayeredSettings::GetFileValue(const wchar_t* section, const wchar_t* key) const {
+    return MayHold(section, key) ? IniFile::GetValue(section, key) : std::wstring();
+}
 
 std::wstring LayeredSettings::GetValue(const wchar_t* section, const wchar_t* key) const {
-    std::wstring value = IniFile::GetValue(section, key);
+    std::wstring value = GetFileValue(section, key);
     if (!value.empty()) return value;
-    if (mayHaveAdditiveSections_) {
-        value = IniFile::GetValue((std::wstring(section) + L'+').c_str(), key);
+    const std::wstring additiveSection = std::wstring(section) + L'+';
+    if (PossiblePlaces(sectionNames_, additiveSection) != 0) {
+        value = IniFile::GetValue(additiveSection.c_str(), key);
     }
     return AppendValue(embedded_.Find(section, key), value);
 }

@@ -17,11 +17,24 @@ class LayeredSettings : public IniFile {
 
     std::wstring GetValue(const wchar_t* section, const wchar_t* key) const override;
 
+    /// The value in the main settings file alone.
+    std::wstring GetFileValue(const wchar_t* section, const wchar_t* key) const;
+
   private:
+    /// A section that has been looked into.
+    struct Section {
+        const wchar_t* name = nullptr;
+        int looks = 0;
+        std::wstring keys;
+    };
+
+    bool MayHold(const wchar_t* section, const wchar_t* key) const;
+
     EmbeddedSettings embedded_;
-    // Hardly any file has additive sections, and each look for one costs as much as for a value:
-    // Windows opens and reads the file every time.
-    bool mayHaveAdditiveSections_;
+    // For every look into the file Windows opens it and reads it anew, and most keys are in hardly
+    // any file: so those are not looked for that are certainly not there.
+    std::wstring sectionNames_;
+    mutable Section sections_[3];  // no step reads from more
 };
 
 /// What a "+" section's value makes of the value below it: both with a blank in between, also when

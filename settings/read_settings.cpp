@@ -45,7 +45,6 @@ bool ReadSettings(HWND errorOwner, Settings& settings) {
     }
     const std::optional<std::wstring> mainPath = SettingsPathOf(*programPath);
     if (!mainPath) return false;
-    const IniFile mainFile(*mainPath);
     const LayeredSettings layered(*mainPath);
     const auto application = [&](const wchar_t* key) {
         return layered.GetValue(keys::kApplication, key);
@@ -55,8 +54,8 @@ bool ReadSettings(HWND errorOwner, Settings& settings) {
     };
     RuntimeSearchPolicy& policy = settings.policy;
 
-    settings.productCode = mainFile.GetValue(keys::kProductInformation, keys::kProductCode);
-    settings.productName = mainFile.GetValue(keys::kProductInformation, keys::kProductName);
+    settings.productCode = layered.GetFileValue(keys::kProductInformation, keys::kProductCode);
+    settings.productName = layered.GetFileValue(keys::kProductInformation, keys::kProductName);
     policy.minimum = MinimumBound(java(keys::kMinimumVersion));
     policy.maximum = MaximumBound(java(keys::kMaximumVersion));
     settings.serviceMode = application(keys::kApplicationType) == L"service";

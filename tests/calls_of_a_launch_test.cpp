@@ -58,22 +58,23 @@ Calls operator+(Calls all, const Calls& more) {
 
 constexpr char kValue[] = "GetPrivateProfileStringW";
 
-// What the settings' reader does. The name of the user's own file is made of two values; then come
-// the bounds, the type, the preferred versions, and all others.
+// What the settings' reader does with a file of two sections. After the two bounds, which are not
+// there, it has the section's keys listed; the others that are there are the runtime's place, after
+// the look for the user's own file, and the main class.
 const Calls kSettings = {
     "GetModuleFileNameW",           "FindResourceW",  "GetPrivateProfileSectionNamesW",
-    "GetPrivateProfileStringW x 6", "FindFirstFileW", "GetPrivateProfileStringW x 10",
+    "GetPrivateProfileStringW x 3", "FindFirstFileW", "GetPrivateProfileStringW x 2",
 };
-// Whether the application is to run once.
+// Whether the application is to run once: its section is not there.
 const Calls kSingleInstance = {"GetModuleFileNameW", "FindResourceW",
-                               "GetPrivateProfileSectionNamesW", kValue};
+                               "GetPrivateProfileSectionNamesW"};
 // The configured home has its jvm.dll where the search looks last.
 const Calls kConfiguredRuntime = {"FindFirstFileW x 4"};
 const Calls kNoSplash = {"GetModuleFileNameW", kValue};
 const Calls kLibrary = {"LoadLibraryW"};
-// Class path, embedded jar, parameters, the two files of the output, default arguments.
+// Class path and parameters.
 const Calls kOptions = {"GetModuleFileNameW", "FindResourceW", "GetPrivateProfileSectionNamesW",
-                        "GetPrivateProfileStringW x 6"};
+                        "GetPrivateProfileStringW x 2"};
 
 class CallsOfALaunch : public FakeJvmTest {
   protected:
@@ -94,15 +95,31 @@ TEST_F(CallsOfALaunch, SuppressingTheSplashSavesTheLookForIt) {
     EXPECT_EQ(CallsOf(app), kSettings + kSingleInstance + kConfiguredRuntime + kLibrary + kOptions);
 }
 
-TEST_F(CallsOfALaunch, AbsentValuesAreLookedForTwiceOnlyWithAnAdditiveSection) {
+/// How often values, and lists of keys, were asked for.
+int Looks(const InstalledApplication& app) {
+    int looks = 0;
+    for (const HookedCall& call : ReadHookLog(HookLogFile(app))) {
+        if (call.function == kValue) ++looks;
+    }
+    return looks;
+}
+
+TEST_F(CallsOfALaunch, SectionsThatAreThereCostAFewLooksEach) {
+    settings.Set(L"Product Information", L"Product Name", L"Sample");
+    settings.Application(L"Failure Check", L"Yes");
+    settings.Runtime(L"Virtual Machine Parameters", L"-Da=b");
+    RunHooked();
+    // 2 for the name of the user's own file; 5 as in any launch; 3 into "Application": type,
+    // failure check, list; single instance; splash; class path; 3 into "Application" once more:
+    // embedded jar, output file, list; parameters.
+    EXPECT_EQ(Looks(app), 2 + 5 + 3 + 1 + 1 + 1 + 3 + 1) << testing::PrintToString(CallsOf(app));
+}
+
+TEST_F(CallsOfALaunch, AnAdditiveSectionCostsLooksForItsOwnValues) {
     settings.Set(L"Java Runtime Environment+", L"Virtual Machine Parameters", L"-Da=b");
     RunHooked();
-    int values = 0;
-    for (const HookedCall& call : ReadHookLog(HookLogFile(app))) {
-        if (call.function == kValue) ++values;
-    }
-    // Of the 24 values 3 are there, and 3 have no layers.
-    EXPECT_EQ(values, 24 + 18) << testing::PrintToString(CallsOf(app));
+    // 11 values, the 9 of them that are not in the plain section once more; splash; class path.
+    EXPECT_EQ(Looks(app), 11 + 9 + 1 + 1) << testing::PrintToString(CallsOf(app));
 }
 
 TEST_F(CallsOfALaunch, APatternInTheClassPathCostsOneCallForAMatch) {
@@ -111,9 +128,13 @@ TEST_F(CallsOfALaunch, APatternInTheClassPathCostsOneCallForAMatch) {
     }
     settings.Set(L"Class Path", L"Class Path", L"C:\\one.jar;lib\\*.jar");
     RunHooked();
-    const Calls options = {
-        "GetModuleFileNameW", "FindResourceW",     "GetPrivateProfileSectionNamesW", kValue,
-        "FindFirstFileW",     "FindNextFileW x 3", "GetPrivateProfileStringW x 5"};
+    const Calls options = {"GetModuleFileNameW",
+                           "FindResourceW",
+                           "GetPrivateProfileSectionNamesW",
+                           kValue,
+                           "FindFirstFileW",
+                           "FindNextFileW x 3",
+                           kValue};
     EXPECT_EQ(CallsOf(app),
               kSettings + kSingleInstance + kConfiguredRuntime + kNoSplash + kLibrary + options);
 }
@@ -173,8 +194,21 @@ TEST_F(CallsOfASecondLaunch, EndWithTheHandOff) {
     Script(kOnlyInt);
     const auto first = StartFirst();
     EXPECT_TRUE(StartHooked(app, {}, L"document.txt")->ExitCode().has_value());
-    const Calls handOff = {"GetModuleFileNameW", "CreateFileMappingW", "MapViewOfFile"};
-    EXPECT_EQ(CallsOf(app), kSettings + kSingleInstance + handOff);
+    // The section that says so is looked into as well.
+    const Calls calls = {"GetModuleFileNameW",
+                         "FindResourceW",
+                         "GetPrivateProfileSectionNamesW",
+                         "GetPrivateProfileStringW x 4",
+                         "FindFirstFileW",
+                         "GetPrivateProfileStringW x 4",
+                         "GetModuleFileNameW",
+                         "FindResourceW",
+                         "GetPrivateProfileSectionNamesW",
+                         kValue,
+                         "GetModuleFileNameW",
+                         "CreateFileMappingW",
+                         "MapViewOfFile"};
+    EXPECT_EQ(CallsOf(app), calls);
     EndFirst(*first);
 }
 

@@ -1,5 +1,5 @@
 // The layers against plain reads of the same file: made-up files, whole ones and broken ones, on
-// which leaving a look for an additive section out must never show.
+// which it must never show that a look into the file was left out.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -17,11 +17,16 @@ constexpr const char* kSectionLines[] = {
     ";[A+]",  "#[A+]", "[A++]", "[\"A+\"]", "[A+;]", "[A+=]", "[A+]k=inline", "[A+]=",
 };
 constexpr const char* kValueLines[] = {
-    "k=one", "k=",       "k = two ", "K=three", " k=four", "k",           "=k",    "k=\"five\"",
-    "l=six", "l= seven", ";k=eight", "l=",      "k==",     "k=with + in", "l='+'", "k=\x80\xff",
+    "k=one",     "k=",          "k = two ",    "K=three",    " k=four",      "k",
+    "=k",        "k=\"five\"",  "l=six",       "l= seven",   ";k=eight",     "l=",
+    "k==",       "k=with + in", "l='+'",       "k=\x80\xff", "\"k\"=nine",   "kk=ten",
+    "k\x01=ten", "M=eleven",    "m =\ttwelve", "n.k=none",   "k;l=thirteen", "'m'=fourteen",
 };
 constexpr const char* kLineEnds[] = {"\r\n", "\r\n", "\r\n", "\n", "\r", "\n\r", ""};
 constexpr const char* kMarks[] = {"", "", "", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF", "\n"};
+
+constexpr wchar_t kSectionA[] = L"A";
+constexpr wchar_t kSectionB[] = L"B";
 
 class MadeUpFiles {
   public:
@@ -65,7 +70,7 @@ class MadeUpFiles {
     std::mt19937 random_{2026};
 };
 
-class AdditiveSectionsTest : public testing::Test {
+class LeftOutLooksTest : public testing::Test {
   protected:
     void SetUp() override {
         wchar_t folder[MAX_PATH];
@@ -95,32 +100,43 @@ class AdditiveSectionsTest : public testing::Test {
     std::wstring path_;
 };
 
-TEST_F(AdditiveSectionsTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
+TEST_F(LeftOutLooksTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
     MadeUpFiles files;
     int additive = 0;
-    for (int i = 0; i < 400 && !HasFailure(); ++i) {
+    int late = 0;
+    for (int i = 0; i < 500 && !HasFailure(); ++i) {
         const std::string bytes = files.Next();
         Write(bytes);
         const LayeredSettings layered(path_);
-        for (const wchar_t* const key : {L"k", L"l"}) {
-            const std::wstring expected = Plain(L"A", key);
-            EXPECT_EQ(layered.GetValue(L"A", key), expected)
-                << "file " << i << ": " << testing::PrintToString(bytes);
-            if (!expected.empty() && IniFile(path_).GetValue(L"A", key).empty()) ++additive;
+        int looks = 0;
+        // Over and over, for a section's keys are listed only where many are asked for.
+        for (const wchar_t* const key : {L"k", L"l", L"none", L"k", L"K", L"m", L"l"}) {
+            for (const wchar_t* const section : {kSectionA, kSectionB}) {
+                const std::wstring plain = IniFile(path_).GetValue(section, key);
+                const std::wstring expected = Plain(section, key);
+                EXPECT_EQ(layered.GetFileValue(section, key), plain)
+                    << "file " << i << ": " << testing::PrintToString(bytes);
+                EXPECT_EQ(layered.GetValue(section, key), expected)
+                    << "file " << i << ": " << testing::PrintToString(bytes);
+                if (plain.empty() && !expected.empty()) ++additive;
+                if (!plain.empty() && looks > 2) ++late;
+            }
+            ++looks;
         }
     }
     // Else the comparison would say nothing.
-    EXPECT_GT(additive, 20);
+    EXPECT_GT(additive, 100);
+    EXPECT_GT(late, 100);
 }
 
-TEST_F(AdditiveSectionsTest, AreFoundBehindManyOtherSections) {
+TEST_F(LeftOutLooksTest, AdditiveSectionsAreFoundBehindManyOtherSections) {
     std::string text;
     for (int i = 0; i < 2000; ++i) text += "[Section " + std::to_string(i) + "]\r\nk=1\r\n";
     Write(text + "[A+]\r\nk=last\r\n");
     EXPECT_EQ(LayeredSettings(path_).GetValue(L"A", L"k"), L" last");
 }
 
-TEST_F(AdditiveSectionsTest, AreLookedForWhereNoNamesCouldBeRead) {
+TEST_F(LeftOutLooksTest, AdditiveSectionsAreLookedForWhereNoNamesCouldBeRead) {
     Write("");
     const LayeredSettings layered(path_);
     Write("[A+]\r\nk=late\r\n");
