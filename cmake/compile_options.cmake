@@ -20,6 +20,11 @@ if(WIN32)
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601)
     target_compile_options(tarn_shipped_options INTERFACE
         -ffunction-sections -fdata-sections -fno-ident)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+        # Nothing runs them (core/process_entry.cpp).
+        target_compile_options(tarn_shipped_options INTERFACE
+            -Wglobal-constructors -Wexit-time-destructors)
+    endif()
     set(CMAKE_CXX_FLAGS_MINSIZEREL "-Os -DNDEBUG")
     set(CMAKE_CXX_FLAGS_DEBUG "-Og -g")
     # A program is optimised as a whole when it is linked, which makes the launcher a quarter
@@ -30,6 +35,10 @@ if(WIN32)
         target_compile_options(tarn_shipped_options INTERFACE
             -Oz -fno-omit-frame-pointer -flto -ffat-lto-objects)
         add_link_options(-Oz -flto -flto-partition=none)
+        if(TARN_SYMBOLS)
+            target_compile_options(tarn_shipped_options INTERFACE -g)
+            add_link_options(-g)
+        endif()
     endif()
 else()
     # Windows' wide characters are 16 bits; the pure parts are compiled with the same width
