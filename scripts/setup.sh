@@ -19,7 +19,7 @@ run=(
     libgnutls30 fonts-liberation fonts-wine fonts-dejavu-core
 )
 check=(
-    googletest git clang-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 cppcheck
+    googletest git clang-14 lld-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 cppcheck
     shellcheck python3-pefile locales
 )
 

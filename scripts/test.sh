@@ -4,6 +4,7 @@
 #     host         unit tests of the pure sources, g++ with ASan and UBSan
 #     host-clang   the same with clang
 #     windows      all unit tests as a Windows program under Wine
+#     windows-clang  the same, and the launcher, built by clang
 #     executable   what launcher.exe is made of: sections, imports, resources, reproducibility
 #     endtoend     launcher.exe with scripted and real Java runtimes under Wine
 #     fuzz         each fuzzer for a minute, or for TARN_FUZZ_SECONDS
@@ -30,11 +31,11 @@ case ${1:-} in
         ;;
 esac
 
-parts=(host host-clang windows executable endtoend fuzz format lint)
+parts=(host host-clang windows windows-clang executable endtoend fuzz format lint)
 [ $# -eq 0 ] || parts=("$@")
 for part in "${parts[@]}"; do
     declare -F "part_$part" >/dev/null || {
-        echo "no part '$part'; there are: host host-clang windows executable endtoend fuzz format lint" >&2
+        echo "no part '$part'; there are: host host-clang windows windows-clang executable endtoend fuzz format lint" >&2
         exit 2
     }
 done
@@ -53,7 +54,7 @@ for part in "${parts[@]}"; do
     tarn_say "$part"
     "part_$part"
     passed=$((passed + part_passed)) failed=$((failed + part_failed))
-    summary+="$(printf '%-12s %5d passed %4d failed %5d s' \
+    summary+="$(printf '%-13s %5d passed %4d failed %5d s' \
         "$part" "$part_passed" "$part_failed" $((SECONDS - started)))"$'\n'
 done
 

@@ -144,6 +144,13 @@ part_windows() {
     run_googletest windows 900 1 scripts/wine_run.sh build/release/tests/unit_tests.exe
 }
 
+# A second compiler's opinion on the same sources, warnings included.
+part_windows-clang() {
+    build release-clang launcher unit_tests || return 0
+    run_googletest windows-clang 900 1 \
+        scripts/wine_run.sh build/release-clang/tests/unit_tests.exe
+}
+
 # Every test program of tests/ but the unit tests: build/release/tests/*_tests.exe.
 part_endtoend() {
     build release launcher tests || return 0

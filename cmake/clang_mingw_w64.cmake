@@ -1,0 +1,27 @@
+# Builds for 64-bit Windows with clang, on mingw-w64's headers and libraries: a second opinion on
+# the same sources. What ships is built by mingw_w64.cmake.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+
+find_program(tarnClangCxx NAMES clang++-14 clang++ REQUIRED)
+find_program(tarnClangCc NAMES clang-14 clang REQUIRED)
+find_program(tarnRc NAMES x86_64-w64-mingw32-windres windres REQUIRED)
+set(CMAKE_CXX_COMPILER "${tarnClangCxx}")
+set(CMAKE_C_COMPILER "${tarnClangCc}")
+set(CMAKE_RC_COMPILER "${tarnRc}")
+set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER_TARGET x86_64-w64-mingw32)
+
+# clang does not look into a folder that is named after a flavour; the other compiler knows it.
+find_program(tarnMingwCxx NAMES x86_64-w64-mingw32-g++-posix REQUIRED)
+execute_process(COMMAND "${tarnMingwCxx}" -print-file-name=libstdc++.a
+    OUTPUT_VARIABLE tarnStandardLibrary OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+cmake_path(GET tarnStandardLibrary PARENT_PATH tarnMingwLibraries)
+set(CMAKE_CXX_FLAGS_INIT "-nostdinc++ -isystem ${tarnMingwLibraries}/include/c++ \
+-isystem ${tarnMingwLibraries}/include/c++/x86_64-w64-mingw32")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${tarnMingwLibraries} -fuse-ld=lld-14")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")
+
+if(NOT CMAKE_HOST_WIN32)
+    set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+endif()
