@@ -54,13 +54,14 @@ SourceReport FindShipped(const RuntimeSearchPolicy& policy, RuntimeChoice& choic
     return source;
 }
 
-/// `details` asks for a word on every root and subkey.
+/// `kDetails` asks for a word on every root and subkey.
+template <bool kDetails>
 SourceReport FindRegistered(RuntimeSource kind, REGSAM access, const RuntimeSearchPolicy& policy,
-                            bool details, RuntimeChoice& choice) {
+                            RuntimeChoice& choice) {
     SourceReport source{kind, SourceVerdict::NoCandidate};
     RegistryView registry(access);
     const std::optional<RuntimeCandidate> found =
-        SearchRegistry(policy, registry, details ? &source : nullptr);
+        SearchRegistry(policy, registry, kDetails ? &source : nullptr);
     if (!found) return source;
     source.home = found->home;
     choice.version = found->version;
@@ -70,16 +71,15 @@ SourceReport FindRegistered(RuntimeSource kind, REGSAM access, const RuntimeSear
     return source;
 }
 
-}  // namespace
-
-bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
-                 RuntimeChoice& choice, SearchReport* report) {
-    const auto note = [report](SourceReport&& source) {
+/// Written once for both: a program that asks for no report has none of the code for it.
+template <bool kReport>
+bool Find(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct, RuntimeChoice& choice,
+          [[maybe_unused]] SearchReport* report) {
+    const auto note = [&](SourceReport&& source) {
         const SourceVerdict verdict = source.verdict;
-        if (report != nullptr) report->sources.push_back(std::move(source));
+        if constexpr (kReport) report->sources.push_back(std::move(source));
         return verdict;
     };
-    const bool details = report != nullptr;
 
     if (note(FindConfigured(policy, choice)) == SourceVerdict::Taken) {
         // The setting may name a runtime that only the paired launcher can load.
@@ -89,16 +89,28 @@ bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProd
     if (note(FindShipped(policy, choice)) == SourceVerdict::Taken) return true;
 
     const SourceVerdict own =
-        note(FindRegistered(RuntimeSource::Registry, KEY_READ, policy, details, choice));
+        note(FindRegistered<kReport>(RuntimeSource::Registry, KEY_READ, policy, choice));
     if (own != SourceVerdict::NoCandidate) return own == SourceVerdict::Taken;
     if (pairProduct.empty()) {
         note({RuntimeSource::PairedRegistry, SourceVerdict::NoPairProduct});
         return false;
     }
-    const SourceVerdict paired = note(FindRegistered(
-        RuntimeSource::PairedRegistry, KEY_READ | KEY_WOW64_32KEY, policy, details, choice));
+    const SourceVerdict paired = note(FindRegistered<kReport>(
+        RuntimeSource::PairedRegistry, KEY_READ | KEY_WOW64_32KEY, policy, choice));
     choice.pairedLaunch = paired == SourceVerdict::Taken;
     return choice.pairedLaunch;
+}
+
+}  // namespace
+
+bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
+                 RuntimeChoice& choice) {
+    return Find<false>(policy, pairProduct, choice, nullptr);
+}
+
+bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
+                 RuntimeChoice& choice, SearchReport& report) {
+    return Find<true>(policy, pairProduct, choice, &report);
 }
 
 }  // namespace tarn

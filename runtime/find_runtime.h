@@ -23,8 +23,12 @@ struct RuntimeChoice {
 /// Asks the sources in their order: the configured "JRE Path", the runtime shipped beside the
 /// launcher, the registry. The first that yields a `jvm.dll` fills `choice`, whether it is one for
 /// the paired launcher included. Returns false when none does. Nothing on the way is reported to
-/// the user; a caller who wants to know how it went asks for a `report`, which changes nothing.
+/// the user.
 bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
-                 RuntimeChoice& choice, SearchReport* report = nullptr);
+                 RuntimeChoice& choice);
+
+/// The same search, for a caller who wants to know how it went.
+bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
+                 RuntimeChoice& choice, SearchReport& report);
 
 }  // namespace tarn

@@ -37,7 +37,7 @@ class FindRuntimeTest : public testing::Test {
         const bool found = FindRuntime(policy_, pairProduct, quiet);
         report_ = {};
         choice_ = {};
-        EXPECT_EQ(FindRuntime(policy_, pairProduct, choice_, &report_), found);
+        EXPECT_EQ(FindRuntime(policy_, pairProduct, choice_, report_), found);
         EXPECT_EQ(choice_.jvmLibraryPath, quiet.jvmLibraryPath);
         EXPECT_EQ(choice_.runtimeHome, quiet.runtimeHome);
         EXPECT_EQ(choice_.version.parts, quiet.version.parts);

@@ -28,7 +28,7 @@ std::string MachineName(std::uint16_t machine) {
 RuntimeReport ReportRuntime(const Settings& settings, RuntimeChoice& choice) {
     RuntimeReport report;
     SearchReport search;
-    report.isFound = FindRuntime(settings.policy, settings.pairProduct, choice, &search);
+    report.isFound = FindRuntime(settings.policy, settings.pairProduct, choice, search);
     report.sources = DescribeSearch(search, settings.policy.preferredVersions);
     if (!report.isFound) return report;
 
