@@ -37,6 +37,15 @@ std::wstring_view CutAtLast(std::wstring_view text, wchar_t mark) {
     return text.substr(0, text.rfind(mark));
 }
 
+std::wstring Joined(std::initializer_list<std::wstring_view> texts) {
+    std::size_t size = 0;
+    for (const std::wstring_view text : texts) size += text.size();
+    std::wstring result;
+    result.reserve(size);
+    for (const std::wstring_view text : texts) result += text;
+    return result;
+}
+
 std::wstring WithEnding(std::wstring_view text, wchar_t ending) {
     std::wstring result(text);
     if (result.empty() || result.back() != ending) result += ending;

@@ -19,7 +19,8 @@ execute_process(COMMAND "${tarnMingwCxx}" -print-file-name=libstdc++.a
 cmake_path(GET tarnStandardLibrary PARENT_PATH tarnMingwLibraries)
 set(CMAKE_CXX_FLAGS_INIT "-nostdinc++ -isystem ${tarnMingwLibraries}/include/c++ \
 -isystem ${tarnMingwLibraries}/include/c++/x86_64-w64-mingw32")
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${tarnMingwLibraries} -fuse-ld=lld-14")
+# The other compiler adds the threads' library by itself.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${tarnMingwLibraries} -fuse-ld=lld-14 -lwinpthread")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")
 
 if(NOT CMAKE_HOST_WIN32)

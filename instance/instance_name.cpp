@@ -9,9 +9,7 @@ std::wstring InstanceName(std::wstring_view executablePath) {
 }
 
 std::wstring ReadyEventName(std::wstring_view instanceName) {
-    std::wstring name(instanceName);
-    name += L"_upr_evt";
-    return name;
+    return Joined({instanceName, L"_upr_evt"});
 }
 
 }  // namespace tarn

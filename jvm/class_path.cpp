@@ -15,9 +15,7 @@ bool IsTakenAsItStands(std::wstring_view entry) {
 }
 
 std::wstring ClassPathPattern(std::wstring_view entry, std::wstring_view launcherFolder) {
-    std::wstring pattern(IsAbsolutePath(entry) ? std::wstring_view() : launcherFolder);
-    pattern += entry;
-    return pattern;
+    return Joined({IsAbsolutePath(entry) ? std::wstring_view() : launcherFolder, entry});
 }
 
 }  // namespace tarn

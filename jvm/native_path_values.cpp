@@ -6,20 +6,13 @@ namespace tarn {
 
 std::wstring LibraryPathValue(std::wstring_view setting, std::wstring_view launcherFolder,
                               std::wstring_view jvmLibraryPath) {
-    std::wstring value(setting);
-    value += launcherFolder;
-    value += L";.;%Path%";
-    value += FolderOf(RuntimeBinOf(jvmLibraryPath));
-    value += L"lib";
-    return value;
+    return Joined(
+        {setting, launcherFolder, L";.;%Path%", FolderOf(RuntimeBinOf(jvmLibraryPath)), L"lib"});
 }
 
 std::wstring ProcessPathValue(std::wstring_view setting, std::wstring_view jvmLibraryPath) {
-    std::wstring value(setting);
-    if (!value.empty() && value.back() != L';') value += L';';
-    value += L"%Path%;";
-    value += RuntimeBinOf(jvmLibraryPath);
-    return value;
+    const bool separated = setting.empty() || setting.back() == L';';
+    return Joined({setting, separated ? L"%Path%;" : L";%Path%;", RuntimeBinOf(jvmLibraryPath)});
 }
 
 }  // namespace tarn

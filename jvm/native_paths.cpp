@@ -3,6 +3,7 @@
 #include "base/ansi_text.h"
 #include "base/environment.h"
 #include "base/module_path.h"
+#include "base/text.h"
 #include "base/windows.h"
 #include "runtime/jvm_library_path.h"
 
@@ -15,7 +16,7 @@ void PrepareNativePaths(const Settings& settings, const std::wstring& jvmLibrary
         const std::wstring value = LibraryPathValue(
             settings.libraryPath, ModuleFolder().value_or(std::wstring()), jvmLibraryPath);
         options.ansiOptions.push_back(
-            ToThreadAnsi(L"-Djava.library.path=" + ExpandEnvironment(value)));
+            ToThreadAnsi(Joined({L"-Djava.library.path=", ExpandEnvironment(value)})));
     }
     const std::wstring path =
         ExpandEnvironment(ProcessPathValue(settings.systemPath, jvmLibraryPath));

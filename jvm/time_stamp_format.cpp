@@ -1,5 +1,6 @@
 #include "jvm/time_stamp_format.h"
 
+#include "base/text.h"
 #include "jvm/time_stamp.h"
 
 namespace tarn {
@@ -53,11 +54,8 @@ std::wstring ExpandTimeStamp(const std::wstring& name, const SYSTEMTIME& time) {
     const auto parts = SplitTimeStamp(name);
     if (!parts) return name;
     const std::wstring picture = WithMilliseconds(parts->picture, time.wMilliseconds);
-    std::wstring result(parts->before);
     const std::wstring timed = Format({&GetTimeFormatW, L"hHmst"}, picture, time);
-    result += Format({&GetDateFormatW, L"dMyg"}, timed, time);
-    result += parts->after;
-    return result;
+    return Joined({parts->before, Format({&GetDateFormatW, L"dMyg"}, timed, time), parts->after});
 }
 
 }  // namespace tarn

@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "base/decimal.h"
+#include "base/text.h"
 
 namespace tarn {
 namespace {
@@ -98,8 +99,8 @@ std::uint64_t PercentageSize(std::wstring_view option, const MemorySizes& memory
 }
 
 std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory) {
-    return std::wstring(option.substr(0, ScanNumbers(option).prefixLength)) +
-           DecimalText(static_cast<std::int32_t>(PercentageSize(option, memory))) + L"K";
+    return Joined({option.substr(0, ScanNumbers(option).prefixLength),
+                   DecimalText(static_cast<std::int32_t>(PercentageSize(option, memory))), L"K"});
 }
 
 std::uint64_t StackSizeOf(std::wstring_view option) {

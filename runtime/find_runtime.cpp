@@ -38,8 +38,8 @@ SourceReport FindConfigured(const RuntimeSearchPolicy& policy, RuntimeChoice& ch
 /// The home of the runtime shipped in or below the launcher's folder; empty when there is none.
 std::wstring ShippedHome(const std::wstring& folder) {
     for (const wchar_t* below : {L"", L"jre64\\"}) {
-        std::wstring home = folder + below;
-        if (FileExists(home + L"bin\\java.dll")) return home;
+        std::wstring home = Joined({folder, below});
+        if (FileExists(Joined({home, L"bin\\java.dll"}))) return home;
     }
     return {};
 }

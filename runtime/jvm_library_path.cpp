@@ -1,14 +1,14 @@
 #include "runtime/jvm_library_path.h"
 
 #include "base/files.h"
+#include "base/text.h"
 #include "base/windows.h"
 
 namespace tarn {
 
 std::wstring SelectJvmLibrary(const std::wstring& home, JvmType type, bool& server) {
     for (const JvmLibraryPlace& place : JvmLibraryPlaces(type)) {
-        std::wstring path = home;
-        path += place.path;
+        std::wstring path = Joined({home, place.path});
         if (FileExists(path)) {
             server = place.server;
             return path;
@@ -23,9 +23,9 @@ void PublishJvmLocation(const std::wstring& jvmLibraryPath) {
 }
 
 std::wstring FindInRuntimeBin(const std::wstring& jvmLibraryPath, std::wstring_view fileName) {
-    std::wstring path(RuntimeBinOf(jvmLibraryPath));
-    if (!path.ends_with(L'\\') && !path.ends_with(L'/')) path += L'\\';
-    path += fileName;
+    const std::wstring_view bin = RuntimeBinOf(jvmLibraryPath);
+    const bool ended = bin.ends_with(L'\\') || bin.ends_with(L'/');
+    std::wstring path = Joined({bin, ended ? L"" : L"\\", fileName});
     if (!FileExists(path)) path.clear();
     return path;
 }

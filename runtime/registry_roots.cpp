@@ -71,9 +71,7 @@ JvmType JvmTypeIn(const RegistryRoot& root, JvmType wanted) {
 }
 
 std::wstring HomeOf(const RegistryRoot& root, std::wstring_view javaHome) {
-    std::wstring home = WithEnding(javaHome, L'\\');
-    home += root.belowHome;
-    return home;
+    return Joined({WithEnding(javaHome, L'\\'), root.belowHome});
 }
 
 std::wstring TextOfValue(std::span<const std::byte> data) {
