@@ -7,6 +7,12 @@ namespace {
 
 using Pieces = std::vector<std::wstring>;
 
+TEST(TextTest, JoinsTextsWithNothingBetweenThem) {
+    const std::wstring folder = L"C:\\app\\";
+    EXPECT_EQ(Joined({folder, L"", std::wstring_view(L"lib and more", 3)}), L"C:\\app\\lib");
+    EXPECT_EQ(Joined({}), L"");
+}
+
 TEST(TextTest, ComparesAsciiLettersWithoutCaseAndNothingElse) {
     EXPECT_TRUE(EqualsIgnoringCase(L"Yes", L"yES"));
     EXPECT_TRUE(EqualsIgnoringCase(L"", L""));
