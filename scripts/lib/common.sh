@@ -5,6 +5,7 @@
 # Downloads live where they outlast a build folder.
 TARN_CACHE=${TARN_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tarn}
 TARN_RUNTIMES=$TARN_CACHE/runtimes
+TARN_APPLICATIONS=$TARN_CACHE/applications
 # Inside a runtime's folder: the line of the lock file that it came from.
 TARN_RUNTIME_STAMP=tarn-runtime.stamp
 

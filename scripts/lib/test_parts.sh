@@ -155,6 +155,7 @@ part_windows-clang() {
 part_endtoend() {
     build release launcher tests || return 0
     scripts/fetch_runtimes.sh >/dev/null || { count_failure "fetching the runtimes"; return 0; }
+    scripts/fetch_applications.sh >/dev/null || { count_failure "fetching the applications"; return 0; }
     local program found=0
     local runtimes="Z:${TARN_RUNTIMES//\//\\}"
     for program in build/release/tests/*_tests.exe; do

@@ -29,6 +29,7 @@ const Paths& GetPaths() {
         const std::wstring folder = ProgramFolder();
         Paths found;
         found.launcher = FromEnvironment(L"TARN_LAUNCHER", folder + L"..\\launcher.exe");
+        found.companion = FromEnvironment(L"TARN_COMPANION", folder + L"..\\tarn.exe");
         found.fakeJvms = FromEnvironment(L"TARN_FAKE_JVM_DIR", folder + L"fake_jvm");
         found.fakeSplashes = FromEnvironment(L"TARN_FAKE_SPLASH_DIR", folder + L"fake_splash");
         found.importHook =
@@ -37,6 +38,7 @@ const Paths& GetPaths() {
         found.pictures = FromEnvironment(L"TARN_TEST_PICTURES", folder + L"pictures");
         found.programs = FromEnvironment(L"TARN_TEST_PROGRAMS", folder + L"programs");
         found.runtimes = FromEnvironment(L"TARN_RUNTIMES", folder + L"runtimes");
+        found.applications = FromEnvironment(L"TARN_APPLICATIONS", folder + L"applications");
         found.javaFixtures = FromEnvironment(L"TARN_JAVA_FIXTURES", folder + L"fixtures.jar");
         return found;
     }();

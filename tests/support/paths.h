@@ -8,6 +8,7 @@ namespace tarn::test {
 /// to the folder of this program (build/<preset>/tests).
 struct Paths {
     std::wstring launcher;      ///< TARN_LAUNCHER: launcher.exe
+    std::wstring companion;     ///< TARN_COMPANION: tarn.exe
     std::wstring fakeJvms;      ///< TARN_FAKE_JVM_DIR: one folder for each variant of jvm.dll
     std::wstring fakeSplashes;  ///< TARN_FAKE_SPLASH_DIR: one folder for each splashscreen.dll
     std::wstring importHook;    ///< TARN_IMPORT_HOOK: the library that counts and fails calls
@@ -15,6 +16,7 @@ struct Paths {
     std::wstring pictures;      ///< TARN_TEST_PICTURES: the pictures of the splash tests
     std::wstring programs;      ///< TARN_TEST_PROGRAMS: the small programs that tests start
     std::wstring runtimes;      ///< TARN_RUNTIMES: real runtimes
+    std::wstring applications;  ///< TARN_APPLICATIONS: real Java applications
     std::wstring javaFixtures;  ///< TARN_JAVA_FIXTURES: the jar of the tests' Java classes
 };
 
