@@ -21,7 +21,7 @@ bool LayeredSettings::MayHold(const wchar_t* section, const wchar_t* key) const 
     // Of several sections of one name Windows lists the keys of one.
     if (places != 1) return places != 0;
     for (Section& known : sections_) {
-        if (known.name == nullptr) known.name = section;
+        if (known.name.empty()) known.name = section;
         if (known.name != section) continue;
         if (++known.looks <= kLooksWithoutList) return true;
         if (known.keys.empty()) known.keys = ReadKeyNames(section);

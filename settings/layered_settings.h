@@ -23,7 +23,7 @@ class LayeredSettings : public IniFile {
   private:
     /// A section that has been looked into.
     struct Section {
-        const wchar_t* name = nullptr;
+        std::wstring name;
         int looks = 0;
         std::wstring keys;
     };
