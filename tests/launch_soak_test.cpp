@@ -5,11 +5,15 @@
 
 #include "tests/support/fake_jvm_test.h"
 #include "tests/support/named_event.h"
+#include "tests/support/paths.h"
 #include "tests/support/process_figures.h"
 #include "tests/support/test_pictures.h"
 
 namespace tarn::test {
 namespace {
+
+// The exit code of a program that Wine's assertion ends (EXCEPTION_WINE_ASSERTION).
+constexpr std::int32_t kWineAssertion = -0x7FFFFEFF;
 
 constexpr char kMainCall[] = "CallStaticVoidMethod(com/example/Main.main(";
 
@@ -25,6 +29,7 @@ struct Cycled {
     InstalledApplication app;
     SettingsText settings;
     std::int32_t exitCode = 0;
+    std::size_t launches = 0;
 };
 
 std::vector<std::unique_ptr<Cycled>> ApplicationsToCycle() {
@@ -50,10 +55,21 @@ std::vector<std::unique_ptr<Cycled>> ApplicationsToCycle() {
 
 TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
     const auto applications = ApplicationsToCycle();
+    // As a process ends, Wine stops its threads in the midst of their talk with Wine's server, and
+    // now and then an assertion of Wine's own fails then. Such a launch is made once more.
+    int repeated = 0;
     const auto launchEach = [&](int round) {
         for (const auto& each : applications) {
-            const auto process = each->app.Launch(std::to_wstring(round) + L" \"x y\"");
-            ASSERT_EQ(process->ExitCode(), each->exitCode) << round;
+            const std::wstring arguments = std::to_wstring(round) + L" \"x y\"";
+            const auto process = each->app.Launch(arguments);
+            ++each->launches;
+            auto code = process->ExitCode();
+            if (IsWine() && code == kWineAssertion) {
+                ++repeated;
+                ++each->launches;
+                code = each->app.Launch(arguments)->ExitCode();
+            }
+            ASSERT_EQ(code, each->exitCode) << round;
         }
     };
     const auto files = [&] {
@@ -67,11 +83,22 @@ TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
     const SystemFigures before = LookAround();
     const ProcessFigures ownBefore = FiguresOf(GetCurrentProcess());
 
+    const auto print = [&](int launches) {
+        const SystemFigures now = LookAround();
+        std::printf(
+            "%d launches: %zu to %zu processes, %zu to %zu windows, %zu to %zu handles of "
+            "the parent, %d repeated\n",
+            launches, before.processes, now.processes, before.windows, now.windows,
+            ownBefore.handles, FiguresOf(GetCurrentProcess()).handles, repeated);
+        std::fflush(stdout);
+    };
     const int wanted = SoakCount("TARN_SOAK_LAUNCHES", 50);
     int launches = 0;
-    for (; launches < wanted; launches += static_cast<int>(applications.size())) {
+    while (launches < wanted) {
         launchEach(launches);
         if (HasFatalFailure()) return;
+        launches += static_cast<int>(applications.size());
+        if (launches % 250 == 0) print(launches);
     }
 
     EXPECT_EQ(files(), filesBefore);
@@ -79,17 +106,14 @@ TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
         const SystemFigures now = LookAround();
         return now.processes <= before.processes && now.windows <= before.windows;
     }));
-    const SystemFigures after = LookAround();
-    const ProcessFigures ownAfter = FiguresOf(GetCurrentProcess());
-    EXPECT_LE(ownAfter.handles, ownBefore.handles);
-    std::printf(
-        "%d launches: %zu to %zu processes, %zu to %zu windows, %zu to %zu handles of the "
-        "parent\n",
-        launches, before.processes, after.processes, before.windows, after.windows,
-        ownBefore.handles, ownAfter.handles);
+    EXPECT_LE(FiguresOf(GetCurrentProcess()).handles, ownBefore.handles);
+    EXPECT_LE(repeated, 1 + launches / 100);
+    print(launches);
     for (const auto& each : applications) {
         EXPECT_THAT(each->app.Log().Violations(), testing::IsEmpty());
-        EXPECT_EQ(each->app.Log().Count(kMainCall), static_cast<std::size_t>(launches / 5 + 2));
+        const std::size_t ran = each->app.Log().Count(kMainCall);
+        EXPECT_LE(ran, each->launches);
+        EXPECT_GE(ran + static_cast<std::size_t>(repeated), each->launches);
     }
 }
 
