@@ -21,8 +21,8 @@ void AddNaively(std::wstring line, std::wstring& section, Values& values) {
         return;
     }
     const std::size_t equals = line.find(L'=');
-    values[{section, line.substr(0, equals)}] =
-        equals == std::wstring::npos ? L"" : line.substr(equals + 1);
+    const std::wstring key = line.substr(0, equals);
+    values[{section, key}] = equals == std::wstring::npos ? L"" : line.substr(equals + 1);
 }
 
 Values NaiveParse(std::wstring text) {

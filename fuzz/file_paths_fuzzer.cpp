@@ -40,7 +40,7 @@ void CheckSettingsPath(const std::wstring& program) {
 
 void CheckPerUserPath(const std::wstring& program, const std::wstring& product) {
     std::wstring base = Split(program).back();
-    base = base.substr(0, base.rfind(L'.'));
+    base.resize(std::min(base.rfind(L'.'), base.size()));
     std::wstring folder = product;
     for (const wchar_t forbidden : {L'\\', L'?', L'"', L'|', L'>', L'<', L':', L'/', L'*'})
         std::erase(folder, forbidden);

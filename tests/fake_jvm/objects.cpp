@@ -113,7 +113,7 @@ void EndReference(Environment* environment, jobject handle) {
 }
 
 void ForgetReferences(Environment* environment) {
-    std::unordered_set<Object*> objects;
+    std::unordered_set<Object*> objects(environment->thrown.begin(), environment->thrown.end());
     for (const jobject handle : environment->references) {
         KnownReferences().erase(handle);
         const std::unique_ptr<Reference> reference(reinterpret_cast<Reference*>(handle));
@@ -122,6 +122,9 @@ void ForgetReferences(Environment* environment) {
     for (Object* const object : objects) delete object;
     environment->references.clear();
     environment->references.shrink_to_fit();
+    environment->thrown.clear();
+    environment->thrown.shrink_to_fit();
+    environment->pending = nullptr;
     environment->localReferences = 0;
 }
 

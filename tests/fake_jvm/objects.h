@@ -38,7 +38,9 @@ struct Environment : JNIEnv_ {
     bool attached = false;
     Object* pending = nullptr;
     int localReferences = 0;
-    std::vector<jobject> references;  // all that were made, when they are to be forgotten
+    // All that were made, when they are to be forgotten.
+    std::vector<jobject> references;
+    std::vector<Object*> thrown;
 };
 
 Object* NewObject(Kind kind, std::string className);

@@ -53,6 +53,7 @@ Call::Call(JNIEnv* env, const char* function, std::string_view arguments, Pendin
 
 void Throw(Environment* environment, std::string_view className, std::string_view message) {
     environment->pending = NewThrowable(std::string(className), std::string(message));
+    if (Script::Get().HasLine("forget")) environment->thrown.push_back(environment->pending);
 }
 
 void Print(bool toError, std::string_view bytes) {
