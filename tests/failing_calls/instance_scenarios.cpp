@@ -96,6 +96,11 @@ class SecondInstance : public TwoInstances {
     }
 
     void AddFacts(Facts& facts) override {
+        // Its request is served even when it does not wait for the answer.
+        for (const HookedCall& each : Calls()) {
+            if (each.function != "PostThreadMessageW" || each.failed) continue;
+            app.Log().WaitFor("CallStaticIntMethod(");
+        }
         mainMayEnd_->Set();
         EXPECT_EQ(first_->ExitCode(), 9);
         facts.emplace_back("hand-off", HandOffs());
