@@ -207,6 +207,7 @@ part_format() {
 
 part_lint() {
     check includes 60 "$TARN_PYTHON" scripts/check_includes.py
+    check "table of failed calls" 60 "$TARN_PYTHON" scripts/call_table.py --check
     check shellcheck 120 bash -c 'git ls-files "*.sh" .ci/run | xargs shellcheck -x'
     check cppcheck 600 scripts/run_cppcheck.sh
     # Generated headers and resources have to exist before clang-tidy reads the sources.

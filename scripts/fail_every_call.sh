@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Lets every Windows call of every kind of launch fail once, and writes down what came of it, in
+# tests/failing_calls/outcomes and in docs/testing.md: scripts/fail_every_call.sh [SCENARIO...]
+#
+# The test suite compares a sample with that. What this finds is to be read before it is committed.
+set -euo pipefail
+TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
+cd "$TARN_ROOT"
+# shellcheck source=scripts/lib/common.sh
+. scripts/lib/common.sh
+
+filter='Of/FailingCalls.*'
+if [ $# -gt 0 ]; then
+    filter=$(printf 'Of/FailingCalls.*/%s:' "$@")
+fi
+cmake --build --preset release --target launcher tests
+outcomes=tests/failing_calls/outcomes
+mkdir -p "$outcomes"
+export TARN_EVERY_CALL="Z:${TARN_ROOT//\//\\}\\${outcomes//\//\\}"
+unset DISPLAY
+failed=0
+for i in 0 1; do
+    prefix=build/wine
+    [ "$i" -eq 0 ] || prefix+=-$i
+    TARN_WINE_PREFIX=$TARN_ROOT/$prefix GTEST_TOTAL_SHARDS=2 GTEST_SHARD_INDEX=$i \
+        scripts/wine_run.sh build/release/tests/end_to_end_tests.exe "--gtest_filter=$filter" &
+done
+wait -n || failed=1
+wait -n || failed=1
+"$TARN_PYTHON" scripts/call_table.py
+exit $failed
