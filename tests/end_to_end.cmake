@@ -8,6 +8,11 @@ add_subdirectory(fake_splash)
 add_subdirectory(import_hook)
 add_subdirectory(programs)
 
+# These need the companion program and its JSON library.
+if(NOT TARN_TOOLS)
+    list(FILTER endToEndSources EXCLUDE REGEX "/(explain|generated)[a-z_]*\\.cpp$")
+endif()
+
 add_executable(end_to_end_tests ${endToEndSources}
     "${PROJECT_SOURCE_DIR}/ui/test_support/url_handler.cpp")
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
@@ -26,6 +31,10 @@ foreach(each IN LISTS callOutcomes)
     configure_file("${each}" "${CMAKE_CURRENT_BINARY_DIR}/call_outcomes/${name}" COPYONLY)
 endforeach()
 
+if(TARN_TOOLS)
+    target_link_libraries(end_to_end_tests PRIVATE tarn_third_party)
+    add_dependencies(end_to_end_tests tarn)
+endif()
 if(TARGET java_fixtures)
     add_dependencies(end_to_end_tests java_fixtures)
 endif()

@@ -14,21 +14,31 @@ constexpr WORD kEnglish = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
 
 using Bytes = std::vector<std::uint8_t>;
 
-Bytes ReadDialog(const std::wstring& program, int dialog) {
+Bytes ReadResource(const std::wstring& program, const wchar_t* type, unsigned id) {
     const Library library(LoadLibraryExW(program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
-    const HRSRC found = FindResourceW(library.get(), MAKEINTRESOURCEW(dialog), RT_DIALOG);
+    const HRSRC found = FindResourceW(library.get(), MAKEINTRESOURCEW(id), type);
     if (found == nullptr) return {};
     const auto* const data =
         static_cast<const std::uint8_t*>(LockResource(LoadResource(library.get(), found)));
     return Bytes(data, data + SizeofResource(library.get(), found));
 }
 
-bool WriteDialog(const std::wstring& program, int dialog, Bytes& bytes) {
+bool WriteResource(const std::wstring& program, const wchar_t* type, const wchar_t* name,
+                   const Bytes& bytes) {
     const HANDLE update = BeginUpdateResourceW(program.c_str(), FALSE);
     if (update == nullptr) return false;
-    const BOOL updated = UpdateResourceW(update, RT_DIALOG, MAKEINTRESOURCEW(dialog), kEnglish,
-                                         bytes.data(), static_cast<DWORD>(bytes.size()));
+    Bytes copy = bytes;
+    const BOOL updated =
+        UpdateResourceW(update, type, name, kEnglish, copy.data(), static_cast<DWORD>(copy.size()));
     return EndUpdateResourceW(update, updated ? FALSE : TRUE) && updated;
+}
+
+Bytes ReadDialog(const std::wstring& program, int dialog) {
+    return ReadResource(program, RT_DIALOG, static_cast<unsigned>(dialog));
+}
+
+bool WriteDialog(const std::wstring& program, int dialog, const Bytes& bytes) {
+    return WriteResource(program, RT_DIALOG, MAKEINTRESOURCEW(dialog), bytes);
 }
 
 void Append(Bytes& bytes, const Bytes& from, std::size_t begin, std::size_t end) {
@@ -75,6 +85,34 @@ class Template {
 };
 
 }  // namespace
+
+bool ReplaceMessageText(const std::wstring& program, unsigned id, const std::wstring& text) {
+    // Sixteen texts make a resource, each behind its length.
+    const unsigned block = id / 16 + 1;
+    const Bytes bytes = ReadResource(program, RT_STRING, block);
+    Bytes edited;
+    std::size_t at = 0;
+    for (unsigned each = 0; each < 16; ++each) {
+        if (at + 2 > bytes.size()) return false;
+        const std::size_t length = bytes[at] | static_cast<std::size_t>(bytes[at + 1]) << 8;
+        const std::size_t next = at + 2 + length * 2;
+        if (next > bytes.size()) return false;
+        if (each == id % 16) {
+            edited.push_back(static_cast<std::uint8_t>(text.size()));
+            edited.push_back(0);
+            const auto* const units = reinterpret_cast<const std::uint8_t*>(text.data());
+            edited.insert(edited.end(), units, units + text.size() * 2);
+        } else {
+            Append(edited, bytes, at, next);
+        }
+        at = next;
+    }
+    return text.size() < 256 && WriteResource(program, RT_STRING, MAKEINTRESOURCEW(block), edited);
+}
+
+bool BuildInSettings(const std::wstring& program, const std::string& text) {
+    return WriteResource(program, RT_RCDATA, L"SETTINGS", Bytes(text.begin(), text.end()));
+}
 
 bool ReplaceControlText(const std::wstring& program, int dialog, int control,
                         const std::wstring& text) {

@@ -66,6 +66,12 @@ std::string AnsiInLog(std::wstring_view text) {
 std::string TextInLog(std::wstring_view text) {
     std::string quoted = "\"";
     for (const char byte : ToUtf8(text)) {
+        if (const auto code = static_cast<unsigned char>(byte); code < 0x20) {
+            char escape[8];
+            std::snprintf(escape, sizeof escape, "\\u%04X", code);
+            quoted += escape;
+            continue;
+        }
         if (byte == '"' || byte == '\\') quoted += '\\';
         quoted += byte;
     }

@@ -17,7 +17,7 @@ std::string Utf16File(std::wstring_view text);
 std::string AnsiInLog(std::wstring_view text);
 
 /// The text the way the log shows a Java string or a variable: UTF-8 in quotes, quotes and
-/// backslashes escaped.
+/// backslashes escaped, control characters as `\uXXXX`.
 std::string TextInLog(std::wstring_view text);
 
 /// As many times the text.

@@ -1,0 +1,39 @@
+#include "base/program.h"
+
+#include <gtest/gtest.h>
+
+#include "base/module_path.h"
+
+namespace tarn {
+namespace {
+
+class ProgramTest : public testing::Test {
+  protected:
+    void TearDown() override { ActFor(nullptr); }
+};
+
+TEST_F(ProgramTest, IsThisProcesssOwnUnlessAnotherIsNamed) {
+    EXPECT_EQ(ProgramActedFor(), nullptr);
+    EXPECT_EQ(ProgramModule(), GetModuleHandleW(nullptr));
+    const std::optional<std::wstring> own = ModulePath();
+    const OtherProgram other{L"C:\\Apps\\other.exe", GetModuleHandleW(L"kernel32.dll")};
+    ActFor(&other);
+    EXPECT_EQ(ProgramModule(), other.module);
+    EXPECT_EQ(ModulePath(), other.path);
+    EXPECT_EQ(ModuleFolder(), L"C:\\Apps\\");
+    ActFor(nullptr);
+    EXPECT_EQ(ModulePath(), own);
+}
+
+TEST_F(ProgramTest, APathThatItsOwnLaunchCouldNotReadIsUnreadableHereToo) {
+    OtherProgram other{std::wstring(MAX_PATH - 1, L'a'), nullptr};
+    ActFor(&other);
+    EXPECT_EQ(ModulePath(), other.path);
+    other.path += L'a';
+    SetLastError(0);
+    EXPECT_EQ(ModulePath(), std::nullopt);
+    EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_INSUFFICIENT_BUFFER));
+}
+
+}  // namespace
+}  // namespace tarn

@@ -1,0 +1,114 @@
+// The runtimes of a generated launch: what is installed, and what the settings say about them.
+
+#include "tests/support/generated_launch.h"
+#include "tests/support/jvm_files.h"
+#include "tests/support/pair_product.h"
+#include "tests/support/paths.h"
+#include "tests/support/text.h"
+
+namespace tarn::test {
+
+/// Puts some jvm.dll somewhere into the home.
+std::wstring GeneratedLaunch::AddHome(const std::wstring& home) {
+    const std::wstring place =
+        OneOf({L"server", L"server", L"client", L"classic", L"hotspot", L"jrockit"});
+    const std::wstring variant =
+        OneOf({kFullJvm, kFullJvm, kFullJvm, kFullJvm, kFullJvm, kJvmWithoutBootLoader,
+               kJvmWithoutCreate, kJvmWithoutDefaults});
+    app.AddRuntime(home, variant.c_str(), L"bin\\" + place);
+    if (Chance(15)) app.AddRuntime(home, kFullJvm, L"bin\\client");
+    const std::wstring library = home + L"\\bin\\" + place + L"\\jvm.dll";
+    notes_ += "runtime " + ToUtf8(library) + ' ' + ToUtf8(variant);
+    if (Chance(4)) {
+        app.AddFile(library, "no library at all");
+        notes_ += " (broken)";
+    } else if (Chance(6)) {
+        app.AddFile(library, NarrowLibrary());
+        notes_ += " (32-bit)";
+    }
+    notes_ += '\n';
+    return app.Path(home);
+}
+
+void GeneratedLaunch::DrawConfiguredRuntime() {
+    const unsigned kind = Draw(100);
+    if (kind < 25) return;
+    std::wstring home = AddHome(L"jre");
+    if (kind < 35) home += L'\\';
+    if (kind >= 85) home = app.Path(L"no runtime here");
+    if (kind >= 92) home = L"jre";
+    if (!Chance(15)) {
+        PutJava(L"JRE Path", home);
+        return;
+    }
+    // For both products that are drawn; the user's file hides the application's own word.
+    PutJava(L"JRE Path", app.Path(L"hidden"));
+    for (const wchar_t* const product : {L"Product", L"Product A"}) {
+        const std::wstring folder = app.AppDataFolder() + L'\\' + product + L"\\1234";
+        MakeFolders(folder);
+        WriteFileBytes(folder + L"\\sample.ini",
+                       Utf16File(L"[Java Runtime Environment]\r\nJRE Path=" + home + L"\r\n"));
+    }
+    layers.erase({L"Java Runtime Environment", L"JRE Path"});
+    notes_ += "files of the user's own\n";
+}
+
+void GeneratedLaunch::DrawOtherRuntimes() {
+    const unsigned kind = Draw(100);
+    if (kind < 8) {
+        AddHome(L"jre64");
+        app.AddFile(L"jre64\\bin\\java.dll");
+    } else if (kind < 14) {
+        AddHome(L"bin\\..");
+        app.AddFile(L"bin\\java.dll");
+    } else if (kind < 18) {
+        // Found only by launches whose directory it is.
+        AddHome(L"work");
+    }
+}
+
+void GeneratedLaunch::DrawRegistry() {
+    if (!Chance(35)) return;
+    registered_ = std::make_unique<RegisteredRuntimes>();
+    for (unsigned count = 1 + Draw(4); count > 0; --count) {
+        const std::wstring root = OneOf({kJdkRoot, kJreRoot, kJdkRoot, kJreRoot, kOldJdkRoot,
+                                         kOldJreRoot, kJrockitJreRoot, kJrockitJdkRoot, kIbmRoot});
+        // Another key each time, whatever the version.
+        const std::wstring name = OneOf({L"1.8.0_", L"11.0.", L"17.", L"9.", L"jdk-17+", L"abc"}) +
+                                  std::to_wstring(count);
+        const RegistryView view = Chance(75) ? RegistryView::k64Bit : RegistryView::k32Bit;
+        notes_ += "registered " + ToUtf8(root) + '\\' + ToUtf8(name) +
+                  (view == RegistryView::k32Bit ? " (32-bit view)\n" : "\n");
+        if (Chance(8)) {
+            registered_->AddEmpty(root, name, view);
+            continue;
+        }
+        const std::wstring home = L"registered" + std::to_wstring(count);
+        // An old JDK's runtime lies inside it.
+        const bool inside = root == kOldJdkRoot || root == kJrockitJdkRoot;
+        if (!Chance(10)) AddHome(inside ? home + L"\\jre" : home);
+        registered_->Add(root, name, app.Path(home), view);
+    }
+}
+
+void GeneratedLaunch::DrawPolicy() {
+    PutJava(L"JVM Type", OneOf({L"", L"", L"", L"server", L"favor_server", L"Server"}));
+    PutJava(L"JVM Source", OneOf({L"", L"", L"", L"", L"favor_JRE", L"favor_JDK", L"only_JDK",
+                                  L"only_JRE", L"Favor_JRE"}));
+    PutJava(L"VM Provider", OneOf({L"", L"", L"", L"", L"ibm", L"any", L"FAVOR_sun", L"JRockit",
+                                   L"favor_ibm", L"sun"}));
+    PutJava(L"Minimum Version", OneOf({L"", L"any", L"any", L"1.8", L"11"}));
+    PutJava(L"Maximum Version", OneOf({L"any", L"any", L"any", L"any", L"", L"1.8", L"11", L"17"}));
+    PutJava(L"Preferred versions", OneOf({L"", L"", L"", L"1.8", L"11;17", L"9;;"}));
+}
+
+void GeneratedLaunch::DrawPairedProgram() {
+    if (!Chance(35)) return;
+    PutApplication(L"Pair Product", Chance(80) ? GetPaths().programs + L"\\pair_product.exe"
+                                               : app.Path(L"missing.exe"));
+    app.environment[L"PAIR_LOG"] = app.Path(L"pair.log");
+    app.environment[L"PAIR_EXIT"] = std::to_wstring(kPairCode);
+    if (Chance(50)) PutApplication(L"Pair Return Code", OneOf({L"Yes", L"yes", L"on"}));
+}
+
+}  // namespace tarn::test

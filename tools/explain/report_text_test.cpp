@@ -1,0 +1,93 @@
+#include "tools/explain/report_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tools/explain/report_test_support.h"
+#include "tools/explain/text_page.h"
+
+namespace tarn::tools {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+class ReportTextTest : public testing::Test {
+  protected:
+    static std::string Text(const LaunchReport& report) {
+        return ReportText(report, Console(stdout, stderr, false, false));
+    }
+};
+
+TEST_F(ReportTextTest, BeginsWithTheProgramAndTheOutcome) {
+    EXPECT_EQ(Text(FullReport()).find("C:\\Apps\\sample.exe\n  Creates the JVM and calls main.\n"),
+              0U);
+}
+
+TEST_F(ReportTextTest, TellsWhatTheUserSees) {
+    LaunchReport report = FullReport();
+    EXPECT_THAT(Text(report), HasSubstr("sees first, and the launch then goes on:\n    No class"));
+    report.outcome = {"fails", -1, "The settings cannot be used."};
+    report.messages = {{"Two\nlines\n", false}};
+    EXPECT_THAT(Text(report),
+                HasSubstr("exit code         -1\n  The user sees:\n    Two\n    lines\n"));
+    report.outcome.kind = "asks-for-runtime";
+    EXPECT_THAT(Text(report), HasSubstr("The user sees the dialog:\n    Two\n"));
+}
+
+TEST_F(ReportTextTest, ShowsSettingsWithTheirLayerAndNamesTheOthers) {
+    const std::string text = Text(FullReport());
+    EXPECT_THAT(text, HasSubstr("  [Application]\n    Failure Check = yes  (file: on)\n"
+                                "    Cmd =  b  (additive)\n"));
+    EXPECT_THAT(text, HasSubstr("not set: JVM Type (any), JRE Path\n"));
+}
+
+TEST_F(ReportTextTest, ShowsTheSearchWithItsReasons) {
+    const std::string text = Text(FullReport());
+    EXPECT_THAT(text, HasSubstr("  \"JRE Path\": not set\n  Registry: taken\n    C:\\Java\\\n"
+                                "    by the preferred version \"17\"\n"));
+    EXPECT_THAT(text,
+                HasSubstr("    Software\\JavaSoft\\JDK: searched\n      17 (17.0): chosen\n"));
+    EXPECT_THAT(text, HasSubstr("11 (11.0): would do, but another is better; that one is newer\n"));
+    EXPECT_THAT(text, HasSubstr("1.8 (1.8): older than \"Minimum Version\"\n"));
+    EXPECT_THAT(text, HasSubstr("JRE: not searched: \"JVM Source\" leaves this kind out\n"));
+}
+
+TEST_F(ReportTextTest, ShowsWhatJavaGets) {
+    const std::string text = Text(FullReport());
+    EXPECT_THAT(text, HasSubstr("  option            -Xmx1024K\n"));
+    EXPECT_THAT(text, HasSubstr("  argument          b\n"));
+    EXPECT_THAT(text, HasSubstr("o_2026.txt (appended)  from o_%yyyy%.txt\n"));
+    EXPECT_THAT(text, HasSubstr("1024 KiB (1048576 bytes), from \"-Xss\"\n"));
+    EXPECT_THAT(text, HasSubstr("-Xmx1p becomes -Xmx1024K\n"));
+    EXPECT_THAT(text, HasSubstr("stays after main until System.exit"));
+}
+
+TEST_F(ReportTextTest, LeavesOutWhatIsNotReached) {
+    const std::string text = Text(LaunchReport());
+    for (const char* const heading : {"Java", "Splash", "Single instance", "Settings"}) {
+        EXPECT_THAT(text, Not(HasSubstr(std::string("\n") + heading + '\n')));
+    }
+}
+
+TEST_F(ReportTextTest, TellsWhyThereIsNoSplash) {
+    LaunchReport report;
+    report.splash = SplashReport{};
+    EXPECT_THAT(Text(report), HasSubstr("none: \"Splash Screen\" is not set\n"));
+    report.splash->kind = "suppressed";
+    EXPECT_THAT(Text(report), HasSubstr("none: an argument switches it off\n"));
+    report.splash = SplashReport{"own", "s.png", false, false, "no-library"};
+    EXPECT_THAT(Text(report), HasSubstr("s.png (not there)\n"));
+    EXPECT_THAT(Text(report), HasSubstr("it has no splashscreen.dll\n"));
+}
+
+TEST(SizeTextTest, NamesTheExactNumberToo) {
+    EXPECT_EQ(SizeText(0), "0 bytes");
+    EXPECT_EQ(SizeText(10'239), "10239 bytes");
+    EXPECT_EQ(SizeText(10'240), "10 KiB (10240 bytes)");
+    EXPECT_EQ(SizeText(8'589'934'592), "8192 MiB (8589934592 bytes)");
+    EXPECT_EQ(SizeText(~0ULL), "16777215 TiB (18446744073709551615 bytes)");
+}
+
+}  // namespace
+}  // namespace tarn::tools
