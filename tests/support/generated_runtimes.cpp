@@ -10,11 +10,11 @@ namespace tarn::test {
 
 /// Puts some jvm.dll somewhere into the home.
 std::wstring GeneratedLaunch::AddHome(const std::wstring& home) {
-    const std::wstring place =
-        OneOf({L"server", L"server", L"client", L"classic", L"hotspot", L"jrockit"});
+    const std::wstring place = OneOf({L"server", L"server", L"server", L"server", L"client",
+                                      L"classic", L"hotspot", L"jrockit"});
     const std::wstring variant =
-        OneOf({kFullJvm, kFullJvm, kFullJvm, kFullJvm, kFullJvm, kJvmWithoutBootLoader,
-               kJvmWithoutCreate, kJvmWithoutDefaults});
+        Chance(88) ? kFullJvm
+                   : OneOf({kJvmWithoutBootLoader, kJvmWithoutCreate, kJvmWithoutDefaults});
     app.AddRuntime(home, variant.c_str(), L"bin\\" + place);
     if (Chance(15)) app.AddRuntime(home, kFullJvm, L"bin\\client");
     const std::wstring library = home + L"\\bin\\" + place + L"\\jvm.dll";
@@ -22,7 +22,7 @@ std::wstring GeneratedLaunch::AddHome(const std::wstring& home) {
     if (Chance(4)) {
         app.AddFile(library, "no library at all");
         notes_ += " (broken)";
-    } else if (Chance(6)) {
+    } else if (Chance(10)) {
         app.AddFile(library, NarrowLibrary());
         notes_ += " (32-bit)";
     }
@@ -32,9 +32,9 @@ std::wstring GeneratedLaunch::AddHome(const std::wstring& home) {
 
 void GeneratedLaunch::DrawConfiguredRuntime() {
     const unsigned kind = Draw(100);
-    if (kind < 25) return;
+    if (kind < 12) return;
     std::wstring home = AddHome(L"jre");
-    if (kind < 35) home += L'\\';
+    if (kind < 24) home += L'\\';
     if (kind >= 85) home = app.Path(L"no runtime here");
     if (kind >= 92) home = L"jre";
     if (!Chance(15)) {
@@ -92,7 +92,7 @@ void GeneratedLaunch::DrawRegistry() {
 }
 
 void GeneratedLaunch::DrawPolicy() {
-    PutJava(L"JVM Type", OneOf({L"", L"", L"", L"server", L"favor_server", L"Server"}));
+    PutJava(L"JVM Type", OneOf({L"", L"", L"", L"", L"", L"server", L"favor_server", L"Server"}));
     PutJava(L"JVM Source", OneOf({L"", L"", L"", L"", L"favor_JRE", L"favor_JDK", L"only_JDK",
                                   L"only_JRE", L"Favor_JRE"}));
     PutJava(L"VM Provider", OneOf({L"", L"", L"", L"", L"ibm", L"any", L"FAVOR_sun", L"JRockit",
@@ -103,11 +103,15 @@ void GeneratedLaunch::DrawPolicy() {
 }
 
 void GeneratedLaunch::DrawPairedProgram() {
-    if (!Chance(35)) return;
+    if (!Chance(45)) return;
     PutApplication(L"Pair Product", Chance(80) ? GetPaths().programs + L"\\pair_product.exe"
                                                : app.Path(L"missing.exe"));
     app.environment[L"PAIR_LOG"] = app.Path(L"pair.log");
     app.environment[L"PAIR_EXIT"] = std::to_wstring(kPairCode);
+    if (Chance(30)) {
+        app.AddFile(L"jre\\bin\\client\\jvm.dll", NarrowLibrary());
+        notes_ += "a 32-bit client JVM in jre\n";
+    }
     if (Chance(50)) PutApplication(L"Pair Return Code", OneOf({L"Yes", L"yes", L"on"}));
 }
 
