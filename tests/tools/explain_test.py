@@ -1,0 +1,79 @@
+"""tarn explain, seen from outside: what it refuses, and what it tells of a bare launcher."""
+
+import json
+import os
+import shutil
+import subprocess
+import tempfile
+import unittest
+
+ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+LAUNCHER = os.path.join(ROOT, "build", "release", "launcher.exe")
+LINUX = [os.path.join(ROOT, "build", "native", "tarn")]
+WINDOWS = ["wine", os.path.join(ROOT, "build", "release", "tarn.exe")]
+
+
+class ExplainTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = tempfile.mkdtemp(prefix="tarn explain \u00e4 ")
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
+
+    def explain(self, program, *arguments):
+        """Runs it in the test's folder: (exit code, standard output, standard error)."""
+        done = subprocess.run([*program, "explain", *arguments], cwd=self.folder,
+                              stdin=subprocess.DEVNULL, capture_output=True, timeout=120,
+                              check=False)
+        return done.returncode, done.stdout.decode("utf-8"), done.stderr.decode("utf-8")
+
+    def expect_failure(self, message, program, *arguments):
+        code, output, errors = self.explain(program, *arguments)
+        self.assertEqual((2, ""), (code, output), errors)
+        self.assertIn("tarn: error: ", errors)
+        self.assertIn(message, errors)
+
+    def test_help_has_examples(self):
+        for program in (LINUX, WINDOWS):
+            code, output, _ = self.explain(program, "--help")
+            self.assertEqual(0, code)
+            self.assertIn("tarn explain sample.exe --json > report.json", output)
+
+    def test_the_program_has_to_be_named(self):
+        for program in (LINUX, WINDOWS):
+            self.expect_failure("NAME.exe", program)
+
+    def test_elsewhere_it_tells_where_to_go(self):
+        self.expect_failure("sample.exe: a launch can only be explained on the Windows machine",
+                            LINUX, "sample.exe")
+
+    def test_bad_files_are_named(self):
+        with open(os.path.join(self.folder, "text.exe"), "wb") as file:
+            file.write(b"no program at all")
+        self.expect_failure("missing.exe: there is no such file", WINDOWS, "missing.exe")
+        self.expect_failure("text.exe: is no Windows executable", WINDOWS, "text.exe")
+
+    def test_arguments_stand_behind_dashes(self):
+        self.expect_failure("tarn explain NAME.exe -- ARGS", WINDOWS, "sample.exe", "letter.txt")
+
+    def test_a_program_that_is_no_launcher_is_doubted(self):
+        shutil.copy(WINDOWS[1], os.path.join(self.folder, "other.exe"))
+        code, _, errors = self.explain(WINDOWS, "other.exe")
+        self.assertEqual(0, code)
+        self.assertIn("is it a launcher?", errors)
+
+    def test_a_launch_without_settings_is_told(self):
+        shutil.copy(LAUNCHER, os.path.join(self.folder, "sample.exe"))
+        code, output, errors = self.explain(WINDOWS, "sample.exe", "--", "a", "b c")
+        self.assertEqual((0, ""), (code, errors))
+        self.assertIn("  The user sees:\n    Main class was not specified in INI file.\n", output)
+        code, output, errors = self.explain(WINDOWS, "--json", "sample.exe", "--", "a", "b c")
+        self.assertEqual((0, ""), (code, errors))
+        report = json.loads(output)
+        self.assertEqual(("tarn-explain", 1), (report["format"], report["schema"]))
+        self.assertEqual(("fails", -1), (report["outcome"]["kind"], report["outcome"]["exitCode"]))
+        self.assertEqual(["a", "b c"], report["program"]["arguments"])
+        self.assertIsNone(report["runtime"])
+        self.assertEqual(["sample.exe"], os.listdir(self.folder))
+
+
+if __name__ == "__main__":
+    unittest.main()
