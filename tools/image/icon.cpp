@@ -105,6 +105,9 @@ void SetIcon(ResourceTree& tree, const std::vector<IconPicture>& pictures) {
     }
     // Pictures that no group shows keep their numbers, too.
     for (const auto& [name, languages] : tree[kResourceIcon]) taken.insert(name.id);
+    if (taken.size() + pictures.size() > UINT16_MAX) {
+        throw Failure("has no number left for another icon");
+    }
     std::vector<std::uint16_t> numbers;
     std::uint16_t next = 1;
     for (const IconPicture& picture : pictures) {

@@ -114,5 +114,16 @@ TEST(Icon, KeepsThePicturesOfOtherGroups) {
     EXPECT_EQ(FindResource(tree, kResourceIcon, 9)->size(), 99U);
 }
 
+TEST(Icon, IsRefusedWhereAllNumbersAreTaken) {
+    ResourceTree tree;
+    for (unsigned number = 1; number <= UINT16_MAX; ++number) {
+        tree[kResourceIcon][static_cast<std::uint16_t>(number)][7] = {};
+    }
+    EXPECT_THROW(SetIcon(tree, ReadIcon(IconFileOf({40}))), Failure);
+    tree[kResourceIcon].erase(ResourceName(500));
+    EXPECT_NO_THROW(SetIcon(tree, ReadIcon(IconFileOf({40}))));
+    EXPECT_EQ(FindResource(tree, kResourceIcon, 500)->size(), 40U);
+}
+
 }  // namespace
 }  // namespace tarn::tools
