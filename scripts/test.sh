@@ -6,6 +6,7 @@
 #     windows      all unit tests as a Windows program under Wine
 #     windows-clang  the same, and the launcher, built by clang
 #     executable   what launcher.exe is made of: sections, imports, resources, reproducibility
+#     tools        the companion program, as built for this machine and under Wine
 #     endtoend     launcher.exe with scripted and real Java runtimes under Wine
 #     fuzz         each fuzzer for a minute, or for TARN_FUZZ_SECONDS
 #     format       clang-format

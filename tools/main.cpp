@@ -33,6 +33,8 @@ int Run(std::vector<std::string> arguments, const Console& console) {
     app.footer(kExitCodes);
     app.set_version_flag("--version", "tarn " TARN_VERSION);
     app.require_subcommand(1);
+    // The same words everywhere: "/x" is a path, on Windows too.
+    app.allow_windows_style_options(false);
 
     int exitCode = kSuccess;
     AddCommands(app, console, exitCode);

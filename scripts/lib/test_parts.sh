@@ -173,31 +173,31 @@ part_endtoend() {
 part_executable() {
     build release launcher || return 0
     scripts/fetch_runtimes.sh 21 >/dev/null || { count_failure "fetching the runtime"; return 0; }
-    local outcome name
-    TARN_RUNTIMES="$TARN_RUNTIMES" timeout 900 \
-        "$TARN_PYTHON" tests/executable/run.py "$results/executable.txt" </dev/null ||
-        [ -f "$results/executable.txt" ] || count_failure "tests/executable"
-    while read -r outcome name; do
-        case $outcome in
-            passed) count_pass ;;
-            *) count_failure "executable: $name" ;;
-        esac
-    done <"$results/executable.txt"
+    python_tests executable env TARN_RUNTIMES="$TARN_RUNTIMES"
 }
 
-# Each fuzzer counts as one test.
-part_fuzz() {
-    build host-clang fuzzers || return 0
-    local outcome name
-    scripts/fuzz.sh --seconds "${TARN_FUZZ_SECONDS:-60}" --jobs 2 --report "$results/fuzz.txt"
-    while read -r outcome name; do
+# The companion program as users have it: as built for this machine, and under Wine.
+part_tools() {
+    build native tarn || return 0
+    build release launcher tarn || return 0
+    scripts/fetch_runtimes.sh 11 17 21 25 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
+    python_tests tools env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
+}
+
+# Runs the tests of tests/NAME, each of which counts.
+python_tests() {  # name, command in front...
+    local name=$1 outcome test
+    shift
+    rm -f "$results/$name.txt"
+    timeout 900 "$@" "$TARN_PYTHON" scripts/lib/run_python_tests.py "tests/$name" \
+        "$results/$name.txt" </dev/null ||
+        [ -f "$results/$name.txt" ] || { count_failure "tests/$name"; return 0; }
+    while read -r outcome test; do
         case $outcome in
             passed) count_pass ;;
-            *) count_failure "fuzz: $name" ;;
+            *) count_failure "$name: $test" ;;
         esac
-    done <"$results/fuzz.txt"
-    [ $((part_passed + part_failed)) -eq "$(find fuzz -name '*_fuzzer.cpp' | wc -l)" ] ||
-        count_failure "fuzz: not every fuzzer came to its end"
+    done <"$results/$name.txt"
 }
 
 part_format() {

@@ -14,6 +14,7 @@ namespace {
 
 constexpr uLong kEncrypted = 1;              // bit of an entry's flags
 constexpr std::size_t kLongestName = 65536;  // a name's length has 16 bits
+constexpr std::size_t kMostEntries = 0xFFFF;
 constexpr std::string_view kBrokenDirectory = "has a broken directory; build or download it again";
 
 }  // namespace
@@ -74,7 +75,9 @@ void JarFile::ReadDirectory() {
         positions_[text] = {position.pos_in_zip_directory, position.num_of_file};
         names_.push_back(std::move(text));
     }
-    if (outcome != UNZ_END_OF_LIST_OF_FILE || names_.size() != global.number_entry) {
+    // This number stands for more than that too, and minizip then reads until there are no more.
+    const bool isMany = global.number_entry == kMostEntries && names_.size() >= kMostEntries;
+    if (!isMany && (outcome != UNZ_END_OF_LIST_OF_FILE || names_.size() != global.number_entry)) {
         Fail(kBrokenDirectory);
     }
 }

@@ -1,9 +1,18 @@
 #include "tools/jar/zip_end.h"
 
+#include <algorithm>
+
+#include "tools/console/failure.h"
+
 namespace tarn::tools {
 namespace {
 
 constexpr std::uint64_t kEndSize = 22;
+constexpr std::size_t kEntriesHere = 8;  // fields of the end record
+constexpr std::size_t kEntries = 10;
+constexpr std::size_t kDirectorySize = 12;
+constexpr std::size_t kDirectoryOffset = 16;
+constexpr std::size_t kCommentSize = 20;
 constexpr std::uint64_t kLargestComment = 0xFFFF;
 constexpr std::uint64_t kLocatorSize = 20;
 constexpr std::uint64_t kEnd64Size = 56;
@@ -43,8 +52,8 @@ struct Directory {
 };
 
 Directory DirectoryOf(const ZipReader& zip, std::uint64_t end) {
-    const Directory plain = {end, zip.Number(end + 12, 4), zip.Number(end + 16, 4),
-                             zip.Number(end + 10, 2)};
+    const Directory plain = {end, zip.Number(end + kDirectorySize, 4),
+                             zip.Number(end + kDirectoryOffset, 4), zip.Number(end + kEntries, 2)};
     if (end < kLocatorSize + kEnd64Size) return plain;
     const std::uint64_t locator = end - kLocatorSize;
     if (!zip.HasMark(locator, kLocatorMark)) return plain;
@@ -67,14 +76,21 @@ std::optional<ZipPlace> PlaceAt(const ZipReader& zip, std::uint64_t end) {
     const std::uint64_t start = directory.end - directory.size;
     if (directory.offset > start) return std::nullopt;
     const std::uint64_t begin = start - directory.offset;
-    const std::uint64_t behind = end + kEndSize + zip.Number(end + 20, 2);
+    const std::uint64_t behind = end + kEndSize + zip.Number(end + kCommentSize, 2);
     if (behind > zip.Size()) return std::nullopt;
     const bool isWhole = directory.size == 0 || zip.HasMark(start, kDirectoryMark);
     const bool startsWithEntry = directory.size != 0 && zip.HasMark(begin, kEntryMark);
     if (!isWhole || (behind != zip.Size() && !startsWithEntry)) return std::nullopt;
     const bool isAbsolute = begin == 0 && directory.size != 0 && !zip.HasMark(0, kEntryMark);
-    return ZipPlace{static_cast<std::size_t>(begin), static_cast<std::size_t>(behind),
-                    directory.entries, isAbsolute};
+    ZipPlace place;
+    place.begin = static_cast<std::size_t>(begin);
+    place.end = static_cast<std::size_t>(behind);
+    place.entries = directory.entries;
+    place.directorySize = directory.size;
+    place.directoryEnd = static_cast<std::size_t>(directory.end);
+    place.endRecord = static_cast<std::size_t>(end);
+    place.hasAbsoluteOffsets = isAbsolute;
+    return place;
 }
 
 }  // namespace
@@ -90,6 +106,26 @@ std::optional<ZipPlace> FindZip(std::span<const std::byte> content) {
         if (place) return place;
     }
     return std::nullopt;
+}
+
+Bytes WithoutZip64Records(std::span<const std::byte> zip) {
+    const std::optional<ZipPlace> place = FindZip(zip);
+    if (!place) throw Failure("is no jar or zip file");
+    Bytes content(zip.begin(), zip.end());
+    if (place->directoryEnd == place->endRecord) return content;
+    const auto put = [&](std::size_t at, std::uint64_t value, unsigned bytes) {
+        for (unsigned byte = 0; byte < bytes; ++byte, value >>= 8) {
+            content[place->endRecord + at + byte] = static_cast<std::byte>(value & 0xFF);
+        }
+    };
+    const std::size_t start = place->directoryEnd - static_cast<std::size_t>(place->directorySize);
+    put(kEntriesHere, std::min<std::uint64_t>(place->entries, 0xFFFF), 2);
+    put(kEntries, std::min<std::uint64_t>(place->entries, 0xFFFF), 2);
+    put(kDirectorySize, place->directorySize, 4);
+    put(kDirectoryOffset, start - (place->hasAbsoluteOffsets ? 0 : place->begin), 4);
+    content.erase(content.begin() + static_cast<std::ptrdiff_t>(place->directoryEnd),
+                  content.begin() + static_cast<std::ptrdiff_t>(place->endRecord));
+    return content;
 }
 
 }  // namespace tarn::tools

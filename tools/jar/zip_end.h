@@ -5,6 +5,8 @@
 #include <optional>
 #include <span>
 
+#include "tools/console/whole_file.h"
+
 namespace tarn::tools {
 
 /// Where a zip file lies in a longer file, as its end record tells.
@@ -13,6 +15,9 @@ struct ZipPlace {
         0;                // of the zip file: what its offsets count from, unless they are absolute
     std::size_t end = 0;  // behind the end record and its comment
     std::uint64_t entries = 0;
+    std::uint64_t directorySize = 0;
+    std::size_t directoryEnd = 0;     // where the directory ends
+    std::size_t endRecord = 0;        // and where the end record begins: farther on with zip64
     bool hasAbsoluteOffsets = false;  // they count from the longer file's first byte
 };
 
@@ -20,5 +25,11 @@ struct ZipPlace {
 /// to the end of `content`, or, with other data behind it (a signature), whose directory and first
 /// entry are where it says. Knows zip64. Nothing when there is none.
 std::optional<ZipPlace> FindZip(std::span<const std::byte> content);
+
+/// A zip file as it can lie behind other data with a signature behind it: Java's reader then finds
+/// no zip64 records. They only stand for numbers that are too large for the end record; in a file
+/// below 4 GiB that is the number of entries alone, and without it Java counts them. Throws Failure
+/// for what is no zip file.
+Bytes WithoutZip64Records(std::span<const std::byte> zip);
 
 }  // namespace tarn::tools

@@ -77,7 +77,7 @@ void SetJar(Executable& executable, const std::optional<Bytes>& jar) {
         overlay.resize(place->begin);
     }
     if (IsOnlyPadding(overlay)) overlay.clear();
-    const Bytes& wanted = jar ? *jar : present;
+    const Bytes wanted = jar ? WithoutZip64Records(*jar) : present;
     if (!wanted.empty()) {
         const std::size_t used = executable.OverlayOffset() + overlay.size();
         overlay.resize(overlay.size() + PaddingFor(used, wanted.size()));

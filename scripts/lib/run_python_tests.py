@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the tests of this folder: run.py [RESULTS]
+"""Runs the Python tests of a folder: run_python_tests.py FOLDER [RESULTS]
 
 Writes a line "passed NAME" or "failed NAME" for each test to the file RESULTS.
 """
@@ -7,8 +7,6 @@ Writes a line "passed NAME" or "failed NAME" for each test to the file RESULTS.
 import os
 import sys
 import unittest
-
-HERE = os.path.dirname(os.path.abspath(__file__))
 
 
 class Recorder(unittest.TextTestResult):
@@ -43,12 +41,13 @@ class Recorder(unittest.TextTestResult):
 
 
 def main():
-    sys.path.insert(0, HERE)
-    suite = unittest.defaultTestLoader.discover(HERE, pattern="*_test.py")
+    folder = os.path.abspath(sys.argv[1])
+    sys.path.insert(0, folder)
+    suite = unittest.defaultTestLoader.discover(folder, pattern="*_test.py")
     runner = unittest.TextTestRunner(stream=sys.stdout, verbosity=2, resultclass=Recorder)
     result = runner.run(suite)
-    if sys.argv[1:]:
-        with open(sys.argv[1], "w", encoding="utf-8") as file:
+    if sys.argv[2:]:
+        with open(sys.argv[2], "w", encoding="utf-8") as file:
             for name in result.started:
                 print("failed" if name in result.bad else "passed", name, file=file)
     return 1 if result.bad or not result.started else 0

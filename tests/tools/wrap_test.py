@@ -1,0 +1,219 @@
+"""tarn wrap: the folders and single files that it makes."""
+
+import os
+import unittest
+import zipfile
+
+import pefile
+
+from stamp_test import RT_RCDATA, resources, texts
+from tarn_program import (LAUNCHER, PROGRAMS, RUNTIMES, FolderTest, class_file, picture)
+
+
+class WrapTest(FolderTest):
+    maxDiff = None
+
+    def setUp(self):
+        super().setUp()
+        self.manifest = {
+            "Main-Class": "demo.Main", "Class-Path": "lib/a.jar lib/b%20c.jar",
+            "Implementation-Title": "Demo", "Implementation-Version": "3.1",
+            "Implementation-Vendor": "Maker", "SplashScreen-Image": "demo/splash.png"}
+        self.put_jar("in/demo.jar", self.manifest, {
+            "demo/Main.class": class_file(11), "demo/splash.png": picture()})
+        self.put_jar("in/lib/a.jar", {"Class-Path": "d.jar"}, {"x": "y"})
+        self.put_jar("in/lib/b c.jar")
+        self.put_jar("in/lib/d.jar")
+
+    def wrap(self, *options, **more):
+        return self.expect("wrap", "in/demo.jar", "--launcher", LAUNCHER, *options, **more)
+
+    def settings(self, name, encoding="ascii"):
+        lines = self.read(name).decode(encoding).splitlines()
+        return [line for line in lines if line and not line.startswith(";")]
+
+    def test_makes_a_folder_with_all_that_the_jar_names(self):
+        output, errors = self.wrap("--out", "out/Demo", "--name", "Demo")
+        self.assertEqual(("out/Demo/Demo.exe\n", ""), (output, errors))
+        found = sorted(os.path.relpath(os.path.join(folder, name), self.path("out"))
+                       for folder, _, names in os.walk(self.path("out")) for name in names)
+        self.assertEqual(["Demo/Demo.exe", "Demo/Demo.ini", "Demo/demo.jar", "Demo/lib/a.jar",
+                          "Demo/lib/b c.jar", "Demo/lib/d.jar", "Demo/splash.png"], found)
+        self.assertEqual(self.read("in", "demo.jar"), self.read("out", "Demo", "demo.jar"))
+        self.assertEqual(picture(), self.read("out", "Demo", "splash.png"))
+        self.assertEqual([
+            "[Product Information]", "Product Name=Demo",
+            "[Application]", "Application Type=service", "Override WorkingDir=Yes",
+            "Failure Check=Yes",
+            "[Java Runtime Environment]", "Main Class=demo.Main", "Minimum Version=11",
+            "Maximum Version=any",
+            "[Class Path]", "Class Path=demo.jar;lib\\a.jar;lib\\d.jar;lib\\b c.jar",
+            "[Display]", "Splash Screen=splash.png", "Preffer Native Splash Screen=Yes",
+        ], self.settings("out/Demo/Demo.ini"))
+        image = pefile.PE(self.path("out", "Demo", "Demo.exe"))
+        self.assertEqual({"ProductName": "Demo", "FileDescription": "Demo", "CompanyName": "Maker",
+                          "LegalCopyright": "Maker", "FileVersion": "3.1", "ProductVersion": "3.1",
+                          "InternalName": "Demo", "OriginalFilename": "Demo.exe"}, texts(image))
+
+    def test_options_go_before_what_the_jar_says(self):
+        self.put_jar("more/x.jar")
+        self.wrap("--out", "o", "--name", "N", "--main-class", "a.B", "--version", "9",
+                  "--title", "T", "--vendor", "V", "--min-version", "17", "--max-version", "21",
+                  "--vm-parameters", "-Xmx1g -Da=b", "--arguments", "one two", "--single-instance",
+                  "--no-splash", "--class-path", "more", "--add", "in/lib",
+                  "--set", "Application/Output File=out.txt", "--set", "Own/Key=x=y")
+        settings = self.settings("o/N.ini")
+        for line in ("Product Name=T", "Single Instance=yes", "VM Provider=any", "Main Class=a.B",
+                     "Minimum Version=17", "Maximum Version=21", "Cmd=one two",
+                     "Virtual Machine Parameters=-Xmx1g -Da=b", "Output File=out.txt", "Key=x=y",
+                     "Class Path=demo.jar;lib\\a.jar;lib\\d.jar;lib\\b c.jar;lib\\x.jar"):
+            self.assertIn(line, settings)
+        for line in settings:
+            self.assertNotIn("Splash", line)
+            self.assertNotIn("service", line)
+        self.assertTrue(os.path.exists(self.path("o", "lib", "a.jar")))
+
+    def test_other_letters_make_the_settings_utf_16(self):
+        self.wrap("--out", "o", "--name", "\u017d\u00e4", "--title", "\u0395\u03bb")
+        self.assertIn("Product Name=\u0395\u03bb", self.settings("o/\u017d\u00e4.ini", "utf-16"))
+
+    def test_puts_everything_into_one_file(self):
+        _, errors = self.wrap("--out", "o", "--name", "one", "--single-file")
+        self.assertIn("SplashScreen-Image demo/splash.png is left out", errors)
+        self.assertIn("needs the 3 other files", errors)
+        self.assertEqual({"one.exe", "lib"}, set(os.listdir(self.path("o"))))
+        image = pefile.PE(self.path("o", "one.exe"))
+        self.assertEqual([
+            "[Application]", "Application Type=service", "Failure Check=Yes", "Embedded Jar=Yes",
+            "[Java Runtime Environment]", "Main Class=demo.Main", "Minimum Version=11",
+            "Maximum Version=any",
+            "[Class Path]", "Class Path=lib\\a.jar;lib\\d.jar;lib\\b c.jar",
+        ], resources(image)[RT_RCDATA, "SETTINGS", 0x409].decode().splitlines())
+        with zipfile.ZipFile(self.path("o", "one.exe")) as jar:
+            self.assertEqual(picture(), jar.read("demo/splash.png"))
+
+    def test_both_programs_give_the_same_bytes(self):
+        self.put("icon.png", picture(100, 90))
+        for options in ([], ["--single-file"]):
+            found = {}
+            for program in PROGRAMS:
+                self.wrap("--out", program, "--name", "D\u00e4", "--icon", "icon.png", *options,
+                          program=program)
+                found[program] = {
+                    os.path.relpath(os.path.join(folder, name), self.path(program)):
+                        self.read(folder, name)
+                    for folder, _, names in os.walk(self.path(program)) for name in names}
+            self.assertEqual(sorted(found["linux"]), sorted(found["windows"]))
+            for name, content in found["linux"].items():
+                self.assertEqual(content, found["windows"][name], name)
+            for program in PROGRAMS:
+                self.expect("wrap", "in/demo.jar", "--launcher", LAUNCHER, "--out", program,
+                            "--name", "D\u00e4", "--replace")
+                for folder, _, names in os.walk(self.path(program), topdown=False):
+                    for name in names:
+                        os.remove(os.path.join(folder, name))
+                    os.rmdir(folder)
+
+    def test_copies_a_runtime(self):
+        self.wrap("--out", "o", "--name", "Demo", "--runtime", os.path.join(RUNTIMES, "17"))
+        self.assertTrue(os.path.exists(self.path("o", "jre64", "bin", "server", "jvm.dll")))
+        _, errors = self.wrap("--out", "p", "--min-version", "21", "--runtime",
+                              os.path.join(RUNTIMES, "17"))
+        self.assertIn("is Java 17", errors)
+
+    def test_replaces_a_folder_only_when_told(self):
+        self.wrap("--out", "o", "--name", "Demo")
+        self.put("o/extra", b"x")
+        message = self.expect_failure("wrap", "in/demo.jar", "--launcher", LAUNCHER, "--out", "o",
+                                      "--name", "Demo")
+        self.assertIn("--replace", message)
+        self.wrap("--out", "o", "--name", "Demo", "--replace")
+        self.assertFalse(os.path.exists(self.path("o", "extra")))
+
+    def test_reads_a_jar_of_two_hundred_thousand_entries(self):
+        with zipfile.ZipFile(self.path("large.jar"), "w") as jar:
+            for number in range(200_000):
+                jar.writestr(zipfile.ZipInfo(f"data/{number}"), b"")
+            jar.writestr("META-INF/MANIFEST.MF", "Main-Class: demo.Main\n")
+            jar.writestr("demo/Main.class", class_file(21))
+        for options in ([], ["--single-file"]):
+            self.expect("wrap", "large.jar", "--launcher", LAUNCHER, "--out", "o", "--replace",
+                        *options)
+        with zipfile.ZipFile(self.path("o", "large.exe")) as jar:
+            self.assertEqual(200_002, len(jar.namelist()))
+        self.assertIn(b"Minimum Version=21", self.read("o", "large.exe"))
+
+
+class BadInputTest(FolderTest):
+    def fail_with(self, *options, jar="demo.jar"):
+        return self.expect_failure("wrap", jar, "--launcher", LAUNCHER, "--out", "o", *options)
+
+    def test_a_jar_without_manifest_or_main_class(self):
+        self.put_jar("demo.jar", None, {"a": "b"})
+        self.assertIn("demo.jar: has no manifest", self.fail_with())
+        self.put_jar("demo.jar", {"Class-Path": "x.jar"})
+        self.assertIn("give --main-class", self.fail_with())
+
+    def test_an_encrypted_jar(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B"}, {"secret": "x"})
+        content = bytearray(self.read("demo.jar"))
+        for mark, offset in ((b"PK\x03\x04", 6), (b"PK\x01\x02", 8)):
+            content[content.rindex(mark) + offset] |= 1
+        self.put("demo.jar", content)
+        self.assertIn("demo.jar: is encrypted (secret)", self.fail_with())
+
+    def test_a_jar_that_was_cut_short_or_is_none(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B"}, {"x": "y" * 5000})
+        whole = self.read("demo.jar")
+        for content in (whole[:-1], whole[:len(whole) // 2], whole[100:-30], b"", b"text"):
+            self.put("demo.jar", content)
+            self.assertIn("demo.jar: is no jar or zip file", self.fail_with())
+        self.assertIn("none.jar: cannot be read", self.fail_with(jar="none.jar"))
+
+    def test_a_class_path_that_is_broken(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B", "Class-Path": "x.jar"})
+        self.put("x.jar", b"text")
+        self.assertIn("x.jar: is no jar", self.fail_with())
+
+    def test_runtimes_that_will_not_do(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B"})
+        self.assertIn("holds no Java runtime", self.fail_with("--runtime", "."))
+        self.put("linux/lib/server/libjvm.so", b"")
+        self.assertIn("another system", self.fail_with("--runtime", "linux"))
+
+    def test_words_that_cannot_be_meant(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B"})
+        self.put("a.bmp", b"BM")
+        self.assertIn("--ends-with", self.fail_with("--single-instance", "--ends-with", "threads"))
+        self.assertIn("--single-file", self.fail_with("--single-file", "--splash", "a.png"))
+        self.assertIn("SECTION/KEY=VALUE", self.fail_with("--set", "Key=Value"))
+        self.assertIn("a.bmp is no PNG", self.fail_with("--splash", "a.bmp"))
+        for name in ("a/b", "a:b", "a.", "what?"):
+            self.assertIn(name, self.fail_with("--name", name))
+
+    def test_a_launcher_that_is_none(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B"})
+        self.assertIn("demo.jar: is no Windows executable",
+                      self.expect_failure("wrap", "demo.jar", "--launcher", "demo.jar"))
+        message = self.expect_failure("wrap", "demo.jar")
+        self.assertIn("--launcher", message)
+
+    def test_a_full_disk_leaves_no_folder(self):
+        # A limit for the size of files, which ends a write half-way as a full disk does.
+        self.put_jar("demo.jar", {"Main-Class": "a.B"})
+        command = "trap '' XFSZ; ulimit -f 40; exec \"$0\" \"$@\""
+        PROGRAMS["full"] = ["bash", "-c", command] + PROGRAMS["linux"]
+        self.addCleanup(PROGRAMS.pop, "full")
+        self.assertIn("cannot be written",
+                      self.expect_failure("wrap", "demo.jar", "--launcher", LAUNCHER, "--out", "o",
+                                          program="full"))
+
+    def test_a_folder_that_cannot_be_written(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B"})
+        # Nobody, not even root, makes folders there.
+        self.assertIn("cannot be made", self.expect_failure("wrap", "demo.jar", "--launcher",
+                                                            LAUNCHER, "--out", "/proc/o"))
+
+
+if __name__ == "__main__":
+    unittest.main()
