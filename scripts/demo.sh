@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Shows the launcher at work: scripts/demo.sh [--show]
 #
-# Builds launcher.exe, compiles the sample application, lays both out in build/demo as an installed
-# application with a real Windows Java runtime, and starts it under Wine on a virtual screen with
-# a document and an argument in other letters; then once more with another document, which the
-# running one opens in its window. Ends with what the application printed, the exit codes of both
+# Builds launcher.exe and the companion program, compiles the sample application, lets "tarn wrap"
+# make an application's folder of it in build/demo, with a real Windows Java runtime, and starts it
+# under Wine on a virtual screen with a document and an argument in other letters; then once more
+# with another document, which the running one opens in its window. Ends with what the application printed, the exit codes of both
 # launches and the paths of pictures of the screen, with the splash and with the window. With --show
 # the window opens on your own screen, and the script waits until you close it.
 set -euo pipefail
@@ -39,16 +39,14 @@ quietly() {  # command...
     }
 }
 
-lay_out() {
+lay_out() {  # folder of the runtime
     rm -rf "$demo"
-    mkdir -p "$demo"
-    cp build/release/launcher.exe "$demo/sample.exe"
-    cp examples/sample.ini examples/splash.png "$demo/"
+    examples/build.sh build/examples/notes.jar
+    build/native/tarn wrap build/examples/notes.jar --launcher build/release/launcher.exe \
+        --out "$demo" --name sample --version 1.0 --splash examples/splash.png --runtime "$1" \
+        --single-instance --ends-with main --vm-parameters '-Xmx25:64:512P -Dfile.encoding=UTF-8'
     cp examples/documents/welcome.txt "$demo/Welcome äöü.txt"
     cp examples/documents/second.txt "$demo/Second launch.txt"
-    examples/build.sh "$demo/notes.jar"
-    # The launcher takes a runtime in this folder before any installed one.
-    ln -s "$1" "$demo/jre64"
 }
 
 # Starts the sample from Windows' side, for Wine passes only eight bits of an exit code on.
@@ -99,12 +97,14 @@ wait_for_window() {  # the sample's process
 
 tarn_say "installing what is missing"
 scripts/setup.sh demo
-tarn_say "building launcher.exe"
+tarn_say "building launcher.exe and tarn"
 quietly cmake --preset release
 quietly cmake --build --preset release -j 2 --target launcher
+quietly cmake --preset native
+quietly cmake --build --preset native -j 2
 tarn_say "fetching a Windows Java runtime"
 runtime=$(scripts/fetch_runtimes.sh 21)
-tarn_say "compiling and laying out the sample application"
+tarn_say "compiling and wrapping the sample application"
 lay_out "$runtime"
 
 tarn_say "starting Wine"

@@ -171,7 +171,7 @@ part_endtoend() {
 }
 
 part_executable() {
-    build release launcher || return 0
+    build release launcher tarn || return 0
     scripts/fetch_runtimes.sh 21 >/dev/null || { count_failure "fetching the runtime"; return 0; }
     python_tests executable env TARN_RUNTIMES="$TARN_RUNTIMES"
 }

@@ -25,11 +25,17 @@ class ReproducibleTest(unittest.TestCase):
             shutil.copytree(ROOT, copy, ignore=shutil.ignore_patterns("build", ".git"))
             self.run_quietly("cmake", "--preset", "release", folder=copy)
             self.run_quietly("cmake", "--build", "--preset", "release", "-j", "2", "--target",
-                             "launcher", folder=copy)
-            with open(LAUNCHER, "rb") as first:
-                here = first.read()
-            with open(os.path.join(copy, "build", "release", "launcher.exe"), "rb") as second:
-                there = second.read()
+                             "launcher", "tarn", folder=copy)
+            for name in ("launcher.exe", "tarn.exe"):
+                with self.subTest(name=name):
+                    self.expect_same(os.path.join(os.path.dirname(LAUNCHER), name),
+                                     os.path.join(copy, "build", "release", name))
+
+    def expect_same(self, first, second):
+        with open(first, "rb") as file:
+            here = file.read()
+        with open(second, "rb") as file:
+            there = file.read()
         differing = [i for i, (a, b) in enumerate(zip(here, there)) if a != b]
         self.assertEqual((len(here), []), (len(there), differing[:20]))
 
