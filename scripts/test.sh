@@ -32,11 +32,11 @@ case ${1:-} in
         ;;
 esac
 
-parts=(host host-clang windows windows-clang executable endtoend fuzz format lint)
+parts=(host host-clang windows windows-clang executable tools endtoend fuzz format lint)
 [ $# -eq 0 ] || parts=("$@")
 for part in "${parts[@]}"; do
     declare -F "part_$part" >/dev/null || {
-        echo "no part '$part'; there are: host host-clang windows windows-clang executable endtoend fuzz format lint" >&2
+        echo "no part '$part'; there are: host host-clang windows windows-clang executable tools endtoend fuzz format lint" >&2
         exit 2
     }
 done
