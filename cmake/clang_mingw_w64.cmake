@@ -17,7 +17,8 @@ find_program(tarnMingwCxx NAMES x86_64-w64-mingw32-g++-posix REQUIRED)
 execute_process(COMMAND "${tarnMingwCxx}" -print-file-name=libstdc++.a
     OUTPUT_VARIABLE tarnStandardLibrary OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 cmake_path(GET tarnStandardLibrary PARENT_PATH tarnMingwLibraries)
-set(CMAKE_CXX_FLAGS_INIT "-nostdinc++ -isystem ${tarnMingwLibraries}/include/c++ \
+set(CMAKE_CXX_FLAGS_INIT "--start-no-unused-arguments -nostdinc++ --end-no-unused-arguments \
+-isystem ${tarnMingwLibraries}/include/c++ \
 -isystem ${tarnMingwLibraries}/include/c++/x86_64-w64-mingw32")
 # The other compiler adds the threads' library by itself.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${tarnMingwLibraries} -fuse-ld=lld-14 -lwinpthread")

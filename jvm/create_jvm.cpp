@@ -16,33 +16,31 @@ JavaVMOption OptionOf(const char* text, void* extraInfo) {
 }
 
 std::vector<JavaVMOption> OptionArray(const std::vector<std::string>& ansiOptions) {
-    std::vector<JavaVMOption> options;
-    options.reserve(ansiOptions.size() + 2);
-    for (const std::string& option : ansiOptions) {
-        options.push_back(OptionOf(option.c_str(), nullptr));
-    }
-    options.push_back(OptionOf("abort", reinterpret_cast<void*>(&ExitHooks::OnAbort)));
-    options.push_back(OptionOf("exit", reinterpret_cast<void*>(&ExitHooks::OnExit)));
+    std::vector<JavaVMOption> options(ansiOptions.size() + 2);
+    auto next = options.begin();
+    for (const std::string& option : ansiOptions) *next++ = OptionOf(option.c_str(), nullptr);
+    *next++ = OptionOf("abort", reinterpret_cast<void*>(&ExitHooks::OnAbort));
+    *next = OptionOf("exit", reinterpret_cast<void*>(&ExitHooks::OnExit));
     return options;
 }
 
-// A result that the interface does not name has no reason either.
-std::wstring ReasonText(jint result) {
+// 0 for a result that the interface does not name: it has no reason either.
+unsigned ReasonId(jint result) {
     switch (result) {
         case JNI_ERR:
-            return LoadMessageText(IDS_REASON_UNKNOWN);
+            return IDS_REASON_UNKNOWN;
         case JNI_EDETACHED:
-            return LoadMessageText(IDS_REASON_DETACHED);
+            return IDS_REASON_DETACHED;
         case JNI_EVERSION:
-            return LoadMessageText(IDS_REASON_VERSION);
+            return IDS_REASON_VERSION;
         case JNI_ENOMEM:
-            return LoadMessageText(IDS_REASON_NO_MEMORY);
+            return IDS_REASON_NO_MEMORY;
         case JNI_EEXIST:
-            return LoadMessageText(IDS_REASON_EXISTS);
+            return IDS_REASON_EXISTS;
         case JNI_EINVAL:
-            return LoadMessageText(IDS_REASON_INVALID);
+            return IDS_REASON_INVALID;
         default:
-            return std::wstring();
+            return 0;
     }
 }
 
@@ -62,8 +60,9 @@ bool CreateJvm(const Splash& splash, const std::vector<std::string>& ansiOptions
         machine.vm = nullptr;
         const std::wstring frame = LoadMessageText(IDS_JNI_EXCEPTION_REASON);
         const std::wstring description = LoadMessageText(IDS_JAVA_VM_NOT_CREATED);
-        ShowErrorMessage(splash.windowHandle(),
-                         FormatText(frame, {description, ReasonText(result)}));
+        const unsigned reasonId = ReasonId(result);
+        const std::wstring reason = reasonId != 0 ? LoadMessageText(reasonId) : std::wstring();
+        ShowErrorMessage(splash.windowHandle(), FormatText(frame, {description, reason}));
         return false;
     }
     env = static_cast<JNIEnv*>(created);
