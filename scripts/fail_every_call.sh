@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Lets every Windows call of every kind of launch fail once, and writes down what came of it, in
-# tests/failing_calls/outcomes and in docs/testing.md: scripts/fail_every_call.sh [SCENARIO...]
+# tests/failing_calls/outcomes and in docs/testing.md; and lets every allocation fail:
+# scripts/fail_every_call.sh [SCENARIO...]
 #
 # The test suite compares a sample with that. What this finds is to be read before it is committed.
 set -euo pipefail
@@ -9,7 +10,7 @@ cd "$TARN_ROOT"
 # shellcheck source=scripts/lib/common.sh
 . scripts/lib/common.sh
 
-filter='Of/FailingCalls.*'
+filter='Of/FailingCalls.*:OutOfMemory*'
 if [ $# -gt 0 ]; then
     filter=$(printf 'Of/FailingCalls.*/%s:' "$@")
 fi
