@@ -18,7 +18,8 @@ inline LaunchReport FullReport() {
     report.settings = {{"Application", "Failure Check", "yes", "file", "on"},
                        {"Application", "Cmd", " b", "additive", ""},
                        {"Java Runtime Environment", "JVM Type", "", "none", "any"},
-                       {"Java Runtime Environment", "JRE Path", "", "none", ""}};
+                       {"Java Runtime Environment", "JRE Path", "", "none", ""},
+                       {"Application", "Single Instance", "", "none", "off"}};
     report.instance.emplace();
     report.instance->state = "second";
     report.instance->blockName = "C:_Apps_sample.exe";

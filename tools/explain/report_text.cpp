@@ -40,7 +40,10 @@ void PrintSettings(const std::vector<SettingReport>& settings, TextPage& page) {
     for (const SettingReport& setting : settings) {
         if (setting.layer == "none") {
             notSet += (notSet.empty() ? "" : ", ") + setting.key;
-            if (!setting.meaning.empty()) notSet += " (" + setting.meaning + ')';
+            // That a flag which is not set is off goes without saying.
+            if (!setting.meaning.empty() && setting.meaning != "off") {
+                notSet += " (" + setting.meaning + ')';
+            }
             continue;
         }
         if (setting.section != section) page.Line('[' + setting.section + ']');

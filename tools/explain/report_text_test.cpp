@@ -39,7 +39,7 @@ TEST_F(ReportTextTest, ShowsSettingsWithTheirLayerAndNamesTheOthers) {
     const std::string text = Text(FullReport());
     EXPECT_THAT(text, HasSubstr("  [Application]\n    Failure Check = yes  (file: on)\n"
                                 "    Cmd =  b  (additive)\n"));
-    EXPECT_THAT(text, HasSubstr("not set: JVM Type (any), JRE Path\n"));
+    EXPECT_THAT(text, HasSubstr("not set: JVM Type (any), JRE Path, Single Instance\n"));
 }
 
 TEST_F(ReportTextTest, ShowsTheSearchWithItsReasons) {
