@@ -28,7 +28,7 @@ class OwnSplash : public Scenario {
     }
 
     void Look(const LaunchedProcess& process) override {
-        if (mainMayEnd_->IsSet() || !SplashIsSettled()) return;
+        if (mainMayEnd_->IsSet() || MainCall() == "does not run" || !SplashIsSettled()) return;
         const std::vector<HWND> windows = WindowsOf(process.id(), kSplashClass);
         if (!windows.empty()) {
             const RECT place = PlaceOf(windows[0]);
@@ -40,6 +40,8 @@ class OwnSplash : public Scenario {
     }
 
     void AddFacts(Facts& facts) override {
+        // A launch that fails takes the splash down while one looks at it.
+        if (MainCall() == "does not run") return;
         facts.emplace_back("splash", splash_);
         const auto calls = Calls();
         const auto painted = std::count_if(calls.begin(), calls.end(), [](const HookedCall& each) {
@@ -59,7 +61,7 @@ class OwnSplash : public Scenario {
             failed |= ++threads == 1 && each.failed;
         }
         // The splash's thread is made first, then Java's.
-        return MainCall() != "does not run" && (threads < 2 || failed);
+        return threads < 2 || failed;
     }
 
     std::unique_ptr<NamedEvent> mainMayEnd_;
