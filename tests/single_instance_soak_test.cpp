@@ -30,7 +30,9 @@ TEST_F(SingleInstanceSoakTest, ManyLaunchesInARowAreAllServedOnceAndLeaveNothing
     std::vector<std::string> expected;
     for (int i = 1; i <= launches; ++i) {
         const std::string number = std::to_string(i);
-        ASSERT_EQ(Second(FromUtf8("launch " + number + " \"of " + number + "\"")), 5) << i;
+        ASSERT_EQ(Second(FromUtf8("launch " + number + " \"of " + number + "\"")), 5)
+            << "launch " << i << ", served before: " << SecondaryCalls().size()
+            << ", last line of the log: " << app.Log().Texts().back();
         expected.push_back(R"(["launch", ")" + number + R"(", "of )" + number + R"("])");
         if (i == kSettled) {
             // The entry thread, Java's and the listener.
