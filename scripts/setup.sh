@@ -20,7 +20,7 @@ run=(
 )
 check=(
     googletest git clang-14 lld-14 libclang-rt-14-dev clang-format-14 clang-tidy-14 cppcheck
-    shellcheck python3-pefile locales osslsigncode openssl
+    shellcheck python3-pefile locales osslsigncode openssl curl
 )
 
 case ${1:-test} in
