@@ -4,12 +4,11 @@ import json
 import os
 import re
 import shutil
-import subprocess
 import tempfile
 import unittest
 import zipfile
 
-ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+from tarn_program import PROGRAMS, ROOT, run
 
 GOOD = """[Java Runtime Environment]
 Main Class=com.example.Main
@@ -21,17 +20,10 @@ Class Path=app.jar
 CLASS_FILE_17 = b"\xca\xfe\xba\xbe\0\0\0\x3d"
 
 
-def program():
-    """The words that start tarn: TARN_TOOL, by default the one built for this machine."""
-    return os.environ.get("TARN_TOOL", os.path.join(ROOT, "build", "native", "tarn")).split()
-
-
-def tarn(*arguments, folder=None):
+def tarn(*arguments, folder=None, program="linux"):
     """Runs tarn in a folder; its exit code and what it printed, lines ended by LF."""
-    result = subprocess.run([*program(), *arguments], cwd=folder, stdout=subprocess.PIPE,
-                            stderr=subprocess.PIPE, timeout=120, check=False)
-    text = [stream.decode("utf-8").replace("\r\n", "\n") for stream in (result.stdout, result.stderr)]
-    return result.returncode, text[0], text[1]
+    code, *texts = run(PROGRAMS[program] + list(arguments), folder)
+    return code, *(text.replace("\r\n", "\n") for text in texts)
 
 
 def read(*path):
@@ -40,17 +32,22 @@ def read(*path):
 
 
 class CheckTest(unittest.TestCase):
+    program = "linux"
+
     def setUp(self):
         self.folder = tempfile.mkdtemp()
         self.addCleanup(shutil.rmtree, self.folder)
         with zipfile.ZipFile(os.path.join(self.folder, "app.jar"), "w") as jar:
             jar.writestr("com/example/Main.class", CLASS_FILE_17)
 
+    def tarn(self, *arguments):
+        return tarn(*arguments, folder=self.folder, program=self.program)
+
     def check(self, settings, *options):
         data = settings if isinstance(settings, bytes) else settings.encode("ascii")
         with open(os.path.join(self.folder, "sample.ini"), "wb") as file:
             file.write(data)
-        return tarn("check", *options, "sample.ini", folder=self.folder)
+        return self.tarn("check", *options, "sample.ini")
 
     def findings(self, settings):
         _, output, _ = self.check(settings, "--json")
@@ -114,23 +111,29 @@ class CheckTest(unittest.TestCase):
             self.assertEqual([] if severity is None else [(8, severity, "vm-flag")], found)
 
     def test_what_cannot_be_read_is_named(self):
-        code, output, errors = tarn("check", "nosuch.ini", folder=self.folder)
+        code, output, errors = self.tarn("check", "nosuch.ini")
         self.assertEqual((2, ""), (code, output))
         self.assertIn("nosuch.ini", errors)
-        code, output, errors = tarn("check", folder=self.folder)
+        code, output, errors = self.tarn("check")
         self.assertEqual(2, code)
         self.assertIn("tarn check --help", errors)
 
     def test_help_has_examples(self):
-        code, output, _ = tarn("check", "--help")
+        code, output, _ = self.tarn("check", "--help")
         self.assertEqual(0, code)
         self.assertIn("tarn check --strict", output)
         self.assertIn("Exit codes:", output)
 
     def test_our_own_settings_files_are_good(self):
         code, output, errors = tarn("check", "--strict", "--no-files",
-                                    os.path.join("examples", "sample.ini"), folder=ROOT)
+                                    "examples/sample.ini", folder=ROOT, program=self.program)
         self.assertEqual((0, ""), (code, errors), output)
+
+
+class WindowsCheckTest(CheckTest):
+    """The same with the Windows program, which looks for files with the launcher's own search."""
+
+    program = "windows"
 
 
 class KeysTest(unittest.TestCase):
