@@ -18,9 +18,6 @@ add_executable(end_to_end_tests ${endToEndSources}
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
 add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes import_hook test_programs)
-if(TARGET tarn)
-    add_dependencies(end_to_end_tests tarn)
-endif()
 
 # Beside the program, where it looks for them.
 file(GLOB testPictures CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/pictures/*.*")

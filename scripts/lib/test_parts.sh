@@ -184,20 +184,36 @@ part_tools() {
     python_tests tools env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
 }
 
-# Runs the tests of tests/NAME, each of which counts.
-python_tests() {  # name, command in front...
-    local name=$1 outcome test
-    shift
-    rm -f "$results/$name.txt"
-    timeout 900 "$@" "$TARN_PYTHON" scripts/lib/run_python_tests.py "tests/$name" \
-        "$results/$name.txt" </dev/null ||
-        [ -f "$results/$name.txt" ] || { count_failure "tests/$name"; return 0; }
+# Each fuzzer counts as one test.
+part_fuzz() {
+    build host-clang fuzzers || return 0
+    rm -f "$results/fuzz.txt"
+    scripts/fuzz.sh --seconds "${TARN_FUZZ_SECONDS:-60}" --jobs 2 --report "$results/fuzz.txt"
+    [ ! -f "$results/fuzz.txt" ] || count_report fuzz
+    [ $((part_passed + part_failed)) -eq "$(find fuzz -name '*_fuzzer.cpp' | wc -l)" ] ||
+        count_failure "fuzz: not every fuzzer came to its end"
+}
+
+# Counts what a report says of each test: lines of "passed NAME" or "failed NAME".
+count_report() {  # name of the part
+    local outcome test
     while read -r outcome test; do
         case $outcome in
             passed) count_pass ;;
-            *) count_failure "$name: $test" ;;
+            *) count_failure "$1: $test" ;;
         esac
-    done <"$results/$name.txt"
+    done <"$results/$1.txt"
+}
+
+# Runs the tests of tests/NAME, each of which counts.
+python_tests() {  # name, command in front...
+    local name=$1
+    shift
+    rm -f "$results/$name.txt"
+    timeout 1500 "$@" "$TARN_PYTHON" scripts/lib/run_python_tests.py "tests/$name" \
+        "$results/$name.txt" </dev/null ||
+        [ -f "$results/$name.txt" ] || { count_failure "tests/$name"; return 0; }
+    count_report "$name"
 }
 
 part_format() {
