@@ -8,7 +8,7 @@ import tempfile
 import unittest
 import zipfile
 
-from tarn_program import PROGRAMS, ROOT, run
+from tarn_program import LAUNCHER, PROGRAMS, ROOT, run
 
 GOOD = """[Java Runtime Environment]
 Main Class=com.example.Main
@@ -109,6 +109,18 @@ class CheckTest(unittest.TestCase):
                 file.write(f'IMPLEMENTOR="x"\nJAVA_VERSION="{version}"\n')
             found = [finding for finding in self.findings(settings) if finding[2] == "vm-flag"]
             self.assertEqual([] if severity is None else [(8, severity, "vm-flag")], found)
+
+    def test_the_settings_built_into_the_executable_count(self):
+        with open(os.path.join(self.folder, "built-in.ini"), "w", encoding="ascii") as file:
+            file.write(GOOD)
+        code, _, errors = self.tarn("stamp", LAUNCHER, "--out", "sample.exe", "--settings", "built-in.ini")
+        self.assertEqual(0, code, errors)
+        own = "[Java Runtime Environment+]\nVirtual Machine Parameters=-ea\n"
+        self.assertEqual([], self.findings(own))
+        self.assertEqual([(2, "error", "no-main-class")],
+                         self.findings("[Java Runtime Environment]\nMain Class=com.example.Other\n"))
+        os.remove(os.path.join(self.folder, "sample.exe"))
+        self.assertIn((0, "error", "no-main-class"), self.findings(own))
 
     def test_what_cannot_be_read_is_named(self):
         code, output, errors = self.tarn("check", "nosuch.ini")

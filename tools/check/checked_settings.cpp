@@ -3,8 +3,10 @@
 #include "base/text.h"
 #include "settings/layered_settings.h"
 #include "tools/check/known_keys.h"
+#include "tools/console/failure.h"
 #include "tools/console/text_encoding.h"
 #include "tools/console/whole_file.h"
+#include "tools/image/executable.h"
 
 namespace tarn::tools {
 namespace {
@@ -13,6 +15,23 @@ namespace {
 constexpr std::uintmax_t kLargestFile = 16U << 20U;
 
 constexpr std::size_t kLongestQuote = 200;
+
+// What no launcher can read leaves nothing built in; that is for others to say.
+EmbeddedSettings EmbeddedSettingsOf(const std::filesystem::path& executable) {
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(executable, error)) return {};
+    try {
+        const Bytes content = ReadWholeFile(executable);
+        const ResourceTree resources = Executable(content).Resources();
+        const Bytes* const text =
+            FindResource(resources, kResourceData, std::u16string(u"SETTINGS"));
+        if (text == nullptr) return {};
+        return EmbeddedSettings(
+            WideOf({reinterpret_cast<const char*>(text->data()), text->size()}));
+    } catch (const Failure&) {
+        return {};
+    }
+}
 
 }  // namespace
 
@@ -24,7 +43,9 @@ CheckedSettings::CheckedSettings(std::filesystem::path file, DecodedIni decoded,
       looksAtDisk_(looksAtDisk) {}
 
 CheckedSettings CheckedSettings::Load(const std::filesystem::path& file, bool looksAtDisk) {
-    return CheckedSettings(file, DecodeIni(ReadWholeFile(file, kLargestFile)), looksAtDisk);
+    CheckedSettings settings(file, DecodeIni(ReadWholeFile(file, kLargestFile)), looksAtDisk);
+    if (looksAtDisk) settings.SetEmbedded(EmbeddedSettingsOf(settings.Executable()));
+    return settings;
 }
 
 std::filesystem::path CheckedSettings::Executable() const {
@@ -36,13 +57,11 @@ Setting CheckedSettings::Get(std::wstring_view section, std::wstring_view key) c
     const DocumentEntry* const plain = document_.Find(section, key);
     if (plain != nullptr && !plain->value.empty()) return {plain->value, plain->line};
     const KnownKey* const known = FindKnownKey(section, key);
-    if (known != nullptr && known->isLayered) {
-        const DocumentEntry* const more = document_.Find(std::wstring(section) + L'+', key);
-        if (more != nullptr && !more->value.empty()) {
-            return {AppendValue({}, more->value), more->line};
-        }
-    }
-    return {};
+    if (known == nullptr || !known->isLayered) return {};
+    const DocumentEntry* const more = document_.Find(std::wstring(section) + L'+', key);
+    const bool hasMore = more != nullptr && !more->value.empty();
+    return {AppendValue(embedded_.Find(section, key), hasMore ? more->value : std::wstring()),
+            hasMore ? more->line : 0};
 }
 
 bool CheckedSettings::IsOn(std::wstring_view section, std::wstring_view key) const {

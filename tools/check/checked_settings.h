@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "settings/embedded_settings.h"
 #include "tools/check/ini_encoding.h"
 #include "tools/check/settings_document.h"
 
@@ -25,7 +26,8 @@ class CheckedSettings {
     /// `looksAtDisk`, nowhere.
     CheckedSettings(std::filesystem::path file, DecodedIni decoded, bool looksAtDisk);
 
-    /// Reads the file; throws Failure when that fails.
+    /// Reads the file, and from the executable beside it, when there is one, the settings that are
+    /// built into it. Throws Failure when the file cannot be read.
     static CheckedSettings Load(const std::filesystem::path& file, bool looksAtDisk);
 
     bool looksAtDisk() const { return looksAtDisk_; }
@@ -38,8 +40,10 @@ class CheckedSettings {
     /// The executable that reads this file: the same name with "exe".
     std::filesystem::path Executable() const;
 
+    void SetEmbedded(EmbeddedSettings embedded) { embedded_ = std::move(embedded); }
+
     /// The value that counts: that of the plain section, or else, for a key that is read through
-    /// the layers, that of the section with "+" with the blank that is put before it.
+    /// the layers, the built-in one and that of the section with "+" behind it.
     Setting Get(std::wstring_view section, std::wstring_view key) const;
 
     bool IsOn(std::wstring_view section, std::wstring_view key) const;
@@ -49,6 +53,7 @@ class CheckedSettings {
     std::filesystem::path folder_;
     DecodedIni decoded_;
     SettingsDocument document_;
+    EmbeddedSettings embedded_;
     bool looksAtDisk_;
 };
 
