@@ -4,7 +4,7 @@
 #     host         unit tests of the pure sources, g++ with ASan and UBSan
 #     host-clang   the same with clang
 #     windows      all unit tests as a Windows program under Wine
-#     windows-clang  the same, and the launcher, built by clang
+#     windows-clang  the launcher's, and the launcher, built by clang
 #     executable   what launcher.exe is made of: sections, imports, resources, reproducibility
 #     tools        the companion program, as built for this machine and under Wine
 #     endtoend     launcher.exe with scripted and real Java runtimes under Wine

@@ -17,6 +17,7 @@ add_executable(end_to_end_tests ${endToEndSources}
     "${PROJECT_SOURCE_DIR}/ui/test_support/url_handler.cpp")
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
+compile_tests_quickly(end_to_end_tests)
 add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes import_hook test_programs)
 
 # Beside the program, where it looks for them.
