@@ -64,8 +64,8 @@ int wmain(int count, wchar_t** words) {
     return tarn::tools::Run(std::move(arguments), tarn::tools::Console::ForProcess());
 }
 #else
-// Without memory for the arguments there is nothing left to say.
-int main(int count, char** words) {  // NOLINT(bugprone-exception-escape)
+// NOLINTNEXTLINE(bugprone-exception-escape): without memory there is nothing to say
+int main(int count, char** words) {
     std::vector<std::string> arguments(words + 1, words + count);
     return tarn::tools::Run(std::move(arguments), tarn::tools::Console::ForProcess());
 }
