@@ -161,6 +161,7 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
         }
     }
     std::vector<std::string> classPath;
+    classPath.reserve(files.size());
     for (const ClassPathFile& file : files) classPath.push_back(file.target);
     const SettingsFile settings = ApplicationSettings(request, facts, classPath, splash.file);
 

@@ -29,13 +29,14 @@ struct Arguments {
 
 std::vector<std::filesystem::path> PathsOf(const std::vector<std::string>& texts) {
     std::vector<std::filesystem::path> paths;
+    paths.reserve(texts.size());
     for (const std::string& text : texts) paths.push_back(PathOf(text));
     return paths;
 }
 
 std::filesystem::path LauncherFor(const std::string& typed) {
     if (!typed.empty()) return PathOf(typed);
-    const std::filesystem::path launcher = ProgramFolder() / "launcher.exe";
+    std::filesystem::path launcher = ProgramFolder() / "launcher.exe";
     std::error_code error;
     if (!std::filesystem::exists(launcher, error)) {
         throw Failure(launcher, "was not found; say with --launcher where launcher.exe is");
