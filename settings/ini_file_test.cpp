@@ -2,33 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include "base/handles.h"
+#include "settings/ini_file_on_disk.h"
 #include "settings/settings_files.h"
 
 namespace tarn {
 namespace {
 
-class IniFileTest : public testing::Test {
-  protected:
-    void SetUp() override {
-        wchar_t folder[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        wchar_t name[MAX_PATH];
-        ASSERT_NE(GetTempFileNameW(folder, L"ini", 0, name), 0u);
-        path_ = name;
-    }
-    void TearDown() override { DeleteFileW(path_.c_str()); }
-
-    void Write(const std::string& bytes) const {
-        const FileHandle file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr));
-        DWORD written = 0;
-        ASSERT_TRUE(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
-                              nullptr));
-    }
-
-    std::wstring path_;
-};
+using IniFileTest = IniFileOnDisk;
 
 TEST_F(IniFileTest, AMissingFileSectionOrKeyReadsAsEmpty) {
     Write("[A]\r\nk=1\r\n");

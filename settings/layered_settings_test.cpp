@@ -2,24 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include "base/windows.h"
+#include "settings/ini_file_on_disk.h"
 
 namespace tarn {
 namespace {
 
-class LayeredSettingsTest : public testing::Test {
-  protected:
-    void SetUp() override {
-        wchar_t folder[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        wchar_t name[MAX_PATH];
-        ASSERT_NE(GetTempFileNameW(folder, L"ini", 0, name), 0u);
-        path_ = name;
-    }
-    void TearDown() override { DeleteFileW(path_.c_str()); }
-
-    std::wstring path_;
-};
+using LayeredSettingsTest = IniFileOnDisk;
 
 TEST_F(LayeredSettingsTest, AValueInTheFileEndsTheSearch) {
     const IniFile file(path_);

@@ -5,7 +5,7 @@
 #include <random>
 #include <string>
 
-#include "base/handles.h"
+#include "settings/ini_file_on_disk.h"
 #include "settings/layered_settings.h"
 
 namespace tarn {
@@ -70,25 +70,8 @@ class MadeUpFiles {
     std::mt19937 random_{2026};
 };
 
-class LeftOutLooksTest : public testing::Test {
+class LeftOutLooksTest : public IniFileOnDisk {
   protected:
-    void SetUp() override {
-        wchar_t folder[MAX_PATH];
-        GetTempPathW(MAX_PATH, folder);
-        wchar_t name[MAX_PATH];
-        ASSERT_NE(GetTempFileNameW(folder, L"ini", 0, name), 0u);
-        path_ = name;
-    }
-    void TearDown() override { DeleteFileW(path_.c_str()); }
-
-    void Write(const std::string& bytes) const {
-        const FileHandle file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                          FILE_ATTRIBUTE_NORMAL, nullptr));
-        DWORD written = 0;
-        ASSERT_TRUE(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
-                              nullptr));
-    }
-
     /// The rule as it reads, without a shortcut.
     std::wstring Plain(const wchar_t* section, const wchar_t* key) const {
         const IniFile file(path_);
@@ -96,8 +79,6 @@ class LeftOutLooksTest : public testing::Test {
         if (!value.empty()) return value;
         return AppendValue(L"", file.GetValue((std::wstring(section) + L'+').c_str(), key));
     }
-
-    std::wstring path_;
 };
 
 TEST_F(LeftOutLooksTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "base/handles.h"
+
+namespace tarn {
+
+/// For tests: an empty file of its own for each of them, gone afterwards.
+class IniFileOnDisk : public testing::Test {
+  protected:
+    void SetUp() override {
+        wchar_t folder[MAX_PATH];
+        GetTempPathW(MAX_PATH, folder);
+        wchar_t name[MAX_PATH];
+        ASSERT_NE(GetTempFileNameW(folder, L"ini", 0, name), 0u);
+        path_ = name;
+    }
+    void TearDown() override { DeleteFileW(path_.c_str()); }
+
+    /// Replaces the content, byte by byte as it stands.
+    void Write(const std::string& bytes) const {
+        const FileHandle file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                          FILE_ATTRIBUTE_NORMAL, nullptr));
+        DWORD written = 0;
+        ASSERT_TRUE(WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
+                              nullptr));
+    }
+
+    std::wstring path_;
+};
+
+}  // namespace tarn
