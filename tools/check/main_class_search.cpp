@@ -6,6 +6,7 @@
 #include "tools/console/failure.h"
 #include "tools/console/text_encoding.h"
 #include "tools/console/whole_file.h"
+#include "tools/jar/class_file.h"
 #include "tools/jar/jar_file.h"
 #include "tools/jar/manifest.h"
 
@@ -14,9 +15,6 @@ namespace {
 
 constexpr std::string_view kEnding = ".class";
 constexpr std::size_t kMostSimilar = 3;
-
-// Class files count from 45 for Java 1.1.
-constexpr int kClassFileOfJava0 = 44;
 
 std::string Lower(std::string_view text) {
     std::string lower(text);
@@ -28,15 +26,6 @@ std::string Lower(std::string_view text) {
 
 std::string_view SimpleName(std::string_view className) {
     return className.substr(className.rfind('/') + 1);
-}
-
-int JavaVersionOf(const Bytes& classFile) {
-    const bool isClass = classFile.size() >= 8 && classFile[0] == std::byte{0xCA} &&
-                         classFile[1] == std::byte{0xFE} && classFile[2] == std::byte{0xBA} &&
-                         classFile[3] == std::byte{0xBE};
-    if (!isClass) return 0;
-    return (static_cast<int>(classFile[6]) << 8 | static_cast<int>(classFile[7])) -
-           kClassFileOfJava0;
 }
 
 class Search {
@@ -70,7 +59,7 @@ class Search {
         std::error_code error;
         if (!std::filesystem::is_regular_file(file, error)) return;
         result.isFound = true;
-        result.javaVersion = JavaVersionOf(ReadWholeFile(file));
+        result.javaVersion = JavaFeatureOfClass(ReadWholeFile(file));
     }
 
     void LookInJar(const std::filesystem::path& file) {
@@ -78,7 +67,7 @@ class Search {
         const JarFile jar(content, file);
         if (const std::optional<Bytes> classFile = jar.Read(entry_)) {
             result.isFound = true;
-            result.javaVersion = JavaVersionOf(*classFile);
+            result.javaVersion = JavaFeatureOfClass(*classFile);
             return;
         }
         for (const std::string& name : jar.Names()) NoteSimilar(name);

@@ -3,11 +3,12 @@
 #include <cstdlib>
 
 #include "tools/console/failure.h"
+#include "tools/jar/class_file.h"
 
 namespace tarn::tools {
 namespace {
 
-constexpr int kFirstWithModules = 9;
+constexpr int kFirstWithModules = 9;  // and the first that is not called "1.N"
 constexpr int kFirstWithNativeAccess = 17;
 
 Manifest ManifestOf(const JarFile& jar, const std::string& mainClass) {
@@ -65,19 +66,10 @@ int JavaFeatureOf(const std::string& version) {
 }
 
 std::string JavaVersionOfClass(std::span<const std::byte> classFile) {
-    constexpr std::uint8_t kMark[] = {0xCA, 0xFE, 0xBA, 0xBE};
-    constexpr std::size_t kHeadSize = 8;
-    constexpr unsigned kOldest = 45;    // of Java 1.1
-    constexpr unsigned kFirstNew = 53;  // of Java 9
-    if (classFile.size() < kHeadSize) return {};
-    for (std::size_t at = 0; at < sizeof(kMark); ++at) {
-        if (classFile[at] != static_cast<std::byte>(kMark[at])) return {};
-    }
-    const unsigned major =
-        static_cast<unsigned>(classFile[6]) << 8 | static_cast<unsigned>(classFile[7]);
-    if (major < kOldest) return {};
-    const std::string feature = std::to_string(major - kOldest + 1);
-    return major < kFirstNew ? "1." + feature : feature;
+    const int feature = JavaFeatureOfClass(classFile);
+    if (feature == 0) return {};
+    const std::string number = std::to_string(feature);
+    return feature < kFirstWithModules ? "1." + number : number;
 }
 
 JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
