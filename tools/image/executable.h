@@ -56,7 +56,7 @@ class Executable {
     std::uint32_t Directory(std::size_t number, std::size_t field) const;
     void SetDirectory(std::size_t number, std::uint32_t address, std::size_t size);
     const Section* SectionAt(std::uint32_t address) const;
-    bool OnlyRelocationsFollow(const Section& section) const;
+    bool MayChangeItsSize(const Section& section) const;
     Section* ResourceSectionToExchange();
     Section& AppendSection();
     void PlaceFollowing(const Section& changed);

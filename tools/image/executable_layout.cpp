@@ -26,15 +26,19 @@ void Executable::SetResources(const ResourceTree& tree) {
     WriteSectionHeaders();
 }
 
-// The relocations are the one section that nothing but its directory refers to.
-bool Executable::OnlyRelocationsFollow(const Section& section) const {
+// Nothing but the resources' own directory may refer into the section or behind it. The relocations
+// are the one section that can be moved along: nothing but its directory refers to it.
+bool Executable::MayChangeItsSize(const Section& section) const {
+    bool isFollowed = false;
     for (const Section& other : sections_) {
         if (other.address <= section.address) continue;
         if (other.address != Directory(kDirectoryRelocations, kDirectoryAddress)) return false;
-        for (std::size_t number = 0; number < directoryCount_; ++number) {
-            if (number == kDirectoryRelocations || number == kDirectorySignature) continue;
-            if (Directory(number, kDirectoryAddress) >= other.address) return false;
-        }
+        isFollowed = true;
+    }
+    for (std::size_t number = 0; number < directoryCount_; ++number) {
+        if (number == kDirectoryResources || number == kDirectorySignature) continue;
+        if (number == kDirectoryRelocations && isFollowed) continue;
+        if (Directory(number, kDirectoryAddress) >= section.address) return false;
     }
     return true;
 }
@@ -45,7 +49,7 @@ Executable::Section* Executable::ResourceSectionToExchange() {
     for (Section& section : sections_) {
         if (address == 0 || section.address != address || section.raw.empty()) continue;
         const bool isNamedSo = std::memcmp(&headers_[section.header], ".rsrc\0\0", 8) == 0;
-        return isNamedSo && OnlyRelocationsFollow(section) ? &section : nullptr;
+        return isNamedSo && MayChangeItsSize(section) ? &section : nullptr;
     }
     return nullptr;
 }
@@ -64,6 +68,12 @@ Executable::Section& Executable::AppendSection() {
     section.header = header;
     section.address = static_cast<std::uint32_t>(
         AlignedUp(std::uint64_t{last.address} + std::max(last.virtualSize, 1U), sectionAlignment_));
+    for (std::size_t number = 0; number < directoryCount_; ++number) {
+        if (number == kDirectorySignature) continue;
+        if (Directory(number, kDirectoryAddress) >= section.address) {
+            throw Failure("has a broken header (a directory outside of its sections)");
+        }
+    }
     section.characteristics = kReadableData;
     // Behind every other one in the file.
     section.oldOffset = oldOverlayOffset_;

@@ -84,6 +84,25 @@ TEST(ExecutableTest, AppendsASectionWhereOthersAreInTheWay) {
     }
 }
 
+TEST(ExecutableTest, LeavesASectionThatOthersReferInto) {
+    // Debug data among the resources: its offset is corrected there, and not in what is new.
+    SmallExecutable made({".text", ".rsrc"});
+    made.Set32(SmallExecutable::Directory(6), 2 * kPage + 0x40)
+        .Set32(SmallExecutable::Directory(6) + 4, 28);
+    const Bytes changed = WithResources(made.Content(), kUnit);
+    const ResourceTree tree = Executable(changed).Resources();
+    EXPECT_EQ(*FindResource(tree, kResourceData, std::u16string(u"SETTINGS")),
+              Bytes(kUnit, std::byte{'x'}));
+    EXPECT_EQ(ByteReader(changed).U16(SmallExecutable::kPeHeader + 6), 3);
+}
+
+TEST(ExecutableTest, RefusesADirectoryOutsideOfTheSections) {
+    SmallExecutable made({".text"});
+    made.Set32(SmallExecutable::Directory(6), 2 * kPage)
+        .Set32(SmallExecutable::Directory(6) + 4, 28);
+    EXPECT_THROW(WithResources(made.Content(), kUnit), Failure);
+}
+
 TEST(ExecutableTest, KeepsWhatLiesBehindTheSections) {
     const Bytes old = SmallExecutable({".text", ".rsrc"}).Append("appended").Content();
     Executable executable(old);
