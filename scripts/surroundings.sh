@@ -34,7 +34,7 @@ part_pages() {
             localedef -i "${page#*:}" -f UTF-8 "$locales/$locale" || { failed=1; continue; }
         TARN_WINE_PREFIX=$TARN_ROOT/build/wine-pages TARN_LOCALE=$locale LOCPATH=$locales \
             run_tests "${page%:*}" \
-            'CodePage*:MainClass*:*UserName*:SettingsFiles*:UsersSettings*:OutputFiles*:HandOff*'
+            'CodePage*:MainClass*:*UserName*:SettingsFiles*:UsersSettings*:OutputFile*:HandOff*'
     done
 }
 
