@@ -7,7 +7,6 @@
 namespace tarn::test {
 namespace {
 
-using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
