@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/owner.h"
+#include "base/unique_resource.h"
 #include "base/windows.h"
 
 namespace tarn {
@@ -11,7 +11,7 @@ struct HandleTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { CloseHandle(value); }
 };
-using Handle = Owner<HandleTraits>;
+using UniqueHandle = UniqueResource<HandleTraits>;
 
 /// A file as `CreateFileW` opens it; its absence is `INVALID_HANDLE_VALUE`.
 struct FileHandleTraits {
@@ -19,7 +19,7 @@ struct FileHandleTraits {
     static Value None() { return INVALID_HANDLE_VALUE; }
     static void Close(Value value) { CloseHandle(value); }
 };
-using FileHandle = Owner<FileHandleTraits>;
+using UniqueFile = UniqueResource<FileHandleTraits>;
 
 /// A search that `FindFirstFileW` began.
 struct FindHandleTraits {
@@ -27,7 +27,7 @@ struct FindHandleTraits {
     static Value None() { return INVALID_HANDLE_VALUE; }
     static void Close(Value value) { FindClose(value); }
 };
-using FindHandle = Owner<FindHandleTraits>;
+using UniqueFindHandle = UniqueResource<FindHandleTraits>;
 
 /// An open registry key.
 struct RegistryKeyTraits {
@@ -35,7 +35,7 @@ struct RegistryKeyTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { RegCloseKey(value); }
 };
-using RegistryKey = Owner<RegistryKeyTraits>;
+using UniqueRegistryKey = UniqueResource<RegistryKeyTraits>;
 
 /// A library that is unloaded again.
 struct LibraryTraits {
@@ -43,7 +43,7 @@ struct LibraryTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { FreeLibrary(value); }
 };
-using Library = Owner<LibraryTraits>;
+using UniqueLibrary = UniqueResource<LibraryTraits>;
 
 /// A view of a file mapping.
 struct FileViewTraits {
@@ -51,6 +51,6 @@ struct FileViewTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { UnmapViewOfFile(value); }
 };
-using FileView = Owner<FileViewTraits>;
+using UniqueFileView = UniqueResource<FileViewTraits>;
 
 }  // namespace tarn

@@ -15,7 +15,7 @@ const OtherProgram* ProgramActedFor() {
     return actedFor;
 }
 
-void ActFor(const OtherProgram* program) {
+void OverrideProgram(const OtherProgram* program) {
     actedFor = program;
 }
 

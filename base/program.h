@@ -17,13 +17,13 @@ struct OtherProgram {
     HMODULE module = nullptr;
 };
 
-/// The one that was named to `ActFor`, null when there is none.
+/// The one that was named to `OverrideProgram`, null when there is none.
 const OtherProgram* ProgramActedFor();
 
 /// From now on `ModulePath`, the message texts and the settings built into the executable are those
 /// of `program`, which has to stay; null goes back to this process's own. For a program that tells
 /// what a launch of another one would do, by the launcher's own decisions. The launcher never calls
 /// this, which leaves nothing of it in there. On one thread only.
-void ActFor(const OtherProgram* program);
+void OverrideProgram(const OtherProgram* program);
 
 }  // namespace tarn

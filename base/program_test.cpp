@@ -9,7 +9,7 @@ namespace {
 
 class ProgramTest : public testing::Test {
   protected:
-    void TearDown() override { ActFor(nullptr); }
+    void TearDown() override { OverrideProgram(nullptr); }
 };
 
 TEST_F(ProgramTest, IsThisProcesssOwnUnlessAnotherIsNamed) {
@@ -17,17 +17,17 @@ TEST_F(ProgramTest, IsThisProcesssOwnUnlessAnotherIsNamed) {
     EXPECT_EQ(ProgramModule(), GetModuleHandleW(nullptr));
     const std::optional<std::wstring> own = ModulePath();
     const OtherProgram other{L"C:\\Apps\\other.exe", GetModuleHandleW(L"kernel32.dll")};
-    ActFor(&other);
+    OverrideProgram(&other);
     EXPECT_EQ(ProgramModule(), other.module);
     EXPECT_EQ(ModulePath(), other.path);
     EXPECT_EQ(ModuleFolder(), L"C:\\Apps\\");
-    ActFor(nullptr);
+    OverrideProgram(nullptr);
     EXPECT_EQ(ModulePath(), own);
 }
 
 TEST_F(ProgramTest, APathThatItsOwnLaunchCouldNotReadIsUnreadableHereToo) {
     OtherProgram other{std::wstring(MAX_PATH - 1, L'a'), nullptr};
-    ActFor(&other);
+    OverrideProgram(&other);
     EXPECT_EQ(ModulePath(), other.path);
     other.path += L'a';
     SetLastError(0);

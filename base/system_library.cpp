@@ -14,7 +14,7 @@ HMODULE LoadSystemLibrary(const wchar_t* name) {
     wchar_t folder[MAX_PATH];  // the system folder's path is never longer
     const UINT length = GetSystemDirectoryW(folder, MAX_PATH);
     if (length == 0 || length >= MAX_PATH) return nullptr;
-    return LoadLibraryW(Joined({{folder, length}, L"\\", name}).c_str());
+    return LoadLibraryW(Concat({{folder, length}, L"\\", name}).c_str());
 }
 
 }  // namespace tarn

@@ -27,7 +27,7 @@ std::wstring_view TrimWhiteSpace(std::wstring_view text) {
     return text;
 }
 
-std::wstring ReplaceEach(std::wstring_view text, wchar_t from, wchar_t to) {
+std::wstring ReplaceAll(std::wstring_view text, wchar_t from, wchar_t to) {
     std::wstring result(text);
     std::replace(result.begin(), result.end(), from, to);
     return result;
@@ -37,7 +37,7 @@ std::wstring_view CutAtLast(std::wstring_view text, wchar_t mark) {
     return text.substr(0, text.rfind(mark));
 }
 
-std::wstring Joined(std::initializer_list<std::wstring_view> texts) {
+std::wstring Concat(std::initializer_list<std::wstring_view> texts) {
     std::size_t size = 0;
     for (const std::wstring_view text : texts) size += text.size();
     std::wstring result;
@@ -46,13 +46,13 @@ std::wstring Joined(std::initializer_list<std::wstring_view> texts) {
     return result;
 }
 
-std::wstring WithEnding(std::wstring_view text, wchar_t ending) {
+std::wstring EnsureTrailing(std::wstring_view text, wchar_t ending) {
     std::wstring result(text);
     if (result.empty() || result.back() != ending) result += ending;
     return result;
 }
 
-std::vector<std::wstring> SplitAtEach(std::wstring_view text, wchar_t separator) {
+std::vector<std::wstring> Split(std::wstring_view text, wchar_t separator) {
     std::vector<std::wstring> pieces;
     if (text.empty()) return pieces;
     for (;;) {

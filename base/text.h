@@ -16,20 +16,20 @@ bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b);
 std::wstring_view TrimWhiteSpace(std::wstring_view text);
 
 /// The text with every `from` replaced by `to`.
-std::wstring ReplaceEach(std::wstring_view text, wchar_t from, wchar_t to);
+std::wstring ReplaceAll(std::wstring_view text, wchar_t from, wchar_t to);
 
 /// The text before the last `mark`; the whole text when there is none.
 std::wstring_view CutAtLast(std::wstring_view text, wchar_t mark);
 
 /// The texts one behind the other. A chain of `+` takes more code, and an allocation for each link.
-std::wstring Joined(std::initializer_list<std::wstring_view> texts);
+std::wstring Concat(std::initializer_list<std::wstring_view> texts);
 
 /// The text with `ending` put behind it unless it already ends so.
-std::wstring WithEnding(std::wstring_view text, wchar_t ending);
+std::wstring EnsureTrailing(std::wstring_view text, wchar_t ending);
 
 /// Splits at every `separator`, keeping empty pieces and trimming nothing; an empty text gives no
 /// piece at all.
-std::vector<std::wstring> SplitAtEach(std::wstring_view text, wchar_t separator);
+std::vector<std::wstring> Split(std::wstring_view text, wchar_t separator);
 
 /// Whether a file name is absolute: its second character is ":" or it begins with two
 /// backslashes.

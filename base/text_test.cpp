@@ -9,8 +9,8 @@ using Pieces = std::vector<std::wstring>;
 
 TEST(TextTest, JoinsTextsWithNothingBetweenThem) {
     const std::wstring folder = L"C:\\app\\";
-    EXPECT_EQ(Joined({folder, L"", std::wstring_view(L"lib and more", 3)}), L"C:\\app\\lib");
-    EXPECT_EQ(Joined({}), L"");
+    EXPECT_EQ(Concat({folder, L"", std::wstring_view(L"lib and more", 3)}), L"C:\\app\\lib");
+    EXPECT_EQ(Concat({}), L"");
 }
 
 TEST(TextTest, ComparesAsciiLettersWithoutCaseAndNothingElse) {
@@ -31,8 +31,8 @@ TEST(TextTest, TrimsWhiteSpaceOfEveryKindAtBothEnds) {
 }
 
 TEST(TextTest, ReplacesEachOccurrence) {
-    EXPECT_EQ(ReplaceEach(L"com.example.Main", L'.', L'/'), L"com/example/Main");
-    EXPECT_EQ(ReplaceEach(L"", L'.', L'/'), L"");
+    EXPECT_EQ(ReplaceAll(L"com.example.Main", L'.', L'/'), L"com/example/Main");
+    EXPECT_EQ(ReplaceAll(L"", L'.', L'/'), L"");
 }
 
 TEST(TextTest, CutsAtTheLastMarkOrNotAtAll) {
@@ -42,15 +42,15 @@ TEST(TextTest, CutsAtTheLastMarkOrNotAtAll) {
 }
 
 TEST(TextTest, AddsAnEndingOnlyWhenItIsMissing) {
-    EXPECT_EQ(WithEnding(L"C:\\jre", L'\\'), L"C:\\jre\\");
-    EXPECT_EQ(WithEnding(L"C:\\jre\\", L'\\'), L"C:\\jre\\");
-    EXPECT_EQ(WithEnding(L"", L'\\'), L"\\");
+    EXPECT_EQ(EnsureTrailing(L"C:\\jre", L'\\'), L"C:\\jre\\");
+    EXPECT_EQ(EnsureTrailing(L"C:\\jre\\", L'\\'), L"C:\\jre\\");
+    EXPECT_EQ(EnsureTrailing(L"", L'\\'), L"\\");
 }
 
 TEST(TextTest, SplitsAtEachSeparatorKeepingEmptyPieces) {
-    EXPECT_EQ(SplitAtEach(L"", L';'), Pieces{});
-    EXPECT_EQ(SplitAtEach(L"1.8", L';'), Pieces{L"1.8"});
-    EXPECT_EQ(SplitAtEach(L" 1.7 ;;1.8;", L';'), (Pieces{L" 1.7 ", L"", L"1.8", L""}));
+    EXPECT_EQ(Split(L"", L';'), Pieces{});
+    EXPECT_EQ(Split(L"1.8", L';'), Pieces{L"1.8"});
+    EXPECT_EQ(Split(L" 1.7 ;;1.8;", L';'), (Pieces{L" 1.7 ", L"", L"1.8", L""}));
 }
 
 TEST(TextTest, TellsAbsolutePaths) {

@@ -30,7 +30,7 @@ class FirstInstance {
         if (!CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, FALSE, 0, nullptr,
                             nullptr, &startup, &process))
             throw std::runtime_error("the first instance does not start");
-        const Handle thread(process.hThread);
+        const UniqueHandle thread(process.hThread);
         process_.reset(process.hProcess);
         for (int i = 0; i < kLongestStartTenths && !std::filesystem::exists(StampFile()); ++i)
             if (WaitForSingleObject(process_.get(), 100) != WAIT_TIMEOUT) break;
@@ -47,7 +47,7 @@ class FirstInstance {
     }
 
   private:
-    Handle process_;
+    UniqueHandle process_;
 };
 
 }  // namespace

@@ -51,7 +51,7 @@ class Registrations {
             fs::create_hard_link(jvm_, library);
         }
         const std::wstring text = home.wstring();
-        RegistryKey key;
+        UniqueRegistryKey key;
         if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, KeyOf(number).c_str(), 0, nullptr,
                             REG_OPTION_VOLATILE, KEY_WRITE, nullptr, key.put(),
                             nullptr) != ERROR_SUCCESS ||

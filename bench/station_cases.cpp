@@ -38,7 +38,7 @@ struct Landmark {
 // The first station, the settings, begins with the first call of all. Settings, single instance,
 // splash and options ask for the path of the executable once each; the first file that is looked
 // for is the user's own settings file.
-constexpr const char* kFirstStation = "command line and settings";
+constexpr const char* kFirstStage = "command line and settings";
 constexpr const char* kLibrary = "library";
 constexpr Landmark kLandmarks[] = {
     {"single instance", "GetModuleFileNameW", 2},
@@ -61,10 +61,10 @@ std::size_t Find(const std::vector<NotedCall>& calls, const Landmark& landmark) 
 }
 
 // Microseconds for each station, and for all of them without the library, which every host loads.
-Sample Stations(const std::vector<NotedCall>& calls) {
+Sample Stages(const std::vector<NotedCall>& calls) {
     if (calls.empty()) throw std::runtime_error("no call was noted");
     double start = calls.front().nanoseconds;
-    const char* station = kFirstStation;
+    const char* station = kFirstStage;
     Sample sample;
     double own = 0;
     for (const Landmark& landmark : kLandmarks) {
@@ -88,7 +88,7 @@ std::vector<Case> StationCases(const Workspace& workspace) {
     const std::filesystem::path times = workspace.scratch / L"call_times.txt";
     Case result;
     result.name = "The stations of a launch";
-    result.quantities = {kFirstStation};
+    result.quantities = {kFirstStage};
     for (const Landmark& landmark : kLandmarks)
         if (landmark.station != nullptr) result.quantities.push_back(landmark.station);
     result.quantities.push_back("all but the library");
@@ -97,7 +97,7 @@ std::vector<Case> StationCases(const Workspace& workspace) {
                               SetEnvironmentVariableW(L"HOOK_TIMES", times.c_str());
                               RunTimed(program, Quoted(program), {false, {}, hook});
                               SetEnvironmentVariableW(L"HOOK_TIMES", nullptr);
-                              return Stations(ReadCalls(times));
+                              return Stages(ReadCalls(times));
                           }}};
     return {result};
 }

@@ -6,7 +6,7 @@
 #include <stdexcept>
 
 #include "base/windows.h"
-#include "tests/support/put_library.h"
+#include "tests/support/inject_dll.h"
 
 #include <psapi.h>
 

@@ -37,14 +37,14 @@ int Launcher::Run() {
     if (!SuppressesSplash(arguments_) && !splash_.Show(jvmLibraryPath, launchFailureAction_)) {
         return 0;
     }
-    if (!LoadJvmLibrary(splash_, jvmLibraryPath, javaMachine_.entryPoints)) return kFailedStart;
+    if (!LoadJvmLibrary(splash_, jvmLibraryPath, jvmInstance_.entryPoints)) return kFailedStart;
     // Without a class path the user has been told, and the JVM may still have something to run.
     BuildOptions(splash_, jvmOptions_, arguments_);
     if (jvmOptions_.threadStackSize == 0) {
-        jvmOptions_.threadStackSize = DefaultStackSize(javaMachine_.entryPoints);
+        jvmOptions_.threadStackSize = DefaultStackSize(jvmInstance_.entryPoints);
     }
     JavaLaunch launch{settings_,    jvmOptions_, arguments_, singleInstance_.readyEvent(),
-                      javaMachine_, splash_};
+                      jvmInstance_, splash_};
     if (RunJavaThread(launch) == 0) return 0;
     launchFailureAction_.Invoke();
     return kFailedStart;

@@ -14,8 +14,8 @@ int StartPairedLauncher(const std::wstring& program, bool waitForIt) {
                         nullptr, &startup, &started)) {
         return 0;
     }
-    const Handle thread(started.hThread);
-    const Handle process(started.hProcess);
+    const UniqueHandle thread(started.hThread);
+    const UniqueHandle process(started.hProcess);
     if (!waitForIt) return 0;
     // -1 when the program cannot be asked: nobody knows that it ended well.
     DWORD exitCode = static_cast<DWORD>(-1);

@@ -25,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     // On the heap and alone, so that a byte read beyond it is noticed.
     std::vector<std::byte> file(size);
     if (size != 0) std::memcpy(file.data(), data, size);
-    Require(tarn::HoldsImageHeaders(file) == NaiveHolds(file));
+    Require(tarn::HasPeHeaders(file) == NaiveHolds(file));
 
     tarn::fuzz::FuzzInput input(data, size);
     const auto headers = input.TakeNumber<std::uint32_t>();
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     file[1] = std::byte{'Z'};
     for (const std::uint32_t offset : {headers, headers % 512}) {
         std::memcpy(file.data() + 60, &offset, sizeof offset);
-        Require(tarn::HoldsImageHeaders(file) == NaiveHolds(file));
+        Require(tarn::HasPeHeaders(file) == NaiveHolds(file));
     }
     return 0;
 }

@@ -57,7 +57,7 @@ void CheckFields(const std::wstring& picture, const std::wstring& letters) {
     std::size_t length = 0;
     for (;;) {
         const std::size_t before = rest.size();
-        const std::wstring field(tarn::TakeField(rest, letters, length));
+        const std::wstring field(tarn::ConsumeField(rest, letters, length));
         if (field.empty()) break;
         // One letter, again and again, and as often as it goes.
         Require(field == std::wstring(field.size(), field[0]));

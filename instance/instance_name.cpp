@@ -5,11 +5,11 @@
 namespace tarn {
 
 std::wstring InstanceName(std::wstring_view executablePath) {
-    return ReplaceEach(executablePath, L'\\', L'_');
+    return ReplaceAll(executablePath, L'\\', L'_');
 }
 
 std::wstring ReadyEventName(std::wstring_view instanceName) {
-    return Joined({instanceName, L"_upr_evt"});
+    return Concat({instanceName, L"_upr_evt"});
 }
 
 }  // namespace tarn

@@ -20,7 +20,7 @@ DWORD WINAPI Serve(void* parameter) noexcept {
 void Dispatch(HandOffDesk& desk, DWORD senderThread) {
     std::unique_ptr<Request> request(new (std::nothrow) Request{desk, senderThread});
     if (request == nullptr) return;
-    const Handle worker(CreateThread(nullptr, 0, Serve, request.get(), 0, nullptr));
+    const UniqueHandle worker(CreateThread(nullptr, 0, Serve, request.get(), 0, nullptr));
     if (worker) static_cast<void>(request.release());
 }
 

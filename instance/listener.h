@@ -24,7 +24,7 @@ class Listener {
   private:
     static DWORD WINAPI Listen(void* parameter) noexcept;
 
-    Handle thread_;
+    UniqueHandle thread_;
 };
 
 }  // namespace tarn

@@ -12,7 +12,7 @@ struct FirstInstance {
     Settings settings;
     JavaVM* javaVm = nullptr;
     SharedBlock block{};
-    Handle readyEvent{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+    UniqueHandle readyEvent{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
     HandOffDesk desk{{settings, javaVm}, block, readyEvent.get(), kRequest};
 };
 
@@ -29,7 +29,7 @@ TEST(ListenerTest, TheThreadIdIsKnownAtOnce) {
     Listener listener;
     DWORD threadId = 0;
     ASSERT_TRUE(listener.Start(NewFirstInstance().desk, &threadId));
-    const Handle thread(OpenThread(THREAD_QUERY_INFORMATION, FALSE, threadId));
+    const UniqueHandle thread(OpenThread(THREAD_QUERY_INFORMATION, FALSE, threadId));
     ASSERT_TRUE(thread);
     DWORD code = 0;
     EXPECT_TRUE(GetExitCodeThread(thread.get(), &code));

@@ -95,7 +95,7 @@ bool SingleInstance::StartListening(const std::wstring& name) {
 
 int SingleInstance::WaitForAnswer() const {
     const UINT messageId = block().messageId;
-    const Handle first(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, block().processId));
+    const UniqueHandle first(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, block().processId));
     if (!first) return 0;
     for (;;) {
         // Asked before the queue is looked at: an answer that was posted just before the end of

@@ -49,9 +49,9 @@ class SingleInstance {
     const HandOffTarget target_;
     bool singleInstance_ = false;
     bool firstInstance_ = false;
-    Handle mapping_;
-    FileView view_;
-    Handle readyEvent_;
+    UniqueHandle mapping_;
+    UniqueFileView view_;
+    UniqueHandle readyEvent_;
     /// Never freed: see there.
     HandOffDesk* desk_ = nullptr;
     Listener listener_;

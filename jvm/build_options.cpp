@@ -30,7 +30,7 @@ std::wstring ReadClassPath(const LayeredSettings& layered, const std::wstring& p
         ExpandClassPath(layered.GetValue(keys::kClassPath, keys::kClassPath), FolderOf(program));
     const std::wstring embedded = layered.GetValue(keys::kApplication, keys::kEmbeddedJar);
     if (EqualsIgnoringCase(embedded, L"Yes")) {
-        classPath = Joined({program, L";", classPath});
+        classPath = Concat({program, L";", classPath});
     }
     return classPath;
 }
@@ -77,7 +77,7 @@ bool BuildOptions(const Splash& splash, JvmOptions& options, std::vector<std::ws
     const auto add = [&](const std::wstring& option) {
         options.ansiOptions.push_back(ToThreadAnsi(ExpandEnvironment(option)));
     };
-    add(Joined({L"-Djava.class.path=", classPath}));
+    add(Concat({L"-Djava.class.path=", classPath}));
     const std::wstring parameters =
         layered.GetValue(keys::kJavaRuntimeEnvironment, keys::kVirtualMachineParameters);
     for (const std::wstring& token : SplitVmParameters(parameters)) {

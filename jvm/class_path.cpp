@@ -5,7 +5,7 @@
 namespace tarn {
 
 std::vector<std::wstring> ClassPathEntries(std::wstring_view text) {
-    std::vector<std::wstring> entries = SplitAtEach(text, L';');
+    std::vector<std::wstring> entries = Split(text, L';');
     std::erase_if(entries, [](const std::wstring& entry) { return entry.empty(); });
     return entries;
 }
@@ -15,7 +15,7 @@ bool IsTakenAsItStands(std::wstring_view entry) {
 }
 
 std::wstring ClassPathPattern(std::wstring_view entry, std::wstring_view launcherFolder) {
-    return Joined({IsAbsolutePath(entry) ? std::wstring_view() : launcherFolder, entry});
+    return Concat({IsAbsolutePath(entry) ? std::wstring_view() : launcherFolder, entry});
 }
 
 }  // namespace tarn

@@ -8,7 +8,7 @@ namespace {
 
 void AppendMatches(const std::wstring& pattern, std::wstring& classPath) {
     WIN32_FIND_DATAW found;
-    const FindHandle search(FindFirstFileW(pattern.c_str(), &found));
+    const UniqueFindHandle search(FindFirstFileW(pattern.c_str(), &found));
     if (!search) return;
     const std::wstring_view folder = FolderOf(pattern);
     do {

@@ -47,7 +47,7 @@ unsigned ReasonId(jint result) {
 }  // namespace
 
 bool CreateJvm(const Splash& splash, const std::vector<std::string>& ansiOptions,
-               const OutputFiles& outputFiles, JavaMachine& machine, JNIEnv*& env) {
+               const OutputFiles& outputFiles, JvmInstance& machine, JNIEnv*& env) {
     std::vector<JavaVMOption> options = OptionArray(ansiOptions);
     JavaVMInitArgs args{};
     args.version = JNI_VERSION_1_2;

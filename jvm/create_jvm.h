@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "jvm/java_machine.h"
+#include "jvm/jvm_instance.h"
 #include "jvm/output_files.h"
 #include "ui/splash.h"
 
@@ -13,6 +13,6 @@ namespace tarn {
 /// standard streams to their files. The calling thread becomes the JVM's main thread and `env` is
 /// its alone. Returns false when the JVM cannot be created; the user has then been told.
 bool CreateJvm(const Splash& splash, const std::vector<std::string>& ansiOptions,
-               const OutputFiles& outputFiles, JavaMachine& machine, JNIEnv*& env);
+               const OutputFiles& outputFiles, JvmInstance& machine, JNIEnv*& env);
 
 }  // namespace tarn

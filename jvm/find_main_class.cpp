@@ -19,7 +19,7 @@ jclass LoadThroughHelper(JNIEnv* env, const JvmEntryPoints& entryPoints,
     const jmethodID load = env->GetStaticMethodID(helper, "checkAndLoadMain",
                                                   "(ZILjava/lang/String;)Ljava/lang/Class;");
     if (load == nullptr) return nullptr;
-    const jstring name = MakeJavaString(env, ReplaceEach(mainClass, L'/', L'.'));
+    const jstring name = MakeJavaString(env, ReplaceAll(mainClass, L'/', L'.'));
     if (name == nullptr) return nullptr;
     return static_cast<jclass>(
         env->CallStaticObjectMethod(helper, load, JNI_TRUE, kLoadByClassName, name));

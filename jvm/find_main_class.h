@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "jvm/java_machine.h"
+#include "jvm/jvm_instance.h"
 #include "ui/splash.h"
 
 namespace tarn {

@@ -33,15 +33,16 @@ DWORD WINAPI JavaThreadProc(void* parameter) noexcept {
 }  // namespace
 
 std::uint64_t DefaultStackSize(const JvmEntryPoints& entryPoints) {
-    Jdk11InitArgs args{};
+    JDK1_1InitArgs args{};
     args.version = JNI_VERSION_1_1;
     entryPoints.getDefaultInitArgs(&args);
     return args.javaStackSize > 0 ? static_cast<std::uint64_t>(args.javaStackSize) : 0;
 }
 
 DWORD RunJavaThread(JavaLaunch& launch) {
-    const Handle thread(CreateThread(nullptr, static_cast<SIZE_T>(launch.options.threadStackSize),
-                                     JavaThreadProc, &launch, 0, nullptr));
+    const UniqueHandle thread(CreateThread(nullptr,
+                                           static_cast<SIZE_T>(launch.options.threadStackSize),
+                                           JavaThreadProc, &launch, 0, nullptr));
     if (!thread) return RunJava(launch);
     DWORD exitCode = 1;
     // Again should the wait fail: what the thread works on is destroyed after this.

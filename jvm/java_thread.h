@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/windows.h"
-#include "jvm/java_machine.h"
+#include "jvm/jvm_instance.h"
 #include "jvm/jvm_options.h"
 #include "settings/settings.h"
 #include "ui/splash.h"
@@ -18,7 +18,7 @@ struct JavaLaunch {
     const JvmOptions& options;
     const std::vector<std::wstring>& arguments;
     HANDLE readyEvent;
-    JavaMachine& machine;
+    JvmInstance& machine;
     Splash& splash;
 };
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "jvm/java_machine.h"
+#include "jvm/jvm_instance.h"
 #include "ui/splash.h"
 
 namespace tarn {

@@ -22,7 +22,7 @@ jmethodID FindMainMethod(JNIEnv* env, jclass mainClass, const Splash& splash) {
 
 }  // namespace
 
-bool RunMainClass(JNIEnv* env, const JavaMachine& machine, const Settings& settings,
+bool RunMainClass(JNIEnv* env, const JvmInstance& machine, const Settings& settings,
                   const std::vector<std::wstring>& arguments, HANDLE readyEvent, Splash& splash) {
     const jclass mainClass = FindMainClass(env, machine.entryPoints, settings.mainClass, splash);
     if (mainClass == nullptr) return false;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/windows.h"
-#include "jvm/java_machine.h"
+#include "jvm/jvm_instance.h"
 #include "settings/settings.h"
 #include "ui/splash.h"
 
@@ -17,7 +17,7 @@ namespace tarn {
 /// was called, however it ended, and the thread could be detached from the JVM; false otherwise,
 /// after the user has been told where there is a message. Does not return at all when the settings
 /// allow an IBM runtime: such an application ends through `System.exit`.
-bool RunMainClass(JNIEnv* env, const JavaMachine& machine, const Settings& settings,
+bool RunMainClass(JNIEnv* env, const JvmInstance& machine, const Settings& settings,
                   const std::vector<std::wstring>& arguments, HANDLE readyEvent, Splash& splash);
 
 }  // namespace tarn

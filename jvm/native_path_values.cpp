@@ -6,13 +6,13 @@ namespace tarn {
 
 std::wstring LibraryPathValue(std::wstring_view setting, std::wstring_view launcherFolder,
                               std::wstring_view jvmLibraryPath) {
-    return Joined(
+    return Concat(
         {setting, launcherFolder, L";.;%Path%", FolderOf(RuntimeBinOf(jvmLibraryPath)), L"lib"});
 }
 
 std::wstring ProcessPathValue(std::wstring_view setting, std::wstring_view jvmLibraryPath) {
     const bool separated = setting.empty() || setting.back() == L';';
-    return Joined({setting, separated ? L"%Path%;" : L";%Path%;", RuntimeBinOf(jvmLibraryPath)});
+    return Concat({setting, separated ? L"%Path%;" : L";%Path%;", RuntimeBinOf(jvmLibraryPath)});
 }
 
 }  // namespace tarn

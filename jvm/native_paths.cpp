@@ -16,7 +16,7 @@ void PrepareNativePaths(const Settings& settings, const std::wstring& jvmLibrary
         const std::wstring value = LibraryPathValue(
             settings.libraryPath, ModuleFolder().value_or(std::wstring()), jvmLibraryPath);
         options.ansiOptions.push_back(
-            ToThreadAnsi(Joined({L"-Djava.library.path=", ExpandEnvironment(value)})));
+            ToThreadAnsi(Concat({L"-Djava.library.path=", ExpandEnvironment(value)})));
     }
     const std::wstring path =
         ExpandEnvironment(ProcessPathValue(settings.systemPath, jvmLibraryPath));

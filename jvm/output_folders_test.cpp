@@ -20,7 +20,7 @@ bool IsThere(const std::wstring& path) {
 }
 
 void MakeFile(const std::wstring& path) {
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+    const UniqueFile file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     ASSERT_TRUE(file);
 }
@@ -39,7 +39,7 @@ class OutputFolders : public testing::Test {
 
     static void Remove(const std::wstring& folder) {
         WIN32_FIND_DATAW found;
-        const FindHandle search(FindFirstFileW((folder + L"\\*").c_str(), &found));
+        const UniqueFindHandle search(FindFirstFileW((folder + L"\\*").c_str(), &found));
         while (search) {
             const std::wstring name = found.cFileName;
             const std::wstring path = folder + L"\\" + name;

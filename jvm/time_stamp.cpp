@@ -30,8 +30,8 @@ std::wstring WithMilliseconds(std::wstring_view picture, unsigned milliseconds) 
     return result;
 }
 
-std::wstring_view TakeField(std::wstring_view& picture, std::wstring_view letters,
-                            std::size_t& copied) {
+std::wstring_view ConsumeField(std::wstring_view& picture, std::wstring_view letters,
+                               std::size_t& copied) {
     bool quoted = false;
     for (std::size_t i = 0; i < picture.size(); ++i) {
         const wchar_t c = picture[i];

@@ -25,7 +25,7 @@ std::wstring WithMilliseconds(std::wstring_view picture, unsigned milliseconds);
 /// stands before it; empty, as the picture is then, when there is none. Adds to `copied` how many
 /// characters stand before it in the formatted text: those that mean nothing, and what is in
 /// single quotes (where two quotes are one).
-std::wstring_view TakeField(std::wstring_view& picture, std::wstring_view letters,
-                            std::size_t& copied);
+std::wstring_view ConsumeField(std::wstring_view& picture, std::wstring_view letters,
+                               std::size_t& copied);
 
 }  // namespace tarn

@@ -35,7 +35,7 @@ bool Fits(const Formatter& formatter, const std::wstring& picture, const SYSTEMT
     if (picture.size() <= kHarmlessLength) return true;
     std::wstring_view rest = picture;
     for (std::size_t length = 0;;) {
-        const std::wstring_view field = TakeField(rest, formatter.letters, length);
+        const std::wstring_view field = ConsumeField(rest, formatter.letters, length);
         if (length >= kFormattedSize) return false;
         if (field.empty()) return true;
         length += FormatPicture(formatter, std::wstring(field), time).size();
@@ -55,7 +55,7 @@ std::wstring ExpandTimeStamp(const std::wstring& name, const SYSTEMTIME& time) {
     if (!parts) return name;
     const std::wstring picture = WithMilliseconds(parts->picture, time.wMilliseconds);
     const std::wstring timed = Format({&GetTimeFormatW, L"hHmst"}, picture, time);
-    return Joined({parts->before, Format({&GetDateFormatW, L"dMyg"}, timed, time), parts->after});
+    return Concat({parts->before, Format({&GetDateFormatW, L"dMyg"}, timed, time), parts->after});
 }
 
 }  // namespace tarn

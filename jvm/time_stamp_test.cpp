@@ -61,7 +61,7 @@ std::pair<std::vector<std::wstring>, std::size_t> TakeFields(std::wstring_view p
     std::vector<std::wstring> fields;
     std::size_t copied = 0;
     for (;;) {
-        const std::wstring_view field = TakeField(picture, L"hHmst", copied);
+        const std::wstring_view field = ConsumeField(picture, L"hHmst", copied);
         if (field.empty()) break;
         fields.emplace_back(field);
     }

@@ -99,7 +99,7 @@ std::uint64_t PercentageSize(std::wstring_view option, const MemorySizes& memory
 }
 
 std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory) {
-    return Joined({option.substr(0, ScanNumbers(option).prefixLength),
+    return Concat({option.substr(0, ScanNumbers(option).prefixLength),
                    DecimalText(static_cast<std::int32_t>(PercentageSize(option, memory))), L"K"});
 }
 

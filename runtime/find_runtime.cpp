@@ -30,7 +30,7 @@ void TakeHome(const RuntimeSearchPolicy& policy, RuntimeChoice& choice, SourceRe
 SourceReport FindConfigured(const RuntimeSearchPolicy& policy, RuntimeChoice& choice) {
     SourceReport source{RuntimeSource::Configured, SourceVerdict::NotConfigured};
     if (policy.jrePath.empty()) return source;
-    source.home = WithEnding(policy.jrePath, L'\\');
+    source.home = EnsureTrailing(policy.jrePath, L'\\');
     TakeHome(policy, choice, source);
     return source;
 }
@@ -38,8 +38,8 @@ SourceReport FindConfigured(const RuntimeSearchPolicy& policy, RuntimeChoice& ch
 /// The home of the runtime shipped in or below the launcher's folder; empty when there is none.
 std::wstring ShippedHome(const std::wstring& folder) {
     for (const wchar_t* below : {L"", L"jre64\\"}) {
-        std::wstring home = Joined({folder, below});
-        if (FileExists(Joined({home, L"bin\\java.dll"}))) return home;
+        std::wstring home = Concat({folder, below});
+        if (FileExists(Concat({home, L"bin\\java.dll"}))) return home;
     }
     return {};
 }
@@ -54,14 +54,14 @@ SourceReport FindShipped(const RuntimeSearchPolicy& policy, RuntimeChoice& choic
     return source;
 }
 
-/// `kDetails` asks for a word on every root and subkey.
-template <bool kDetails>
+/// `kWithReport` asks for a word on every root and subkey.
+template <bool kWithReport>
 SourceReport FindRegistered(RuntimeSource kind, REGSAM access, const RuntimeSearchPolicy& policy,
                             RuntimeChoice& choice) {
     SourceReport source{kind, SourceVerdict::NoCandidate};
     RegistryView registry(access);
     const std::optional<RuntimeCandidate> found =
-        SearchRegistry(policy, registry, kDetails ? &source : nullptr);
+        SearchRegistry(policy, registry, kWithReport ? &source : nullptr);
     if (!found) return source;
     source.home = found->home;
     choice.version = found->version;

@@ -17,32 +17,32 @@ std::vector<std::byte> Image(std::size_t size, std::uint32_t headers) {
 }
 
 TEST(ImageHeaderTest, TheMachineFieldHasToLieInsideTheFile) {
-    EXPECT_TRUE(HoldsImageHeaders(Image(70, 64)));
-    EXPECT_FALSE(HoldsImageHeaders(Image(70, 65)));
-    EXPECT_TRUE(HoldsImageHeaders(Image(4096, 4090)));
-    EXPECT_FALSE(HoldsImageHeaders(Image(4096, 4091)));
+    EXPECT_TRUE(HasPeHeaders(Image(70, 64)));
+    EXPECT_FALSE(HasPeHeaders(Image(70, 65)));
+    EXPECT_TRUE(HasPeHeaders(Image(4096, 4090)));
+    EXPECT_FALSE(HasPeHeaders(Image(4096, 4091)));
 }
 
 TEST(ImageHeaderTest, HeadersInsideTheOldHeaderAreStillInsideTheFile) {
-    EXPECT_TRUE(HoldsImageHeaders(Image(64, 4)));
-    EXPECT_TRUE(HoldsImageHeaders(Image(64, 58)));
-    EXPECT_FALSE(HoldsImageHeaders(Image(64, 59)));
+    EXPECT_TRUE(HasPeHeaders(Image(64, 4)));
+    EXPECT_TRUE(HasPeHeaders(Image(64, 58)));
+    EXPECT_FALSE(HasPeHeaders(Image(64, 59)));
 }
 
 TEST(ImageHeaderTest, PlacesFarOutsideDoNotWrapAround) {
     for (const std::uint32_t headers : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFAU, 0xFFFFFFFFU}) {
-        EXPECT_FALSE(HoldsImageHeaders(Image(4096, headers)));
+        EXPECT_FALSE(HasPeHeaders(Image(4096, headers)));
     }
 }
 
 TEST(ImageHeaderTest, ShortFilesAndOtherMarksAreNoImages) {
-    EXPECT_FALSE(HoldsImageHeaders({}));
+    EXPECT_FALSE(HasPeHeaders({}));
     const std::vector<std::byte> image = Image(64, 4);
-    EXPECT_FALSE(HoldsImageHeaders(std::span(image).first(63)));
-    EXPECT_FALSE(HoldsImageHeaders(std::span(image).first(2)));
+    EXPECT_FALSE(HasPeHeaders(std::span(image).first(63)));
+    EXPECT_FALSE(HasPeHeaders(std::span(image).first(2)));
     std::vector<std::byte> other = Image(256, 64);
     other[1] = std::byte{'z'};
-    EXPECT_FALSE(HoldsImageHeaders(other));
+    EXPECT_FALSE(HasPeHeaders(other));
 }
 
 TEST(ImageHeaderTest, WhateverPassesCanBeReadUpToItsMachine) {
@@ -52,7 +52,7 @@ TEST(ImageHeaderTest, WhateverPassesCanBeReadUpToItsMachine) {
         std::vector<std::byte> bytes =
             Image(64 + random() % 200, static_cast<std::uint32_t>(random() % 300));
         if (random() % 8 == 0) bytes[60 + random() % 4] = std::byte(random() & 0xFF);
-        if (!HoldsImageHeaders(bytes)) continue;
+        if (!HasPeHeaders(bytes)) continue;
         ++passed;
         std::size_t headers = 0;
         for (std::size_t i = 4; i-- > 0;) {

@@ -16,7 +16,7 @@ using ImageNtHeaderFunction = IMAGE_NT_HEADERS*(WINAPI*)(void*);
 
 /// The machine field of an image, 0 when the headers are not there.
 WORD MachineOf(void* image) {
-    const Library dbghelp(LoadSystemLibrary(L"dbghelp.dll"));
+    const UniqueLibrary dbghelp(LoadSystemLibrary(L"dbghelp.dll"));
     const auto imageNtHeader = FindFunction<ImageNtHeaderFunction>(dbghelp.get(), "ImageNtHeader");
     if (imageNtHeader == nullptr) return IMAGE_FILE_MACHINE_UNKNOWN;
     const IMAGE_NT_HEADERS* const headers = imageNtHeader(image);
@@ -28,20 +28,21 @@ WORD MachineOf(void* image) {
 }  // namespace
 
 std::uint16_t MachineOfFile(const std::wstring& jvmLibraryPath) {
-    const FileHandle file(CreateFileW(jvmLibraryPath.c_str(), GENERIC_READ, FILE_SHARE_READ,
+    const UniqueFile file(CreateFileW(jvmLibraryPath.c_str(), GENERIC_READ, FILE_SHARE_READ,
                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return IMAGE_FILE_MACHINE_UNKNOWN;
     LARGE_INTEGER size{};
     if (GetFileSizeEx(file.get(), &size) == FALSE) return IMAGE_FILE_MACHINE_UNKNOWN;
     // An empty file cannot be mapped, which is what this answers.
-    const Handle mapping(CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
+    const UniqueHandle mapping(
+        CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
     if (!mapping) return IMAGE_FILE_MACHINE_UNKNOWN;
-    const FileView view(MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
+    const UniqueFileView view(MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
     if (!view) return IMAGE_FILE_MACHINE_UNKNOWN;
     const std::span<const std::byte> bytes(static_cast<const std::byte*>(view.get()),
                                            static_cast<std::size_t>(size.QuadPart));
     // The platform's own look at the headers does not know where the file ends.
-    if (!HoldsImageHeaders(bytes)) return IMAGE_FILE_MACHINE_UNKNOWN;
+    if (!HasPeHeaders(bytes)) return IMAGE_FILE_MACHINE_UNKNOWN;
     return MachineOf(view.get());
 }
 

@@ -71,7 +71,7 @@ JvmType JvmTypeIn(const RegistryRoot& root, JvmType wanted) {
 }
 
 std::wstring HomeOf(const RegistryRoot& root, std::wstring_view javaHome) {
-    return Joined({WithEnding(javaHome, L'\\'), root.belowHome});
+    return Concat({EnsureTrailing(javaHome, L'\\'), root.belowHome});
 }
 
 std::wstring TextOfValue(std::span<const std::byte> data) {

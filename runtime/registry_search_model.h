@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "runtime/made_up_registry.h"
+#include "runtime/fake_registry.h"
 
 // For tests: the rules of the registry search once more, written for nothing but being read. It
 // shares no code with the search.
@@ -84,7 +84,7 @@ struct ModelCandidate {
 };
 
 /// "server", "client" ... : the folder of the library that is taken, empty when none is.
-inline std::wstring ModelLibrary(const MadeUpMachine& machine, const std::wstring& home,
+inline std::wstring ModelLibrary(const FakeMachine& machine, const std::wstring& home,
                                  const std::wstring& type) {
     const auto has = [&](const std::wstring& folder) {
         return machine.libraries.contains(home + L"bin\\" + folder + L"\\jvm.dll");
@@ -118,7 +118,7 @@ inline bool ModelMatches(const ModelVersion& preferred, const ModelVersion& cand
 }
 
 /// What is chosen, and every look on the way to it, in its order.
-inline ModelOutcome AskModel(const MadeUpMachine& machine, const ModelPolicy& policy) {
+inline ModelOutcome AskModel(const FakeMachine& machine, const ModelPolicy& policy) {
     ModelOutcome outcome;
     std::vector<ModelCandidate> candidates;
     for (const ModelRoot& root : kModelRoots) {
@@ -126,7 +126,7 @@ inline ModelOutcome AskModel(const MadeUpMachine& machine, const ModelPolicy& po
         if (!policy.Allows(root.provider)) continue;
         outcome.lookUps.push_back(L"root " + root.key);
         if (!machine.roots.contains(root.key)) continue;
-        for (const MadeUpSubkey& subkey : machine.roots.at(root.key)) {
+        for (const FakeSubkey& subkey : machine.roots.at(root.key)) {
             const ModelVersion version = ReadVersion(subkey.name, 0);
             if (version > policy.Maximum() || version < policy.Minimum()) continue;
             outcome.lookUps.push_back(L"key " + subkey.name);

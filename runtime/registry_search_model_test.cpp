@@ -36,8 +36,8 @@ class Maker {
                           : Version();
     }
 
-    MadeUpMachine Machine() {
-        MadeUpMachine machine;
+    FakeMachine Machine() {
+        FakeMachine machine;
         std::size_t homes = 0;
         for (const ModelRoot& root : kModelRoots) {
             if (OneIn(4)) continue;
@@ -46,7 +46,7 @@ class Maker {
                 const std::wstring name = Version();
                 const bool taken =
                     std::any_of(subkeys.begin(), subkeys.end(),
-                                [&](const MadeUpSubkey& subkey) { return subkey.name == name; });
+                                [&](const FakeSubkey& subkey) { return subkey.name == name; });
                 if (taken) continue;
                 // Now and then two keys share a home.
                 if (homes == 0 || !OneIn(6)) ++homes;
@@ -117,17 +117,17 @@ TEST(RegistrySearchModelTest, TheSearchAgreesWithTheModelAskedForReasonsOrNot) {
     for (unsigned seed = 0; seed < kRounds; ++seed) {
         SCOPED_TRACE(seed);
         Maker maker(seed);
-        const MadeUpMachine machine = maker.Machine();
+        const FakeMachine machine = maker.Machine();
         const ModelPolicy policy = maker.Policy();
         const ModelOutcome expected = AskModel(machine, policy);
 
-        MadeUpRegistry registry(machine);
+        FakeRegistry registry(machine);
         const auto chosen = SearchRegistry(Real(policy), registry, nullptr);
         ASSERT_EQ(chosen ? chosen->home : L"nothing", expected.home);
         // The same look-ups in the same order: nothing twice, nothing after a rejection.
         ASSERT_EQ(registry.lookUps, expected.lookUps);
 
-        MadeUpRegistry asked(machine);
+        FakeRegistry asked(machine);
         SourceReport report;
         const auto reported = SearchRegistry(Real(policy), asked, &report);
         ASSERT_EQ(reported ? reported->home : L"nothing", expected.home);

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "runtime/made_up_registry.h"
+#include "runtime/fake_registry.h"
 
 namespace tarn {
 namespace {
@@ -36,20 +36,20 @@ class RegistrySearchTest : public testing::Test {
     std::wstring Home() { return Home(policy_); }
 
     std::wstring Home(const RuntimeSearchPolicy& policy) {
-        MadeUpRegistry registry(machine_);
+        FakeRegistry registry(machine_);
         const auto found = SearchRegistry(policy, registry, nullptr);
         lookUps_ = registry.lookUps;
         return found ? found->home : L"nothing";
     }
 
     SourceReport Report() {
-        MadeUpRegistry registry(machine_);
+        FakeRegistry registry(machine_);
         SourceReport report;
         SearchRegistry(policy_, registry, &report);
         return report;
     }
 
-    MadeUpMachine machine_;
+    FakeMachine machine_;
     RuntimeSearchPolicy policy_ = AnyVersion();
     std::vector<std::wstring> lookUps_;
 };

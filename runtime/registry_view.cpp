@@ -41,7 +41,7 @@ bool RegistryView::NextSubkey(std::wstring& name) {
 }
 
 HomeValue RegistryView::ReadHome(const std::wstring& name) {
-    RegistryKey key;
+    UniqueRegistryKey key;
     if (RegOpenKeyExW(root_.get(), name.c_str(), 0, access_, key.put()) != ERROR_SUCCESS) return {};
     return {true, ReadText(key.get(), L"JavaHome")};
 }

@@ -22,7 +22,7 @@ class RegistryView {
 
   private:
     REGSAM access_;
-    RegistryKey root_;
+    UniqueRegistryKey root_;
     DWORD next_ = 0;
 };
 

@@ -15,7 +15,7 @@ namespace tarn {
 class TestHive {
   public:
     TestHive() : path_(L"Software\\Tarn tests\\" + std::to_wstring(GetCurrentProcessId())) {
-        RegistryKey top;
+        UniqueRegistryKey top;
         EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, path_.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
                                   KEY_ALL_ACCESS, nullptr, top.put(), nullptr),
                   ERROR_SUCCESS);
@@ -25,7 +25,7 @@ class TestHive {
     TestHive& operator=(const TestHive&) = delete;
     ~TestHive() {
         // With what was allowed to us before, or the key could not be removed.
-        for (const RegistryKey& key : locked_) SetRights(key, nullptr);
+        for (const UniqueRegistryKey& key : locked_) SetRights(key, nullptr);
         locked_.clear();
         RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
         EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, path_.c_str()), ERROR_SUCCESS);
@@ -54,8 +54,8 @@ class TestHive {
     }
 
   private:
-    static RegistryKey Open(const std::wstring& name) {
-        RegistryKey key;
+    static UniqueRegistryKey Open(const std::wstring& name) {
+        UniqueRegistryKey key;
         EXPECT_EQ(RegCreateKeyExW(HKEY_LOCAL_MACHINE, name.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
                                   KEY_ALL_ACCESS, nullptr, key.put(), nullptr),
                   ERROR_SUCCESS);
@@ -63,7 +63,7 @@ class TestHive {
     }
 
     /// Null allows everything to everybody.
-    static void SetRights(const RegistryKey& key, ACL* rights) {
+    static void SetRights(const UniqueRegistryKey& key, ACL* rights) {
         SECURITY_DESCRIPTOR security{};
         EXPECT_TRUE(InitializeSecurityDescriptor(&security, SECURITY_DESCRIPTOR_REVISION));
         EXPECT_TRUE(SetSecurityDescriptorDacl(&security, TRUE, rights, FALSE));
@@ -72,7 +72,7 @@ class TestHive {
     }
 
     std::wstring path_;
-    std::vector<RegistryKey> locked_;
+    std::vector<UniqueRegistryKey> locked_;
 };
 
 }  // namespace tarn

@@ -10,7 +10,7 @@ IniFile::IniFile(std::wstring path) : path_(std::move(path)) {}
 IniFile::~IniFile() = default;
 
 unsigned long IniFile::Probe(unsigned char (&buffer)[4]) const {
-    const FileHandle file(CreateFileW(path_.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+    const UniqueFile file(CreateFileW(path_.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return GetLastError();
     DWORD read = 0;

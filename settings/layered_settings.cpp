@@ -1,13 +1,13 @@
 #include "settings/layered_settings.h"
 
 #include "settings/embedded_text.h"
-#include "settings/known_names.h"
+#include "settings/ini_name_list.h"
 
 namespace tarn {
 namespace {
 
 // One look for the list of a section's keys pays when it saves two for a value.
-constexpr int kLooksWithoutList = 2;
+constexpr int kReadsBeforeKeyList = 2;
 
 }  // namespace
 
@@ -17,15 +17,15 @@ LayeredSettings::LayeredSettings(std::wstring mainSettingsPath)
       sectionNames_(ReadSectionNames()) {}
 
 bool LayeredSettings::MayHold(const wchar_t* section, const wchar_t* key) const {
-    const int places = PossiblePlaces(sectionNames_, section);
+    const int places = CountPossibleMatches(sectionNames_, section);
     // Of several sections of one name Windows lists the keys of one.
     if (places != 1) return places != 0;
     for (Section& known : sections_) {
         if (known.name.empty()) known.name = section;
         if (known.name != section) continue;
-        if (++known.looks <= kLooksWithoutList) return true;
+        if (++known.looks <= kReadsBeforeKeyList) return true;
         if (known.keys.empty()) known.keys = ReadKeyNames(section);
-        return PossiblePlaces(known.keys, key) != 0;
+        return CountPossibleMatches(known.keys, key) != 0;
     }
     return true;
 }
@@ -38,7 +38,7 @@ std::wstring LayeredSettings::GetValue(const wchar_t* section, const wchar_t* ke
     std::wstring value = GetFileValue(section, key);
     if (!value.empty()) return value;
     const std::wstring additiveSection = std::wstring(section) + L'+';
-    if (PossiblePlaces(sectionNames_, additiveSection) != 0) {
+    if (CountPossibleMatches(sectionNames_, additiveSection) != 0) {
         value = IniFile::GetValue(additiveSection.c_str(), key);
     }
     return AppendValue(embedded_.Find(section, key), value);

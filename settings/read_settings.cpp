@@ -62,7 +62,7 @@ bool ReadSettings(HWND errorOwner, Settings& settings) {
     if (settings.serviceMode) {
         settings.omitServiceName = !application(keys::kOmitServiceName).empty();
     }
-    policy.preferredVersions = SplitAtEach(java(keys::kPreferredVersions), L';');
+    policy.preferredVersions = Split(java(keys::kPreferredVersions), L';');
     policy.jrePath = ReadJrePath(layered, settings, *programPath);
     policy.jvmType = JvmTypeOf(java(keys::kJvmType));
     ApplyJvmSource(java(keys::kJvmSource), policy);
@@ -73,7 +73,7 @@ bool ReadSettings(HWND errorOwner, Settings& settings) {
         ShowErrorMessage(errorOwner, IDS_NO_MAIN_CLASS);
         return false;
     }
-    settings.mainClass = ReplaceEach(mainClass, L'.', L'/');
+    settings.mainClass = ReplaceAll(mainClass, L'.', L'/');
 
     settings.failureCheck = IsYes(application(keys::kFailureCheck));
     settings.overrideWorkingDir = IsYes(application(keys::kOverrideWorkingDir));

@@ -19,16 +19,16 @@ std::wstring WithoutForbiddenCharacters(std::wstring_view name) {
 std::optional<std::wstring> SettingsPathOf(std::wstring_view programPath) {
     const std::size_t dot = programPath.rfind(L'.');
     if (dot == std::wstring_view::npos) return std::nullopt;
-    return Joined({programPath.substr(0, dot + 1), L"ini"});
+    return Concat({programPath.substr(0, dot + 1), L"ini"});
 }
 
 PerUserPath PerUserPathOf(std::wstring_view appData, std::wstring_view productName,
                           std::wstring_view productCode, std::wstring_view programPath) {
     const std::wstring_view fileName = programPath.substr(FolderOf(programPath).size());
     PerUserPath path;
-    path.productFolder = Joined({appData, L"\\", WithoutForbiddenCharacters(productName)});
-    path.codeFolder = Joined({path.productFolder, L"\\", productCode});
-    path.file = Joined({path.codeFolder, L"\\", CutAtLast(fileName, L'.'), L".ini"});
+    path.productFolder = Concat({appData, L"\\", WithoutForbiddenCharacters(productName)});
+    path.codeFolder = Concat({path.productFolder, L"\\", productCode});
+    path.file = Concat({path.codeFolder, L"\\", CutAtLast(fileName, L'.'), L".ini"});
     return path;
 }
 

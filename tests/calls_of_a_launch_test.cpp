@@ -96,7 +96,7 @@ TEST_F(CallsOfALaunch, SuppressingTheSplashSavesTheLookForIt) {
 }
 
 /// How often values, and lists of keys, were asked for.
-int Looks(const InstalledApplication& app) {
+int ReadCount(const InstalledApplication& app) {
     int looks = 0;
     for (const HookedCall& call : ReadHookLog(HookLogFile(app))) {
         if (call.function == kValue) ++looks;
@@ -112,14 +112,15 @@ TEST_F(CallsOfALaunch, SectionsThatAreThereCostAFewLooksEach) {
     // 2 for the name of the user's own file; 5 as in any launch; 3 into "Application": type,
     // failure check, list; single instance; splash; class path; 3 into "Application" once more:
     // embedded jar, output file, list; parameters.
-    EXPECT_EQ(Looks(app), 2 + 5 + 3 + 1 + 1 + 1 + 3 + 1) << testing::PrintToString(CallsOf(app));
+    EXPECT_EQ(ReadCount(app), 2 + 5 + 3 + 1 + 1 + 1 + 3 + 1)
+        << testing::PrintToString(CallsOf(app));
 }
 
 TEST_F(CallsOfALaunch, AnAdditiveSectionCostsLooksForItsOwnValues) {
     settings.Set(L"Java Runtime Environment+", L"Virtual Machine Parameters", L"-Da=b");
     RunHooked();
     // 11 values, the 9 of them that are not in the plain section once more; splash; class path.
-    EXPECT_EQ(Looks(app), 11 + 9 + 1 + 1) << testing::PrintToString(CallsOf(app));
+    EXPECT_EQ(ReadCount(app), 11 + 9 + 1 + 1) << testing::PrintToString(CallsOf(app));
 }
 
 TEST_F(CallsOfALaunch, APatternInTheClassPathCostsOneCallForAMatch) {

@@ -24,7 +24,7 @@ class ClassPathEntries : public FakeJvmTest {
     static std::wstring Matches(const std::wstring& folder, const std::wstring& pattern) {
         std::wstring all;
         WIN32_FIND_DATAW found{};
-        const FindHandle search(FindFirstFileW((folder + pattern).c_str(), &found));
+        const UniqueFindHandle search(FindFirstFileW((folder + pattern).c_str(), &found));
         for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.get(), &found)) {
             all += folder + found.cFileName + L';';
         }

@@ -1,4 +1,4 @@
-// Letters of the system's 8-bit code page, whichever that is: scripts/surroundings.sh runs these
+// Letters of the system's 8-bit code page, whichever that is: scripts/environments.sh runs these
 // with several. In some, the second byte of a letter is that of a backslash.
 
 #include "tests/support/fake_jvm_test.h"

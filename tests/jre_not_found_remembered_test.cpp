@@ -134,7 +134,7 @@ TEST_F(JreNotFoundRemembered, AFileThatAnotherProgramHoldsIsLeftAloneAndTheLaunc
     MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
     WriteFileBytes(PerUserFile(), before);
     {
-        const FileHandle held(CreateFileW(PerUserFile().c_str(), GENERIC_READ, 0, nullptr,
+        const UniqueFile held(CreateFileW(PerUserFile().c_str(), GENERIC_READ, 0, nullptr,
                                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
         ASSERT_TRUE(held);
         EXPECT_EQ(ChooseRuntime(), 7);

@@ -23,7 +23,7 @@ TEST_F(OutputFileFailureTest, FolderInTheFilesPlaceIsDescribed) {
 TEST_F(OutputFileFailureTest, FileThatSomebodyElseHoldsIsDescribedAndKept) {
     const std::wstring path = app.AddFile(L"out.txt", "old");
     {
-        const FileHandle held(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
+        const UniqueFile held(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
         ASSERT_TRUE(held);
         ExpectOnlyErrorsRedirected(path);
@@ -36,7 +36,7 @@ TEST_F(OutputFileFailureTest, ReadOnlyFileIsKept) {
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
     // Under Wine the superuser may write to it all the same.
     const bool keeps =
-        !FileHandle(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+        !UniqueFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                 OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     settings.Application(L"Output File", path);
     EXPECT_EQ(Run(), 0);

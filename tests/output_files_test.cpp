@@ -19,7 +19,7 @@ using testing::SizeIs;
 std::vector<std::string> FilesIn(const std::wstring& folder) {
     std::vector<std::string> names;
     WIN32_FIND_DATAW found;
-    const FindHandle search(FindFirstFileW((folder + L"\\*").c_str(), &found));
+    const UniqueFindHandle search(FindFirstFileW((folder + L"\\*").c_str(), &found));
     while (search) {
         if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
             names.push_back(ToUtf8(found.cFileName));

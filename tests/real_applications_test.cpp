@@ -24,7 +24,7 @@ class RealApplication : public testing::Test {
     static std::wstring Jar(const std::wstring& name, const std::wstring& stem) {
         const std::wstring folder = GetPaths().applications + L'\\' + name + L'\\';
         WIN32_FIND_DATAW found{};
-        const FindHandle search(FindFirstFileW((folder + stem + L"-*.jar").c_str(), &found));
+        const UniqueFindHandle search(FindFirstFileW((folder + stem + L"-*.jar").c_str(), &found));
         EXPECT_TRUE(search) << "no application " << ToUtf8(folder + stem)
                             << " (scripts/fetch_applications.sh fetches it, TARN_APPLICATIONS "
                             << "names the folder of all)";

@@ -27,7 +27,7 @@ class SharedObjectsTest : public SingleInstanceTest {
     /// The same for a block that cannot be mapped whole for writing. Wine maps it all the same
     /// (sizes count in pages, and protection does not count); it is then a block like any other
     /// that names no first instance.
-    void ExpectBlockIsOfNoUse(const Handle& mapping) {
+    void ExpectBlockIsOfNoUse(const UniqueHandle& mapping) {
         ASSERT_TRUE(mapping);
         if (!InstanceBlock::Create(app.Executable())) {
             ExpectIndependentLaunches();
@@ -44,7 +44,7 @@ TEST_F(SharedObjectsTest, TheBlockNamesTheFirstInstance) {
     ASSERT_TRUE(block);
     EXPECT_EQ(block.Number(InstanceBlock::kProcess), first->id());
     EXPECT_EQ(block.Number(InstanceBlock::kMessage), RegisterWindowMessageW(Name().c_str()));
-    const Handle listener(
+    const UniqueHandle listener(
         OpenThread(THREAD_QUERY_INFORMATION, FALSE, block.Number(InstanceBlock::kListenerThread)));
     ASSERT_TRUE(listener);
     EXPECT_EQ(GetProcessIdOfThread(listener.get()), first->id());
@@ -70,7 +70,7 @@ TEST_F(SharedObjectsTest, TheReadyEventIsSetWhenMainIsAboutToBeCalled) {
     NamedEvent mayCreate;
     Script("on_create = wait_event " + mayCreate.utf8Name());
     const auto first = StartListeningFirst();
-    const Handle ready(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str()));
+    const UniqueHandle ready(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str()));
     ASSERT_TRUE(ready);
     app.Log().WaitFor("JNI_CreateJavaVM(");
     EXPECT_EQ(WaitForSingleObject(ready.get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
@@ -86,7 +86,7 @@ TEST_F(SharedObjectsTest, NothingIsLeftWhenMainHasReturned) {
     app.WriteScript("");
     EXPECT_EQ(Run(), 0);
     EXPECT_FALSE(InstanceBlock::Open(app.Executable()));
-    EXPECT_FALSE(Handle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
+    EXPECT_FALSE(UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
 }
 
 TEST_F(SharedObjectsTest, TheNextLaunchIsAFirstOneAgain) {
@@ -136,7 +136,7 @@ TEST_F(SharedObjectsTest, OffMakesNoSharedObjects) {
     settings.Remove(L"Application", L"Single Instance");
     const auto first = StartFirst();
     EXPECT_FALSE(InstanceBlock::Open(app.Executable()));
-    EXPECT_FALSE(Handle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
+    EXPECT_FALSE(UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
     EndFirst(*first);
 }
 
@@ -153,33 +153,33 @@ TEST_F(SharedObjectsTest, OnlyTheExactWordMakesAService) {
 }
 
 TEST_F(SharedObjectsTest, AnObjectOfAnotherKindSwitchesItOff) {
-    const Handle stranger(CreateEventW(nullptr, TRUE, FALSE, Name().c_str()));
+    const UniqueHandle stranger(CreateEventW(nullptr, TRUE, FALSE, Name().c_str()));
     ASSERT_TRUE(stranger);
     ExpectIndependentLaunches();
 }
 
 TEST_F(SharedObjectsTest, ASmallerBlockSwitchesItOff) {
-    const Handle stranger(
+    const UniqueHandle stranger(
         CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 100, Name().c_str()));
     ExpectBlockIsOfNoUse(stranger);
 }
 
 TEST_F(SharedObjectsTest, AReadOnlyBlockSwitchesItOff) {
-    const Handle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
-                                             InstanceBlock::kSize, Name().c_str()));
+    const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
+                                                   InstanceBlock::kSize, Name().c_str()));
     ExpectBlockIsOfNoUse(stranger);
 }
 
 TEST_F(SharedObjectsTest, ABlockWithoutMemoryBehindItSwitchesItOff) {
-    const Handle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
-                                             PAGE_READWRITE | SEC_RESERVE, 0, InstanceBlock::kSize,
-                                             Name().c_str()));
+    const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
+                                                   PAGE_READWRITE | SEC_RESERVE, 0,
+                                                   InstanceBlock::kSize, Name().c_str()));
     ASSERT_TRUE(stranger);
     ExpectIndependentLaunches();
 }
 
 TEST_F(SharedObjectsTest, ATakenEventNameDoesNotHurt) {
-    const Handle stranger(CreateMutexW(nullptr, FALSE, EventName().c_str()));
+    const UniqueHandle stranger(CreateMutexW(nullptr, FALSE, EventName().c_str()));
     ASSERT_TRUE(stranger);
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"a"), 0);
@@ -187,7 +187,7 @@ TEST_F(SharedObjectsTest, ATakenEventNameDoesNotHurt) {
 }
 
 TEST_F(SharedObjectsTest, AnEventThatIsAlreadySetDoesNotAnswerEarly) {
-    const Handle stranger(CreateEventW(nullptr, TRUE, TRUE, EventName().c_str()));
+    const UniqueHandle stranger(CreateEventW(nullptr, TRUE, TRUE, EventName().c_str()));
     ASSERT_TRUE(stranger);
     NamedEvent mayCreate;
     Script("on_create = wait_event " + mayCreate.utf8Name());

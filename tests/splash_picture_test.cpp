@@ -179,7 +179,7 @@ TEST_F(SplashPictures, OfImpossibleSizeDoNotHoldUpTheLaunch) {
 TEST_F(SplashPictures, InHugeFilesDoNotHoldUpTheLaunch) {
     const std::wstring path = app.AddFile(L"huge.png", "\x89PNG\r\n\x1A\n");
     {
-        const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+        const UniqueFile file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
         LARGE_INTEGER size;
         size.QuadPart = std::int64_t{6} << 30;

@@ -18,7 +18,7 @@ void ReadColor(HKEY key, const wchar_t* name, PackedColor& color) {
 }  // namespace
 
 void ReadBrowserColors(LinkColors& colors) {
-    RegistryKey key;
+    UniqueRegistryKey key;
     if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Internet Explorer\\Settings", 0,
                       KEY_READ | KEY_WRITE, key.put()) != ERROR_SUCCESS)
         return;

@@ -2,8 +2,8 @@
 
 #include <shlobj.h>
 
-#include "base/owner.h"
 #include "base/system_library.h"
+#include "base/unique_resource.h"
 #include "ui/com_session.h"
 #include "ui/shell_library.h"
 
@@ -16,7 +16,7 @@ struct ItemListTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { ComSession::Free(value); }
 };
-using ItemList = Owner<ItemListTraits>;
+using ItemList = UniqueResource<ItemListTraits>;
 
 }  // namespace
 

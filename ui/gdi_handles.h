@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/owner.h"
+#include "base/unique_resource.h"
 #include "base/windows.h"
 
 namespace tarn {
@@ -11,7 +11,7 @@ struct BitmapTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { DeleteObject(value); }
 };
-using Bitmap = Owner<BitmapTraits>;
+using UniqueBitmap = UniqueResource<BitmapTraits>;
 
 /// A device context of one's own (`CreateCompatibleDC`).
 struct MemoryContextTraits {
@@ -19,7 +19,7 @@ struct MemoryContextTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { DeleteDC(value); }
 };
-using MemoryContext = Owner<MemoryContextTraits>;
+using UniqueMemoryDc = UniqueResource<MemoryContextTraits>;
 
 /// The screen's device context (`GetDC` of no window).
 struct ScreenContextTraits {
@@ -27,7 +27,7 @@ struct ScreenContextTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { ReleaseDC(nullptr, value); }
 };
-using ScreenContext = Owner<ScreenContextTraits>;
+using UniqueScreenDc = UniqueResource<ScreenContextTraits>;
 
 /// A bitmap that is selected into a device context as long as this lives: a selected bitmap can
 /// be neither deleted nor selected elsewhere.

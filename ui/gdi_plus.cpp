@@ -58,7 +58,7 @@ BOOL CALLBACK Start(INIT_ONCE*, void*, void**) noexcept {
 
 }  // namespace
 
-const GdiPlus* UseGdiPlus() {
+const GdiPlus* GetGdiPlus() {
     InitOnceExecuteOnce(&startOnce, Start, nullptr, nullptr);
     return available ? &functions : nullptr;
 }

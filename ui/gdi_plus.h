@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "base/owner.h"
+#include "base/unique_resource.h"
 #include "base/windows.h"
 
 namespace tarn {
@@ -48,7 +48,7 @@ struct GdiPlus {
 
 /// GDI+, loaded from the system folder and started on the first call in the process, on any thread;
 /// null when that failed. It stays until `ShutDownGdiPlus`.
-const GdiPlus* UseGdiPlus();
+const GdiPlus* GetGdiPlus();
 
 /// Shuts GDI+ down if it was started. For the end of the program, when no other thread of ours
 /// runs: the library may be used no more. A process that somebody else ends, as `System.exit`
@@ -59,22 +59,22 @@ void ShutDownGdiPlus();
 struct GpImageTraits {
     using Value = GpImage*;
     static Value None() { return nullptr; }
-    static void Close(Value value) { UseGdiPlus()->disposeImage(value); }
+    static void Close(Value value) { GetGdiPlus()->disposeImage(value); }
 };
-using GpImageOwner = Owner<GpImageTraits>;
+using UniqueGpImage = UniqueResource<GpImageTraits>;
 
 struct GpGraphicsTraits {
     using Value = GpGraphics*;
     static Value None() { return nullptr; }
-    static void Close(Value value) { UseGdiPlus()->deleteGraphics(value); }
+    static void Close(Value value) { GetGdiPlus()->deleteGraphics(value); }
 };
-using GpGraphicsOwner = Owner<GpGraphicsTraits>;
+using UniqueGpGraphics = UniqueResource<GpGraphicsTraits>;
 
 struct GpImageAttributesTraits {
     using Value = GpImageAttributes*;
     static Value None() { return nullptr; }
-    static void Close(Value value) { UseGdiPlus()->disposeImageAttributes(value); }
+    static void Close(Value value) { GetGdiPlus()->disposeImageAttributes(value); }
 };
-using GpImageAttributesOwner = Owner<GpImageAttributesTraits>;
+using UniqueGpImageAttributes = UniqueResource<GpImageAttributesTraits>;
 
 }  // namespace tarn

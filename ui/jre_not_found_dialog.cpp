@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/format_text.h"
-#include "base/owner.h"
 #include "base/text.h"
+#include "base/unique_resource.h"
 #include "base/windows.h"
 #include "resources/ids.h"
 #include "runtime/jvm_bitness.h"
@@ -25,7 +25,7 @@ struct IconTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { DestroyIcon(value); }
 };
-using IconOwner = Owner<IconTraits>;
+using UniqueIcon = UniqueResource<IconTraits>;
 
 PixelRect PlaceInDialog(HWND dialog, HWND control) {
     RECT place{};
@@ -65,7 +65,7 @@ class JreNotFoundDialog {
     JvmType jvmType_;
     std::wstring folder_;
     std::wstring jvmPath_;
-    IconOwner icon_;
+    UniqueIcon icon_;
     HyperLink link_;
 };
 
@@ -146,7 +146,7 @@ void JreNotFoundDialog::Browse() {
         BrowseForFolder(window_, LoadMessageText(IDS_BROWSE_FOR_JRE));
     if (!path) return;
     SetDlgItemTextW(window_, IDC_JRE_PATH, path->c_str());
-    folder_ = WithEnding(*path, L'\\');
+    folder_ = EnsureTrailing(*path, L'\\');
     bool server = false;
     jvmPath_ = SelectJvmLibrary(folder_, jvmType_, server);
     // Never disabled again: confirming an unusable folder shows its failure when the library is

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/owner.h"
+#include "base/unique_resource.h"
 #include "base/windows.h"
 
 namespace tarn {
@@ -12,7 +12,7 @@ struct GdiObjectTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { DeleteObject(value); }
 };
-using FontOwner = Owner<GdiObjectTraits<HFONT>>;
+using UniqueFont = UniqueResource<GdiObjectTraits<HFONT>>;
 
 /// The two fonts of a link: one for plain text, and its underlined copy.
 class LinkFonts {
@@ -29,8 +29,8 @@ class LinkFonts {
 
   private:
     HFONT normal_ = nullptr;
-    FontOwner ownNormal_;
-    FontOwner underlined_;
+    UniqueFont ownNormal_;
+    UniqueFont underlined_;
 };
 
 }  // namespace tarn

@@ -28,7 +28,7 @@ bool FitsAnsi(const std::wstring& text) {
 // Windows writes a new settings file in the system's 8-bit code page, and a folder's name need not
 // fit into that. It keeps to UTF-16 in a file that begins with the byte-order mark.
 void BeginWideFile(const std::wstring& path) {
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+    const UniqueFile file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return;
     constexpr BYTE kByteOrderMark[] = {0xFF, 0xFE};

@@ -53,7 +53,7 @@ class Splash {
     SplashSettings settings_;
     std::unique_ptr<SplashScreenWindow> splashWindow_;
 
-    Handle splashThread_;
+    UniqueHandle splashThread_;
     DWORD splashThreadId_ = 0;
     // Written once, by the splash thread.
     std::atomic<HWND> splashWindowHandle_ = nullptr;

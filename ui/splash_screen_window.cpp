@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "ui/picture.h"
 #include "ui/splash_geometry.h"
+#include "ui/splash_image.h"
 
 namespace tarn {
 namespace {
@@ -44,7 +44,7 @@ bool SplashScreenWindow::RegisterWindowClass(bool shadow) {
 
 HWND SplashScreenWindow::Create(const std::wstring& imagePath, bool shadow) {
     const bool registered = RegisterWindowClass(shadow);
-    const GpImageOwner image = DecodeImage(imagePath);
+    const UniqueGpImage image = DecodeImage(imagePath);
     const PixelRect place = CenteredOnScreen(PrimaryScreen(), ImageSize(image.get()));
     bitmap_ = RenderForScreen({.image = image.get()});
     if (!thunk_.Make(this, GetWindowProcedure())) {
@@ -115,7 +115,7 @@ void SplashScreenWindow::Paint() {
     PAINTSTRUCT paint;
     const HDC target = BeginPaint(window_, &paint);
     {
-        const MemoryContext source(CreateCompatibleDC(target));
+        const UniqueMemoryDc source(CreateCompatibleDC(target));
         BITMAP size{};
         GetObjectW(bitmap_.get(), sizeof(size), &size);
         const BitmapSelection selection(source.get(), bitmap_.get());

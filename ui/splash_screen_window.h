@@ -47,7 +47,7 @@ class SplashScreenWindow {
     WindowThunk thunk_;
     WNDPROC superProcedure_ = DefWindowProcW;
     bool messageHandled_ = false;
-    Bitmap bitmap_;
+    UniqueBitmap bitmap_;
 };
 
 }  // namespace tarn

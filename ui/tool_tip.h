@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "base/owner.h"
+#include "base/unique_resource.h"
 #include "base/windows.h"
 #include "ui/pixel_rect.h"
 
@@ -15,7 +15,7 @@ struct WindowTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { DestroyWindow(value); }
 };
-using WindowOwner = Owner<WindowTraits>;
+using UniqueWindow = UniqueResource<WindowTraits>;
 
 /// A tooltip for one part of a window. The window tells it of mouse moves.
 class ToolTip {
@@ -36,7 +36,7 @@ class ToolTip {
 
   private:
     HWND window_ = nullptr;
-    WindowOwner toolTip_;
+    UniqueWindow toolTip_;
 };
 
 }  // namespace tarn

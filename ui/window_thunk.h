@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/owner.h"
+#include "base/unique_resource.h"
 #include "base/windows.h"
 
 namespace tarn {
@@ -16,7 +16,7 @@ struct PagesTraits {
     static Value None() { return nullptr; }
     static void Close(Value value) { VirtualFree(value, 0, MEM_RELEASE); }
 };
-using Pages = Owner<PagesTraits>;
+using Pages = UniqueResource<PagesTraits>;
 
 /// A few bytes of machine code that serve as the window procedure of one object. The window must be
 /// gone before this is.

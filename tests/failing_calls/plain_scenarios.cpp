@@ -61,7 +61,8 @@ class Redirected : public Scenario {
         // The year is in the name, with a letter around it that no year has.
         std::string files;
         WIN32_FIND_DATAW found;
-        const FindHandle search(FindFirstFileW(app.Path(L"logs\\new\\*.txt").c_str(), &found));
+        const UniqueFindHandle search(
+            FindFirstFileW(app.Path(L"logs\\new\\*.txt").c_str(), &found));
         for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.get(), &found)) {
             std::string name = ToUtf8(found.cFileName);
             const std::size_t year = name.find("x20");

@@ -15,7 +15,7 @@ constexpr WORD kEnglish = MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US);
 using Bytes = std::vector<std::uint8_t>;
 
 Bytes ReadResource(const std::wstring& program, const wchar_t* type, unsigned id) {
-    const Library library(LoadLibraryExW(program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
+    const UniqueLibrary library(LoadLibraryExW(program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
     const HRSRC found = FindResourceW(library.get(), MAKEINTRESOURCEW(id), type);
     if (found == nullptr) return {};
     const auto* const data =

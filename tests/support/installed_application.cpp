@@ -35,7 +35,7 @@ void MakeFolders(const std::wstring& path) {
 void RemoveFolder(const std::wstring& path) {
     WIN32_FIND_DATAW found{};
     {
-        const FindHandle search(FindFirstFileW((path + L"\\*").c_str(), &found));
+        const UniqueFindHandle search(FindFirstFileW((path + L"\\*").c_str(), &found));
         for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.get(), &found)) {
             const std::wstring name = found.cFileName;
             if (name == L"." || name == L"..") continue;

@@ -44,8 +44,8 @@ class InstanceBlock {
   private:
     explicit InstanceBlock(HANDLE mapping);
 
-    Handle mapping_;
-    FileView view_;
+    UniqueHandle mapping_;
+    UniqueFileView view_;
 };
 
 }  // namespace tarn::test

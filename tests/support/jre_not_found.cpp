@@ -28,7 +28,7 @@ class TextInProcess {
     LPARAM address() const { return reinterpret_cast<LPARAM>(memory_); }
 
   private:
-    Handle process_;
+    UniqueHandle process_;
     void* memory_ = nullptr;
 };
 

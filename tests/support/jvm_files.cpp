@@ -16,7 +16,7 @@ std::string As32Bit(std::string bytes) {
 }
 
 std::wstring LoadFailure(const std::wstring& path) {
-    const Library library(LoadLibraryW(path.c_str()));
+    const UniqueLibrary library(LoadLibraryW(path.c_str()));
     const DWORD error = GetLastError();
     EXPECT_FALSE(library);
     return L"Failed to load Java VM library: " + path + L" (errno = " + std::to_wstring(error) +

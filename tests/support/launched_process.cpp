@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "tests/support/put_library.h"
+#include "tests/support/inject_dll.h"
 #include "tests/support/text.h"
 
 namespace tarn::test {
@@ -38,25 +38,25 @@ std::wstring EnvironmentBlock(
     return block + L'\0';
 }
 
-FileHandle OpenOutput(const std::wstring& path) {
+UniqueFile OpenOutput(const std::wstring& path) {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return FileHandle(CreateFileW(path.empty() ? L"NUL" : path.c_str(), FILE_APPEND_DATA,
+    return UniqueFile(CreateFileW(path.empty() ? L"NUL" : path.c_str(), FILE_APPEND_DATA,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited, OPEN_ALWAYS,
                                   FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-FileHandle OpenNoInput() {
+UniqueFile OpenNoInput() {
     SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-    return FileHandle(CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+    return UniqueFile(CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                   &inherited, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 }  // namespace
 
 LaunchedProcess::LaunchedProcess(const Start& start) {
-    const FileHandle input = OpenNoInput();
-    const FileHandle output = OpenOutput(start.outputFile);
-    const FileHandle error = OpenOutput(start.errorFile);
+    const UniqueFile input = OpenNoInput();
+    const UniqueFile output = OpenOutput(start.outputFile);
+    const UniqueFile error = OpenOutput(start.errorFile);
     STARTUPINFOW how{};
     how.cb = sizeof how;
     how.dwFlags = STARTF_USESTDHANDLES;
@@ -81,7 +81,7 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     }
     EXPECT_TRUE(ok) << "cannot start " << ToUtf8(start.program) << ", error " << error_code;
     if (!ok) return;
-    const Handle thread(made.hThread);
+    const UniqueHandle thread(made.hThread);
     process_.reset(made.hProcess);
     id_ = made.dwProcessId;
     threadId_ = made.dwThreadId;

@@ -47,7 +47,7 @@ class LaunchedProcess {
     void Terminate();
 
   private:
-    Handle process_;
+    UniqueHandle process_;
     DWORD id_ = 0;
     DWORD threadId_ = 0;
 };

@@ -23,7 +23,7 @@ class NamedEvent {
 
   private:
     std::wstring name_;
-    Handle event_;
+    UniqueHandle event_;
 };
 
 /// Held by the tests that change what all processes of a user share (the registry's runtime keys,
@@ -36,7 +36,7 @@ class SharedStateLock {
     SharedStateLock& operator=(const SharedStateLock&) = delete;
 
   private:
-    Handle mutex_;
+    UniqueHandle mutex_;
 };
 
 }  // namespace tarn::test

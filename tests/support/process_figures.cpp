@@ -31,7 +31,7 @@ std::size_t HandlesOf(DWORD id) {
 }
 
 std::size_t ThreadsOf(DWORD id) {
-    const FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
+    const UniqueFile snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
     THREADENTRY32 entry{};
     entry.dwSize = sizeof entry;
     std::size_t count = 0;
@@ -43,7 +43,7 @@ std::size_t ThreadsOf(DWORD id) {
 }
 
 std::size_t CountProcesses() {
-    const FileHandle snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
+    const UniqueFile snapshot(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0));
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
     std::size_t count = 0;
@@ -62,7 +62,7 @@ BOOL CALLBACK CountWindow(HWND, LPARAM count) {
 void AddFiles(const std::wstring& folder, const std::wstring& relative,
               std::set<std::wstring>& names) {
     WIN32_FIND_DATAW found{};
-    const FindHandle search(FindFirstFileW((folder + relative + L'*').c_str(), &found));
+    const UniqueFindHandle search(FindFirstFileW((folder + relative + L'*').c_str(), &found));
     for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.get(), &found)) {
         const std::wstring name = found.cFileName;
         if (name == L"." || name == L"..") continue;

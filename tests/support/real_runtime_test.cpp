@@ -25,7 +25,7 @@ std::wstring RuntimeHome(std::string_view version) {
 void PutRuntime(const std::wstring& from, const std::wstring& to) {
     CreateDirectoryW(to.c_str(), nullptr);
     WIN32_FIND_DATAW found{};
-    const FindHandle search(FindFirstFileW((from + L"\\*").c_str(), &found));
+    const UniqueFindHandle search(FindFirstFileW((from + L"\\*").c_str(), &found));
     for (BOOL more = search ? TRUE : FALSE; more; more = FindNextFileW(search.get(), &found)) {
         const std::wstring name = found.cFileName;
         if (name == L"." || name == L"..") continue;

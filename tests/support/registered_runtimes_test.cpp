@@ -7,7 +7,7 @@ namespace tarn::test {
 namespace {
 
 std::size_t SubkeysOf(const wchar_t* root, REGSAM view) {
-    RegistryKey key;
+    UniqueRegistryKey key;
     DWORD count = 0;
     if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, root, 0, KEY_READ | view, key.put()) == ERROR_SUCCESS) {
         RegQueryInfoKeyW(key.get(), nullptr, nullptr, nullptr, &count, nullptr, nullptr, nullptr,

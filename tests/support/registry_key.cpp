@@ -10,14 +10,14 @@ namespace tarn::test {
 namespace {
 
 bool KeyExists(HKEY root, const std::wstring& path, REGSAM view) {
-    RegistryKey key;
+    UniqueRegistryKey key;
     return RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, key.put()) == ERROR_SUCCESS;
 }
 
 // RegDeleteTreeW knows no views.
 void DeleteTree(HKEY root, const std::wstring& path, REGSAM view) {
     {
-        RegistryKey key;
+        UniqueRegistryKey key;
         if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, key.put()) != ERROR_SUCCESS) {
             return;
         }
@@ -48,7 +48,7 @@ TemporaryKey::TemporaryKey(HKEY root, std::wstring path, RegistryView view)
         }
         if (end == std::wstring::npos) break;
     }
-    RegistryKey key;
+    UniqueRegistryKey key;
     // Volatile: what a test that was killed leaves behind does not outlive the session.
     EXPECT_EQ(RegCreateKeyExW(root_, path_.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
                               KEY_READ | KEY_WRITE | view_, nullptr, key.put(), nullptr),
@@ -66,7 +66,7 @@ void TemporaryKey::Set(const std::wstring& name, const std::wstring& value) cons
 
 void TemporaryKey::Set(const std::wstring& name, DWORD type, const void* data,
                        std::size_t size) const {
-    RegistryKey key;
+    UniqueRegistryKey key;
     ASSERT_EQ(RegOpenKeyExW(root_, path_.c_str(), 0, KEY_WRITE | view_, key.put()), ERROR_SUCCESS);
     EXPECT_EQ(RegSetValueExW(key.get(), name.c_str(), 0, type, static_cast<const BYTE*>(data),
                              static_cast<DWORD>(size)),

@@ -85,7 +85,7 @@ std::wstring Repeated(std::wstring_view text, std::size_t times) {
 }
 
 std::string ReadFileBytes(const std::wstring& path) {
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_READ,
+    const UniqueFile file(CreateFileW(path.c_str(), GENERIC_READ,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
                                       nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return {};
@@ -97,7 +97,7 @@ std::string ReadFileBytes(const std::wstring& path) {
 }
 
 void WriteFileBytes(const std::wstring& path, std::string_view bytes) {
-    const FileHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+    const UniqueFile file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                       FILE_ATTRIBUTE_NORMAL, nullptr));
     DWORD written = 0;
     const bool ok = file && WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()),

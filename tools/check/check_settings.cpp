@@ -4,7 +4,7 @@ namespace tarn::tools {
 
 std::vector<Finding> CheckSettings(const CheckedSettings& settings) {
     Findings findings;
-    for (const auto& check : {CheckEncoding, CheckStructure, CheckAdditiveSections, CheckWords,
+    for (const auto& check : {CheckEncoding, CheckStructure, CheckAdditiveSections, CheckKeywords,
                               CheckQuotes, CheckVersions, CheckJvmOptions, CheckMemorySizes,
                               CheckVmFlags, CheckClassPath, CheckFiles}) {
         check(settings, findings);

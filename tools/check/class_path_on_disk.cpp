@@ -60,7 +60,7 @@ std::vector<std::filesystem::path> FindEntry(const CheckedSettings& settings,
         std::filesystem::absolute(settings.folder(), error).make_preferred().wstring();
     std::vector<std::filesystem::path> found;
     for (const std::wstring& piece :
-         SplitAtEach(ExpandClassPath(entry, WithEnding(folder, L'\\')), L';')) {
+         Split(ExpandClassPath(entry, EnsureTrailing(folder, L'\\')), L';')) {
         const std::filesystem::path path(piece);
         const std::wstring name = path.filename().wstring();
         if (!piece.empty() && name != L"." && name != L".." &&

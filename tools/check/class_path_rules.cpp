@@ -43,7 +43,7 @@ void CheckEntries(const std::vector<DiskEntry>& entries, const Setting& classPat
                 "of " + Quoted(entry.written) +
                     " only the part before the last \"\\\" counts as the folder, so that "
                     "the files are looked for in another one",
-                "write " + Utf8Of(ReplaceEach(entry.written, L'/', L'\\')));
+                "write " + Utf8Of(ReplaceAll(entry.written, L'/', L'\\')));
         } else if (entry.isKnown && entry.found.empty()) {
             findings.Warning(
                 "no-match", classPath.line,
@@ -74,7 +74,7 @@ void CheckClassName(const Setting& mainClass, Findings& findings) {
     } else if (name.find(L'\\') != std::wstring::npos) {
         findings.Error("main-class-name", mainClass.line,
                        "the main class " + Quoted(name) + " holds a backslash",
-                       "write " + Utf8Of(ReplaceEach(name, L'\\', L'.')));
+                       "write " + Utf8Of(ReplaceAll(name, L'\\', L'.')));
     }
 }
 
@@ -109,7 +109,7 @@ void CheckMainClass(const CheckedSettings& settings, const Setting& mainClass,
     }
     isWhole = isWhole && (!isEmbedded || executable);
 
-    const std::string name = Utf8Of(ReplaceEach(mainClass.text, L'.', L'/'));
+    const std::string name = Utf8Of(ReplaceAll(mainClass.text, L'.', L'/'));
     const ClassSearch search = FindClass(name, files, executable);
     for (const ClassSearch::BadJar& bad : search.badJars) {
         if (std::find(named.begin(), named.end(), bad.file) == named.end()) continue;

@@ -136,7 +136,7 @@ void CheckJrePath(const CheckedSettings& settings, Findings& findings) {
     if (!settings.looksAtDisk()) return;
     const JvmType type =
         JvmTypeOf(settings.Get(keys::kJavaRuntimeEnvironment, keys::kJvmType).text);
-    const std::wstring folder = WithEnding(home.text, L'\\');
+    const std::wstring folder = EnsureTrailing(home.text, L'\\');
     for (const JvmLibraryPlace& place : JvmLibraryPlaces(type)) {
         if (!FindAsWindows(settings.folder(), folder + std::wstring(place.path)).empty()) return;
     }

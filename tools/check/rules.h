@@ -16,7 +16,7 @@ void CheckStructure(const CheckedSettings& settings, Findings& findings);
 void CheckAdditiveSections(const CheckedSettings& settings, Findings& findings);
 
 /// Flags and words in a form that does not count.
-void CheckWords(const CheckedSettings& settings, Findings& findings);
+void CheckKeywords(const CheckedSettings& settings, Findings& findings);
 
 /// Quotes that Windows removes, or that stay where none are wanted.
 void CheckQuotes(const CheckedSettings& settings, Findings& findings);

@@ -1,9 +1,9 @@
 #include <map>
 
 #include "base/text.h"
-#include "tools/check/closest_word.h"
 #include "tools/check/known_keys.h"
 #include "tools/check/rules.h"
+#include "tools/check/spelling.h"
 #include "tools/console/text_encoding.h"
 
 namespace tarn::tools {

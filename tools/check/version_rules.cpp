@@ -74,7 +74,7 @@ void CheckPreferred(const Setting& preferred, const Setting& minimum, const Sett
                     Findings& findings) {
     const RuntimeVersion lowest = MinimumBound(minimum.text);
     const RuntimeVersion highest = MaximumBound(maximum.text);
-    for (const std::wstring& piece : SplitAtEach(preferred.text, L';')) {
+    for (const std::wstring& piece : Split(preferred.text, L';')) {
         RuntimeVersion first, last;
         if (!ParseVersion(piece, 0, first)) {
             findings.Warning("preferred-version", preferred.line,

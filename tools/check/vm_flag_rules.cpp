@@ -1,6 +1,6 @@
-#include "tools/check/closest_word.h"
 #include "tools/check/jvm_options_of.h"
 #include "tools/check/rules.h"
+#include "tools/check/spelling.h"
 #include "tools/check/vm_flags.h"
 #include "tools/console/text_encoding.h"
 

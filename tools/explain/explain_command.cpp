@@ -6,7 +6,7 @@
 #include "tools/console/text_encoding.h"
 
 #ifdef _WIN32
-#include "tools/explain/foretell_launch.h"
+#include "tools/explain/predict_launch.h"
 #include "tools/explain/raw_arguments.h"
 #include "tools/explain/report_json.h"
 #include "tools/explain/report_text.h"
@@ -48,7 +48,7 @@ void Explain(const Request& request, const Console& console) {
         console.PrintWarning(request.program +
                              ": has none of the launcher's texts; is it a launcher?");
     }
-    const LaunchReport report = ForetellLaunch(program, arguments);
+    const LaunchReport report = PredictLaunch(program, arguments);
     console.Print(request.json ? ReportJson(report) : ReportText(report, console));
 }
 #else

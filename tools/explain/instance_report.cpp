@@ -32,7 +32,7 @@ bool IsSwitchedOn(const std::wstring& programPath, const Settings& settings,
 }
 
 bool ThreadRuns(DWORD id) {
-    const Handle thread(OpenThread(THREAD_QUERY_INFORMATION, FALSE, id));
+    const UniqueHandle thread(OpenThread(THREAD_QUERY_INFORMATION, FALSE, id));
     DWORD code = 0;
     return thread && GetExitCodeThread(thread.get(), &code) && code == STILL_ACTIVE;
 }
@@ -65,7 +65,7 @@ InstanceReport ReportInstance(const std::wstring& programPath, const Settings& s
         report.argumentBytes += (argument.size() + 1) * sizeof(char16_t);
     }
 
-    const Handle mapping(OpenFileMappingW(FILE_MAP_WRITE, FALSE, name.c_str()));
+    const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_WRITE, FALSE, name.c_str()));
     if (!mapping) {
         if (GetLastError() == ERROR_FILE_NOT_FOUND) {
             report.state = "first";
@@ -74,7 +74,8 @@ InstanceReport ReportInstance(const std::wstring& programPath, const Settings& s
         }
         return report;
     }
-    const FileView view(MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, sizeof(SharedBlock)));
+    const UniqueFileView view(
+        MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, sizeof(SharedBlock)));
     if (!view) {
         MarkUnusable(report, "the shared block is smaller than it should be");
         return report;
@@ -96,7 +97,7 @@ OutcomeReport OutcomeOfSecond(const InstanceReport& instance) {
     OutcomeReport outcome;
     outcome.kind = "hands-over";
     const std::string process = "process " + std::to_string(instance.processId);
-    if (Handle(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, instance.processId))) {
+    if (UniqueHandle(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, instance.processId))) {
         outcome.summary = "Hands its arguments to the instance that runs already (" + process +
                           ") and ends with its answer.";
     } else {

@@ -29,11 +29,11 @@ ProgramFile::ProgramFile(const std::filesystem::path& path) {
                                 std::to_string(error) + "); name the application's executable");
     }
     program_.module = image_.get();
-    ActFor(&program_);
+    OverrideProgram(&program_);
 }
 
 ProgramFile::~ProgramFile() {
-    ActFor(nullptr);
+    OverrideProgram(nullptr);
 }
 
 bool ProgramFile::IsLauncher() const {

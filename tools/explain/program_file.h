@@ -24,7 +24,7 @@ class ProgramFile {
     bool IsLauncher() const;
 
   private:
-    Library image_;
+    UniqueLibrary image_;
     OtherProgram program_;
 };
 

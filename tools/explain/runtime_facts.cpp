@@ -27,7 +27,7 @@ std::string ReleaseVersion(const std::wstring& jvmLibraryPath) {
 }
 
 std::string LibraryVersion(const std::wstring& jvmLibraryPath) {
-    const Library library(
+    const UniqueLibrary library(
         LoadLibraryExW(jvmLibraryPath.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
     if (!library) return {};
     const HRSRC found =

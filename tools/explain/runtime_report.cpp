@@ -5,7 +5,7 @@
 #include "runtime/jvm_library_layout.h"
 #include "tools/console/text_encoding.h"
 #include "tools/explain/runtime_facts.h"
-#include "tools/explain/search_words.h"
+#include "tools/explain/verdict_text.h"
 
 namespace tarn::tools {
 namespace {

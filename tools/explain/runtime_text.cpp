@@ -1,6 +1,6 @@
 #include "tools/explain/runtime_text.h"
 
-#include "tools/explain/search_words.h"
+#include "tools/explain/verdict_text.h"
 
 namespace tarn::tools {
 namespace {

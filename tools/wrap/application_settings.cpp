@@ -7,7 +7,7 @@
 namespace tarn::tools {
 namespace {
 
-std::string Joined(const std::vector<std::string>& words, const char* separator) {
+std::string Concat(const std::vector<std::string>& words, const char* separator) {
     std::string text;
     for (const std::string& word : words) text += (text.empty() ? "" : separator) + word;
     return text;
@@ -81,7 +81,7 @@ void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsFile&
     if (parameters.empty()) {
         settings.AddSuggestion(section, keys::kVirtualMachineParameters, "-Xmx25:256:4096p", kHeap);
     } else {
-        settings.Add(section, keys::kVirtualMachineParameters, Joined(parameters, " "), kHeap);
+        settings.Add(section, keys::kVirtualMachineParameters, Concat(parameters, " "), kHeap);
     }
 }
 
@@ -97,7 +97,7 @@ SettingsFile ApplicationSettings(const WrapRequest& request, const JarFacts& fac
     AddApplication(request, !splash.empty(), settings);
     AddRuntime(request, facts, settings);
     if (!classPath.empty()) {
-        settings.Add(keys::kClassPath, keys::kClassPath, AsWindowsPath(Joined(classPath, ";")),
+        settings.Add(keys::kClassPath, keys::kClassPath, AsWindowsPath(Concat(classPath, ";")),
                      "Relative to the executable's folder; lib\\*.jar is all jars in lib.");
     }
     if (!splash.empty()) {

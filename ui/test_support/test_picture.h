@@ -25,7 +25,7 @@ class TestPicture {
         GetTempPathW(MAX_PATH, folder);
         path_ = std::wstring(folder) + L"tarn_picture_" + std::to_wstring(GetCurrentProcessId()) +
                 L".bmp";
-        const FileHandle file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+        const UniqueFile file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
         const auto pixels = Pixels();
         BITMAPINFOHEADER info{};
@@ -68,7 +68,7 @@ class TestPicture {
         return bytes;
     }
 
-    static void Write(const FileHandle& file, const void* data, DWORD size) {
+    static void Write(const UniqueFile& file, const void* data, DWORD size) {
         DWORD written = 0;
         WriteFile(file.get(), data, size, &written, nullptr);
     }

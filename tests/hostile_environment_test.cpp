@@ -177,7 +177,7 @@ TEST_F(LockedSettings, ThatCannotBeWrittenDoNotEndTheLaunch) {
     BrowseTo(runtime);
     {
         // Who may read but not write gets the same answer as in a read-only folder.
-        const FileHandle reader(CreateFileW(app.SettingsFile().c_str(), GENERIC_READ,
+        const UniqueFile reader(CreateFileW(app.SettingsFile().c_str(), GENERIC_READ,
                                             FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                             FILE_ATTRIBUTE_NORMAL, nullptr));
         ASSERT_TRUE(reader);

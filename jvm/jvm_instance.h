@@ -6,7 +6,7 @@ namespace tarn {
 
 /// The record by which a JVM is asked for its defaults in the oldest version of the interface. It
 /// has gone from the JDK's header, but runtimes still answer it.
-struct Jdk11InitArgs {
+struct JDK1_1InitArgs {
     jint version;
     char** properties;
     jint checkSource;
@@ -36,7 +36,7 @@ struct JvmEntryPoints {
 };
 
 /// The JVM of this process.
-struct JavaMachine {
+struct JvmInstance {
     JvmEntryPoints entryPoints;
     /// Written by the Java thread when the JVM is created, before the ready event is set; null
     /// until then and again when it has been destroyed.

@@ -9,20 +9,20 @@ namespace tarn {
 /// `Traits` names the kind of resource: `Value` is its raw type, `None()` the value that stands
 /// for nothing (null for most, `INVALID_HANDLE_VALUE` for files), `Close(Value)` gives it back.
 template <typename Traits>
-class Owner {
+class UniqueResource {
   public:
     using Value = typename Traits::Value;
 
-    Owner() = default;
-    explicit Owner(Value value) : value_(value) {}
-    Owner(Owner&& other) noexcept : value_(other.release()) {}
-    Owner& operator=(Owner&& other) noexcept {
+    UniqueResource() = default;
+    explicit UniqueResource(Value value) : value_(value) {}
+    UniqueResource(UniqueResource&& other) noexcept : value_(other.release()) {}
+    UniqueResource& operator=(UniqueResource&& other) noexcept {
         if (this != &other) reset(other.release());
         return *this;
     }
-    Owner(const Owner&) = delete;
-    Owner& operator=(const Owner&) = delete;
-    ~Owner() { reset(); }
+    UniqueResource(const UniqueResource&) = delete;
+    UniqueResource& operator=(const UniqueResource&) = delete;
+    ~UniqueResource() { reset(); }
 
     Value get() const { return value_; }
     explicit operator bool() const { return value_ != Traits::None(); }

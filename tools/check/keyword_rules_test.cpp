@@ -8,11 +8,11 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 TEST(WordRulesTest, EachFlagHasItsOwnForm) {
-    EXPECT_THAT(Check(CheckWords,
+    EXPECT_THAT(Check(CheckKeywords,
                       L"[Application]\nFailure Check=yes\nEmbedded Jar=YES\n"
                       L"Single Instance=yes\n[Display]\nSplash Screen Shadow=true"),
                 IsEmpty());
-    EXPECT_THAT(Check(CheckWords,
+    EXPECT_THAT(Check(CheckKeywords,
                       L"[Application]\nFailure Check=true\nEmbedded Jar=1\n"
                       L"Single Instance=Yes\nOutput Append=YES\n[Display]\n"
                       L"Splash Screen Shadow=Yes"),
@@ -21,7 +21,7 @@ TEST(WordRulesTest, EachFlagHasItsOwnForm) {
 }
 
 TEST(WordRulesTest, WhatMeansOffIsOff) {
-    EXPECT_THAT(Check(CheckWords,
+    EXPECT_THAT(Check(CheckKeywords,
                       L"[Application]\nFailure Check=No\nEmbedded Jar=0\n"
                       L"Single Instance=false\nOutput Append="),
                 IsEmpty());
@@ -30,14 +30,14 @@ TEST(WordRulesTest, WhatMeansOffIsOff) {
 TEST(WordRulesTest, WordsAreSpeltOut) {
     const std::wstring java = L"[Java Runtime Environment]\n";
     EXPECT_THAT(
-        Check(CheckWords, java + L"JVM Type=server\nJVM Source=only_JDK\nVM Provider=FAVOR_ibm"),
+        Check(CheckKeywords, java + L"JVM Type=server\nJVM Source=only_JDK\nVM Provider=FAVOR_ibm"),
         IsEmpty());
-    EXPECT_THAT(Check(CheckWords, java + L"VM Provider=sun"), IsEmpty());
-    EXPECT_EQ(AdviceOf(CheckWords, java + L"JVM Type=Server"), "did you mean server?");
-    EXPECT_EQ(AdviceOf(CheckWords, java + L"JVM Source=Favor_JRE"), "did you mean favor_JRE?");
-    EXPECT_THAT(AdviceOf(CheckWords, java + L"VM Provider=oracle"),
+    EXPECT_THAT(Check(CheckKeywords, java + L"VM Provider=sun"), IsEmpty());
+    EXPECT_EQ(AdviceOf(CheckKeywords, java + L"JVM Type=Server"), "did you mean server?");
+    EXPECT_EQ(AdviceOf(CheckKeywords, java + L"JVM Source=Favor_JRE"), "did you mean favor_JRE?");
+    EXPECT_THAT(AdviceOf(CheckKeywords, java + L"VM Provider=oracle"),
                 HasSubstr("favor_jrockit, favor_ibm"));
-    EXPECT_THAT(Check(CheckWords, L"[Application]\nApplication Type=gui"),
+    EXPECT_THAT(Check(CheckKeywords, L"[Application]\nApplication Type=gui"),
                 ElementsAre("2 warning word"));
 }
 

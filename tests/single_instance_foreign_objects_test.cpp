@@ -9,11 +9,11 @@ namespace {
 using testing::ElementsAre;
 
 // A block that somebody else made, with the test as the "first instance".
-class StrangersBlockTest : public SingleInstanceTest {
+class ForeignBlockTest : public SingleInstanceTest {
   protected:
     static constexpr UINT kMessage = WM_APP + 0x123;
 
-    StrangersBlockTest() : block(InstanceBlock::Create(app.Executable())) {
+    ForeignBlockTest() : block(InstanceBlock::Create(app.Executable())) {
         // From here on this thread has a queue.
         MSG message;
         PeekMessageW(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
@@ -44,7 +44,7 @@ class StrangersBlockTest : public SingleInstanceTest {
     InstanceBlock block;
 };
 
-TEST_F(StrangersBlockTest, TheRequestNamesTheLaunchsThreadAndTheAnswerIsItsExitCode) {
+TEST_F(ForeignBlockTest, TheRequestNamesTheLaunchsThreadAndTheAnswerIsItsExitCode) {
     block.SetBytes(InstanceBlock::kArguments, std::string(2080, 'z'));
     const auto second = app.Launch(L"a bc");
     const MSG request = Request();
@@ -59,7 +59,7 @@ TEST_F(StrangersBlockTest, TheRequestNamesTheLaunchsThreadAndTheAnswerIsItsExitC
     EXPECT_EQ(second->ExitCode(), 4242);
 }
 
-TEST_F(StrangersBlockTest, AnAnswerAtOnceIsNotLost) {
+TEST_F(ForeignBlockTest, AnAnswerAtOnceIsNotLost) {
     for (int i = 0; i < 5; ++i) {
         const auto second = app.Launch();
         const MSG request = Request();
@@ -68,7 +68,7 @@ TEST_F(StrangersBlockTest, AnAnswerAtOnceIsNotLost) {
     }
 }
 
-TEST_F(StrangersBlockTest, ANegativeAnswerIsANegativeExitCode) {
+TEST_F(ForeignBlockTest, ANegativeAnswerIsANegativeExitCode) {
     const auto second = app.Launch();
     const MSG request = Request();
     EXPECT_TRUE(PostThreadMessageW(static_cast<DWORD>(request.wParam), kMessage,
@@ -76,12 +76,12 @@ TEST_F(StrangersBlockTest, ANegativeAnswerIsANegativeExitCode) {
     EXPECT_EQ(second->ExitCode(), -1);
 }
 
-TEST_F(StrangersBlockTest, WithoutAnybodyInItTheLaunchFails) {
+TEST_F(ForeignBlockTest, WithoutAnybodyInItTheLaunchFails) {
     Name(0, 0, 0);
     EXPECT_EQ(Second(L"x"), -1);
 }
 
-TEST_F(StrangersBlockTest, ADeadThreadInItFailsTheLaunch) {
+TEST_F(ForeignBlockTest, ADeadThreadInItFailsTheLaunch) {
     const auto gone = app.LaunchWith(L"other");
     const DWORD thread = gone->threadId();
     gone->Terminate();
@@ -90,7 +90,7 @@ TEST_F(StrangersBlockTest, ADeadThreadInItFailsTheLaunch) {
     EXPECT_EQ(Second(L"x"), -1);
 }
 
-TEST_F(StrangersBlockTest, WithoutAProcessThereIsNobodyToWaitFor) {
+TEST_F(ForeignBlockTest, WithoutAProcessThereIsNobodyToWaitFor) {
     Name(GetCurrentThreadId(), 0, kMessage);
     EXPECT_EQ(Second(L"x"), 0);
     Request();
@@ -99,7 +99,7 @@ TEST_F(StrangersBlockTest, WithoutAProcessThereIsNobodyToWaitFor) {
     Request();
 }
 
-TEST_F(StrangersBlockTest, TheCodeOfAProcessThatHasEndedIsTaken) {
+TEST_F(ForeignBlockTest, TheCodeOfAProcessThatHasEndedIsTaken) {
     tarn::test::Start start;
     start.program = L"C:\\windows\\system32\\cmd.exe";
     start.commandLine = L"cmd.exe /c exit 31";
@@ -110,7 +110,7 @@ TEST_F(StrangersBlockTest, TheCodeOfAProcessThatHasEndedIsTaken) {
     Request();
 }
 
-TEST_F(StrangersBlockTest, AMessageIdOfZeroIsAMessageLikeAnyOther) {
+TEST_F(ForeignBlockTest, AMessageIdOfZeroIsAMessageLikeAnyOther) {
     Name(GetCurrentThreadId(), GetCurrentProcessId(), WM_NULL);
     const auto second = app.Launch();
     MSG request{};
@@ -123,7 +123,7 @@ TEST_F(StrangersBlockTest, AMessageIdOfZeroIsAMessageLikeAnyOther) {
 }
 
 // Somebody who posts to the first instance's listener and writes into its block.
-class StrangersMessageTest : public SingleInstanceTest {
+class ForeignMessageTest : public SingleInstanceTest {
   protected:
     void Post(UINT message, WPARAM wParam, LPARAM lParam = 0) {
         const InstanceBlock block = InstanceBlock::Open(app.Executable());
@@ -135,7 +135,7 @@ class StrangersMessageTest : public SingleInstanceTest {
     }
 };
 
-TEST_F(StrangersMessageTest, AnyWParamIsServedAndHurtsNobody) {
+TEST_F(ForeignMessageTest, AnyWParamIsServedAndHurtsNobody) {
     const auto first = StartFirst();
     const WPARAM senders[] = {0, 1, 0xFFFFFFFF, ~WPARAM{0}, first->threadId()};
     for (const WPARAM sender : senders) Post(Message(), sender, 99);
@@ -145,7 +145,7 @@ TEST_F(StrangersMessageTest, AnyWParamIsServedAndHurtsNobody) {
     EndFirst(*first);
 }
 
-TEST_F(StrangersMessageTest, OtherMessagesAreIgnored) {
+TEST_F(ForeignMessageTest, OtherMessagesAreIgnored) {
     const auto first = StartFirst();
     for (const UINT message : {0u, static_cast<UINT>(WM_CLOSE), 0x400u, 0xC000u, 0xFFFFu}) {
         if (message != Message()) Post(message, GetCurrentThreadId());
@@ -155,7 +155,7 @@ TEST_F(StrangersMessageTest, OtherMessagesAreIgnored) {
     EndFirst(*first);
 }
 
-TEST_F(StrangersMessageTest, AnAreaWithoutAnEndIsCutAtItsEnd) {
+TEST_F(ForeignMessageTest, AnAreaWithoutAnEndIsCutAtItsEnd) {
     const auto first = StartFirst();
     InstanceBlock block = InstanceBlock::Open(app.Executable());
     block.SetBytes(InstanceBlock::kArguments, std::string(2080, 'x'));
@@ -167,7 +167,7 @@ TEST_F(StrangersMessageTest, AnAreaWithoutAnEndIsCutAtItsEnd) {
     EndFirst(*first);
 }
 
-TEST_F(StrangersMessageTest, IdsThatSomebodyWroteDoNotMoveTheAnswer) {
+TEST_F(ForeignMessageTest, IdsThatSomebodyWroteDoNotMoveTheAnswer) {
     const auto first = StartFirst();
     InstanceBlock block = InstanceBlock::Open(app.Executable());
     MSG message;
@@ -182,7 +182,7 @@ TEST_F(StrangersMessageTest, IdsThatSomebodyWroteDoNotMoveTheAnswer) {
     EndFirst(*first);
 }
 
-TEST_F(StrangersMessageTest, AQuitEndsTheListenerButNotTheApplication) {
+TEST_F(ForeignMessageTest, AQuitEndsTheListenerButNotTheApplication) {
     const auto first = StartFirst();
     Post(WM_QUIT, 0);
     EXPECT_TRUE(WaitUntil([&] { return !IsListening(); }));

@@ -5,9 +5,9 @@
 namespace tarn::test {
 namespace {
 
-using SplashLife = SplashTest;
+using SplashLifetime = SplashTest;
 
-TEST_F(SplashLife, BeginsWhileTheMainThreadIsBlocked) {
+TEST_F(SplashLifetime, BeginsWhileTheMainThreadIsBlocked) {
     NamedEvent release;
     // The question for the default stack size is the main thread's last before the JVM is made.
     app.WriteScript("on_default_args = wait_event " + release.utf8Name() + "\n" + WaitInMain());
@@ -21,7 +21,7 @@ TEST_F(SplashLife, BeginsWhileTheMainThreadIsBlocked) {
     EndWell(*process);
 }
 
-TEST_F(SplashLife, LastsThroughTheCreationOfTheJvmAndMain) {
+TEST_F(SplashLifetime, LastsThroughTheCreationOfTheJvmAndMain) {
     NamedEvent release;
     app.WriteScript("on_create = wait_event " + release.utf8Name() + "\n" + WaitInMain());
     ShowTestPicture(L"opaque.png");
@@ -35,7 +35,7 @@ TEST_F(SplashLife, LastsThroughTheCreationOfTheJvmAndMain) {
     EXPECT_FALSE(IsWindow(splash));
 }
 
-TEST_F(SplashLife, EndsBeforeTheExceptionDialogOpens) {
+TEST_F(SplashLifetime, EndsBeforeTheExceptionDialogOpens) {
     settings.Application(L"Failure Check", L"Yes");
     NamedEvent release;
     app.WriteScript("main = wait_event " + release.utf8Name() + "\nmain = throw\n");
@@ -51,7 +51,7 @@ TEST_F(SplashLife, EndsBeforeTheExceptionDialogOpens) {
     process->ExitCode();
 }
 
-TEST_F(SplashLife, EndsWithAnExceptionThatNobodySees) {
+TEST_F(SplashLifetime, EndsWithAnExceptionThatNobodySees) {
     NamedEvent detaching;
     NamedEvent release;
     app.WriteScript("main = throw\non_detach = set_event " + detaching.utf8Name() +
@@ -64,7 +64,7 @@ TEST_F(SplashLife, EndsWithAnExceptionThatNobodySees) {
     EXPECT_EQ(process->ExitCode(), 0);
 }
 
-TEST_F(SplashLife, OutlastsMainUntilTheLauncherEnds) {
+TEST_F(SplashLifetime, OutlastsMainUntilTheLauncherEnds) {
     NamedEvent detaching;
     NamedEvent release;
     app.WriteScript("on_detach = set_event " + detaching.utf8Name() + "\non_detach = wait_event " +
@@ -78,7 +78,7 @@ TEST_F(SplashLife, OutlastsMainUntilTheLauncherEnds) {
     EXPECT_EQ(process->ExitCode(), 0);
 }
 
-TEST_F(SplashLife, IsNoHindranceToSystemExit) {
+TEST_F(SplashLifetime, IsNoHindranceToSystemExit) {
     NamedEvent release;
     app.WriteScript("main = wait_event " + release.utf8Name() + "\nmain = exit 7\n");
     ShowTestPicture(L"opaque.png");
@@ -88,7 +88,7 @@ TEST_F(SplashLife, IsNoHindranceToSystemExit) {
     EXPECT_EQ(process->ExitCode(), 7);
 }
 
-TEST_F(SplashLife, MayBeEndedByTheApplicationItself) {
+TEST_F(SplashLifetime, MayBeEndedByTheApplicationItself) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     const HWND splash = WaitForSplash(*process);
@@ -98,7 +98,7 @@ TEST_F(SplashLife, MayBeEndedByTheApplicationItself) {
     EndWell(*process);
 }
 
-TEST_F(SplashLife, BringsGdiPlusInForItself) {
+TEST_F(SplashLifetime, BringsGdiPlusInForItself) {
     app.WriteScript(WaitInMain() + "main = log_modules\n");
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
@@ -107,7 +107,7 @@ TEST_F(SplashLife, BringsGdiPlusInForItself) {
     EXPECT_TRUE(app.Log().Has("module \"gdiplus.dll\""));
 }
 
-TEST_F(SplashLife, OwnsTheErrorBoxes) {
+TEST_F(SplashLifetime, OwnsTheErrorBoxes) {
     NamedEvent release;
     app.WriteScript("create = -1\non_create = wait_event " + release.utf8Name() + "\n");
     ShowTestPicture(L"opaque.png");
@@ -130,7 +130,7 @@ TEST_F(SplashLife, OwnsTheErrorBoxes) {
     EXPECT_EQ(process->ExitCode(), -1);
 }
 
-TEST_F(SplashLife, LeavesErrorBoxesWithoutAnOwnerWhenThereIsNone) {
+TEST_F(SplashLifetime, LeavesErrorBoxesWithoutAnOwnerWhenThereIsNone) {
     app.WriteScript("create = -1\n");
     ShowTestPicture(L"opaque.png");
     const auto process = Start(L"-nosplash");
@@ -156,12 +156,12 @@ class SilentPicture {
 
   private:
     std::wstring path_;
-    FileHandle pipe_;
-    Handle opened_;
+    UniqueFile pipe_;
+    UniqueHandle opened_;
     OVERLAPPED overlapped_{};
 };
 
-TEST_F(SplashLife, OfAPictureThatNeverComesDoesNotHoldUpMain) {
+TEST_F(SplashLifetime, OfAPictureThatNeverComesDoesNotHoldUpMain) {
     SilentPicture picture;
     ShowPicture(picture.path());
     const auto process = Start();
@@ -173,7 +173,7 @@ TEST_F(SplashLife, OfAPictureThatNeverComesDoesNotHoldUpMain) {
 
 // The quit message comes at any moment of the splash thread's beginning, also before it has a
 // queue to put it in.
-TEST_F(SplashLife, MayEndAtOnceTwoHundredTimes) {
+TEST_F(SplashLifetime, MayEndAtOnceTwoHundredTimes) {
     ShowTestPicture(L"opaque.png");
     app.WriteScript("");
     app.WriteSettings(settings);

@@ -1,4 +1,4 @@
-#include "tests/support/put_library.h"
+#include "tests/support/inject_dll.h"
 
 #include "base/handles.h"
 #include "tests/support/wait.h"
@@ -14,7 +14,7 @@ bool PutLibraryInto(HANDLE process, const std::wstring& library) {
     // Its address is the same in all processes.
     const auto load = reinterpret_cast<LPTHREAD_START_ROUTINE>(
         reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "LoadLibraryW")));
-    const Handle thread(CreateRemoteThread(process, nullptr, 0, load, path, 0, nullptr));
+    const UniqueHandle thread(CreateRemoteThread(process, nullptr, 0, load, path, 0, nullptr));
     if (!thread) return false;
     const auto limit = static_cast<DWORD>(kPatience.count());
     DWORD loaded = 0;

@@ -1,4 +1,4 @@
-#include "base/owner.h"
+#include "base/unique_resource.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ struct NumberTraits {
     static Value None() { return -1; }
     static void Close(Value value) { closed.push_back(value); }
 };
-using Number = Owner<NumberTraits>;
+using Number = UniqueResource<NumberTraits>;
 
 class OwnerTest : public testing::Test {
   protected:

@@ -2,9 +2,9 @@
 
 #include "base/text.h"
 #include "settings/keys.h"
-#include "tools/check/closest_word.h"
 #include "tools/check/known_keys.h"
 #include "tools/check/rules.h"
+#include "tools/check/spelling.h"
 #include "tools/console/text_encoding.h"
 
 namespace tarn::tools {
@@ -126,7 +126,7 @@ void ForEachKnown(const SettingsDocument& document, const Visitor& visit) {
 
 }  // namespace
 
-void CheckWords(const CheckedSettings& settings, Findings& findings) {
+void CheckKeywords(const CheckedSettings& settings, Findings& findings) {
     ForEachKnown(settings.document(), [&](const KnownKey& key, const DocumentEntry& entry) {
         CheckEntry(key, entry, findings);
     });

@@ -8,6 +8,6 @@ namespace tarn {
 /// them, `name` may stand: 0, 1, or 2 for more. Errs to one side only, so that 0 is certain: a name
 /// inside another counts, letter case does not, and an empty list, which may be one that could not
 /// be read, or one with anything but plain ASCII gives 2.
-int PossiblePlaces(std::wstring_view names, std::wstring_view name);
+int CountPossibleMatches(std::wstring_view names, std::wstring_view name);
 
 }  // namespace tarn

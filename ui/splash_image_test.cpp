@@ -1,4 +1,4 @@
-#include "ui/picture.h"
+#include "ui/splash_image.h"
 
 #include <gtest/gtest.h>
 
@@ -7,13 +7,13 @@
 namespace tarn {
 namespace {
 
-COLORREF PixelOf(const Bitmap& bitmap, int x, int y) {
-    const MemoryContext context(CreateCompatibleDC(nullptr));
+COLORREF PixelOf(const UniqueBitmap& bitmap, int x, int y) {
+    const UniqueMemoryDc context(CreateCompatibleDC(nullptr));
     const BitmapSelection selection(context.get(), bitmap.get());
     return GetPixel(context.get(), x, y);
 }
 
-PixelSize SizeOf(const Bitmap& bitmap) {
+PixelSize SizeOf(const UniqueBitmap& bitmap) {
     BITMAP size{};
     GetObjectW(bitmap.get(), sizeof(size), &size);
     return {size.bmWidth, size.bmHeight};
@@ -22,11 +22,11 @@ PixelSize SizeOf(const Bitmap& bitmap) {
 class PictureTest : public testing::Test {
   protected:
     TestPicture picture_;
-    GpImageOwner image_ = DecodeImage(picture_.path());
+    UniqueGpImage image_ = DecodeImage(picture_.path());
 };
 
 TEST_F(PictureTest, IsRenderedPixelByPixel) {
-    const Bitmap bitmap = RenderForScreen({.image = image_.get()});
+    const UniqueBitmap bitmap = RenderForScreen({.image = image_.get()});
     EXPECT_EQ(SizeOf(bitmap).width, TestPicture::kWidth);
     EXPECT_EQ(SizeOf(bitmap).height, TestPicture::kHeight);
     for (int y = 0; y < TestPicture::kHeight; ++y)
@@ -35,7 +35,7 @@ TEST_F(PictureTest, IsRenderedPixelByPixel) {
 }
 
 TEST_F(PictureTest, CanBeDrawnInPart) {
-    const Bitmap bitmap = RenderForScreen({.image = image_.get(), .source = {1, 1, 4, 3}});
+    const UniqueBitmap bitmap = RenderForScreen({.image = image_.get(), .source = {1, 1, 4, 3}});
     EXPECT_EQ(SizeOf(bitmap).width, 3);
     EXPECT_EQ(SizeOf(bitmap).height, 2);
     EXPECT_EQ(PixelOf(bitmap, 0, 0), TestPicture::PixelAt(1, 1));
@@ -44,7 +44,7 @@ TEST_F(PictureTest, CanBeDrawnInPart) {
 
 TEST_F(PictureTest, LeavesOutTheKeyColorOnly) {
     const COLORREF key = TestPicture::PixelAt(2, 1);
-    const Bitmap bitmap = RenderForScreen({.image = image_.get(), .colorKey = &key});
+    const UniqueBitmap bitmap = RenderForScreen({.image = image_.get(), .colorKey = &key});
     EXPECT_EQ(PixelOf(bitmap, 2, 1), RGB(0, 0, 0));
     EXPECT_EQ(PixelOf(bitmap, 1, 1), TestPicture::PixelAt(1, 1));
 }
@@ -52,7 +52,7 @@ TEST_F(PictureTest, LeavesOutTheKeyColorOnly) {
 TEST(DecodeImageTest, GivesNothingForWhatIsNoPicture) {
     for (const wchar_t* path : {L"", L"Z:\\no\\such\\picture.png", L"C:\\windows", L"NUL",
                                 L"C:\\windows\\system32\\gdiplus.dll"}) {
-        const GpImageOwner image = DecodeImage(path);
+        const UniqueGpImage image = DecodeImage(path);
         EXPECT_FALSE(image) << path;
         const PixelSize size = ImageSize(image.get());
         EXPECT_EQ(size.width, 0) << path;
@@ -61,9 +61,9 @@ TEST(DecodeImageTest, GivesNothingForWhatIsNoPicture) {
 }
 
 TEST(GdiPlusTest, ComesFromTheSystemFolderAndOnlyOnce) {
-    const GdiPlus* const gdiPlus = UseGdiPlus();
+    const GdiPlus* const gdiPlus = GetGdiPlus();
     ASSERT_NE(gdiPlus, nullptr);
-    EXPECT_EQ(UseGdiPlus(), gdiPlus);
+    EXPECT_EQ(GetGdiPlus(), gdiPlus);
     wchar_t systemFolder[MAX_PATH];
     const UINT length = GetSystemDirectoryW(systemFolder, MAX_PATH);
     wchar_t library[MAX_PATH];

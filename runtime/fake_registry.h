@@ -12,15 +12,15 @@
 
 namespace tarn {
 
-struct MadeUpSubkey {
+struct FakeSubkey {
     std::wstring name;
     std::wstring javaHome = {};
     bool opens = true;
 };
 
-struct MadeUpMachine {
+struct FakeMachine {
     /// By the root's key; a root that is not here cannot be opened.
-    std::map<std::wstring, std::vector<MadeUpSubkey>> roots;
+    std::map<std::wstring, std::vector<FakeSubkey>> roots;
     /// Full paths of the `jvm.dll` files.
     std::set<std::wstring> libraries;
 
@@ -33,9 +33,9 @@ struct MadeUpMachine {
 };
 
 /// What the search is shown of such a machine.
-class MadeUpRegistry {
+class FakeRegistry {
   public:
-    explicit MadeUpRegistry(const MadeUpMachine& machine) : machine_(machine) {}
+    explicit FakeRegistry(const FakeMachine& machine) : machine_(machine) {}
 
     bool OpenRoot(const wchar_t* key) {
         lookUps.push_back(std::wstring(L"root ") + key);
@@ -53,7 +53,7 @@ class MadeUpRegistry {
 
     HomeValue ReadHome(const std::wstring& name) {
         lookUps.push_back(L"key " + name);
-        for (const MadeUpSubkey& subkey : *root_) {
+        for (const FakeSubkey& subkey : *root_) {
             if (subkey.name != name) continue;
             return subkey.opens ? HomeValue{true, subkey.javaHome} : HomeValue{};
         }
@@ -74,8 +74,8 @@ class MadeUpRegistry {
     std::vector<std::wstring> lookUps;
 
   private:
-    const MadeUpMachine& machine_;
-    const std::vector<MadeUpSubkey>* root_ = nullptr;
+    const FakeMachine& machine_;
+    const std::vector<FakeSubkey>* root_ = nullptr;
     std::size_t next_ = 0;
 };
 

@@ -1,4 +1,4 @@
-#include "ui/picture.h"
+#include "ui/splash_image.h"
 
 namespace tarn {
 namespace {
@@ -17,12 +17,12 @@ PixelRect SourceOf(const ImageDrawing& drawing) {
 }
 
 void Draw(const ImageDrawing& drawing, const PixelRect& source, HDC context) {
-    const GdiPlus* const gdiPlus = UseGdiPlus();
+    const GdiPlus* const gdiPlus = GetGdiPlus();
     if (gdiPlus == nullptr) return;
-    GpGraphicsOwner graphics;
+    UniqueGpGraphics graphics;
     gdiPlus->createFromHdc(context, graphics.put());
     gdiPlus->setInterpolationMode(graphics.get(), GpInterpolationMode::kHighQualityBicubic);
-    GpImageAttributesOwner attributes;
+    UniqueGpImageAttributes attributes;
     gdiPlus->createImageAttributes(attributes.put());
     gdiPlus->setImageAttributesWrapMode(attributes.get(), GpWrapMode::kTileFlipXY, kOpaqueBlack,
                                         FALSE);
@@ -41,7 +41,7 @@ void Draw(const ImageDrawing& drawing, const PixelRect& source, HDC context) {
 }  // namespace
 
 PixelSize ImageSize(GpImage* image) {
-    const GdiPlus* const gdiPlus = UseGdiPlus();
+    const GdiPlus* const gdiPlus = GetGdiPlus();
     UINT width = 0;
     UINT height = 0;
     if (gdiPlus != nullptr) {
@@ -51,19 +51,19 @@ PixelSize ImageSize(GpImage* image) {
     return {static_cast<std::int32_t>(width), static_cast<std::int32_t>(height)};
 }
 
-GpImageOwner DecodeImage(const std::wstring& path) {
-    GpImageOwner image;
-    if (const GdiPlus* const gdiPlus = UseGdiPlus())
+UniqueGpImage DecodeImage(const std::wstring& path) {
+    UniqueGpImage image;
+    if (const GdiPlus* const gdiPlus = GetGdiPlus())
         gdiPlus->createBitmapFromFile(path.c_str(), image.put());
     return image;
 }
 
-Bitmap RenderForScreen(const ImageDrawing& drawing) {
+UniqueBitmap RenderForScreen(const ImageDrawing& drawing) {
     const PixelRect source = SourceOf(drawing);
-    const ScreenContext screen(GetDC(nullptr));
-    Bitmap bitmap(CreateCompatibleBitmap(screen.get(), source.right - source.left,
-                                         source.bottom - source.top));
-    const MemoryContext context(CreateCompatibleDC(screen.get()));
+    const UniqueScreenDc screen(GetDC(nullptr));
+    UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), source.right - source.left,
+                                               source.bottom - source.top));
+    const UniqueMemoryDc context(CreateCompatibleDC(screen.get()));
     const BitmapSelection selection(context.get(), bitmap.get());
     Draw(drawing, source, context.get());
     return bitmap;

@@ -12,6 +12,6 @@ namespace tarn::tools {
 /// came to. `argumentText` is what would stand behind the program's name on its command line. No
 /// JVM is created and no window, file, registry value or shared object is made; this process's own
 /// environment, directory and locale become the launch's, and the runtime's libraries are loaded.
-LaunchReport ForetellLaunch(const ProgramFile& program, std::wstring_view argumentText);
+LaunchReport PredictLaunch(const ProgramFile& program, std::wstring_view argumentText);
 
 }  // namespace tarn::tools

@@ -22,10 +22,10 @@ PixelSize ImageSize(GpImage* image);
 
 /// The image file, decoded by GDI+ in any format that it knows. Nothing when the file is missing or
 /// cannot be decoded.
-GpImageOwner DecodeImage(const std::wstring& path);
+UniqueGpImage DecodeImage(const std::wstring& path);
 
 /// A bitmap like the screen's, as large as what is drawn, with the image in it. What is
 /// transparent in the image is black. Null when GDI has no memory for it.
-Bitmap RenderForScreen(const ImageDrawing& drawing);
+UniqueBitmap RenderForScreen(const ImageDrawing& drawing);
 
 }  // namespace tarn

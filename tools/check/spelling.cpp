@@ -1,4 +1,4 @@
-#include "tools/check/closest_word.h"
+#include "tools/check/spelling.h"
 
 #include <algorithm>
 

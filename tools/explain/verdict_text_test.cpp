@@ -1,4 +1,4 @@
-#include "tools/explain/search_words.h"
+#include "tools/explain/verdict_text.h"
 
 #include <gtest/gtest.h>
 

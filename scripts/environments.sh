@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs those end-to-end tests that the surroundings may matter to in surroundings that the test
 # command does not have: other code pages, small and very large screens, a Wine server that goes
-# away. scripts/surroundings.sh [PART...] with the parts pages, screens, server.
+# away. scripts/environments.sh [PART...] with the parts pages, screens, server.
 #
 # The other languages of a Wine session need the C library's locales, which Debian's package
 # "locales" has the sources of.
@@ -42,7 +42,7 @@ part_screens() {
     local size
     for size in 640x480 7680x4320; do
         TARN_SCREEN=$size run_tests "$size" \
-            'SplashWindow*:SplashPicture*:SplashLife*:JreNotFoundDialog*:JavaException*'
+            'SplashWindow*:SplashPicture*:SplashLifetime*:JreNotFoundDialog*:JavaException*'
     done
 }
 

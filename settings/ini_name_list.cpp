@@ -1,10 +1,10 @@
-#include "settings/known_names.h"
+#include "settings/ini_name_list.h"
 
 #include "base/text.h"
 
 namespace tarn {
 
-int PossiblePlaces(std::wstring_view names, std::wstring_view name) {
+int CountPossibleMatches(std::wstring_view names, std::wstring_view name) {
     constexpr int kUnknown = 2;
     int places = names.empty() ? kUnknown : 0;
     for (std::size_t at = 0; at < names.size() && places < kUnknown; ++at) {

@@ -1,4 +1,4 @@
-#include "tools/explain/foretell_launch.h"
+#include "tools/explain/predict_launch.h"
 
 #include "base/files.h"
 #include "base/text.h"
@@ -172,7 +172,7 @@ class Forecast {
 
 }  // namespace
 
-LaunchReport ForetellLaunch(const ProgramFile& program, std::wstring_view argumentText) {
+LaunchReport PredictLaunch(const ProgramFile& program, std::wstring_view argumentText) {
     const CapturedMessages messages;
     // As the launcher does first of all: options are converted in the thread's code page.
     SetThreadLocale(GetSystemDefaultLCID());

@@ -28,7 +28,7 @@ constexpr const char* kMarks[] = {"", "", "", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\
 constexpr wchar_t kSectionA[] = L"A";
 constexpr wchar_t kSectionB[] = L"B";
 
-class MadeUpFiles {
+class RandomIniFiles {
   public:
     std::string Next() {
         std::string text;
@@ -82,7 +82,7 @@ class LeftOutLooksTest : public IniFileOnDisk {
 };
 
 TEST_F(LeftOutLooksTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
-    MadeUpFiles files;
+    RandomIniFiles files;
     int additive = 0;
     int late = 0;
     for (int i = 0; i < 500 && !HasFailure(); ++i) {
