@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Lets every Windows call of every kind of launch fail once, and writes down what came of it, in
-# tests/failing_calls/outcomes and in docs/testing.md; and lets every allocation fail:
+# tests/failing_calls/outcomes and in docs/reference/failing-calls.md; and lets every allocation fail:
 # scripts/fail_every_call.sh [SCENARIO...]
 #
 # The test suite compares a sample with that. What this finds is to be read before it is committed.

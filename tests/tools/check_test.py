@@ -169,7 +169,7 @@ class KeysTest(unittest.TestCase):
         self.assertEqual(len(self.keys), len(set(self.keys)))
 
     def test_are_those_of_the_manual(self):
-        manual = read("docs", "settings.md")
+        manual = read("docs", "user", "settings.md")
         for key in self.keys:
             with self.subTest(key=key):
                 self.assertIn(f"`{key}`", manual)
@@ -185,7 +185,7 @@ class ManualTest(unittest.TestCase):
         for name in os.listdir(folder):
             if name.endswith("_rules.cpp"):
                 used |= set(re.findall(r'\b(?:Error|Warning|Note)\(\s*"([a-z0-9-]+)"', read(folder, name)))
-        table = read("docs", "check.md").split("| id | severity |")[1].split("\n\n")[0]
+        table = read("docs", "user", "check.md").split("| id | severity |")[1].split("\n\n")[0]
         named = set(re.findall(r"`([a-z0-9-]+)`", "\n".join(line.split("|")[1] for line in table.splitlines()[2:])))
         self.assertEqual(sorted(used), sorted(named))
 

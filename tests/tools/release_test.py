@@ -47,7 +47,7 @@ class ReleaseTest(FolderTest):
             self.assertEqual(sorted(names), names)
             top = names[0].split("/")[0] + "/"
             for name in ("launcher.exe", "tarn.exe", "template.ini", "LICENSE.txt", "README.md",
-                         "THIRD-PARTY-NOTICES.txt", "CHANGELOG.md", "docs/settings.md",
+                         "THIRD-PARTY-NOTICES.txt", "CHANGELOG.md", "docs/user/settings.md",
                          "sample/sample.exe", "sample/sample.ini", "sample/notes.jar",
                          "sample/splash.png", "sample/documents/welcome.txt"):
                 self.assertIn(top + name, names)

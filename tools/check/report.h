@@ -12,7 +12,7 @@ namespace tarn::tools {
 void PrintReport(const Console& console, const std::string& file,
                  const std::vector<Finding>& findings);
 
-/// The same for programs (docs/check.md tells the schema), ended by a line end.
+/// The same for programs (docs/user/check.md tells the schema), ended by a line end.
 std::string JsonReport(const std::string& file, const std::vector<Finding>& findings);
 
 }  // namespace tarn::tools

@@ -68,7 +68,7 @@ void AddExplainCommand(CLI::App& app, const Console& console, int& exitCode) {
     const auto request = std::make_shared<Request>();
     command->add_option("NAME.exe", request->program, "The application's executable")->required();
     command->add_option("ARGS", request->arguments, "Arguments of the launch, behind --");
-    command->add_flag("--json", request->json, "Report for programs (docs/explain.md)");
+    command->add_flag("--json", request->json, "Report for programs (docs/user/explain.md)");
     command->callback([request, &console, &exitCode] {
         Explain(*request, console);
         exitCode = kSuccess;

@@ -1,5 +1,5 @@
 // What a launch would do, as plain facts in UTF-8. Words that stand for one of a few cases are the
-// ones that docs/explain.md lists; support tools read them.
+// ones that docs/user/explain.md lists; support tools read them.
 #pragma once
 
 #include <cstddef>
