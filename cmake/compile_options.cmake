@@ -8,7 +8,7 @@ target_compile_options(tarn_compile_options INTERFACE
     # Without this the build folder's path would be in the file and two builds would differ.
     "-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.")
 
-# What ships does without exceptions and run-time type information (see fatal.cpp for what
+# What ships does without exceptions and run-time type information (see core/no_exceptions.cpp for what
 # stands in for a throw). The tests are ordinary C++.
 add_library(tarn_shipped_options INTERFACE)
 target_link_libraries(tarn_shipped_options INTERFACE tarn_compile_options)

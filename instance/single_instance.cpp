@@ -3,7 +3,7 @@
 #include <atomic>
 #include <optional>
 
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "instance/instance_name.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"

@@ -3,7 +3,7 @@
 #include "base/ansi_text.h"
 #include "base/arguments.h"
 #include "base/environment.h"
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
 #include "jvm/class_path.h"

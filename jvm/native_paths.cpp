@@ -2,7 +2,7 @@
 
 #include "base/ansi_text.h"
 #include "base/environment.h"
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
 #include "runtime/jvm_library_path.h"

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "base/files.h"
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "runtime/jvm_bitness.h"
 #include "runtime/jvm_library_path.h"

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <span>
 
+#include "base/dynamic_library.h"
 #include "base/handles.h"
-#include "base/system_library.h"
 #include "runtime/image_header.h"
 
 namespace tarn {

@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "runtime/test_folder.h"
 
 namespace tarn {

@@ -1,6 +1,6 @@
 #include "ui/com_session.h"
 
-#include "base/system_library.h"
+#include "base/dynamic_library.h"
 
 namespace tarn {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <shlobj.h>
 
-#include "base/system_library.h"
+#include "base/dynamic_library.h"
 #include "base/unique_resource.h"
 #include "ui/com_session.h"
 #include "ui/shell_library.h"

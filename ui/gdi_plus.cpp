@@ -1,6 +1,6 @@
 #include "ui/gdi_plus.h"
 
-#include "base/system_library.h"
+#include "base/dynamic_library.h"
 
 namespace tarn {
 namespace {

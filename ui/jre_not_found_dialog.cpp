@@ -10,11 +10,11 @@
 #include "runtime/jvm_bitness.h"
 #include "runtime/jvm_library_path.h"
 #include "runtime/version_phrase.h"
+#include "settings/jre_path_store.h"
 #include "ui/center_window.h"
 #include "ui/folder_browser.h"
 #include "ui/hyper_link.h"
 #include "ui/messages/message_text.h"
-#include "ui/remembered_runtime.h"
 #include "ui/text_room.h"
 
 namespace tarn {

@@ -1,7 +1,7 @@
 #include "ui/native_splash.h"
 
 #include "base/ansi_text.h"
-#include "base/system_library.h"
+#include "base/dynamic_library.h"
 #include "base/text.h"
 #include "runtime/jvm_library_path.h"
 

@@ -2,7 +2,7 @@
 
 #include <shellapi.h>
 
-#include "base/system_library.h"
+#include "base/dynamic_library.h"
 #include "ui/com_session.h"
 #include "ui/shell_library.h"
 

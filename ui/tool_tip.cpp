@@ -2,7 +2,7 @@
 
 #include <commctrl.h>
 
-#include "base/system_library.h"
+#include "base/dynamic_library.h"
 #include "ui/link_layout.h"
 
 namespace tarn {

@@ -1,7 +1,7 @@
 #include "tools/wrap/program_folder.h"
 
 #ifdef _WIN32
-#include "base/module_path.h"
+#include "base/paths.h"
 #endif
 
 namespace tarn::tools {

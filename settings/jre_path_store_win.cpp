@@ -1,10 +1,10 @@
-#include "ui/remembered_runtime.h"
+#include "settings/jre_path_store.h"
 
 #include <optional>
 
 #include "base/files.h"
 #include "base/handles.h"
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "settings/ini_file.h"
 #include "settings/keys.h"
 #include "settings/settings_files.h"

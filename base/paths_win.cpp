@@ -1,4 +1,4 @@
-#include "base/module_path.h"
+#include "base/paths.h"
 
 #include "base/program.h"
 #include "base/text.h"

@@ -1,6 +1,6 @@
 #include "core/launcher.h"
 
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
 #include "core/command_line.h"

@@ -5,7 +5,7 @@
 #include <random>
 #include <string>
 
-#include "settings/ini_file_on_disk.h"
+#include "settings/ini_file_fixture.h"
 #include "settings/layered_settings.h"
 
 namespace tarn {

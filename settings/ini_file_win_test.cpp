@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "settings/ini_file_on_disk.h"
+#include "settings/ini_file_fixture.h"
 #include "settings/settings_files.h"
 
 namespace tarn {

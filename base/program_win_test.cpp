@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "base/module_path.h"
+#include "base/paths.h"
 
 namespace tarn {
 namespace {

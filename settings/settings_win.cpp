@@ -1,7 +1,7 @@
 #include "settings/read_settings.h"
 
 #include "base/files.h"
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "resources/ids.h"
 #include "settings/keys.h"

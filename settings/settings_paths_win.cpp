@@ -1,6 +1,6 @@
 #include "settings/settings_files.h"
 
-#include "base/module_path.h"
+#include "base/paths.h"
 #include "base/windows.h"
 #include "settings/settings_paths.h"
 

@@ -1,4 +1,4 @@
-#include "base/system_library.h"
+#include "base/dynamic_library.h"
 
 #include "base/text.h"
 
