@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <string>
@@ -17,7 +18,8 @@ class FormatValue {
     /// Written as a signed 32-bit decimal.
     FormatValue(std::int32_t number) : number_(number), isNumber_(true) {}
 
-    void AppendTo(std::wstring& text) const;
+    /// Writes the value to `buffer` unless that is null and returns its length in characters.
+    std::size_t Write(wchar_t* buffer) const;
 
   private:
     std::wstring_view text_;
@@ -29,5 +31,10 @@ class FormatValue {
 /// message can come from a resource that somebody edited, so one with more places than values
 /// leaves the rest empty, and any other "%" stands for itself.
 std::wstring FormatText(std::wstring_view format, std::initializer_list<FormatValue> values);
+
+/// Does the same into `buffer`, without allocating and without a terminator, and returns the length
+/// of the result in characters. Null only measures.
+std::size_t FormatInto(wchar_t* buffer, std::wstring_view format,
+                       std::initializer_list<FormatValue> values);
 
 }  // namespace tarn

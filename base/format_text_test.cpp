@@ -31,9 +31,18 @@ TEST(FormatTextTest, OtherPercentSignsStandForThemselves) {
     EXPECT_EQ(FormatText(L"100%% %n %", {L"a"}), L"100% %n %");
 }
 
+TEST(FormatTextTest, ThePercentSignAtTheEndIsNotCompletedByWhatFollowsTheView) {
+    EXPECT_EQ(FormatText(std::wstring_view(L"50%d").substr(0, 3), {7}), L"50%");
+    EXPECT_EQ(FormatText(std::wstring_view(L"50%%").substr(0, 3), {}), L"50%");
+}
+
 TEST(FormatTextTest, LongTextsAreNotCut) {
     const std::wstring path(30000, L'p');
     EXPECT_EQ(FormatText(L"<%s>", {path}), L"<" + path + L">");
+}
+
+TEST(FormatTextTest, MeasuresWithoutABuffer) {
+    EXPECT_EQ(FormatInto(nullptr, L"%s (%d)", {L"path", -12}), 10U);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include "jvm/jvm_options.h"
 #include "runtime/find_runtime.h"
 #include "settings/settings.h"
+#include "ui/messages/error_reporter.h"
 #include "ui/splash.h"
 
 namespace tarn {
@@ -46,6 +47,7 @@ class Launcher {
     ExitHooks exitHooks_;
     SingleInstance singleInstance_{HandOffTarget{settings_, jvmInstance_.vm}};
     Splash splash_;
+    ErrorReporter errors_{splash_.splashWindowHandle()};
 };
 
 }  // namespace tarn

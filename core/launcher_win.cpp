@@ -12,13 +12,12 @@
 #include "resources/ids.h"
 #include "settings/read_settings.h"
 #include "ui/jre_not_found_dialog.h"
-#include "ui/messages/error_box.h"
 
 namespace tarn {
 
 bool Launcher::Init() {
     arguments_ = ArgumentsOf(GetCommandLineW());
-    if (!ReadSettings(splash_.windowHandle(), settings_)) return false;
+    if (!ReadSettings(errors_, settings_)) return false;
     if (!singleInstance_.Setup(arguments_)) return false;
     if (singleInstance_.isSecondInstance()) return true;
     if (settings_.overrideWorkingDir) UseLauncherFolder();
@@ -37,14 +36,14 @@ int Launcher::Run() {
     if (!SuppressesSplash(arguments_) && !splash_.Show(jvmLibraryPath, launchFailureAction_)) {
         return 0;
     }
-    if (!LoadJvmLibrary(splash_, jvmLibraryPath, jvmInstance_.entryPoints)) return kFailedStart;
+    if (!LoadJvmLibrary(errors_, jvmLibraryPath, jvmInstance_.entryPoints)) return kFailedStart;
     // Without a class path the user has been told, and the JVM may still have something to run.
-    BuildOptions(splash_, jvmOptions_, arguments_);
+    BuildOptions(errors_, jvmOptions_, arguments_);
     if (jvmOptions_.threadStackSize == 0) {
         jvmOptions_.threadStackSize = DefaultStackSize(jvmInstance_.entryPoints);
     }
     JavaLaunch launch{settings_,    jvmOptions_, arguments_, singleInstance_.readyEvent(),
-                      jvmInstance_, splash_};
+                      jvmInstance_, splash_,     errors_};
     if (RunJavaThread(launch) == 0) return 0;
     launchFailureAction_.Invoke();
     return kFailedStart;
@@ -53,7 +52,7 @@ int Launcher::Run() {
 void Launcher::UseLauncherFolder() const {
     const std::optional<std::wstring> program = ModulePath();
     if (!program) {
-        ShowWindowsFailure(splash_.windowHandle(), IDS_NO_MODULE_PATH);
+        errors_.ShowWindowsFailure(IDS_NO_MODULE_PATH);
         return;
     }
     const std::wstring folder(CutAtLast(*program, L'\\'));

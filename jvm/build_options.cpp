@@ -12,7 +12,7 @@
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
 #include "settings/settings_paths.h"
-#include "ui/messages/error_box.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 namespace {
@@ -62,7 +62,8 @@ MemorySizes ReadMemorySizes() {
     return {status.dwTotalPhys, status.dwAvailVirtual};
 }
 
-bool BuildOptions(const Splash& splash, JvmOptions& options, std::vector<std::wstring>& arguments) {
+bool BuildOptions(const ErrorReporter& errors, JvmOptions& options,
+                  std::vector<std::wstring>& arguments) {
     const std::optional<std::wstring> program = ModulePath();
     if (!program) return false;
     const std::optional<std::wstring> settingsPath = SettingsPathOf(*program);
@@ -71,7 +72,7 @@ bool BuildOptions(const Splash& splash, JvmOptions& options, std::vector<std::ws
 
     const std::wstring classPath = ReadClassPath(layered, *program);
     if (classPath.empty()) {
-        ShowErrorMessage(splash.windowHandle(), IDS_NO_CLASS_PATH);
+        errors.ShowErrorMessage(IDS_NO_CLASS_PATH);
         return false;
     }
     const auto add = [&](const std::wstring& option) {

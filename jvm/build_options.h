@@ -5,7 +5,7 @@
 
 #include "jvm/jvm_options.h"
 #include "jvm/vm_parameters.h"
-#include "ui/splash.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 
@@ -16,6 +16,7 @@ MemorySizes ReadMemorySizes();
 /// `options` and `arguments`. Returns false when the settings file cannot be located or there is
 /// no class path; the user has then been told of the latter, and nothing further is read. The
 /// launch goes on in any case.
-bool BuildOptions(const Splash& splash, JvmOptions& options, std::vector<std::wstring>& arguments);
+bool BuildOptions(const ErrorReporter& errors, JvmOptions& options,
+                  std::vector<std::wstring>& arguments);
 
 }  // namespace tarn

@@ -1,11 +1,9 @@
 #include "jvm/create_jvm.h"
 
-#include "base/format_text.h"
 #include "jvm/exit_hooks.h"
 #include "jvm/redirection.h"
 #include "resources/ids.h"
-#include "ui/messages/error_box.h"
-#include "ui/messages/message_text.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 namespace {
@@ -46,7 +44,7 @@ unsigned ReasonId(jint result) {
 
 }  // namespace
 
-bool CreateJvm(const Splash& splash, const std::vector<std::string>& ansiOptions,
+bool CreateJvm(const ErrorReporter& errors, const std::vector<std::string>& ansiOptions,
                const OutputFiles& outputFiles, JvmInstance& machine, JNIEnv*& env) {
     std::vector<JavaVMOption> options = OptionArray(ansiOptions);
     JavaVMInitArgs args{};
@@ -58,11 +56,7 @@ bool CreateJvm(const Splash& splash, const std::vector<std::string>& ansiOptions
     const jint result = machine.entryPoints.createJavaVm(&machine.vm, &created, &args);
     if (result != JNI_OK) {
         machine.vm = nullptr;
-        const std::wstring frame = LoadMessageText(IDS_JNI_EXCEPTION_REASON);
-        const std::wstring description = LoadMessageText(IDS_JAVA_VM_NOT_CREATED);
-        const unsigned reasonId = ReasonId(result);
-        const std::wstring reason = reasonId != 0 ? LoadMessageText(reasonId) : std::wstring();
-        ShowErrorMessage(splash.windowHandle(), FormatText(frame, {description, reason}));
+        errors.ShowJniFailure(IDS_JAVA_VM_NOT_CREATED, ReasonId(result));
         return false;
     }
     env = static_cast<JNIEnv*>(created);

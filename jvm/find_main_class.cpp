@@ -3,8 +3,7 @@
 #include "base/text.h"
 #include "jvm/java_text.h"
 #include "resources/ids.h"
-#include "ui/messages/error_box.h"
-#include "ui/messages/message_text.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 namespace {
@@ -25,11 +24,10 @@ jclass LoadThroughHelper(JNIEnv* env, const JvmEntryPoints& entryPoints,
         env->CallStaticObjectMethod(helper, load, JNI_TRUE, kLoadByClassName, name));
 }
 
-jclass LoadDirectly(JNIEnv* env, const std::wstring& mainClass, const Splash& splash) {
+jclass LoadDirectly(JNIEnv* env, const std::wstring& mainClass, const ErrorReporter& errors) {
     const jstring name = MakeJavaString(env, mainClass);
     if (name == nullptr) {
-        ShowFormattedError(splash.windowHandle(), LoadMessageText(IDS_MAIN_CLASS_NOT_LOADED),
-                           mainClass);
+        errors.ShowFormattedError(IDS_MAIN_CLASS_NOT_LOADED, mainClass);
         return nullptr;
     }
     const char* const characters = env->GetStringUTFChars(name, nullptr);
@@ -40,8 +38,7 @@ jclass LoadDirectly(JNIEnv* env, const std::wstring& mainClass, const Splash& sp
     const jclass found = env->FindClass(characters);
     if (found == nullptr) {
         env->ExceptionDescribe();
-        ShowFormattedError(splash.windowHandle(), LoadMessageText(IDS_MAIN_CLASS_NOT_FOUND),
-                           mainClass);
+        errors.ShowFormattedError(IDS_MAIN_CLASS_NOT_FOUND, mainClass);
         return nullptr;
     }
     env->ReleaseStringUTFChars(name, characters);
@@ -51,7 +48,7 @@ jclass LoadDirectly(JNIEnv* env, const std::wstring& mainClass, const Splash& sp
 }  // namespace
 
 jclass FindMainClass(JNIEnv* env, const JvmEntryPoints& entryPoints, const std::wstring& mainClass,
-                     const Splash& splash) {
+                     const ErrorReporter& errors) {
     const jclass loaded = LoadThroughHelper(env, entryPoints, mainClass);
     // JNI allows nearly no call while an exception is pending, and the other way starts afresh.
     if (env->ExceptionCheck()) {
@@ -59,7 +56,7 @@ jclass FindMainClass(JNIEnv* env, const JvmEntryPoints& entryPoints, const std::
     } else if (loaded != nullptr) {
         return loaded;
     }
-    return LoadDirectly(env, mainClass, splash);
+    return LoadDirectly(env, mainClass, errors);
 }
 
 }  // namespace tarn

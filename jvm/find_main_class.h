@@ -5,7 +5,7 @@
 #include <string>
 
 #include "jvm/jvm_instance.h"
-#include "ui/splash.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 
@@ -14,6 +14,6 @@ namespace tarn {
 /// without an answer, `FindClass`. Returns null when there is no such class; the user has then
 /// been told, or Java's exception described on the standard error.
 jclass FindMainClass(JNIEnv* env, const JvmEntryPoints& entryPoints, const std::wstring& mainClass,
-                     const Splash& splash);
+                     const ErrorReporter& errors);
 
 }  // namespace tarn

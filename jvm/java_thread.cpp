@@ -9,12 +9,12 @@ namespace {
 
 DWORD RunJava(JavaLaunch& launch) {
     JNIEnv* env = nullptr;
-    if (!CreateJvm(launch.splash, launch.options.ansiOptions, launch.options.outputFiles,
+    if (!CreateJvm(launch.errors, launch.options.ansiOptions, launch.options.outputFiles,
                    launch.machine, env)) {
         return 1;
     }
     if (!RunMainClass(env, launch.machine, launch.settings, launch.arguments, launch.readyEvent,
-                      launch.splash)) {
+                      launch.splash, launch.errors)) {
         return 1;
     }
     // Only a service waits for the threads that the application has left behind.

@@ -7,6 +7,7 @@
 #include "jvm/jvm_instance.h"
 #include "jvm/jvm_options.h"
 #include "settings/settings.h"
+#include "ui/messages/error_reporter.h"
 #include "ui/splash.h"
 
 namespace tarn {
@@ -20,6 +21,7 @@ struct JavaLaunch {
     HANDLE readyEvent;
     JvmInstance& machine;
     Splash& splash;
+    const ErrorReporter& errors;
 };
 
 /// Asks the runtime for its default Java stack size, in bytes; 0 when it names none.

@@ -1,10 +1,8 @@
 #include "jvm/jvm_library.h"
 
-#include "base/format_text.h"
 #include "base/windows.h"
 #include "resources/ids.h"
-#include "ui/messages/error_box.h"
-#include "ui/messages/message_text.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 namespace {
@@ -17,20 +15,20 @@ bool Find(HMODULE library, const char* name, Function& function) {
 
 }  // namespace
 
-bool LoadJvmLibrary(const Splash& splash, const std::wstring& jvmLibraryPath,
+bool LoadJvmLibrary(const ErrorReporter& errors, const std::wstring& jvmLibraryPath,
                     JvmEntryPoints& entryPoints) {
     // Never unloaded: a JVM does not survive its library, and it lives as long as the process.
     const HMODULE library = LoadLibraryW(jvmLibraryPath.c_str());
     if (library == nullptr) {
-        const std::wstring format = LoadMessageText(IDS_JVM_NOT_LOADED);
+        const MessageText format(IDS_JVM_NOT_LOADED);
         const DWORD error = GetLastError();
-        ShowErrorMessage(splash.windowHandle(),
-                         FormatText(format, {jvmLibraryPath, static_cast<std::int32_t>(error)}));
+        errors.ShowErrorMessage(
+            MessageText(format, {jvmLibraryPath, static_cast<std::int32_t>(error)}));
         return false;
     }
     if (!Find(library, "JNI_CreateJavaVM", entryPoints.createJavaVm) ||
         !Find(library, "JNI_GetDefaultJavaVMInitArgs", entryPoints.getDefaultInitArgs)) {
-        ShowWindowsFailure(splash.windowHandle(), IDS_NO_CREATE_JAVA_VM);
+        errors.ShowWindowsFailure(IDS_NO_CREATE_JAVA_VM);
         return false;
     }
     Find(library, "JVM_FindClassFromBootLoader", entryPoints.findClassFromBootLoader);

@@ -4,18 +4,18 @@
 #include "jvm/java_text.h"
 #include "jvm/uncaught_exception.h"
 #include "resources/ids.h"
-#include "ui/messages/error_box.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 namespace {
 
-jmethodID FindMainMethod(JNIEnv* env, jclass mainClass, const Splash& splash) {
+jmethodID FindMainMethod(JNIEnv* env, jclass mainClass, const ErrorReporter& errors) {
     const jmethodID method = env->GetStaticMethodID(mainClass, "main", "([Ljava/lang/String;)V");
     if (method != nullptr) return method;
     if (env->ExceptionCheck()) {
         env->ExceptionDescribe();
     } else {
-        ShowErrorMessage(splash.windowHandle(), IDS_NO_MAIN_METHOD);
+        errors.ShowErrorMessage(IDS_NO_MAIN_METHOD);
     }
     return nullptr;
 }
@@ -23,10 +23,11 @@ jmethodID FindMainMethod(JNIEnv* env, jclass mainClass, const Splash& splash) {
 }  // namespace
 
 bool RunMainClass(JNIEnv* env, const JvmInstance& machine, const Settings& settings,
-                  const std::vector<std::wstring>& arguments, HANDLE readyEvent, Splash& splash) {
-    const jclass mainClass = FindMainClass(env, machine.entryPoints, settings.mainClass, splash);
+                  const std::vector<std::wstring>& arguments, HANDLE readyEvent, Splash& splash,
+                  const ErrorReporter& errors) {
+    const jclass mainClass = FindMainClass(env, machine.entryPoints, settings.mainClass, errors);
     if (mainClass == nullptr) return false;
-    const jmethodID mainMethod = FindMainMethod(env, mainClass, splash);
+    const jmethodID mainMethod = FindMainMethod(env, mainClass, errors);
     if (mainMethod == nullptr) return false;
     const jobjectArray javaArguments = MakeStringArray(env, arguments);
     if (javaArguments == nullptr) {

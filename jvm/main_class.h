@@ -8,6 +8,7 @@
 #include "base/windows.h"
 #include "jvm/jvm_instance.h"
 #include "settings/settings.h"
+#include "ui/messages/error_reporter.h"
 #include "ui/splash.h"
 
 namespace tarn {
@@ -18,6 +19,7 @@ namespace tarn {
 /// after the user has been told where there is a message. Does not return at all when the settings
 /// allow an IBM runtime: such an application ends through `System.exit`.
 bool RunMainClass(JNIEnv* env, const JvmInstance& machine, const Settings& settings,
-                  const std::vector<std::wstring>& arguments, HANDLE readyEvent, Splash& splash);
+                  const std::vector<std::wstring>& arguments, HANDLE readyEvent, Splash& splash,
+                  const ErrorReporter& errors);
 
 }  // namespace tarn

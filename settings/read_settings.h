@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "base/windows.h"
 #include "settings/settings.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 
@@ -13,8 +13,8 @@ bool UsesPerUserFile(const Settings& settings, const std::wstring& programPath,
                      std::wstring& perUser);
 
 /// Reads the settings into `settings`. Returns false when the settings path cannot be derived or no
-/// main class is named; the user has then been told, in a box owned by `errorOwner`, except when
-/// the executable's path holds no '.'.
-bool ReadSettings(HWND errorOwner, Settings& settings);
+/// main class is named; the user has then been told, except when the executable's path holds
+/// no '.'.
+bool ReadSettings(const ErrorReporter& errors, Settings& settings);
 
 }  // namespace tarn

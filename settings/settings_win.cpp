@@ -8,7 +8,7 @@
 #include "settings/layered_settings.h"
 #include "settings/settings_files.h"
 #include "settings/settings_paths.h"
-#include "ui/messages/error_box.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn {
 namespace {
@@ -37,10 +37,10 @@ bool UsesPerUserFile(const Settings& settings, const std::wstring& programPath,
     return FileExists(perUser);
 }
 
-bool ReadSettings(HWND errorOwner, Settings& settings) {
+bool ReadSettings(const ErrorReporter& errors, Settings& settings) {
     const std::optional<std::wstring> programPath = ModulePath();
     if (!programPath) {
-        ShowWindowsFailure(errorOwner, IDS_NO_MODULE_PATH);
+        errors.ShowWindowsFailure(IDS_NO_MODULE_PATH);
         return false;
     }
     const std::optional<std::wstring> mainPath = SettingsPathOf(*programPath);
@@ -70,7 +70,7 @@ bool ReadSettings(HWND errorOwner, Settings& settings) {
 
     const std::wstring mainClass = java(keys::kMainClass);
     if (mainClass.empty()) {
-        ShowErrorMessage(errorOwner, IDS_NO_MAIN_CLASS);
+        errors.ShowErrorMessage(IDS_NO_MAIN_CLASS);
         return false;
     }
     settings.mainClass = ReplaceAll(mainClass, L'.', L'/');

@@ -42,7 +42,7 @@ class Splash {
 
     /// Owner of every error box: the splash window, null when there is none (yet). After `Close`
     /// the handle of the window that was.
-    HWND windowHandle() const { return splashWindowHandle_.load(std::memory_order_relaxed); }
+    const std::atomic<HWND>& splashWindowHandle() const { return splashWindowHandle_; }
 
   private:
     void StartThread();

@@ -22,8 +22,8 @@ class SplashTest : public testing::Test {
 
     static void WaitForWindow(const Splash& splash) {
         const ULONGLONG end = GetTickCount64() + 30'000;
-        while (splash.windowHandle() == nullptr && GetTickCount64() < end) Sleep(1);
-        ASSERT_NE(splash.windowHandle(), nullptr);
+        while (splash.splashWindowHandle().load() == nullptr && GetTickCount64() < end) Sleep(1);
+        ASSERT_NE(splash.splashWindowHandle().load(), nullptr);
     }
 
     IniFile settings_{*MainSettingsPath()};
@@ -35,7 +35,7 @@ TEST_F(SplashTest, ShowsNothingWithoutAPicture) {
     Splash splash;
     EXPECT_TRUE(Show(splash));
     splash.Close();
-    EXPECT_EQ(splash.windowHandle(), nullptr);
+    EXPECT_EQ(splash.splashWindowHandle().load(), nullptr);
 }
 
 TEST_F(SplashTest, KeepsTheHandleOfTheWindowThatWas) {
@@ -43,13 +43,13 @@ TEST_F(SplashTest, KeepsTheHandleOfTheWindowThatWas) {
     Splash splash;
     EXPECT_TRUE(Show(splash));
     WaitForWindow(splash);
-    const HWND window = splash.windowHandle();
+    const HWND window = splash.splashWindowHandle().load();
     EXPECT_TRUE(IsWindow(window));
     splash.Close();
     EXPECT_FALSE(IsWindow(window));
-    EXPECT_EQ(splash.windowHandle(), window);
+    EXPECT_EQ(splash.splashWindowHandle().load(), window);
     splash.Close();  // a second time nothing is left to do
-    EXPECT_EQ(splash.windowHandle(), window);
+    EXPECT_EQ(splash.splashWindowHandle().load(), window);
 }
 
 // Mostly before the thread has a queue for the quit message.
@@ -59,7 +59,7 @@ TEST_F(SplashTest, MayBeClosedAtOnceAnyNumberOfTimes) {
         Splash splash;
         EXPECT_TRUE(Show(splash));
         splash.Close();
-        EXPECT_FALSE(IsWindow(splash.windowHandle()));
+        EXPECT_FALSE(IsWindow(splash.splashWindowHandle().load()));
     }
 }
 
@@ -70,7 +70,7 @@ TEST_F(SplashTest, IsClosedByItsDestructor) {
         Splash splash;
         EXPECT_TRUE(Show(splash));
         WaitForWindow(splash);
-        window = splash.windowHandle();
+        window = splash.splashWindowHandle().load();
     }
     EXPECT_FALSE(IsWindow(window));
 }

@@ -3,14 +3,14 @@
 #include <utility>
 
 #include "tools/console/text_encoding.h"
-#include "ui/messages/error_box.h"
+#include "ui/messages/error_reporter.h"
 
 namespace tarn::tools {
 namespace {
 
 std::vector<std::string> captured;
 
-void Capture(const std::wstring& text) {
+void Capture(std::wstring_view text) {
     captured.push_back(Utf8Of(text));
 }
 

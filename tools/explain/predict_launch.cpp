@@ -85,7 +85,7 @@ class Forecast {
     }
 
     bool ReadAllSettings() {
-        const bool done = ReadSettings(nullptr, settings_);
+        const bool done = ReadSettings(errors_, settings_);
         ProgramReport& program = report_.program;
         if (const auto file = SettingsPathOf(path_)) {
             program.settingsFile = Utf8Of(*file);
@@ -144,14 +144,14 @@ class Forecast {
             EnvironmentReport{CurrentDirectory(), Variable(L"Path"), Variable(L"TARN_JVM_PATH"),
                               Variable(L"TARN_JVM_HOME")};
         report_.splash = ReportSplash(arguments_, choice_.jvmLibraryPath);
-        if (!LoadJvmLibrary(noSplash_, choice_.jvmLibraryPath, entryPoints_)) {
+        if (!LoadJvmLibrary(errors_, choice_.jvmLibraryPath, entryPoints_)) {
             return Fail("The runtime's jvm.dll cannot be used.");
         }
         return true;
     }
 
     void BuildJava() {
-        BuildOptions(noSplash_, options_, arguments_);
+        BuildOptions(errors_, options_, arguments_);
         TakeMessages(true);
         const bool fromOption = options_.threadStackSize != 0;
         if (!fromOption) options_.threadStackSize = DefaultStackSize(entryPoints_);
@@ -167,7 +167,7 @@ class Forecast {
     JvmOptions options_;
     JvmEntryPoints entryPoints_;
     /// Owner of message boxes that are not shown.
-    const Splash noSplash_;
+    const ErrorReporter errors_;
 };
 
 }  // namespace

@@ -46,5 +46,19 @@ TEST(MessageTextTest, AnUnknownNumberGivesAnEmptyText) {
     EXPECT_EQ(LoadMessageText(231), L"");
 }
 
+TEST(MessageTextTest, IsBuiltFromATextOrAnEntryOrAFormat) {
+    EXPECT_EQ(MessageText(std::wstring_view(L"as it is")).view(), L"as it is");
+    EXPECT_STREQ(MessageText(228).c_str(), L"not enough memory");
+    const std::wstring longPath(1000, L'p');
+    EXPECT_STREQ(MessageText(222, {longPath, -5}).c_str(),
+                 (L"Failed to load Java VM library: " + longPath + L" (errno = -5).\n").c_str());
+}
+
+TEST(MessageTextTest, HasNoTextForTheIdZero) {
+    EXPECT_EQ(MessageText().c_str(), nullptr);
+    EXPECT_EQ(MessageText(0).c_str(), nullptr);
+    EXPECT_TRUE(MessageText(0).isValid());
+}
+
 }  // namespace
 }  // namespace tarn
