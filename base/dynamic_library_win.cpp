@@ -17,4 +17,15 @@ HMODULE LoadSystemLibrary(const wchar_t* name) {
     return LoadLibraryW(Concat({{folder, length}, L"\\", name}).c_str());
 }
 
+HardErrorSuppression::HardErrorSuppression() : previousMode_(GetThreadErrorMode()) {
+    SetThreadErrorMode(previousMode_ | SEM_FAILCRITICALERRORS, nullptr);
+}
+
+HardErrorSuppression::~HardErrorSuppression() {
+    // The caller reads the failed load's error after this.
+    const DWORD error = GetLastError();
+    SetThreadErrorMode(previousMode_, nullptr);
+    SetLastError(error);
+}
+
 }  // namespace tarn

@@ -37,6 +37,24 @@ TEST(SystemLibraryTest, AFileOfThatNameElsewhereIsNotLoaded) {
     SetCurrentDirectoryW(before);
 }
 
+TEST(HardErrorSuppressionTest, CoversItsOwnLifetimeOnly) {
+    ASSERT_TRUE(SetThreadErrorMode(SEM_NOOPENFILEERRORBOX, nullptr));
+    {
+        const HardErrorSuppression suppression;
+        EXPECT_EQ(GetThreadErrorMode(), DWORD{SEM_NOOPENFILEERRORBOX | SEM_FAILCRITICALERRORS});
+    }
+    EXPECT_EQ(GetThreadErrorMode(), DWORD{SEM_NOOPENFILEERRORBOX});
+    ASSERT_TRUE(SetThreadErrorMode(0, nullptr));
+}
+
+TEST(HardErrorSuppressionTest, KeepsTheLastErrorOfAFailedLoad) {
+    {
+        const HardErrorSuppression suppression;
+        SetLastError(ERROR_BAD_EXE_FORMAT);
+    }
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_BAD_EXE_FORMAT});
+}
+
 TEST(SystemLibraryTest, FindsAnExportedFunctionAndNoOther) {
     using TickCount = DWORD(WINAPI*)();
     const HMODULE kernel = LoadSystemLibrary(L"kernel32.dll");

@@ -7,6 +7,8 @@
 namespace tarn {
 namespace {
 
+constexpr DWORD kWaitRetryMs = 100;
+
 DWORD RunJava(JavaLaunch& launch) {
     JNIEnv* env = nullptr;
     if (!CreateJvm(launch.errors, launch.options.ansiOptions, launch.options.outputFiles,
@@ -30,6 +32,16 @@ DWORD WINAPI JavaThreadProc(void* parameter) noexcept {
     return RunJava(*static_cast<JavaLaunch*>(parameter));
 }
 
+/// Returns only when the thread has ended, because it works on records that are destroyed
+/// afterwards. The wait's result decides: a thread may end with `STILL_ACTIVE` (259) as its code.
+void WaitForEnd(HANDLE thread) {
+    DWORD exitCode = STILL_ACTIVE;
+    while (WaitForSingleObject(thread, INFINITE) == WAIT_FAILED) {
+        if (GetExitCodeThread(thread, &exitCode) && exitCode != STILL_ACTIVE) return;
+        Sleep(kWaitRetryMs);
+    }
+}
+
 }  // namespace
 
 std::uint64_t DefaultStackSize(const JvmEntryPoints& entryPoints) {
@@ -44,11 +56,9 @@ DWORD RunJavaThread(JavaLaunch& launch) {
                                            static_cast<SIZE_T>(launch.options.threadStackSize),
                                            JavaThreadProc, &launch, 0, nullptr));
     if (!thread) return RunJava(launch);
+    WaitForEnd(thread.get());
     DWORD exitCode = 1;
-    // Again should the wait fail: what the thread works on is destroyed after this.
-    do {
-        WaitForSingleObject(thread.get(), INFINITE);
-    } while (GetExitCodeThread(thread.get(), &exitCode) && exitCode == STILL_ACTIVE);
+    GetExitCodeThread(thread.get(), &exitCode);
     return exitCode;
 }
 

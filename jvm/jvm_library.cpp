@@ -1,6 +1,6 @@
 #include "jvm/jvm_library.h"
 
-#include "base/windows.h"
+#include "base/dynamic_library.h"
 #include "resources/ids.h"
 #include "ui/messages/error_reporter.h"
 
@@ -13,12 +13,18 @@ bool Find(HMODULE library, const char* name, Function& function) {
     return function != nullptr;
 }
 
+/// A corrupt library is reported by the launcher's own message alone.
+HMODULE LoadWithoutHardErrorBox(const std::wstring& path) {
+    const HardErrorSuppression suppression;
+    return LoadLibraryW(path.c_str());
+}
+
 }  // namespace
 
 bool LoadJvmLibrary(const ErrorReporter& errors, const std::wstring& jvmLibraryPath,
                     JvmEntryPoints& entryPoints) {
     // Never unloaded: a JVM does not survive its library, and it lives as long as the process.
-    const HMODULE library = LoadLibraryW(jvmLibraryPath.c_str());
+    const HMODULE library = LoadWithoutHardErrorBox(jvmLibraryPath);
     if (library == nullptr) {
         const MessageText format(IDS_JVM_NOT_LOADED);
         const DWORD error = GetLastError();

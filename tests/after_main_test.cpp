@@ -79,6 +79,24 @@ TEST_F(AfterMain, SystemExitEndsTheProcessWithItsCode) {
     }
 }
 
+class ThreadCode : public AfterMain, public testing::WithParamInterface<const char*> {};
+
+// 259 is STILL_ACTIVE, which a running thread has as its code, too.
+TEST_P(ThreadCode, OtherThanZeroFailsTheLaunch) {
+    app.WriteScript(std::string("main = ") + GetParam());
+    EXPECT_EQ(Run(), -1);
+    EXPECT_THAT(LastCall(), StartsWith("CallStaticVoidMethod"));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, ThreadCode,
+                         testing::Values("exit_thread 259", "exit_thread 1", "exit_thread -1",
+                                         "terminate_thread 259", "terminate_thread 1067"));
+
+TEST_F(AfterMain, AThreadThatEndsItselfWithZeroIsASuccess) {
+    app.WriteScript("main = exit_thread 0");
+    EXPECT_EQ(Run(), 0);
+}
+
 TEST_F(AfterMain, TheHooksReturnWhenNobodyListens) {
     app.WriteScript("main = call_abort_hook\nmain = call_exit_hook 3");
     EXPECT_EQ(Run(), 0);

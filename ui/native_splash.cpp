@@ -44,7 +44,10 @@ class LibraryFolder {
 // folder of its own and is on no search path before the JVM is loaded.
 HMODULE LoadWithNeighbours(const std::wstring& path, const std::wstring& jvmLibraryPath) {
     const LibraryFolder jvmFolder{std::wstring(FolderOf(FullPath(jvmLibraryPath)))};
-    return LoadLibraryExW(FullPath(path).c_str(), nullptr,
+    const std::wstring fullPath = FullPath(path);
+    // A corrupt library leads to the launcher's own splash, without any message.
+    const HardErrorSuppression suppression;
+    return LoadLibraryExW(fullPath.c_str(), nullptr,
                           LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
 }
 

@@ -50,6 +50,21 @@ HANDLE EventNamed(const std::string& name) {
     return CreateEventW(nullptr, TRUE, FALSE, Wide(name).c_str());
 }
 
+/// Starts a program as a Java application does, and waits for its end.
+void RunProgram(const std::wstring& program) {
+    STARTUPINFOW how{};
+    how.cb = sizeof how;
+    PROCESS_INFORMATION made{};
+    if (!CreateProcessW(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                        &how, &made)) {
+        Log("VIOLATION the script names a program that cannot be started");
+        return;
+    }
+    WaitForSingleObject(made.hProcess, INFINITE);
+    CloseHandle(made.hThread);
+    CloseHandle(made.hProcess);
+}
+
 struct LaterExit {
     HANDLE event;
     jint code;
@@ -81,6 +96,12 @@ jint RunActions(Environment* environment, std::string_view place) {
             ExitProcessLikeJava(number);
         } else if (verb == "exit_process") {
             ExitProcess(static_cast<UINT>(number));
+        } else if (verb == "exit_thread") {
+            ExitThread(static_cast<DWORD>(number));
+        } else if (verb == "terminate_thread") {
+            TerminateThread(GetCurrentThread(), static_cast<DWORD>(number));
+        } else if (verb == "run") {
+            RunProgram(Wide(rest));
         } else if (verb == "call_exit_hook") {
             machine.exitHook(number);
             Log("exit hook returned");
@@ -107,6 +128,8 @@ jint RunActions(Environment* environment, std::string_view place) {
             LogModules();
         } else if (verb == "log_windows") {
             EnumWindows(LogWindow, 0);
+        } else if (verb == "log_error_mode") {
+            LogErrorMode(place);
         } else if (verb == "log_environment") {
             LogVariable(Wide(rest).c_str(), rest.c_str());
         } else if (verb == "log_local_references") {

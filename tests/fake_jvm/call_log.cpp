@@ -115,4 +115,11 @@ void LogVariable(const wchar_t* name, const char* nameInLog) {
         (isSet ? QuoteText(std::u16string(value.begin(), value.end())) : "(not set)"));
 }
 
+void LogErrorMode(std::string_view place) {
+    char text[64];
+    std::snprintf(text, sizeof text, ": thread 0x%lx process 0x%x", GetThreadErrorMode(),
+                  GetErrorMode());
+    Log("error mode of " + std::string(place) + text);
+}
+
 }  // namespace fake_jvm

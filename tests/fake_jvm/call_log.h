@@ -28,4 +28,8 @@ bool ReadEnvironment(const wchar_t* name, std::wstring& value);
 /// Logs the variable as `environment NAME="value"`.
 void LogVariable(const wchar_t* name, const char* nameInLog);
 
+/// Logs the error modes (`SetThreadErrorMode`, `SetErrorMode`) of the calling thread and of the
+/// process as `error mode of PLACE: thread 0x… process 0x…`.
+void LogErrorMode(std::string_view place);
+
 }  // namespace fake_jvm

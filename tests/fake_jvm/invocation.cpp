@@ -193,6 +193,7 @@ jclass JNICALL FakeFindClassFromBootLoader(JNIEnv* env, const char* name) {
 BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
     if (reason == DLL_PROCESS_ATTACH) {
         fake_jvm::Log("jvm.dll loaded");
+        fake_jvm::LogErrorMode("the load of jvm.dll");
         fake_jvm::LogVariable(L"Path", "Path");
     }
     if (reason == DLL_PROCESS_DETACH) fake_jvm::Log("jvm.dll unloaded");

@@ -8,6 +8,13 @@ extern "C" {
 
 __declspec(dllimport) int FakeJavaVersion();
 
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        fake_jvm::LogErrorMode("the load of splashscreen.dll");
+    }
+    return TRUE;
+}
+
 void FakeSplashInit() {
     fake_jvm::Log("SplashInit() java " + std::to_string(FakeJavaVersion()) + " thread " +
                   std::to_string(GetCurrentThreadId()));

@@ -26,7 +26,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     GetStartupInfoW(&startup);
     const std::wstring notes = std::wstring(GetCommandLineW()) + L'\n' + Directory() + L'\n' +
                                Variable(L"PAIR_PROBE") + L'\n' + std::to_wstring(startup.dwFlags) +
-                               L'\n';
+                               L'\n' + std::to_wstring(GetErrorMode()) + L'\n';
     const std::wstring eventName = Variable(L"PAIR_WAIT");
     // Held before anybody reads the notes: the test may set the event and let go of it then.
     const HANDLE event =

@@ -68,7 +68,8 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     std::vector<wchar_t> commandLine(start.commandLine.begin(), start.commandLine.end());
     commandLine.push_back(L'\0');
     const bool takesLibrary = !start.library.empty();
-    const DWORD flags = CREATE_UNICODE_ENVIRONMENT | (takesLibrary ? CREATE_SUSPENDED : 0U);
+    // The test program suppresses Windows' error boxes for itself; a user's launcher starts without.
+    const DWORD flags = CREATE_UNICODE_ENVIRONMENT | CREATE_DEFAULT_ERROR_MODE | (takesLibrary ? CREATE_SUSPENDED : 0U);
     PROCESS_INFORMATION made{};
     BOOL ok = FALSE;
     DWORD error_code = ERROR_INTERNAL_ERROR;

@@ -23,6 +23,9 @@ class PairProduct {
     std::wstring Directory() const { return Note(1); }
     std::wstring Probe() const { return Note(2); }
 
+    /// Its process's error mode (`GetErrorMode`), in decimal.
+    std::wstring ErrorMode() const { return Note(4); }
+
     static constexpr wchar_t kProbeVariable[] = L"PAIR_PROBE";
 
   private:
