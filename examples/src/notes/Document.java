@@ -10,14 +10,14 @@ import java.nio.file.InvalidPathException;
 import java.nio.file.Path;
 import java.nio.file.Paths;
 
-/** A text document as it was read, or the reason why it could not be. */
+/** A text document, or the reason why it could not be read. */
 final class Document {
     private static final long LARGEST_SIZE = 16L << 20;
 
     final String name;
     final String path;
     final String text;
-    /** The encoding's name, null when the document could not be read. */
+    /** The name of the encoding, null if the document could not be read. */
     final String encoding;
 
     private Document(String name, String path, String text, String encoding) {
@@ -55,7 +55,7 @@ final class Document {
                 return failed(name, path.toString(), "The document could not be read.\n\n" + e);
             }
         } catch (InvalidPathException e) {
-            return failed(argument, argument, "This is no path of a document.\n\n" + e.getMessage());
+            return failed(argument, argument, "This is not a valid path.\n\n" + e.getMessage());
         }
     }
 

@@ -8,7 +8,7 @@ import javax.swing.JPanel;
 import javax.swing.JScrollPane;
 import javax.swing.JTextArea;
 
-/** A document's text beside its line numbers. */
+/** The text of a document, with line numbers. */
 final class DocumentView extends JPanel {
     private static final long serialVersionUID = 1L;
 

@@ -6,7 +6,7 @@ import java.util.Arrays;
 import java.util.HashSet;
 import java.util.Set;
 
-/** The first font of each kind that the machine has. */
+/** The first available font of each kind. */
 final class Fonts {
     private static final Set<String> families = new HashSet<>(Arrays.asList(
             GraphicsEnvironment.getLocalGraphicsEnvironment().getAvailableFontFamilyNames()));

@@ -49,7 +49,7 @@ final class Header extends JComponent {
         g.dispose();
     }
 
-    /** The picture of the window's caption and the task bar. */
+    /** The icon of the window and its taskbar button. */
     static BufferedImage icon(int size) {
         BufferedImage picture = new BufferedImage(size, size, BufferedImage.TYPE_INT_ARGB);
         Graphics2D g = picture.createGraphics();
@@ -65,7 +65,7 @@ final class Header extends JComponent {
         return picture;
     }
 
-    /** A triangle that stands on a line: the middle of its foot, the line, its height and width. */
+    /** A triangle on a base line: centre of its base, base line, height and width. */
     private static Path2D mountain(double middle, double foot, double height, double width) {
         Path2D path = new Path2D.Double();
         path.moveTo(middle - width / 2, foot);

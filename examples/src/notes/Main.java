@@ -8,12 +8,12 @@ import java.util.concurrent.CountDownLatch;
 import javax.swing.SwingUtilities;
 
 /**
- * Tarn Notes: shows text documents in tabs. A small application that does what one started by the
- * launcher has to do.
+ * Tarn Notes: shows text documents in tabs. A small application for the launcher, with a main
+ * method that waits and a secondaryMain.
  *
- * <p>The process ends when {@link #main} returns, even while a window is open. So main waits until
- * the window is closed. (The other way is "Application Type"=service in the settings file: the
- * launcher then waits for the threads that are no daemons.)
+ * <p>The process ends when {@link #main} returns, even while a window is open, so main waits until
+ * the window is closed. (The alternative is "Application Type"=service in the settings file: the
+ * launcher then waits for the last non-daemon thread.)
  */
 public final class Main {
     private static final String TITLE = "--title=";
@@ -24,7 +24,7 @@ public final class Main {
     private Main() {}
 
     public static void main(String[] arguments) throws Exception {
-        // Whatever code page the system has: what we print is read as UTF-8.
+        // The output is UTF-8, whatever the system's code page is.
         System.setOut(utf8(FileDescriptor.out));
         System.setErr(utf8(FileDescriptor.err));
         printFacts(arguments);
@@ -44,11 +44,10 @@ public final class Main {
     }
 
     /**
-     * Called by the launcher in the running application when the application is started once more
-     * and "Single Instance" is on, on a thread of its own, perhaps while main still opens the
-     * window.
+     * Called by the launcher in the running application for a second launch if "Single Instance" is
+     * on. Runs on a thread of its own, possibly while main still opens the window.
      *
-     * @return the second process's exit code: 0, or 1 when a document could not be read
+     * @return the second process's exit code: 0, or 1 if a document could not be read
      */
     public static int secondaryMain(String[] arguments) throws Exception {
         windowShown.await();
@@ -61,7 +60,7 @@ public final class Main {
         return allRead[0] ? 0 : 1;
     }
 
-    /** Opens a tab for each argument that is no option; true when all could be read. */
+    /** Opens a tab for each argument that is not an option. Returns true if all could be read. */
     private static boolean openAll(String[] arguments) {
         boolean allRead = true;
         for (String argument : arguments) {

@@ -21,7 +21,7 @@ import javax.swing.SwingUtilities;
 import javax.swing.UIManager;
 import javax.swing.UnsupportedLookAndFeelException;
 
-/** The one window: a header, a tab for each document, and a line about the chosen one. */
+/** The one window: a header, a tab for each document, and a status line for the selected one. */
 final class NotesWindow {
     private final JFrame frame = new JFrame("Tarn Notes");
     private final JTabbedPane tabs = new JTabbedPane(SwingConstants.TOP,
@@ -29,19 +29,19 @@ final class NotesWindow {
     private final JLabel status = new JLabel(" ");
     private final CountDownLatch closed = new CountDownLatch(1);
 
-    /** Sets colours and fonts for all windows; to be called before the first one. */
+    /** Sets colours and fonts for all windows; call it before creating the first one. */
     static void useLook() {
         try {
             UIManager.setLookAndFeel("javax.swing.plaf.nimbus.NimbusLookAndFeel");
         } catch (ReflectiveOperationException | UnsupportedLookAndFeelException e) {
-            return;  // the default one does as well
+            return;  // the default will do
         }
         UIManager.put("control", Colors.PAPER);
         UIManager.put("nimbusBase", Colors.WATER);
         UIManager.put("nimbusBlueGrey", new Color(0xC3CED1));
         UIManager.put("nimbusFocus", Colors.LIGHT_WATER);
         UIManager.put("nimbusSelectionBackground", Colors.WATER);
-        // Nimbus looks for its font among its own defaults only.
+        // Nimbus reads its font from its own defaults only.
         UIManager.getLookAndFeelDefaults().put("defaultFont", Fonts.text(Font.PLAIN, 13));
     }
 
@@ -114,9 +114,9 @@ final class NotesWindow {
         closed.await();
     }
 
-    /** Waits until what has been asked for is on the screen. */
+    /** Waits until all pending changes are painted. */
     void awaitPainted() throws InterruptedException {
-        // Each round lets the events that the one before caused come first.
+        // Each round processes the events that the previous one has queued.
         for (int round = 0; round < 3; round++) {
             CountDownLatch quiet = new CountDownLatch(1);
             EventQueue.invokeLater(() -> {

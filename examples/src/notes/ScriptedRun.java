@@ -6,10 +6,10 @@ import java.nio.file.Path;
 import java.nio.file.Paths;
 
 /**
- * Lets a script look at the window and end the application. When the environment variable
- * SAMPLE_CLOSE_AFTER_SHOT names a file, the application writes an empty file of that name with
- * ".ready" behind it once its window is painted, and closes the window as soon as the file itself
- * exists.
+ * Lets a script take a screenshot and then close the application. If the environment variable
+ * SAMPLE_CLOSE_AFTER_SHOT is the name of a file, the application creates an empty file with that
+ * name and the suffix ".ready" once its window is painted, and closes the window as soon as the file
+ * itself exists.
  */
 final class ScriptedRun {
     private ScriptedRun() {}
