@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "runtime/test_folder.h"
-#include "runtime/test_hive.h"
+#include "tests/unit_support/test_folder.h"
+#include "tests/unit_support/test_hive.h"
 
 namespace tarn {
 namespace {

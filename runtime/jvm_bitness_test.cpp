@@ -5,7 +5,7 @@
 #include <random>
 
 #include "base/paths.h"
-#include "runtime/test_folder.h"
+#include "tests/unit_support/test_folder.h"
 
 namespace tarn {
 namespace {

@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "base/environment.h"
-#include "runtime/test_folder.h"
+#include "tests/unit_support/test_folder.h"
 
 namespace tarn {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "runtime/test_hive.h"
+#include "tests/unit_support/test_hive.h"
 
 namespace tarn {
 namespace {

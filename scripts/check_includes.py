@@ -2,7 +2,7 @@
 """Holds the #include lines of our libraries to what their CMakeLists.txt say.
 
 - A library's files include their own folder and those of the libraries that its USES names (and
-  resources/ids.h, which is only numbers).
+  resources/ids.h, which is only numbers). Its tests also include tests/unit_support.
 - PURE sources and TESTS of what ships in the launcher reach no Windows header, however deep, and no
   C header of the platform.
 - windows.h comes through base/windows.h alone.
@@ -18,6 +18,7 @@ import sys
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
 LISTS = ("PURE", "WINDOWS", "TESTS", "WINDOWS_TESTS", "USES", "SYSTEM")
 OPEN_TO_ALL = {"resources/ids.h"}
+UNIT_SUPPORT = "tests/unit_support/"
 WINDOWS_WRAPPER = "base/windows.h"
 INCLUDE = re.compile(r'^\s*#\s*include\s+(?:"([^"]+)"|<([^>]+)>)', re.MULTILINE)
 OUTSIDE = {"build", "tests", "third_party", ".git"}
@@ -94,6 +95,10 @@ def check_arrows(libraries):
             if theirs and theirs.lower() == "windows.h" and path != WINDOWS_WRAPPER:
                 yield f"{path}: includes <{theirs}>; it comes through {WINDOWS_WRAPPER}"
             if ours is None or owner is None or ours in OPEN_TO_ALL:
+                continue
+            if ours.startswith(UNIT_SUPPORT) and path.endswith(("_test.cpp", "_fixture.h")):
+                if not os.path.exists(os.path.join(ROOT, ours)):
+                    yield f"{path}: includes \"{ours}\", which does not exist"
                 continue
             if not os.path.exists(os.path.join(ROOT, ours)):
                 yield f"{path}: includes \"{ours}\", which is no path from the root"

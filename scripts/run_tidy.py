@@ -25,8 +25,7 @@ def database(preset):
     paths = {os.path.relpath(entry["file"], ROOT) for entry in commands}
     return {p for p in paths
             if not p.startswith(("..", "build" + os.sep, "tests" + os.sep))
-            and p.endswith(".cpp") and not p.endswith("_test.cpp")
-            and "/test_support/" not in p}
+            and p.endswith(".cpp") and not p.endswith("_test.cpp")}
 
 
 def mingw_arguments():

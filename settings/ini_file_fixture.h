@@ -9,7 +9,7 @@
 namespace tarn {
 
 /// For tests: an empty file of its own for each of them, gone afterwards.
-class IniFileOnDisk : public testing::Test {
+class IniFileFixture : public testing::Test {
   protected:
     void SetUp() override {
         wchar_t folder[MAX_PATH];

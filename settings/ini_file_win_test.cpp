@@ -8,7 +8,7 @@
 namespace tarn {
 namespace {
 
-using IniFileTest = IniFileOnDisk;
+using IniFileTest = IniFileFixture;
 
 TEST_F(IniFileTest, AMissingFileSectionOrKeyReadsAsEmpty) {
     Write("[A]\r\nk=1\r\n");

@@ -70,7 +70,7 @@ class RandomIniFiles {
     std::mt19937 random_{2026};
 };
 
-class LeftOutLooksTest : public IniFileOnDisk {
+class LeftOutLooksTest : public IniFileFixture {
   protected:
     /// The rule as it reads, without a shortcut.
     std::wstring Plain(const wchar_t* section, const wchar_t* key) const {

@@ -7,7 +7,7 @@
 namespace tarn {
 namespace {
 
-using LayeredSettingsTest = IniFileOnDisk;
+using LayeredSettingsTest = IniFileFixture;
 
 TEST_F(LayeredSettingsTest, AValueInTheFileEndsTheSearch) {
     const IniFile file(path_);

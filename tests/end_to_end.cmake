@@ -1,7 +1,7 @@
-# The end-to-end tests: one Windows program that starts the real launcher.exe. Every *_test.cpp of
-# this folder and every source in support/ belongs to it.
+# The end-to-end tests: one Windows program that starts the real launcher.exe, made of every source
+# in e2e/, support/ and failing_calls/.
 file(GLOB endToEndSources CONFIGURE_DEPENDS
-    "${CMAKE_CURRENT_SOURCE_DIR}/*_test.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/support/*.cpp"
+    "${CMAKE_CURRENT_SOURCE_DIR}/e2e/*_test.cpp" "${CMAKE_CURRENT_SOURCE_DIR}/support/*.cpp"
     "${CMAKE_CURRENT_SOURCE_DIR}/failing_calls/*.cpp")
 add_subdirectory(fake_jvm)
 add_subdirectory(fake_splash)
@@ -13,8 +13,7 @@ if(NOT TARN_TOOLS)
     list(FILTER endToEndSources EXCLUDE REGEX "/(explain|generated)[a-z_]*\\.cpp$")
 endif()
 
-add_executable(end_to_end_tests ${endToEndSources}
-    "${PROJECT_SOURCE_DIR}/ui/test_support/url_handler.cpp")
+add_executable(end_to_end_tests ${endToEndSources} unit_support/url_handler.cpp)
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
 compile_tests_quickly(end_to_end_tests)

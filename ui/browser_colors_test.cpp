@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/windows.h"
-#include "ui/test_support/browser_colors_in_registry.h"
+#include "tests/unit_support/browser_colors_in_registry.h"
 
 namespace tarn {
 namespace {

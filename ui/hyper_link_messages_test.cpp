@@ -4,8 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "ui/test_support/hyper_link_fixture.h"
-#include "ui/test_support/url_handler.h"
+#include "tests/unit_support/hyper_link_fixture.h"
+#include "tests/unit_support/url_handler.h"
 
 namespace tarn {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "ui/test_support/hyper_link_fixture.h"
+#include "tests/unit_support/hyper_link_fixture.h"
 
 namespace tarn {
 namespace {

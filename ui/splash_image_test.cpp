@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "ui/test_support/test_picture.h"
+#include "tests/unit_support/test_picture.h"
 
 namespace tarn {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "ui/test_support/test_picture.h"
+#include "tests/unit_support/test_picture.h"
 
 namespace tarn {
 namespace {

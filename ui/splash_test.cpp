@@ -5,7 +5,7 @@
 #include "settings/ini_file.h"
 #include "settings/keys.h"
 #include "settings/settings_files.h"
-#include "ui/test_support/test_picture.h"
+#include "tests/unit_support/test_picture.h"
 
 namespace tarn {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/failing_calls/scenario.h"
-#include "tests/support/jre_not_found.h"
+#include "tests/support/jre_not_found_fixture.h"
 #include "tests/support/text.h"
 
 namespace tarn::test {

@@ -6,7 +6,7 @@
 #include "tests/failing_calls/scenario.h"
 #include "tests/support/jvm_files.h"
 #include "tests/support/pair_product.h"
-#include "tests/support/registered_runtimes_test.h"
+#include "tests/support/registered_runtimes_fixture.h"
 #include "tests/support/text.h"
 
 namespace tarn::test {

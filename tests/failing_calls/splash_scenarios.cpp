@@ -5,7 +5,7 @@
 #include "tests/failing_calls/scenario.h"
 #include "tests/support/named_event.h"
 #include "tests/support/paths.h"
-#include "tests/support/splash_test.h"
+#include "tests/support/splash_fixture.h"
 #include "tests/support/test_pictures.h"
 
 namespace tarn::test {

@@ -13,7 +13,7 @@
 #include "tests/support/installed_application.h"
 #include "tests/support/instance_block.h"
 #include "tests/support/named_event.h"
-#include "tests/support/registered_runtimes_test.h"
+#include "tests/support/registered_runtimes_fixture.h"
 
 namespace tarn::test {
 

@@ -1,0 +1,179 @@
+// What the dialog's choice leaves behind in the settings files.
+
+#include "tests/support/jre_not_found_fixture.h"
+
+namespace tarn::test {
+namespace {
+
+class JreNotFoundRemembered : public JreNotFoundFixture {
+  protected:
+    /// Chooses a scripted runtime and gives the launch's exit code. The folder's name is plain, so
+    /// that the file's bytes do not depend on a code page.
+    std::int32_t ChooseRuntime() {
+        runtime_ = app.AddRuntime(L"jre");
+        app.WriteScript("main = exit 7");
+        StartUntilDialog();
+        if (dialog == nullptr) return kNoExitCode;
+        BrowseTo(runtime_);
+        return Confirm();
+    }
+
+    std::wstring JrePathIn(const std::wstring& file) const {
+        wchar_t value[1024];
+        GetPrivateProfileStringW(L"Java Runtime Environment", L"JRE Path", L"(none)", value, 1024,
+                                 file.c_str());
+        return value;
+    }
+
+    std::wstring runtime_;
+};
+
+/// Bytes of a file that Windows writes in its 8-bit code page.
+std::string Ansi(const std::wstring& text) {
+    std::string bytes(text.size() * 4, '\0');
+    const int size =
+        WideCharToMultiByte(CP_ACP, 0, text.c_str(), static_cast<int>(text.size()), bytes.data(),
+                            static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(size));
+    return bytes;
+}
+
+/// A 32-bit library as far as its headers go.
+std::string Library32() {
+    std::string bytes(512, '\0');
+    auto* const dos = reinterpret_cast<IMAGE_DOS_HEADER*>(bytes.data());
+    dos->e_magic = IMAGE_DOS_SIGNATURE;
+    dos->e_lfanew = 64;
+    auto* const headers = reinterpret_cast<IMAGE_NT_HEADERS32*>(bytes.data() + 64);
+    headers->Signature = IMAGE_NT_SIGNATURE;
+    headers->FileHeader.Machine = IMAGE_FILE_MACHINE_I386;
+    headers->FileHeader.SizeOfOptionalHeader = sizeof(IMAGE_OPTIONAL_HEADER32);
+    headers->FileHeader.Characteristics = IMAGE_FILE_EXECUTABLE_IMAGE | IMAGE_FILE_DLL;
+    headers->OptionalHeader.Magic = IMAGE_NT_OPTIONAL_HDR32_MAGIC;
+    return bytes;
+}
+
+TEST_F(JreNotFoundRemembered, TheFolderIsWrittenIntoTheUsersOwnFile) {
+    const std::wstring mainBefore = settings.Text();
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(ReadFileBytes(PerUserFile()),
+              Ansi(L"[Java Runtime Environment]\r\nJRE Path=" + runtime_ + L"\\\r\n"));
+    EXPECT_EQ(ReadFileBytes(app.SettingsFile()), Utf16File(mainBefore));
+}
+
+TEST_F(JreNotFoundRemembered, WhatElseTheUsersFileHoldsIsKept) {
+    MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
+    WriteFileBytes(PerUserFile(),
+                   "[Other]\r\nA=1\r\n[Java Runtime Environment]\r\nJVM Type=x\r\n"
+                   "JRE Path=C:\\gone\r\n[Last]\r\nB=2\r\n");
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(ReadFileBytes(PerUserFile()),
+              Ansi(L"[Other]\r\nA=1\r\n[Java Runtime Environment]\r\nJVM Type=x\r\nJRE Path=" +
+                   runtime_ + L"\\\r\n[Last]\r\nB=2\r\n"));
+}
+
+TEST_F(JreNotFoundRemembered, AFolderOutsideTheCodePageIsWrittenWhole) {
+    const std::wstring runtime = app.AddRuntime(L"\u65E5\u672C jre");
+    app.WriteScript("main = exit 7");
+    StartUntilDialog();
+    BrowseTo(runtime);
+    EXPECT_EQ(Confirm(), 7);
+    EXPECT_EQ(JrePathIn(PerUserFile()), runtime + L"\\");
+    EXPECT_EQ(app.Launch()->ExitCode(), 7);
+}
+
+TEST_F(JreNotFoundRemembered, AServiceWritesItsMainSettings) {
+    settings.Application(L"Application Type", L"service");
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(JrePathIn(app.SettingsFile()), runtime_ + L"\\");
+    SettingsText expected = settings;
+    expected.Runtime(L"JRE Path", runtime_ + L"\\");
+    // In the section, behind what stood there already.
+    EXPECT_EQ(ReadFileBytes(app.SettingsFile()), Utf16File(expected.Text()));
+    EXPECT_EQ(GetFileAttributesW(PerUserFile().c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(JreNotFoundRemembered, ThePairedLaunchersFileIsWrittenToo) {
+    settings.Application(L"Pair Product", app.Path(L"bin.32\\pair32.exe"));
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(JrePathIn(PerUserFile()), runtime_ + L"\\");
+    EXPECT_EQ(JrePathIn(PerUserFile(L"pair32")), runtime_ + L"\\");
+    EXPECT_EQ(GetFileAttributesW(app.Path(L"bin.32\\pair32.ini").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(JreNotFoundRemembered, AServicesPairedLauncherHasItsMainSettingsWritten) {
+    settings.Application(L"Application Type", L"service");
+    settings.Application(L"Pair Product", app.Path(L"pair32.exe"));
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(JrePathIn(app.SettingsFile()), runtime_ + L"\\");
+    EXPECT_EQ(JrePathIn(app.Path(L"pair32.ini")), runtime_ + L"\\");
+    EXPECT_EQ(GetFileAttributesW(PerUserFile(L"pair32").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(JreNotFoundRemembered, A32BitLibraryStartsThePairedProgram) {
+    app.AddFile(L"jre32\\bin\\client\\jvm.dll", Library32());
+    // A program that takes the launch's own command line and ends with a code of its own.
+    settings.Application(L"Pair Product", L"C:\\windows\\system32\\cmd.exe");
+    settings.Application(L"Pair Return Code", L"Yes");
+    StartUntilDialog(L"/c exit 9");
+    BrowseTo(app.Path(L"jre32"));
+    EXPECT_EQ(Confirm(), 9);
+    EXPECT_EQ(JrePathIn(PerUserFile()), app.Path(L"jre32\\"));
+    EXPECT_EQ(JrePathIn(PerUserFile(L"cmd")), app.Path(L"jre32\\"));
+}
+
+TEST_F(JreNotFoundRemembered, AWriteThatFailsIsSilentAndTheLaunchGoesOn) {
+    // A file where a folder would have to be.
+    WriteFileBytes(app.AppDataFolder() + L"\\" + kProductName, "in the way");
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(ReadFileBytes(app.AppDataFolder() + L"\\" + kProductName), "in the way");
+}
+
+TEST_F(JreNotFoundRemembered, AFileThatAnotherProgramHoldsIsLeftAloneAndTheLaunchGoesOn) {
+    const std::string before = "[Java Runtime Environment]\r\nJRE Path=C:\\gone\r\n";
+    MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
+    WriteFileBytes(PerUserFile(), before);
+    {
+        const UniqueFile held(CreateFileW(PerUserFile().c_str(), GENERIC_READ, 0, nullptr,
+                                          OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+        ASSERT_TRUE(held);
+        EXPECT_EQ(ChooseRuntime(), 7);
+    }
+    EXPECT_EQ(ReadFileBytes(PerUserFile()), before);
+}
+
+TEST_F(JreNotFoundRemembered, AProductNameOfForbiddenCharactersOnlyLeavesItsFolderOut) {
+    settings.Set(L"Product Information", L"Product Name", L"\\?|><:/*");
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(JrePathIn(app.AppDataFolder() + L"\\" + kProductCode + L"\\sample.ini"),
+              runtime_ + L"\\");
+    EXPECT_EQ(app.Launch()->ExitCode(), 7);
+}
+
+/// Without a usable APPDATA the path begins at the root of the current drive.
+class JreNotFoundWithoutAppData : public JreNotFoundRemembered {
+  protected:
+    void SetUp() override {
+        settings.Set(L"Product Information", L"Product Name", product_);
+        RemoveFolder(folder_);
+    }
+    void TearDown() override { RemoveFolder(folder_); }
+
+    const std::wstring product_ = L"TarnTest" + std::to_wstring(GetCurrentProcessId());
+    const std::wstring folder_ = app.directory.substr(0, 2) + L"\\" + product_;
+};
+
+TEST_F(JreNotFoundWithoutAppData, WithoutTheVariableTheLaunchGoesOn) {
+    app.environment[L"APPDATA"] = std::nullopt;
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(JrePathIn(folder_ + L"\\" + kProductCode + L"\\sample.ini"), runtime_ + L"\\");
+}
+
+TEST_F(JreNotFoundWithoutAppData, AVariableThatIsTooLongCountsAsNone) {
+    app.environment[L"APPDATA"] = L"C:\\" + Repeated(L"a", 300);
+    EXPECT_EQ(ChooseRuntime(), 7);
+    EXPECT_EQ(JrePathIn(folder_ + L"\\" + kProductCode + L"\\sample.ini"), runtime_ + L"\\");
+}
+
+}  // namespace
+}  // namespace tarn::test

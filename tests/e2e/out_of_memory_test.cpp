@@ -1,0 +1,130 @@
+// Every allocation of the launcher may be the one that fails: the process then ends with the code
+// for that, at once and silently, and no settings file has changed but as a whole. A sample of
+// them, or all when TARN_EVERY_CALL is set (scripts/fail_every_call.sh).
+
+#include <algorithm>
+#include <map>
+
+#include "tests/failing_calls/call_points.h"
+#include "tests/support/hook_log.h"
+#include "tests/support/jre_not_found_fixture.h"
+#include "tests/support/splash_fixture.h"
+#include "tests/support/test_pictures.h"
+
+namespace tarn::test {
+namespace {
+
+constexpr auto kOutOfMemoryCode = static_cast<std::int32_t>(0x80004005);
+constexpr std::size_t kSample = 12;
+
+/// The calls that ask for memory.
+std::vector<CallPoint> Allocations(const std::vector<HookedCall>& calls) {
+    std::vector<CallPoint> points;
+    for (const HookedCall& each : calls) {
+        if (IsAllocation(each.function)) points.push_back({each.function, each.role, each.number});
+    }
+    return points;
+}
+
+/// Evenly taken ones, with the first and the last, or all.
+std::vector<CallPoint> Sample(const std::vector<CallPoint>& all) {
+    if (GetEnvironmentVariableW(L"TARN_EVERY_CALL", nullptr, 0) != 0) return all;
+    std::vector<CallPoint> some;
+    const std::size_t count = std::min(kSample, all.size());
+    for (std::size_t i = 0; i < count; ++i) {
+        some.push_back(all[count > 1 ? i * (all.size() - 1) / (count - 1) : 0]);
+    }
+    return some;
+}
+
+class OutOfMemory : public SplashFixture {
+  protected:
+    std::vector<CallPoint> AllocationsOf(const wchar_t* arguments) {
+        const auto process = StartHooked(app, L"", arguments);
+        LetMainEnd();
+        EXPECT_EQ(process->ExitCode(), 0);
+        return Allocations(ReadHookLog(HookLogFile(app)));
+    }
+
+    void FailEach(const wchar_t* arguments) {
+        app.WriteSettings(settings);
+        const std::string before = ReadFileBytes(app.SettingsFile());
+        const auto all = AllocationsOf(arguments);
+        EXPECT_GT(all.size(), 10U);
+        RecordProperty("allocations", static_cast<int>(all.size()));
+        for (const CallPoint& point : Sample(all)) {
+            // An output file that is there already takes fewer allocations.
+            DeleteFileW(app.Path(L"out_x.txt").c_str());
+            const auto process = StartHooked(app, point.Wish(ERROR_NOT_ENOUGH_MEMORY), arguments);
+            EXPECT_EQ(process->ExitCode(), kOutOfMemoryCode) << point.Text();
+            EXPECT_EQ(ReadFileBytes(app.SettingsFile()), before) << point.Text();
+        }
+    }
+};
+
+TEST_F(OutOfMemory, EndsALaunch) {
+    app.AddFile(L"lib\\a.jar");
+    settings.Set(L"Class Path", L"Class Path", L"C:\\app.jar;lib\\*.jar");
+    settings.Runtime(L"Virtual Machine Parameters", L"-Xmx50p -Da=%OS%");
+    settings.Runtime(L"Library Path", L"C:\\native").Runtime(L"System Path", L"C:\\system");
+    settings.Application(L"Cmd", L"third").Application(L"Output File", app.Path(L"out_%'x'%.txt"));
+    FailEach(L"first \"second one\"");
+}
+
+TEST_F(OutOfMemory, EndsALaunchWithSplash) {
+    ShowTestPicture(L"opaque.png");
+    FailEach(L"");
+}
+
+class OutOfMemoryRemembering : public JreNotFoundFixture {
+  protected:
+    /// A launch in which the user picks a runtime, as far as it comes.
+    std::int32_t Browse(const std::wstring& failures) {
+        WriteFileBytes(PerUserFile(), kBefore);
+        DeleteFileW(HookLogFile(app).c_str());
+        process = StartHooked(app, failures);
+        bool browsed = false;
+        WaitUntil([&] {
+            for (const HWND each : WindowsOf(process->id(), L"#32770")) {
+                if (IsWindowVisible(each)) AnswerOne(each, browsed);
+            }
+            return process->HasEnded();
+        });
+        return End();
+    }
+
+    void AnswerOne(HWND window, bool& browsed) {
+        if (WindowText(window) == L"JRE Not Found") {
+            if (!browsed) PressButton(window, kBrowse);
+            if (browsed && IsWindowEnabled(window)) PressButton(window, kOk);
+            browsed = true;
+        } else if (SelectInBrowser(process->id(), window, app.Path(L"jre"),
+                                   std::chrono::seconds(2))) {
+            PressButton(window, kOk);
+            WaitUntil([&] { return !IsWindow(window) || process->HasEnded(); });
+        }
+    }
+
+    static constexpr char kBefore[] = "[Other]\r\nKey=value\r\n";
+};
+
+TEST_F(OutOfMemoryRemembering, LeavesTheUsersFileWhole) {
+    app.AddRuntime();
+    app.WriteSettings(settings);
+    MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
+    EXPECT_EQ(Browse(L""), 0);
+    const std::string after = ReadFileBytes(PerUserFile());
+    EXPECT_NE(after, kBefore);
+    EXPECT_THAT(after, testing::StartsWith(kBefore));
+
+    auto all = Allocations(ReadHookLog(HookLogFile(app)));
+    // What comes before the dialog is no different from another launch.
+    all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(all.size() / 2));
+    for (const CallPoint& point : Sample(all)) {
+        EXPECT_EQ(Browse(point.Wish(ERROR_NOT_ENOUGH_MEMORY)), kOutOfMemoryCode) << point.Text();
+        EXPECT_THAT(ReadFileBytes(PerUserFile()), testing::AnyOf(kBefore, after)) << point.Text();
+    }
+}
+
+}  // namespace
+}  // namespace tarn::test

@@ -1,0 +1,61 @@
+// Paired launches on a file that is a 32-bit library by nothing but its headers, and the exit
+// codes that come back.
+
+#include "tests/support/fake_jvm_fixture.h"
+#include "tests/support/jvm_files.h"
+#include "tests/support/pair_product.h"
+
+namespace tarn::test {
+namespace {
+
+class PairedLaunchEdges : public FakeJvmFixture {
+  protected:
+    PairedLaunchEdges() {
+        WriteFileBytes(library, NarrowLibrary());
+        settings.Application(L"Pair Return Code", L"Yes");
+    }
+
+    const std::wstring library = app.Path(L"jre\\bin\\server\\jvm.dll");
+    PairProduct pair{app, settings};
+};
+
+TEST_F(PairedLaunchEdges, EveryExitCodeComesBackWhole) {
+    // 259 is what Windows says of a process that has not ended.
+    for (const int code : {0, 7, 256, -1, -559038737, 259}) {
+        pair.EndWith(code);
+        EXPECT_EQ(Run(), code);
+    }
+}
+
+TEST_F(PairedLaunchEdges, LettersOfAnyScriptAreHandedOn) {
+    app.environment[PairProduct::kProbeVariable] = L"\u4E2D\u00E9";
+    app.directory = app.AddFolder(L"here \u00E9");
+    EXPECT_EQ(Run(L"\u00E9\u4E2D\xD83D\xDE00 \"\""), 0);
+    EXPECT_EQ(pair.CommandLine(), L"\"" + app.Executable() + L"\" \u00E9\u4E2D\xD83D\xDE00 \"\"");
+    EXPECT_EQ(pair.Directory(), app.directory);
+    EXPECT_EQ(pair.Probe(), L"\u4E2D\u00E9");
+}
+
+TEST_F(PairedLaunchEdges, TheDirectoryIsTheLaunchersOwnWhenThatIsTheOneToUse) {
+    settings.Application(L"Override WorkingDir", L"Yes");
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(pair.Directory() + L'\\', app.folder());
+}
+
+TEST_F(PairedLaunchEdges, AFileThatIsNoProgramGivesZero) {
+    settings.Application(L"Pair Product", app.SettingsFile());
+    EXPECT_EQ(Run(), 0);
+    EXPECT_FALSE(pair.WasStarted());
+}
+
+TEST_F(PairedLaunchEdges, HeadersThatTheFileDoesNotHoldAreNoHeaders) {
+    WriteFileBytes(library, NarrowLibrary().substr(0, 70));
+    EXPECT_EQ(Run(), 0);
+    EXPECT_TRUE(pair.WaitUntilStarted());
+    // The machine's second byte is missing.
+    WriteFileBytes(library, NarrowLibrary().substr(0, 69));
+    EXPECT_EQ(RunWithErrorBox(LoadFailure(library)), -1);
+}
+
+}  // namespace
+}  // namespace tarn::test

@@ -1,0 +1,204 @@
+// What the launches of one executable share, and when they share it.
+
+#include "tests/support/single_instance_fixture.h"
+
+namespace tarn::test {
+namespace {
+
+using testing::IsEmpty;
+
+class SharedObjectsTest : public SingleInstanceFixture {
+  protected:
+    std::wstring Name() const { return InstanceNameOf(app.Executable()); }
+    std::wstring EventName() const { return Name() + L"_upr_evt"; }
+
+    /// Two launches that know nothing of each other: each creates a JVM.
+    void ExpectIndependentLaunches() {
+        const auto first = StartFirst();
+        const auto second = app.Launch(L"x");
+        EXPECT_TRUE(WaitUntil([&] { return app.Log().Count(kMainCall) == 2; }));
+        EXPECT_EQ(Machines(), 2u);
+        mayEnd.Set();
+        EXPECT_EQ(first->ExitCode(), kFirstCode);
+        EXPECT_EQ(second->ExitCode(), kFirstCode);
+        EXPECT_THAT(SecondaryCalls(), IsEmpty());
+    }
+
+    /// The same for a block that cannot be mapped whole for writing. Wine maps it all the same
+    /// (sizes count in pages, and protection does not count); it is then a block like any other
+    /// that names no first instance.
+    void ExpectBlockIsOfNoUse(const UniqueHandle& mapping) {
+        ASSERT_TRUE(mapping);
+        if (!InstanceBlock::Create(app.Executable())) {
+            ExpectIndependentLaunches();
+        } else {
+            EXPECT_EQ(Run(L"x"), -1);
+            EXPECT_EQ(Machines(), 0u);
+        }
+    }
+};
+
+TEST_F(SharedObjectsTest, TheBlockNamesTheFirstInstance) {
+    const auto first = StartFirst();
+    const InstanceBlock block = InstanceBlock::Open(app.Executable());
+    ASSERT_TRUE(block);
+    EXPECT_EQ(block.Number(InstanceBlock::kProcess), first->id());
+    EXPECT_EQ(block.Number(InstanceBlock::kMessage), RegisterWindowMessageW(Name().c_str()));
+    const UniqueHandle listener(
+        OpenThread(THREAD_QUERY_INFORMATION, FALSE, block.Number(InstanceBlock::kListenerThread)));
+    ASSERT_TRUE(listener);
+    EXPECT_EQ(GetProcessIdOfThread(listener.get()), first->id());
+    EXPECT_NE(block.Number(InstanceBlock::kListenerThread), first->threadId());
+    EXPECT_EQ(block.Bytes(InstanceBlock::kArguments, 2080), std::string(2080, '\0'));
+    EndFirst(*first);
+}
+
+TEST_F(SharedObjectsTest, TheBlockHoldsTheSecondLaunchsArguments) {
+    const auto first = StartFirst(L"not these");
+    EXPECT_EQ(Second(L"a much longer argument"), 0);
+    EXPECT_EQ(Second(L"a bc"), 0);
+    const InstanceBlock block = InstanceBlock::Open(app.Executable());
+    ASSERT_TRUE(block);
+    std::string expected("a\0\0\0b\0c\0\0\0", 10);
+    expected.resize(InstanceBlock::kArgumentBytes, '\0');
+    EXPECT_EQ(block.Bytes(InstanceBlock::kArguments, InstanceBlock::kArgumentBytes), expected);
+    EXPECT_EQ(block.Bytes(InstanceBlock::kUnused, 1040), std::string(1040, '\0'));
+    EndFirst(*first);
+}
+
+TEST_F(SharedObjectsTest, TheReadyEventIsSetWhenMainIsAboutToBeCalled) {
+    NamedEvent mayCreate;
+    Script("on_create = wait_event " + mayCreate.utf8Name());
+    const auto first = StartListeningFirst();
+    const UniqueHandle ready(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str()));
+    ASSERT_TRUE(ready);
+    app.Log().WaitFor("JNI_CreateJavaVM(");
+    EXPECT_EQ(WaitForSingleObject(ready.get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
+    mayCreate.Set();
+    app.Log().WaitFor(kMainCall);
+    EXPECT_EQ(WaitForSingleObject(ready.get(), 0), WAIT_OBJECT_0);
+    // It stays set.
+    EXPECT_EQ(WaitForSingleObject(ready.get(), 0), WAIT_OBJECT_0);
+    EndFirst(*first);
+}
+
+TEST_F(SharedObjectsTest, NothingIsLeftWhenMainHasReturned) {
+    app.WriteScript("");
+    EXPECT_EQ(Run(), 0);
+    EXPECT_FALSE(InstanceBlock::Open(app.Executable()));
+    EXPECT_FALSE(UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
+}
+
+TEST_F(SharedObjectsTest, TheNextLaunchIsAFirstOneAgain) {
+    const auto first = StartFirst();
+    EndFirst(*first);
+    app.WriteScript("");
+    EXPECT_EQ(Run(L"again"), 0);
+    EXPECT_EQ(Machines(), 2u);
+    EXPECT_THAT(SecondaryCalls(), IsEmpty());
+}
+
+TEST_F(SharedObjectsTest, ASecondLaunchNeedsNoRuntime) {
+    const auto first = StartFirst();
+    settings.Runtime(L"JRE Path", L"C:\\nowhere");
+    app.WriteSettings(settings);
+    EXPECT_EQ(Second(L"a"), 0);
+    EndFirst(*first);
+}
+
+TEST_F(SharedObjectsTest, CopiesUnderOtherPathsAreOnTheirOwn) {
+    InstalledApplication other;
+    other.environment = app.environment;
+    other.WriteSettings(SettingsText(settings));
+    const auto first = StartFirst();
+    const auto copy = other.Launch(L"x");
+    EXPECT_TRUE(WaitUntil([&] { return app.Log().Count(kMainCall) == 2; }));
+    EXPECT_NE(InstanceBlock::Open(app.Executable()).Number(InstanceBlock::kProcess),
+              InstanceBlock::Open(other.Executable()).Number(InstanceBlock::kProcess));
+    mayEnd.Set();
+    EXPECT_EQ(first->ExitCode(), kFirstCode);
+    EXPECT_EQ(copy->ExitCode(), kFirstCode);
+    EXPECT_THAT(SecondaryCalls(), IsEmpty());
+}
+
+TEST_F(SharedObjectsTest, ACapitalYesLeavesItOff) {
+    settings.Application(L"Single Instance", L"Yes");
+    ExpectIndependentLaunches();
+}
+
+TEST_F(SharedObjectsTest, AnAddedYesHasABlankBeforeItAndLeavesItOff) {
+    settings.Remove(L"Application", L"Single Instance");
+    settings.Set(L"Application+", L"Single Instance", L"yes");
+    ExpectIndependentLaunches();
+}
+
+TEST_F(SharedObjectsTest, OffMakesNoSharedObjects) {
+    settings.Remove(L"Application", L"Single Instance");
+    const auto first = StartFirst();
+    EXPECT_FALSE(InstanceBlock::Open(app.Executable()));
+    EXPECT_FALSE(UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
+    EndFirst(*first);
+}
+
+TEST_F(SharedObjectsTest, AServiceIsNeverASingleInstance) {
+    settings.Application(L"Application Type", L"service");
+    ExpectIndependentLaunches();
+}
+
+TEST_F(SharedObjectsTest, OnlyTheExactWordMakesAService) {
+    settings.Application(L"Application Type", L"Service");
+    const auto first = StartFirst();
+    EXPECT_EQ(Second(L"a"), 0);
+    EndFirst(*first);
+}
+
+TEST_F(SharedObjectsTest, AnObjectOfAnotherKindSwitchesItOff) {
+    const UniqueHandle stranger(CreateEventW(nullptr, TRUE, FALSE, Name().c_str()));
+    ASSERT_TRUE(stranger);
+    ExpectIndependentLaunches();
+}
+
+TEST_F(SharedObjectsTest, ASmallerBlockSwitchesItOff) {
+    const UniqueHandle stranger(
+        CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 100, Name().c_str()));
+    ExpectBlockIsOfNoUse(stranger);
+}
+
+TEST_F(SharedObjectsTest, AReadOnlyBlockSwitchesItOff) {
+    const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
+                                                   InstanceBlock::kSize, Name().c_str()));
+    ExpectBlockIsOfNoUse(stranger);
+}
+
+TEST_F(SharedObjectsTest, ABlockWithoutMemoryBehindItSwitchesItOff) {
+    const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
+                                                   PAGE_READWRITE | SEC_RESERVE, 0,
+                                                   InstanceBlock::kSize, Name().c_str()));
+    ASSERT_TRUE(stranger);
+    ExpectIndependentLaunches();
+}
+
+TEST_F(SharedObjectsTest, ATakenEventNameDoesNotHurt) {
+    const UniqueHandle stranger(CreateMutexW(nullptr, FALSE, EventName().c_str()));
+    ASSERT_TRUE(stranger);
+    const auto first = StartFirst();
+    EXPECT_EQ(Second(L"a"), 0);
+    EndFirst(*first);
+}
+
+TEST_F(SharedObjectsTest, AnEventThatIsAlreadySetDoesNotAnswerEarly) {
+    const UniqueHandle stranger(CreateEventW(nullptr, TRUE, TRUE, EventName().c_str()));
+    ASSERT_TRUE(stranger);
+    NamedEvent mayCreate;
+    Script("on_create = wait_event " + mayCreate.utf8Name());
+    const auto first = StartListeningFirst();
+    EXPECT_EQ(WaitForSingleObject(stranger.get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
+    const auto second = app.Launch(L"x");
+    app.Log().WaitFor("JNI_CreateJavaVM(");
+    mayCreate.Set();
+    EXPECT_EQ(second->ExitCode(), 0);
+    EndFirst(*first);
+}
+
+}  // namespace
+}  // namespace tarn::test

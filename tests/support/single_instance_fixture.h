@@ -1,0 +1,87 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/fake_jvm_fixture.h"
+#include "tests/support/instance_block.h"
+#include "tests/support/named_event.h"
+
+namespace tarn::test {
+
+/// A test on an application with single instance on, whose `main` goes on until the test lets it
+/// end, with the exit code `kFirstCode`.
+class SingleInstanceFixture : public FakeJvmFixture {
+  protected:
+    static constexpr std::int32_t kFirstCode = 9;
+    static constexpr char kVoidCall[] =
+        "CallStaticVoidMethod(com/example/Main.secondaryMain([Ljava/lang/String;)V, ";
+    static constexpr char kIntCall[] =
+        "CallStaticIntMethod(com/example/Main.secondaryMain([Ljava/lang/String;)I, ";
+    static constexpr char kMainCall[] = "CallStaticVoidMethod(com/example/Main.main(";
+    static constexpr char kOnlyInt[] = "no_method secondaryMain ([Ljava/lang/String;)V\n";
+
+    SingleInstanceFixture() {
+        settings.Application(L"Single Instance", L"yes");
+        Script("");
+    }
+
+    /// Sets the script: the long `main`, and these lines.
+    void Script(std::string_view lines) {
+        app.WriteScript("main = wait_event " + mayEnd.utf8Name() + "\nmain = exit " +
+                        std::to_string(kFirstCode) + '\n' + std::string(lines));
+    }
+
+    /// Starts the first instance and waits until its `main` runs.
+    std::unique_ptr<LaunchedProcess> StartFirst(std::wstring_view argumentText = {}) {
+        auto first = Start(argumentText);
+        app.Log().WaitFor(kMainCall);
+        return first;
+    }
+
+    /// Starts it and waits until it listens, which is long before `main` runs.
+    std::unique_ptr<LaunchedProcess> StartListeningFirst() {
+        auto first = Start();
+        EXPECT_TRUE(WaitUntil([&] { return IsListening(); }));
+        return first;
+    }
+
+    /// Whether a first instance takes requests: its thread has a queue to post to.
+    bool IsListening() const {
+        const InstanceBlock block = InstanceBlock::Open(app.Executable());
+        return block && block.Number(InstanceBlock::kMessage) != 0 &&
+               PostThreadMessageW(block.Number(InstanceBlock::kListenerThread), WM_NULL, 0, 0);
+    }
+
+    /// The exit code of a second launch.
+    std::int32_t Second(std::wstring_view argumentText = {}) {
+        return app.Launch(argumentText)->ExitCode().value_or(kNoExitCode);
+    }
+
+    /// Lets `main` end and checks that the first instance ends with its code.
+    void EndFirst(const LaunchedProcess& first) {
+        mayEnd.Set();
+        EXPECT_EQ(first.ExitCode(), kFirstCode);
+    }
+
+    /// The arguments of every call of `secondaryMain`, as the log shows them.
+    std::vector<std::string> SecondaryCalls() const {
+        std::vector<std::string> calls;
+        for (const std::string& text : app.Log().Texts()) {
+            for (const std::string_view call : {kVoidCall, kIntCall}) {
+                if (text.rfind(call, 0) == 0) {
+                    calls.push_back(text.substr(call.size(), text.size() - call.size() - 1));
+                }
+            }
+        }
+        return calls;
+    }
+
+    /// How many processes loaded a JVM.
+    std::size_t Machines() const { return app.Log().Count("JNI_CreateJavaVM("); }
+
+    NamedEvent mayEnd;
+};
+
+}  // namespace tarn::test
