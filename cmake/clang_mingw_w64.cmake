@@ -3,11 +3,10 @@
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
-find_program(tarnClangCxx NAMES clang++-14 clang++ REQUIRED)
-find_program(tarnClangCc NAMES clang-14 clang REQUIRED)
+include("${CMAKE_CURRENT_LIST_DIR}/llvm.cmake")
 find_program(tarnRc NAMES x86_64-w64-mingw32-windres windres REQUIRED)
 set(CMAKE_CXX_COMPILER "${tarnClangCxx}")
-set(CMAKE_C_COMPILER "${tarnClangCc}")
+set(CMAKE_C_COMPILER "${tarnClang}")
 set(CMAKE_RC_COMPILER "${tarnRc}")
 set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-mingw32)
 set(CMAKE_C_COMPILER_TARGET x86_64-w64-mingw32)
@@ -21,7 +20,7 @@ set(CMAKE_CXX_FLAGS_INIT "--start-no-unused-arguments -nostdinc++ --end-no-unuse
 -isystem ${tarnMingwLibraries}/include/c++ \
 -isystem ${tarnMingwLibraries}/include/c++/x86_64-w64-mingw32")
 # The other compiler adds the threads' library by itself.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${tarnMingwLibraries} -fuse-ld=lld-14 -lwinpthread")
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-L${tarnMingwLibraries} -fuse-ld=${tarnLld} -lwinpthread")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "${CMAKE_EXE_LINKER_FLAGS_INIT}")
 
 if(NOT CMAKE_HOST_WIN32)

@@ -4,9 +4,9 @@ set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 jar=${1:-$here/../build/examples/notes.jar}
 
-# Prefer the JDK that setup.sh installs; any newer one works, too.
-jdk=/usr/lib/jvm/java-17-openjdk-amd64/bin
-[ -x "$jdk/javac" ] && PATH=$jdk:$PATH
+# In the source tree the JDK of the build, elsewhere the one on the path.
+toolchain=$here/../scripts/lib/toolchain.sh
+[ ! -x "$toolchain" ] || PATH=$("$toolchain" jdk)/bin:$PATH
 
 classes=$(mktemp -d)
 trap 'rm -rf "$classes"' EXIT

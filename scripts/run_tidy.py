@@ -14,7 +14,7 @@ import subprocess
 import sys
 
 ROOT = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-TIDY = os.environ.get("CLANG_TIDY", "clang-tidy-14")
+TOOLCHAIN = os.path.join(ROOT, "scripts", "lib", "toolchain.sh")
 
 
 def database(preset):
@@ -41,8 +41,8 @@ def mingw_arguments():
     return [f"--extra-arg-before={argument}" for argument in arguments]
 
 
-def check(preset, extra, sources):
-    command = [TIDY, "--quiet", "-p", os.path.join(ROOT, "build", preset), *extra, *sources]
+def check(tidy, preset, extra, sources):
+    command = [tidy, "--quiet", "-p", os.path.join(ROOT, "build", preset), *extra, *sources]
     done = subprocess.run(command, cwd=ROOT, stdin=subprocess.DEVNULL, capture_output=True,
                           text=True, check=False)
     return done.returncode, done.stdout, done.stderr
@@ -60,12 +60,13 @@ def main():
         asked = {os.path.relpath(os.path.abspath(name), ROOT) for name in sys.argv[1:]}
         host &= asked
         windows &= asked
+    tidy = subprocess.check_output([TOOLCHAIN, "llvm", "clang-tidy"], text=True).strip()
     jobs = [("host", [], batch) for batch in batches(host)]
     jobs += [("release", mingw_arguments(), batch) for batch in batches(windows)]
 
     failed = False
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
-        for code, output, errors in pool.map(lambda job: check(*job), jobs):
+        for code, output, errors in pool.map(lambda job: check(tidy, *job), jobs):
             if code != 0 or output.strip():
                 failed = True
                 print(output or errors, flush=True)

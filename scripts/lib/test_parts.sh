@@ -217,8 +217,10 @@ python_tests() {  # name, command in front...
 }
 
 part_format() {
+    local formatter
+    formatter=$(scripts/fetch_clang_format.sh) || { count_failure "fetching clang-format"; return 0; }
     check clang-format 120 bash -c \
-        'git ls-files "*.cpp" "*.h" ":!third_party" | xargs clang-format-14 --dry-run --Werror'
+        "git ls-files '*.cpp' '*.h' ':!third_party' | xargs '$formatter' --dry-run --Werror"
 }
 
 part_lint() {

@@ -17,7 +17,8 @@ PROGRAMS = {
 }
 RUNTIMES = os.environ.get("TARN_RUNTIMES", os.path.join(
     os.environ.get("XDG_CACHE_HOME", os.path.expanduser("~/.cache")), "tarn", "runtimes"))
-JDK = "/usr/lib/jvm/java-17-openjdk-amd64/bin"
+TOOLCHAIN = os.path.join(ROOT, "scripts", "lib", "toolchain.sh")
+JDK = os.path.join(subprocess.check_output([TOOLCHAIN, "jdk"], text=True).strip(), "bin")
 
 
 def run(command, folder, seconds=120, **options):
