@@ -4,7 +4,7 @@
 
 namespace tarn {
 
-// Both functions take explicit lengths, so a view need not be terminated here.
+// Both Windows functions take explicit lengths, so the views need not be terminated.
 
 std::string ToThreadAnsi(std::wstring_view text) {
     std::string result;

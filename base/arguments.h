@@ -6,11 +6,11 @@
 
 namespace tarn {
 
-/// Splits a text into arguments. Only the blank U+0020 separates, and runs of it count as one. An
-/// argument that begins with a double quote runs to the next one (or to the end of the text), and
-/// the quotes are not part of it; what follows the closing quote begins a new argument. Any other
-/// argument runs to the next blank, quotes inside it included. There is no escape character.
-/// A pair of quotes with nothing between them gives an empty argument.
+/// Splits a text into arguments. Only the space U+0020 separates arguments, and consecutive spaces
+/// count as one. An argument that begins with a double quote extends to the next double quote, or
+/// to the end of the text; the quotes are removed, and the text after the closing quote begins a
+/// new argument. Any other argument extends to the next space, including quotes inside it. There is
+/// no escape character. Two adjacent quotes are an empty argument.
 std::vector<std::wstring> SplitArguments(std::wstring_view text);
 
 }  // namespace tarn

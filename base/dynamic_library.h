@@ -4,15 +4,14 @@
 
 namespace tarn {
 
-/// Loads a library of Windows itself on first need, from the system folder only: a file of that
-/// name beside the launcher or in the current directory is never run. Null with the last error when
-/// there is none. Whoever calls this keeps the library; it is not counted on to be unloaded.
+/// Loads a Windows library on first use, from the system folder only: a file of the same name
+/// beside the launcher or in the current directory is never loaded (`LoadLibraryExW`). Returns null
+/// with the last error set on failure. The library stays loaded; callers do not unload it.
 HMODULE LoadSystemLibrary(const wchar_t* name);
 
-/// While an object lives, a library that the calling thread cannot load causes no message box of
-/// Windows' own (`SetThreadErrorMode` with `SEM_FAILCRITICALERRORS`). The destructor restores the
-/// thread's mode, so neither the application nor its child processes inherit it, and keeps the
-/// last error.
+/// Suppresses the message boxes that Windows shows when the calling thread loads a corrupt library
+/// (`SetThreadErrorMode` with `SEM_FAILCRITICALERRORS`). The destructor restores the thread's mode,
+/// so that neither the application nor its child processes inherit it, and keeps the last error.
 class HardErrorSuppression {
   public:
     HardErrorSuppression();
@@ -24,8 +23,8 @@ class HardErrorSuppression {
     const DWORD previousMode_;
 };
 
-/// A function that `library` exports, as a pointer of type `Function`; null when the library is
-/// null or has no such function.
+/// Returns an exported function as a pointer of type `Function` (`GetProcAddress`); null when
+/// `library` is null or does not export it.
 template <typename Function>
 Function FindFunction(HMODULE library, const char* name) {
     if (library == nullptr) return nullptr;

@@ -1,16 +1,15 @@
 #include "base/dynamic_library.h"
-
 #include "base/text.h"
 
 namespace tarn {
 
 HMODULE LoadSystemLibrary(const wchar_t* name) {
-    // By its bare name, for then the launcher's manifest still decides which version of a library
-    // that Windows has several of (the common controls) this is.
+    // Without a folder, so that the manifest still selects the version of side-by-side libraries
+    // such as the common controls.
     const HMODULE library = LoadLibraryExW(name, nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
     if (library != nullptr || GetLastError() != ERROR_INVALID_PARAMETER) return library;
 
-    // A Windows 7 that lacks the update which brought the flag: the full path is as safe.
+    // Windows 7 without the loader update rejects the flag; the full path is equally safe.
     wchar_t folder[MAX_PATH];  // the system folder's path is never longer
     const UINT length = GetSystemDirectoryW(folder, MAX_PATH);
     if (length == 0 || length >= MAX_PATH) return nullptr;

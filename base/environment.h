@@ -4,8 +4,9 @@
 
 namespace tarn {
 
-/// The text with every `%NAME%` of a known environment variable replaced by its value
-/// (`ExpandEnvironmentStringsW`, of any length). A text that cannot be expanded stays as it is.
+/// Replaces every `%NAME%` of an existing environment variable by its value
+/// (`ExpandEnvironmentStringsW`); the result may have any length. Returns the text unchanged when
+/// it cannot be expanded.
 std::wstring ExpandEnvironment(const std::wstring& text);
 
 }  // namespace tarn

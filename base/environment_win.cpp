@@ -5,12 +5,12 @@
 namespace tarn {
 
 std::wstring ExpandEnvironment(const std::wstring& text) {
-    // Nearly every text holds no variable; the call would only copy it.
+    // Most texts contain no variable.
     if (text.find(L'%') == std::wstring::npos) return text;
     std::wstring result(text.size() + 1, L'\0');
     for (;;) {
         const DWORD size = static_cast<DWORD>(result.size());
-        // Counts the terminator.
+        // Includes the terminator.
         const DWORD needed = ExpandEnvironmentStringsW(text.c_str(), result.data(), size);
         if (needed == 0) return text;
         if (needed <= size) {

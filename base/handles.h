@@ -1,11 +1,54 @@
 #pragma once
 
-#include "base/unique_resource.h"
+#include <utility>
+
 #include "base/windows.h"
 
 namespace tarn {
 
-/// A kernel object whose absence is null: event, thread, process, file mapping.
+/// Owns one resource and closes it in the destructor. Move only.
+///
+/// `Traits` describes the kind of resource: `Value` is the raw type, `None()` the invalid value
+/// (null for most kinds, `INVALID_HANDLE_VALUE` for files), `Close(Value)` releases the resource.
+template <typename Traits>
+class UniqueResource {
+  public:
+    using Value = typename Traits::Value;
+
+    UniqueResource() = default;
+    explicit UniqueResource(Value value) : value_(value) {}
+    UniqueResource(UniqueResource&& other) noexcept : value_(other.release()) {}
+    UniqueResource& operator=(UniqueResource&& other) noexcept {
+        if (this != &other) reset(other.release());
+        return *this;
+    }
+    UniqueResource(const UniqueResource&) = delete;
+    UniqueResource& operator=(const UniqueResource&) = delete;
+    ~UniqueResource() { reset(); }
+
+    Value get() const { return value_; }
+    explicit operator bool() const { return value_ != Traits::None(); }
+
+    /// Closes the resource held, if any, and takes ownership of `value`.
+    void reset(Value value = Traits::None()) {
+        const Value old = std::exchange(value_, value);
+        if (old != Traits::None()) Traits::Close(old);
+    }
+
+    /// Gives up ownership and returns the resource.
+    Value release() { return std::exchange(value_, Traits::None()); }
+
+    /// Closes the resource held and returns the address for a function that stores a new one there.
+    Value* put() {
+        reset();
+        return &value_;
+    }
+
+  private:
+    Value value_ = Traits::None();
+};
+
+/// A kernel object: event, thread, process, file mapping.
 struct HandleTraits {
     using Value = HANDLE;
     static Value None() { return nullptr; }
@@ -13,7 +56,7 @@ struct HandleTraits {
 };
 using UniqueHandle = UniqueResource<HandleTraits>;
 
-/// A file as `CreateFileW` opens it; its absence is `INVALID_HANDLE_VALUE`.
+/// A file (`CreateFileW`).
 struct FileHandleTraits {
     using Value = HANDLE;
     static Value None() { return INVALID_HANDLE_VALUE; }
@@ -21,7 +64,7 @@ struct FileHandleTraits {
 };
 using UniqueFile = UniqueResource<FileHandleTraits>;
 
-/// A search that `FindFirstFileW` began.
+/// A file search (`FindFirstFileW`).
 struct FindHandleTraits {
     using Value = HANDLE;
     static Value None() { return INVALID_HANDLE_VALUE; }
@@ -29,7 +72,15 @@ struct FindHandleTraits {
 };
 using UniqueFindHandle = UniqueResource<FindHandleTraits>;
 
-/// An open registry key.
+/// A view of a file mapping (`MapViewOfFile`).
+struct FileViewTraits {
+    using Value = void*;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { UnmapViewOfFile(value); }
+};
+using UniqueFileView = UniqueResource<FileViewTraits>;
+
+/// A registry key (`RegOpenKeyExW`).
 struct RegistryKeyTraits {
     using Value = HKEY;
     static Value None() { return nullptr; }
@@ -37,20 +88,12 @@ struct RegistryKeyTraits {
 };
 using UniqueRegistryKey = UniqueResource<RegistryKeyTraits>;
 
-/// A library that is unloaded again.
+/// A library (`LoadLibraryW`) that is unloaded by its owner.
 struct LibraryTraits {
     using Value = HMODULE;
     static Value None() { return nullptr; }
     static void Close(Value value) { FreeLibrary(value); }
 };
 using UniqueLibrary = UniqueResource<LibraryTraits>;
-
-/// A view of a file mapping.
-struct FileViewTraits {
-    using Value = void*;
-    static Value None() { return nullptr; }
-    static void Close(Value value) { UnmapViewOfFile(value); }
-};
-using UniqueFileView = UniqueResource<FileViewTraits>;
 
 }  // namespace tarn

@@ -4,8 +4,7 @@
 
 namespace tarn {
 
-/// A slot for one function that is called at most once: by `Invoke`, or at the latest when the
-/// slot is destroyed.
+/// Holds a function that is called at most once: by `Invoke`, otherwise by the destructor.
 class OneShotAction {
   public:
     using Function = void (*)();
@@ -15,20 +14,20 @@ class OneShotAction {
     OneShotAction& operator=(const OneShotAction&) = delete;
     ~OneShotAction() { Invoke(); }
 
-    /// Holds `function` from now on. A different function that is still held is called first;
-    /// the same one is simply kept.
+    /// Stores `function`. A different function stored before is called first.
     void Set(Function function) {
         if (function == function_) return;
         Invoke();
         function_ = function;
     }
 
-    /// Calls the function that is held, if any, and holds none from then on.
+    /// Calls the stored function, if any, and clears it.
     void Invoke() {
         const Function function = std::exchange(function_, nullptr);
         if (function != nullptr) function();
     }
 
+    /// Returns the stored function, or null.
     Function held() const { return function_; }
 
   private:

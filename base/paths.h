@@ -2,16 +2,28 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace tarn {
 
-/// The full path of the launcher's own executable (`GetModuleFileNameW`), or of the one that this
-/// process acts for (`base/program.h`). A path of 260 or more characters counts as unreadable:
-/// settings, single instance and class path are all derived from it, and a cut path would name
-/// somebody else's files. The last error tells why.
+/// Returns whether a path is absolute: its second character is ":" or it begins with two
+/// backslashes. A path that begins with one backslash is not.
+bool IsAbsolutePath(std::wstring_view path);
+
+/// Returns the folder of a file, up to and including the last backslash; empty when there is none.
+std::wstring_view FolderOf(std::wstring_view path);
+
+/// Returns whether `FindFirstFileW` finds a file or folder of that name. A name with wildcards
+/// exists when anything matches.
+bool FileExists(const std::wstring& path);
+
+/// Returns the full path of the launcher's executable (`GetModuleFileNameW`), or of the program
+/// that replaces it (`base/program.h`). Returns nothing, with the last error set, when the path
+/// cannot be read or has 260 or more characters: settings file, instance name and class path are
+/// derived from this path, and a truncated one would name foreign files.
 std::optional<std::wstring> ModulePath();
 
-/// The folder of the executable, up to and including its last backslash.
+/// Returns the folder of the executable, up to and including the last backslash.
 std::optional<std::wstring> ModuleFolder();
 
 }  // namespace tarn

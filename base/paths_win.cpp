@@ -1,19 +1,21 @@
+#include "base/handles.h"
 #include "base/paths.h"
-
 #include "base/program.h"
-#include "base/text.h"
-#include "base/windows.h"
 
 namespace tarn {
 
+bool FileExists(const std::wstring& path) {
+    WIN32_FIND_DATAW found;
+    return static_cast<bool>(UniqueFindHandle(FindFirstFileW(path.c_str(), &found)));
+}
+
 std::optional<std::wstring> ModulePath() {
-    if (const OtherProgram* const other = ProgramActedFor()) {
+    if (const OtherProgram* const other = OverridingProgram()) {
         if (other->path.size() < MAX_PATH) return other->path;
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
         return std::nullopt;
     }
-    // The size is the limit itself, not a first guess.
-    wchar_t path[MAX_PATH];
+    wchar_t path[MAX_PATH];  // the limit on purpose, see the declaration
     const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
     if (length == 0) return std::nullopt;
     if (length >= MAX_PATH) {

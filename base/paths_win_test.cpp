@@ -1,8 +1,6 @@
-#include "base/files.h"
+#include "base/paths.h"
 
 #include <gtest/gtest.h>
-
-#include "base/paths.h"
 
 namespace tarn {
 namespace {

@@ -6,24 +6,22 @@
 
 namespace tarn {
 
-/// The executable whose launch this process is about, for its resources: in the launcher, this
-/// process's own.
-HMODULE ProgramModule();
-
-/// Another executable, opened for its resources, that this process acts for.
+/// An executable loaded for its resources, whose launch this process predicts.
 struct OtherProgram {
-    /// Full path, as `GetModuleFileNameW` would give it there.
-    std::wstring path;
-    HMODULE module = nullptr;
+    std::wstring path;         ///< full path, as `GetModuleFileNameW` returns it in that process
+    HMODULE module = nullptr;  ///< owned by the caller of `OverrideProgram`
 };
 
-/// The one that was named to `OverrideProgram`, null when there is none.
-const OtherProgram* ProgramActedFor();
+/// Returns the module whose resources hold the messages and the embedded settings: this process's
+/// executable, unless it is overridden.
+HMODULE ProgramModule();
 
-/// From now on `ModulePath`, the message texts and the settings built into the executable are those
-/// of `program`, which has to stay; null goes back to this process's own. For a program that tells
-/// what a launch of another one would do, by the launcher's own decisions. The launcher never calls
-/// this, which leaves nothing of it in there. On one thread only.
+/// Returns the program passed to `OverrideProgram`, or null.
+const OtherProgram* OverridingProgram();
+
+/// Makes `ModulePath` and `ProgramModule` return those of `program`, which must stay alive, until
+/// null is passed. The companion program uses this to run the launcher's own decisions for another
+/// executable; the launcher never calls it, so the linker drops the override. Not thread-safe.
 void OverrideProgram(const OtherProgram* program);
 
 }  // namespace tarn

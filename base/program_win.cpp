@@ -3,20 +3,20 @@
 namespace tarn {
 namespace {
 
-const OtherProgram* actedFor = nullptr;
+const OtherProgram* overridingProgram = nullptr;
 
 }  // namespace
 
 HMODULE ProgramModule() {
-    return actedFor != nullptr ? actedFor->module : GetModuleHandleW(nullptr);
+    return overridingProgram != nullptr ? overridingProgram->module : GetModuleHandleW(nullptr);
 }
 
-const OtherProgram* ProgramActedFor() {
-    return actedFor;
+const OtherProgram* OverridingProgram() {
+    return overridingProgram;
 }
 
 void OverrideProgram(const OtherProgram* program) {
-    actedFor = program;
+    overridingProgram = program;
 }
 
 }  // namespace tarn

@@ -13,7 +13,7 @@ class ProgramTest : public testing::Test {
 };
 
 TEST_F(ProgramTest, IsThisProcesssOwnUnlessAnotherIsNamed) {
-    EXPECT_EQ(ProgramActedFor(), nullptr);
+    EXPECT_EQ(OverridingProgram(), nullptr);
     EXPECT_EQ(ProgramModule(), GetModuleHandleW(nullptr));
     const std::optional<std::wstring> own = ModulePath();
     const OtherProgram other{L"C:\\Apps\\other.exe", GetModuleHandleW(L"kernel32.dll")};

@@ -14,6 +14,32 @@ bool IsWhiteSpace(wchar_t c) {
     return std::iswspace(static_cast<std::wint_t>(c)) != 0;
 }
 
+/// A number in signed decimal notation, without an allocation.
+class Decimal {
+  public:
+    explicit Decimal(std::int32_t number) {
+        // Unsigned, because the smallest number has no positive counterpart.
+        std::uint32_t rest = static_cast<std::uint32_t>(number);
+        if (number < 0) rest = 0 - rest;
+        do {
+            *--first_ = static_cast<wchar_t>(L'0' + rest % 10);
+            rest /= 10;
+        } while (rest != 0);
+        if (number < 0) *--first_ = L'-';
+    }
+
+    std::wstring_view text() const { return {first_, digits_ + kSize}; }
+
+    Decimal(const Decimal&) = delete;
+    Decimal& operator=(const Decimal&) = delete;
+
+  private:
+    static constexpr int kSize = 11;  // the sign and the ten digits of 2^31
+
+    wchar_t digits_[kSize];
+    wchar_t* first_ = digits_ + kSize;
+};
+
 }  // namespace
 
 bool EqualsIgnoringCase(std::wstring_view a, std::wstring_view b) {
@@ -27,6 +53,15 @@ std::wstring_view TrimWhiteSpace(std::wstring_view text) {
     return text;
 }
 
+std::wstring Concat(std::initializer_list<std::wstring_view> texts) {
+    std::size_t size = 0;
+    for (const std::wstring_view text : texts) size += text.size();
+    std::wstring result;
+    result.reserve(size);
+    for (const std::wstring_view text : texts) result += text;
+    return result;
+}
+
 std::wstring ReplaceAll(std::wstring_view text, wchar_t from, wchar_t to) {
     std::wstring result(text);
     std::replace(result.begin(), result.end(), from, to);
@@ -35,15 +70,6 @@ std::wstring ReplaceAll(std::wstring_view text, wchar_t from, wchar_t to) {
 
 std::wstring_view CutAtLast(std::wstring_view text, wchar_t mark) {
     return text.substr(0, text.rfind(mark));
-}
-
-std::wstring Concat(std::initializer_list<std::wstring_view> texts) {
-    std::size_t size = 0;
-    for (const std::wstring_view text : texts) size += text.size();
-    std::wstring result;
-    result.reserve(size);
-    for (const std::wstring_view text : texts) result += text;
-    return result;
 }
 
 std::wstring EnsureTrailing(std::wstring_view text, wchar_t ending) {
@@ -63,12 +89,42 @@ std::vector<std::wstring> Split(std::wstring_view text, wchar_t separator) {
     }
 }
 
-bool IsAbsolutePath(std::wstring_view path) {
-    return (path.size() >= 2 && path[1] == L':') || path.substr(0, 2) == L"\\\\";
+std::wstring DecimalText(std::int32_t number) {
+    return std::wstring(Decimal(number).text());
 }
 
-std::wstring_view FolderOf(std::wstring_view path) {
-    return path.substr(0, path.rfind(L'\\') + 1);
+std::size_t FormatValue::Write(wchar_t* buffer) const {
+    const Decimal decimal(number_);
+    const std::wstring_view text = isNumber_ ? decimal.text() : text_;
+    if (buffer != nullptr) std::copy(text.begin(), text.end(), buffer);
+    return text.size();
+}
+
+std::size_t FormatInto(wchar_t* buffer, std::wstring_view format,
+                       std::initializer_list<FormatValue> values) {
+    std::size_t length = 0;
+    const auto write = [&](const FormatValue& value) {
+        length += value.Write(buffer != nullptr ? buffer + length : nullptr);
+    };
+    const FormatValue* next = values.begin();
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        const wchar_t form = format[i] == L'%' && i + 1 < format.size() ? format[i + 1] : L'\0';
+        if (form == L's' || form == L'd') {
+            if (next != values.end()) write(*next++);
+            ++i;
+        } else {
+            write(format.substr(i, 1));
+            if (form == L'%') ++i;
+        }
+    }
+    return length;
+}
+
+std::wstring FormatText(std::wstring_view format, std::initializer_list<FormatValue> values) {
+    std::wstring result;
+    result.resize(FormatInto(nullptr, format, values));
+    FormatInto(result.data(), format, values);
+    return result;
 }
 
 }  // namespace tarn

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <limits>
+#include <random>
+
 namespace tarn {
 namespace {
 
@@ -53,19 +57,99 @@ TEST(TextTest, SplitsAtEachSeparatorKeepingEmptyPieces) {
     EXPECT_EQ(Split(L" 1.7 ;;1.8;", L';'), (Pieces{L" 1.7 ", L"", L"1.8", L""}));
 }
 
-TEST(TextTest, TellsAbsolutePaths) {
-    EXPECT_TRUE(IsAbsolutePath(L"C:\\a"));
-    EXPECT_TRUE(IsAbsolutePath(L"c:"));
-    EXPECT_TRUE(IsAbsolutePath(L"\\\\server\\share"));
-    EXPECT_FALSE(IsAbsolutePath(L"\\a"));
-    EXPECT_FALSE(IsAbsolutePath(L"a"));
-    EXPECT_FALSE(IsAbsolutePath(L""));
-    EXPECT_FALSE(IsAbsolutePath(L"//server/share"));
+TEST(DecimalTest, WritesSignedDecimals) {
+    EXPECT_EQ(DecimalText(0), L"0");
+    EXPECT_EQ(DecimalText(7), L"7");
+    EXPECT_EQ(DecimalText(-10), L"-10");
+    EXPECT_EQ(DecimalText(std::numeric_limits<std::int32_t>::max()), L"2147483647");
+    EXPECT_EQ(DecimalText(std::numeric_limits<std::int32_t>::min()), L"-2147483648");
 }
 
-TEST(TextTest, FindsTheFolderOfAFile) {
-    EXPECT_EQ(FolderOf(L"C:\\Apps\\sample.exe"), L"C:\\Apps\\");
-    EXPECT_EQ(FolderOf(L"sample.exe"), L"");
+TEST(DecimalTest, AgreesWithTheStandardLibrary) {
+    std::mt19937 random(1);
+    for (int i = 0; i < 10000; ++i) {
+        const auto number = static_cast<std::int32_t>(random() >> (random() % 32));
+        EXPECT_EQ(DecimalText(number), std::to_wstring(number));
+    }
+}
+
+TEST(FormatTextTest, FillsTextsAndNumbersInOrder) {
+    EXPECT_EQ(FormatText(L"Windows exception: %s (errno = %d).\n", {L"no path", 126}),
+              L"Windows exception: no path (errno = 126).\n");
+}
+
+TEST(FormatTextTest, NumbersAreSigned) {
+    EXPECT_EQ(FormatText(L"%d %d", {-1, std::numeric_limits<std::int32_t>::min()}),
+              L"-1 -2147483648");
+}
+
+TEST(FormatTextTest, PercentSignsInValuesAreNotLookedAt) {
+    EXPECT_EQ(FormatText(L"[%s] %s", {L"%s%d%n", L"x"}), L"[%s%d%n] x");
+}
+
+TEST(FormatTextTest, MissingValuesAreEmptyAndSpareOnesAreDropped) {
+    EXPECT_EQ(FormatText(L"%s-%s-%d", {L"a"}), L"a--");
+    EXPECT_EQ(FormatText(L"plain", {L"a"}), L"plain");
+}
+
+TEST(FormatTextTest, OtherPercentSignsStandForThemselves) {
+    EXPECT_EQ(FormatText(L"100%% %n %", {L"a"}), L"100% %n %");
+}
+
+TEST(FormatTextTest, LongTextsAreNotCut) {
+    const std::wstring path(30000, L'p');
+    EXPECT_EQ(FormatText(L"<%s>", {path}), L"<" + path + L">");
+}
+
+TEST(FormatTextTest, ThePercentSignAtTheEndIsNotCompletedByWhatFollowsTheView) {
+    EXPECT_EQ(FormatText(std::wstring_view(L"50%d").substr(0, 3), {7}), L"50%");
+    EXPECT_EQ(FormatText(std::wstring_view(L"50%%").substr(0, 3), {}), L"50%");
+}
+
+TEST(FormatTextTest, MeasuresWithoutABuffer) {
+    EXPECT_EQ(FormatInto(nullptr, L"%s (%d)", {L"path", -12}), 10U);
+}
+
+// Reads as the profile functions do: cuts the text so that `spare` characters stay free.
+struct CuttingReader {
+    std::wstring text;
+    std::size_t spare;
+    std::vector<std::size_t>& sizes;
+
+    std::size_t operator()(wchar_t* buffer, std::size_t size) const {
+        sizes.push_back(size);
+        const std::size_t length = std::min(text.size(), size - spare);
+        std::copy_n(text.begin(), length, buffer);
+        return length;
+    }
+};
+
+std::vector<std::size_t> SizesTried(std::size_t length, std::size_t spare) {
+    std::vector<std::size_t> sizes;
+    const std::wstring text(length, L'x');
+    EXPECT_EQ(ReadGrowing(spare, CuttingReader{text, spare, sizes}), text);
+    return sizes;
+}
+
+using Sizes = std::vector<std::size_t>;
+
+TEST(GrowingBufferTest, AShortTextTakesOneRead) {
+    EXPECT_EQ(SizesTried(254, 1), Sizes({256}));
+}
+
+TEST(GrowingBufferTest, ATextThatJustFitsMayHaveBeenCutAndIsReadAgain) {
+    EXPECT_EQ(SizesTried(255, 1), Sizes({256, 512}));
+    EXPECT_EQ(SizesTried(254, 2), Sizes({256, 512}));
+}
+
+TEST(GrowingBufferTest, LongTextsAreReadWhole) {
+    EXPECT_EQ(SizesTried(300, 1), Sizes({256, 512}));
+    EXPECT_EQ(SizesTried(511, 1), Sizes({256, 512, 1024}));
+    EXPECT_EQ(SizesTried(30000, 1).back(), 32768u);
+}
+
+TEST(GrowingBufferTest, AnEmptyTextIsEmpty) {
+    EXPECT_EQ(SizesTried(0, 1), Sizes({256}));
 }
 
 }  // namespace

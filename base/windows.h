@@ -1,5 +1,5 @@
-// The one way to Windows' own header, so that every file sees the same slice of it. Only .cpp
-// files and the headers of leaf files include this: everything else also builds without Windows.
+// Includes <windows.h> with the same configuration everywhere. Only `_win.cpp` files, tests and the
+// headers of Windows-only concepts include this; everything else compiles without Windows.
 #pragma once
 
 #ifndef WIN32_LEAN_AND_MEAN

@@ -1,5 +1,6 @@
 #include "jvm/class_path.h"
 
+#include "base/paths.h"
 #include "base/text.h"
 
 namespace tarn {

@@ -1,5 +1,6 @@
 #include "base/environment.h"
 #include "base/handles.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "jvm/class_path.h"
 

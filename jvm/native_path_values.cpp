@@ -1,3 +1,4 @@
+#include "base/paths.h"
 #include "base/text.h"
 #include "jvm/native_paths.h"
 #include "runtime/jvm_library_layout.h"

@@ -1,6 +1,6 @@
 #include "jvm/output_folders.h"
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
 #include "jvm/folder_levels.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/decimal.h"
+#include "base/text.h"
 
 namespace tarn {
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "base/decimal.h"
 #include "base/text.h"
 
 namespace tarn {

@@ -1,6 +1,6 @@
 #include "runtime/version_phrase.h"
 
-#include "base/format_text.h"
+#include "base/text.h"
 #include "ui/messages/message_text.h"
 
 namespace tarn {

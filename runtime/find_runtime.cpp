@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "runtime/jvm_bitness.h"

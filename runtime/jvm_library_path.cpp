@@ -1,6 +1,6 @@
 #include "runtime/jvm_library_path.h"
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "base/decimal.h"
+#include "base/text.h"
 
 namespace tarn {
 

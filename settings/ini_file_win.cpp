@@ -1,7 +1,7 @@
 #include "settings/ini_file.h"
 
-#include "base/growing_buffer.h"
 #include "base/handles.h"
+#include "base/text.h"
 
 namespace tarn {
 

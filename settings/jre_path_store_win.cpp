@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "base/files.h"
 #include "base/handles.h"
 #include "base/paths.h"
 #include "settings/ini_file.h"

@@ -1,5 +1,6 @@
 #include "settings/settings_paths.h"
 
+#include "base/paths.h"
 #include "base/text.h"
 
 namespace tarn {

@@ -1,6 +1,5 @@
 #include "settings/read_settings.h"
 
-#include "base/files.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "resources/ids.h"

@@ -3,7 +3,7 @@
 #include <shlobj.h>
 
 #include "base/dynamic_library.h"
-#include "base/unique_resource.h"
+#include "base/handles.h"
 #include "ui/com_session.h"
 #include "ui/shell_library.h"
 

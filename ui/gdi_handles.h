@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/unique_resource.h"
+#include "base/handles.h"
 #include "base/windows.h"
 
 namespace tarn {

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "base/unique_resource.h"
+#include "base/handles.h"
 #include "base/windows.h"
 
 namespace tarn {

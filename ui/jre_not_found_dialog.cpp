@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "base/format_text.h"
+#include "base/handles.h"
 #include "base/text.h"
-#include "base/unique_resource.h"
 #include "base/windows.h"
 #include "resources/ids.h"
 #include "runtime/jvm_bitness.h"

@@ -2,6 +2,7 @@
 
 #include "base/ansi_text.h"
 #include "base/dynamic_library.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "runtime/jvm_library_path.h"
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "base/unique_resource.h"
+#include "base/handles.h"
 #include "base/windows.h"
 #include "ui/pixel_rect.h"
 

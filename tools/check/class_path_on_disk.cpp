@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/paths.h"
 #include "base/text.h"
 #include "jvm/class_path.h"
 #include "settings/keys.h"

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "base/paths.h"
 #include "base/text.h"
 #include "jvm/time_stamp.h"
 #include "runtime/jvm_library_layout.h"

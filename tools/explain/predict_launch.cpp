@@ -1,6 +1,6 @@
 #include "tools/explain/predict_launch.h"
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
 #include "core/command_line.h"

@@ -1,6 +1,6 @@
 #include "tools/explain/splash_report.h"
 
-#include "base/files.h"
+#include "base/paths.h"
 #include "core/command_line.h"
 #include "tools/console/text_encoding.h"
 #include "ui/native_splash.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/format_text.h"
+#include "base/text.h"
 
 namespace tarn {
 

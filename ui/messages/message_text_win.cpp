@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "base/growing_buffer.h"
 #include "base/program.h"
+#include "base/text.h"
 #include "base/windows.h"
 #include "ui/messages/message_text.h"
 

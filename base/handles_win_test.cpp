@@ -1,4 +1,4 @@
-#include "base/unique_resource.h"
+#include "base/handles.h"
 
 #include <gtest/gtest.h>
 
@@ -16,12 +16,12 @@ struct NumberTraits {
 };
 using Number = UniqueResource<NumberTraits>;
 
-class OwnerTest : public testing::Test {
+class UniqueResourceTest : public testing::Test {
   protected:
     void SetUp() override { closed.clear(); }
 };
 
-TEST_F(OwnerTest, HoldsNothingAtFirstAndClosesNothing) {
+TEST_F(UniqueResourceTest, IsInitiallyEmptyAndClosesNothing) {
     {
         Number number;
         EXPECT_FALSE(number);
@@ -30,7 +30,7 @@ TEST_F(OwnerTest, HoldsNothingAtFirstAndClosesNothing) {
     EXPECT_TRUE(closed.empty());
 }
 
-TEST_F(OwnerTest, ClosesWhatItHoldsOnce) {
+TEST_F(UniqueResourceTest, ClosesItsResourceOnce) {
     {
         Number number(3);
         EXPECT_TRUE(number);
@@ -38,12 +38,12 @@ TEST_F(OwnerTest, ClosesWhatItHoldsOnce) {
     EXPECT_EQ(closed, std::vector<int>({3}));
 }
 
-TEST_F(OwnerTest, ZeroIsAValueLikeAnyOtherWhenItIsNotTheInvalidOne) {
+TEST_F(UniqueResourceTest, ZeroIsAValidValueUnlessTheTraitsSayOtherwise) {
     { Number number(0); }
     EXPECT_EQ(closed, std::vector<int>({0}));
 }
 
-TEST_F(OwnerTest, MovingHandsTheResourceOver) {
+TEST_F(UniqueResourceTest, MovingTransfersOwnership) {
     {
         Number first(4);
         Number second(std::move(first));
@@ -55,14 +55,14 @@ TEST_F(OwnerTest, MovingHandsTheResourceOver) {
     EXPECT_EQ(closed, std::vector<int>({5, 4}));
 }
 
-TEST_F(OwnerTest, ReleaseLeavesTheResourceOpen) {
+TEST_F(UniqueResourceTest, ReleaseLeavesTheResourceOpen) {
     Number number(6);
     EXPECT_EQ(number.release(), 6);
     number.reset();
     EXPECT_TRUE(closed.empty());
 }
 
-TEST_F(OwnerTest, PutClosesTheOldResourceBeforeANewOneIsWritten) {
+TEST_F(UniqueResourceTest, PutClosesTheOldResourceFirst) {
     Number number(7);
     *number.put() = 8;
     EXPECT_EQ(closed, std::vector<int>({7}));

@@ -1,0 +1,11 @@
+#include "base/thread.h"
+
+namespace tarn {
+
+void QuitAndJoin(HANDLE thread, DWORD threadId) {
+    do {
+        PostThreadMessageW(threadId, WM_QUIT, 0, 0);
+    } while (WaitForSingleObject(thread, 0) == WAIT_TIMEOUT);
+}
+
+}  // namespace tarn
