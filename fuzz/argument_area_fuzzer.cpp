@@ -16,18 +16,24 @@ namespace {
 using tarn::fuzz::Require;
 using Area = std::array<char16_t, tarn::kArgumentUnits>;
 
-// Unit by unit, as a reader would explain it.
+// Unit by unit: a zero ends an argument, and a zero right after a zero ends the list. The list is
+// empty when that comes before any unit of text.
 std::vector<std::wstring> NaiveDecode(const Area& area) {
     std::vector<std::wstring> arguments;
     std::wstring current;
+    bool afterZero = false;
+    bool anyText = false;
     for (const char16_t unit : area) {
         if (unit != 0) {
             current.push_back(static_cast<wchar_t>(unit));
+            afterZero = false;
+            anyText = true;
             continue;
         }
-        if (current.empty()) return arguments;
+        if (afterZero) return anyText ? arguments : std::vector<std::wstring>();
         arguments.push_back(current);
         current.clear();
+        afterZero = true;
     }
     if (!current.empty()) arguments.push_back(current);
     return arguments;
@@ -67,11 +73,13 @@ void CheckRoundTrip(const std::vector<char16_t>& units) {
         return;
     }
     Require(bytes <= 1040);
+    // Up to the first empty argument that is not the only one at the start.
     std::vector<std::wstring> received;
     for (const std::wstring& argument : arguments) {
-        if (argument.empty()) break;
+        if (argument.empty() && !received.empty()) break;
         received.push_back(argument);
     }
+    if (received.size() == 1 && received.front().empty()) received.clear();
     Require(tarn::DecodeArguments(*area) == received);
     Require(area->back() == u'\0');
 }

@@ -21,8 +21,11 @@ bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea ar
 
 std::vector<std::wstring> DecodeArguments(ConstArgumentArea area) {
     std::vector<std::wstring> arguments;
-    for (auto from = area.begin(); from != area.end() && *from != u'\0';) {
+    for (auto from = area.begin(); from != area.end();) {
         const auto to = std::find(from, area.end(), u'\0');
+        // An empty argument is a zero right after a zero, except at the start: there the zero is
+        // an argument of its own unless another one follows, as it does without any arguments.
+        if (from == to && (from != area.begin() || area[1] == u'\0')) break;
         arguments.emplace_back(from, to);
         from = to == area.end() ? to : to + 1;
     }

@@ -39,8 +39,10 @@ using ConstArgumentArea = std::span<const char16_t, kArgumentUnits>;
 /// need more room than there is: a zero for each of them and one at the end included.
 bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea area);
 
-/// The arguments in an area, whatever it holds: up to the first empty one, and no unit beyond its
-/// end. A text that nothing ends there is cut there.
+/// Reads the arguments in an area of any content. A zero ends an argument, and a second zero right
+/// after it ends the list. The encoding therefore loses every argument from an empty one on, except
+/// a single empty argument at the start; two zeros at the start are an empty list. An argument
+/// without a zero ends with the area.
 std::vector<std::wstring> DecodeArguments(ConstArgumentArea area);
 
 }  // namespace tarn

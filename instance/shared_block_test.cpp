@@ -85,10 +85,25 @@ TEST(DecodeArgumentsTest, NoArgumentsGiveAnEmptyList) {
     EXPECT_EQ(HandedOver({}), Arguments());
 }
 
-TEST(DecodeArgumentsTest, AnEmptyArgumentEndsTheList) {
+TEST(DecodeArgumentsTest, AnEmptyArgumentAfterAnotherEndsTheList) {
     EXPECT_EQ(HandedOver({L"a", L"", L"b"}), Arguments({L"a"}));
-    EXPECT_EQ(HandedOver({L"", L"a"}), Arguments());
     EXPECT_EQ(HandedOver({L"a", L""}), Arguments({L"a"}));
+}
+
+TEST(DecodeArgumentsTest, AnEmptyArgumentBeforeAnotherIsKept) {
+    EXPECT_EQ(HandedOver({L"", L"a"}), Arguments({L"", L"a"}));
+    EXPECT_EQ(HandedOver({L"", L"a", L"b"}), Arguments({L"", L"a", L"b"}));
+    EXPECT_EQ(HandedOver({L"", L"a", L"", L"b"}), Arguments({L"", L"a"}));
+}
+
+TEST(DecodeArgumentsTest, OnlyEmptyArgumentsGiveAnEmptyList) {
+    EXPECT_EQ(HandedOver({L""}), Arguments());
+    EXPECT_EQ(HandedOver({L"", L""}), Arguments());
+    EXPECT_EQ(HandedOver(Arguments(519, L"")), Arguments());
+}
+
+TEST(DecodeArgumentsTest, TwoEmptyArgumentsAtTheStartEndTheList) {
+    EXPECT_EQ(HandedOver({L"", L"", L"b"}), Arguments());
 }
 
 TEST(DecodeArgumentsTest, ATextThatNothingEndsIsCutAtTheEndOfTheArea) {
@@ -97,6 +112,12 @@ TEST(DecodeArgumentsTest, ATextThatNothingEndsIsCutAtTheEndOfTheArea) {
     Area area = FilledWith(u'x');
     area[1] = u'\0';
     EXPECT_EQ(DecodeArguments(area), Arguments({L"x", std::wstring(518, L'x')}));
+}
+
+TEST(DecodeArgumentsTest, AnUnterminatedArgumentAfterAnEmptyOneIsCutAtTheEndOfTheArea) {
+    Area area = FilledWith(u'x');
+    area[0] = u'\0';
+    EXPECT_EQ(DecodeArguments(area), Arguments({L"", std::wstring(519, L'x')}));
 }
 
 TEST(DecodeArgumentsTest, AnEndOnTheLastUnitIsAnEnd) {

@@ -23,11 +23,37 @@ TEST_F(HandOffArgumentsTest, NoArgumentsGiveAnEmptyArray) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, AnEmptyArgumentEndsTheList) {
+TEST_F(HandOffArgumentsTest, AnEmptyArgumentAfterAnotherEndsTheList) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"a \"\" b"), 0);
     EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
     EXPECT_THAT(SecondaryCalls(), ElementsAre(R"(["a"])"));
+    EndFirst(*first);
+}
+
+TEST_F(HandOffArgumentsTest, AnEmptyArgumentBeforeAFileIsKept) {
+    const auto first = StartFirst();
+    EXPECT_EQ(Second(L"\"\" file.txt"), 0);
+    EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
+    EXPECT_THAT(SecondaryCalls(), ElementsAre(R"(["", "file.txt"])"));
+    EndFirst(*first);
+}
+
+TEST_F(HandOffArgumentsTest, OnlyEmptyArgumentsGiveAnEmptyArray) {
+    const auto first = StartFirst();
+    EXPECT_EQ(Second(L"\"\""), 0);
+    EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
+    EXPECT_EQ(Second(L"\"\" \"\""), 0);
+    EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 2; }));
+    EXPECT_THAT(SecondaryCalls(), ElementsAre("[]", "[]"));
+    EndFirst(*first);
+}
+
+TEST_F(HandOffArgumentsTest, TwoEmptyArgumentsAtTheStartEndTheList) {
+    const auto first = StartFirst();
+    EXPECT_EQ(Second(L"\"\" \"\" b"), 0);
+    EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
+    EXPECT_THAT(SecondaryCalls(), ElementsAre("[]"));
     EndFirst(*first);
 }
 
