@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "fuzz/fuzz_input.h"
-#include "runtime/image_header.h"
+#include "runtime/pe_header.h"
 
 namespace {
 

@@ -22,15 +22,15 @@ struct HandOffTarget {
 /// Where the first instance serves the requests of second launches, each on a thread of its own.
 ///
 /// A request may still wait for the application to start when the launcher is done, and nothing
-/// stops its thread. So a desk is made with `new` and never freed (the process ends right after),
+/// stops its thread. So a server is made with `new` and never freed (the process ends right after),
 /// and it is closed before what it looks at goes.
-class HandOffDesk {
+class HandOffServer {
   public:
-    HandOffDesk(const HandOffTarget& target, const SharedBlock& block, HANDLE readyEvent,
-                UINT messageId)
+    HandOffServer(const HandOffTarget& target, const SharedBlock& block, HANDLE readyEvent,
+                  UINT messageId)
         : target_(target), block_(block), readyEvent_(readyEvent), messageId_(messageId) {}
-    HandOffDesk(const HandOffDesk&) = delete;
-    HandOffDesk& operator=(const HandOffDesk&) = delete;
+    HandOffServer(const HandOffServer&) = delete;
+    HandOffServer& operator=(const HandOffServer&) = delete;
 
     /// The registered message that asks for a hand-off, and that answers it.
     UINT messageId() const { return messageId_; }

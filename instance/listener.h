@@ -15,8 +15,8 @@ class Listener {
     ~Listener() { Stop(); }
 
     /// Starts the thread, whose id is in `threadId` before it runs: that is the address that
-    /// second launches post to. The desk outlives the thread and its workers.
-    bool Start(HandOffDesk& desk, DWORD* threadId);
+    /// second launches post to. The server outlives the thread and its workers.
+    bool Start(HandOffServer& server, DWORD* threadId);
 
     /// Ends the thread and waits until it has ended. Workers are left alone.
     void Stop();

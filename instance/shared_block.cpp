@@ -2,7 +2,17 @@
 
 #include <algorithm>
 
+#include "base/text.h"
+
 namespace tarn {
+
+std::wstring InstanceName(std::wstring_view executablePath) {
+    return ReplaceAll(executablePath, L'\\', L'_');
+}
+
+std::wstring ReadyEventName(std::wstring_view instanceName) {
+    return Concat({instanceName, L"_upr_evt"});
+}
 
 bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea area) {
     std::size_t needed = 1;  // the zero that ends the list

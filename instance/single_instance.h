@@ -53,7 +53,7 @@ class SingleInstance {
     UniqueFileView view_;
     UniqueHandle readyEvent_;
     /// Never freed: see there.
-    HandOffDesk* desk_ = nullptr;
+    HandOffServer* handOffServer_ = nullptr;
     Listener listener_;
 };
 

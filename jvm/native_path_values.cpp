@@ -1,7 +1,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "jvm/native_paths.h"
-#include "runtime/jvm_library_layout.h"
+#include "runtime/jvm_library.h"
 
 namespace tarn {
 

@@ -5,7 +5,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
-#include "runtime/jvm_library_path.h"
+#include "runtime/jvm_library.h"
 
 namespace tarn {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "runtime/fake_registry.h"
+#include "runtime/fake_registry_fixture.h"
 
 // For tests: the rules of the registry search once more, written for nothing but being read. It
 // shares no code with the search.

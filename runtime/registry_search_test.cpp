@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "runtime/fake_registry.h"
+#include "runtime/fake_registry_fixture.h"
 
 namespace tarn {
 namespace {

@@ -4,7 +4,7 @@
 #include "base/dynamic_library.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "runtime/jvm_library_path.h"
+#include "runtime/jvm_library.h"
 
 namespace tarn {
 namespace {

@@ -3,7 +3,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "jvm/time_stamp.h"
-#include "runtime/jvm_library_layout.h"
+#include "runtime/jvm_library.h"
 #include "settings/keys.h"
 #include "tools/check/class_path_on_disk.h"
 #include "tools/check/jvm_options_of.h"

@@ -1,7 +1,6 @@
 #include "tools/explain/instance_report.h"
 
 #include "base/handles.h"
-#include "instance/instance_name.h"
 #include "instance/shared_block.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"

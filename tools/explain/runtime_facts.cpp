@@ -1,7 +1,7 @@
 #include "tools/explain/runtime_facts.h"
 
 #include "base/handles.h"
-#include "runtime/jvm_library_layout.h"
+#include "runtime/jvm_library.h"
 #include "tools/console/failure.h"
 #include "tools/console/whole_file.h"
 

@@ -1,8 +1,8 @@
 #include "tools/explain/runtime_report.h"
 
 #include "base/windows.h"
-#include "runtime/jvm_bitness.h"
-#include "runtime/jvm_library_layout.h"
+#include "runtime/pe_header.h"
+#include "runtime/jvm_library.h"
 #include "tools/console/text_encoding.h"
 #include "tools/explain/runtime_facts.h"
 #include "tools/explain/verdict_text.h"

@@ -4,10 +4,10 @@
 
 #include "base/paths.h"
 #include "base/text.h"
-#include "runtime/jvm_bitness.h"
-#include "runtime/jvm_library_path.h"
+#include "runtime/pe_header.h"
+#include "runtime/jvm_library.h"
 #include "runtime/registry_search.h"
-#include "runtime/registry_view.h"
+#include "runtime/registry_reader.h"
 
 namespace tarn {
 
@@ -58,7 +58,7 @@ template <bool kWithReport>
 SourceReport FindRegistered(RuntimeSource kind, REGSAM access, const RuntimeSearchPolicy& policy,
                             RuntimeChoice& choice) {
     SourceReport source{kind, SourceVerdict::NoCandidate};
-    RegistryView registry(access);
+    RegistryReader registry(access);
     const std::optional<RuntimeCandidate> found =
         SearchRegistry(policy, registry, kWithReport ? &source : nullptr);
     if (!found) return source;

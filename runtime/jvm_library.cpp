@@ -1,4 +1,4 @@
-#include "runtime/jvm_library_layout.h"
+#include "runtime/jvm_library.h"
 
 #include "base/text.h"
 

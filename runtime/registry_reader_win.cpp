@@ -1,6 +1,6 @@
-#include "runtime/registry_view.h"
+#include "runtime/registry_reader.h"
 
-#include "runtime/jvm_library_path.h"
+#include "runtime/jvm_library.h"
 
 namespace tarn {
 
@@ -22,12 +22,12 @@ std::wstring ReadText(HKEY key, const wchar_t* name) {
 
 }  // namespace
 
-bool RegistryView::OpenRoot(const wchar_t* key) {
+bool RegistryReader::OpenRoot(const wchar_t* key) {
     next_ = 0;
     return RegOpenKeyExW(HKEY_LOCAL_MACHINE, key, 0, access_, root_.put()) == ERROR_SUCCESS;
 }
 
-bool RegistryView::NextSubkey(std::wstring& name) {
+bool RegistryReader::NextSubkey(std::wstring& name) {
     // The registry allows 255 characters; there is no longer name to make room for.
     wchar_t buffer[520];
     DWORD length = static_cast<DWORD>(std::size(buffer));
@@ -40,13 +40,13 @@ bool RegistryView::NextSubkey(std::wstring& name) {
     return true;
 }
 
-HomeValue RegistryView::ReadHome(const std::wstring& name) {
+HomeValue RegistryReader::ReadHome(const std::wstring& name) {
     UniqueRegistryKey key;
     if (RegOpenKeyExW(root_.get(), name.c_str(), 0, access_, key.put()) != ERROR_SUCCESS) return {};
     return {true, ReadText(key.get(), L"JavaHome")};
 }
 
-bool RegistryView::FindJvm(const std::wstring& home, JvmType type, bool& server) {
+bool RegistryReader::FindJvm(const std::wstring& home, JvmType type, bool& server) {
     return !SelectJvmLibrary(home, type, server).empty();
 }
 

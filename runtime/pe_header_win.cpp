@@ -1,4 +1,4 @@
-#include "runtime/jvm_bitness.h"
+#include "runtime/pe_header.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -6,7 +6,6 @@
 
 #include "base/dynamic_library.h"
 #include "base/handles.h"
-#include "runtime/image_header.h"
 
 namespace tarn {
 

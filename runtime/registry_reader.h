@@ -11,9 +11,9 @@ namespace tarn {
 
 /// The machine's registry as the search looks at it. Every key is opened with `access`, which also
 /// says whose view of the registry it is (`KEY_WOW64_32KEY`).
-class RegistryView {
+class RegistryReader {
   public:
-    explicit RegistryView(REGSAM access) : access_(access) {}
+    explicit RegistryReader(REGSAM access) : access_(access) {}
 
     bool OpenRoot(const wchar_t* key);
     bool NextSubkey(std::wstring& name);

@@ -1,4 +1,4 @@
-#include "runtime/jvm_library_path.h"
+#include "runtime/jvm_library.h"
 
 #include <gtest/gtest.h>
 

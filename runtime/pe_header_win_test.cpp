@@ -1,4 +1,4 @@
-#include "runtime/jvm_bitness.h"
+#include "runtime/pe_header.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "runtime/image_header.h"
+#include "runtime/pe_header.h"
 
 #include <cstdint>
 

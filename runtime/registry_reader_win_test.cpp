@@ -1,4 +1,4 @@
-#include "runtime/registry_view.h"
+#include "runtime/registry_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 namespace tarn {
 namespace {
 
-class RegistryViewTest : public testing::Test {
+class RegistryReaderTest : public testing::Test {
   protected:
     HomeValue Read(const wchar_t* name) {
         EXPECT_TRUE(view_.OpenRoot(L"Software\\Root"));
@@ -18,17 +18,17 @@ class RegistryViewTest : public testing::Test {
     }
 
     TestHive hive_;
-    RegistryView view_{KEY_READ};
+    RegistryReader view_{KEY_READ};
 };
 
-TEST_F(RegistryViewTest, ARootThatIsNotThereCannotBeOpened) {
+TEST_F(RegistryReaderTest, ARootThatIsNotThereCannotBeOpened) {
     EXPECT_FALSE(view_.OpenRoot(L"Software\\Root"));
     hive_.Make(L"Software\\Root");
     EXPECT_TRUE(view_.OpenRoot(L"Software\\Root"));
     EXPECT_FALSE(view_.OpenRoot(L"Software\\Other"));
 }
 
-TEST_F(RegistryViewTest, EverySubkeyIsNamedOnce) {
+TEST_F(RegistryReaderTest, EverySubkeyIsNamedOnce) {
     hive_.Make(L"Software\\Root\\11.0.2\\Deeper");
     hive_.Make(L"Software\\Root\\1.8.0_231");
     hive_.Make(L"Software\\Root\\17");
@@ -42,7 +42,7 @@ TEST_F(RegistryViewTest, EverySubkeyIsNamedOnce) {
     }
 }
 
-TEST_F(RegistryViewTest, TheLongestNameIsWhole) {
+TEST_F(RegistryReaderTest, TheLongestNameIsWhole) {
     const std::wstring longest = L"17." + std::wstring(252, L'7');
     hive_.Make(L"Software\\Root\\" + longest);
     hive_.SetText(L"Software\\Root\\" + longest, L"C:\\Java");
@@ -54,7 +54,7 @@ TEST_F(RegistryViewTest, TheLongestNameIsWhole) {
     EXPECT_FALSE(view_.NextSubkey(name));
 }
 
-TEST_F(RegistryViewTest, AHomeOfAnyLengthIsWhole) {
+TEST_F(RegistryReaderTest, AHomeOfAnyLengthIsWhole) {
     for (const std::size_t length : {1U, 255U, 1000U, 30000U}) {
         const std::wstring home(length, L'h');
         hive_.SetText(L"Software\\Root\\17", home);
@@ -63,12 +63,12 @@ TEST_F(RegistryViewTest, AHomeOfAnyLengthIsWhole) {
     }
 }
 
-TEST_F(RegistryViewTest, NothingIsExpanded) {
+TEST_F(RegistryReaderTest, NothingIsExpanded) {
     hive_.SetText(L"Software\\Root\\17", L"%SystemRoot%\\Java", REG_EXPAND_SZ);
     EXPECT_EQ(Read(L"17").text, L"%SystemRoot%\\Java");
 }
 
-TEST_F(RegistryViewTest, TextsNeedNoTerminator) {
+TEST_F(RegistryReaderTest, TextsNeedNoTerminator) {
     hive_.Set(L"Software\\Root\\17", REG_SZ, L"C:\\Java", 7 * sizeof(wchar_t));
     EXPECT_EQ(Read(L"17").text, L"C:\\Java");
     hive_.Set(L"Software\\Root\\17", REG_BINARY, L"C:\\Java", 7 * sizeof(wchar_t));
@@ -77,19 +77,19 @@ TEST_F(RegistryViewTest, TextsNeedNoTerminator) {
     EXPECT_EQ(Read(L"17").text, L"C:\\Jav");
 }
 
-TEST_F(RegistryViewTest, OfSeveralTextsTheFirstCounts) {
+TEST_F(RegistryReaderTest, OfSeveralTextsTheFirstCounts) {
     const wchar_t texts[] = L"C:\\One\0C:\\Two\0";
     hive_.Set(L"Software\\Root\\17", REG_MULTI_SZ, texts, sizeof texts);
     EXPECT_EQ(Read(L"17").text, L"C:\\One");
 }
 
-TEST_F(RegistryViewTest, ANumberIsAStrangeText) {
+TEST_F(RegistryReaderTest, ANumberIsAStrangeText) {
     const DWORD number = 0x00620061;
     hive_.Set(L"Software\\Root\\17", REG_DWORD, &number, sizeof number);
     EXPECT_EQ(Read(L"17").text, L"ab");
 }
 
-TEST_F(RegistryViewTest, MissingAndEmptyHomesAreEmpty) {
+TEST_F(RegistryReaderTest, MissingAndEmptyHomesAreEmpty) {
     hive_.Make(L"Software\\Root\\1");
     hive_.SetText(L"Software\\Root\\2", L"");
     hive_.Set(L"Software\\Root\\3", REG_SZ, L"", 0);
@@ -102,7 +102,7 @@ TEST_F(RegistryViewTest, MissingAndEmptyHomesAreEmpty) {
     EXPECT_EQ(Read(L"5").text, L"");
 }
 
-TEST_F(RegistryViewTest, AKeyWithoutPermissionCannotBeOpened) {
+TEST_F(RegistryReaderTest, AKeyWithoutPermissionCannotBeOpened) {
     hive_.SetText(L"Software\\Root\\17", L"C:\\Java");
     hive_.Lock(L"Software\\Root\\17");
     EXPECT_FALSE(Read(L"17").keyOpened);

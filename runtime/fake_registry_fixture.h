@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "runtime/jvm_library_layout.h"
+#include "runtime/jvm_library.h"
 #include "runtime/registry_search.h"
 
 namespace tarn {

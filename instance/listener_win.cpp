@@ -7,18 +7,18 @@ namespace tarn {
 namespace {
 
 struct Request {
-    HandOffDesk& desk;
+    HandOffServer& server;
     DWORD senderThread;
 };
 
 DWORD WINAPI Serve(void* parameter) noexcept {
     const std::unique_ptr<Request> request(static_cast<Request*>(parameter));
-    return request->desk.HandOff(request->senderThread) ? 0 : 1;
+    return request->server.HandOff(request->senderThread) ? 0 : 1;
 }
 
 // A request that cannot be taken is dropped: the listener must be there for the next one.
-void Dispatch(HandOffDesk& desk, DWORD senderThread) {
-    std::unique_ptr<Request> request(new (std::nothrow) Request{desk, senderThread});
+void Dispatch(HandOffServer& server, DWORD senderThread) {
+    std::unique_ptr<Request> request(new (std::nothrow) Request{server, senderThread});
     if (request == nullptr) return;
     const UniqueHandle worker(CreateThread(nullptr, 0, Serve, request.get(), 0, nullptr));
     if (worker) static_cast<void>(request.release());
@@ -26,8 +26,8 @@ void Dispatch(HandOffDesk& desk, DWORD senderThread) {
 
 }  // namespace
 
-bool Listener::Start(HandOffDesk& desk, DWORD* threadId) {
-    thread_.reset(CreateThread(nullptr, 0, Listen, &desk, 0, threadId));
+bool Listener::Start(HandOffServer& server, DWORD* threadId) {
+    thread_.reset(CreateThread(nullptr, 0, Listen, &server, 0, threadId));
     return static_cast<bool>(thread_);
 }
 
@@ -42,12 +42,12 @@ void Listener::Stop() {
 }
 
 DWORD WINAPI Listener::Listen(void* parameter) noexcept {
-    HandOffDesk& desk = *static_cast<HandOffDesk*>(parameter);
+    HandOffServer& server = *static_cast<HandOffServer*>(parameter);
     MSG message;
     while (const BOOL got = GetMessageW(&message, nullptr, 0, 0)) {
         // -1 is no message, but no reason to stop listening either.
-        if (got > 0 && message.message == desk.messageId()) {
-            Dispatch(desk, static_cast<DWORD>(message.wParam));
+        if (got > 0 && message.message == server.messageId()) {
+            Dispatch(server, static_cast<DWORD>(message.wParam));
         }
     }
     return 0;

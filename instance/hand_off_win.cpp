@@ -5,7 +5,7 @@
 
 namespace tarn {
 
-bool HandOffDesk::HandOff(DWORD senderThread) {
+bool HandOffServer::HandOff(DWORD senderThread) {
     if (WaitForSingleObject(readyEvent_, INFINITE) != WAIT_OBJECT_0) return false;
     const std::optional<Application> application = LookAtApplication();
     if (!application || application->javaVm == nullptr) return false;
@@ -20,13 +20,13 @@ bool HandOffDesk::HandOff(DWORD senderThread) {
     return done;
 }
 
-void HandOffDesk::Close() {
+void HandOffServer::Close() {
     AcquireSRWLockExclusive(&lock_);
     closed_ = true;
     ReleaseSRWLockExclusive(&lock_);
 }
 
-std::optional<HandOffDesk::Application> HandOffDesk::LookAtApplication() {
+std::optional<HandOffServer::Application> HandOffServer::LookAtApplication() {
     std::optional<Application> application;
     AcquireSRWLockShared(&lock_);
     if (!closed_) {
@@ -38,7 +38,7 @@ std::optional<HandOffDesk::Application> HandOffDesk::LookAtApplication() {
     return application;
 }
 
-std::optional<std::vector<std::wstring>> HandOffDesk::ReadArguments() {
+std::optional<std::vector<std::wstring>> HandOffServer::ReadArguments() {
     std::optional<std::vector<std::wstring>> arguments;
     AcquireSRWLockShared(&lock_);
     if (!closed_) {
@@ -50,8 +50,8 @@ std::optional<std::vector<std::wstring>> HandOffDesk::ReadArguments() {
     return arguments;
 }
 
-bool HandOffDesk::CallSecondaryMain(JNIEnv* env, const std::string& ansiMainClass,
-                                    DWORD senderThread) {
+bool HandOffServer::CallSecondaryMain(JNIEnv* env, const std::string& ansiMainClass,
+                                      DWORD senderThread) {
     jclass const mainClass = env->FindClass(ansiMainClass.c_str());
     if (mainClass == nullptr) return false;
 
@@ -86,7 +86,7 @@ bool HandOffDesk::CallSecondaryMain(JNIEnv* env, const std::string& ansiMainClas
 }
 
 // Whoever asked may be gone or may never have been there: then there is nobody to tell.
-void HandOffDesk::Answer(DWORD senderThread, jint result) const {
+void HandOffServer::Answer(DWORD senderThread, jint result) const {
     PostThreadMessageW(senderThread, messageId_, static_cast<WPARAM>(result), 0);
 }
 

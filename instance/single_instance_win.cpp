@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "base/paths.h"
-#include "instance/instance_name.h"
+#include "instance/shared_block.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
 #include "settings/settings_files.h"
@@ -86,11 +86,11 @@ bool SingleInstance::StartListening(const std::wstring& name) {
     if (messageId == 0) return false;
     block().messageId = messageId;
     block().processId = GetCurrentProcessId();
-    desk_ = new HandOffDesk(target_, block(), readyEvent_.get(), messageId);
+    handOffServer_ = new HandOffServer(target_, block(), readyEvent_.get(), messageId);
     // The address that other launches post to is in the block before the thread runs.
     static_assert(sizeof(DWORD) == sizeof(block().listenerThreadId));
     void* const threadId = &block().listenerThreadId;
-    return listener_.Start(*desk_, static_cast<DWORD*>(threadId));
+    return listener_.Start(*handOffServer_, static_cast<DWORD*>(threadId));
 }
 
 int SingleInstance::WaitForAnswer() const {
@@ -113,7 +113,7 @@ int SingleInstance::WaitForAnswer() const {
 
 void SingleInstance::Stop() {
     listener_.Stop();
-    if (desk_ != nullptr) desk_->Close();
+    if (handOffServer_ != nullptr) handOffServer_->Close();
     view_.reset();
     mapping_.reset();
     readyEvent_.reset();
