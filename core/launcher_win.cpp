@@ -18,7 +18,7 @@ namespace tarn {
 bool Launcher::Init() {
     arguments_ = ArgumentsOf(GetCommandLineW());
     if (!ReadSettings(errors_, settings_)) return false;
-    if (!singleInstance_.Setup(arguments_)) return false;
+    if (!singleInstance_.SetupSingleInstance(arguments_)) return false;
     if (singleInstance_.isSecondInstance()) return true;
     if (settings_.overrideWorkingDir) UseLauncherFolder();
     if (FindRuntime(settings_.policy, settings_.pairProduct, runtime_)) return true;

@@ -12,18 +12,19 @@
 
 namespace tarn {
 
-/// What a hand-off needs of the launcher, looked at when a request comes.
+/// The launcher's records that a hand-off reads when a request arrives.
 struct HandOffTarget {
     const Settings& settings;
     /// Written by the thread that creates the JVM, before the ready event is set.
     JavaVM* const& javaVm;
 };
 
-/// Where the first instance serves the requests of second launches, each on a thread of its own.
+/// Performs the requests of second instances in the first instance. Each request calls it on a
+/// worker thread of its own.
 ///
-/// A request may still wait for the application to start when the launcher is done, and nothing
-/// stops its thread. So a server is made with `new` and never freed (the process ends right after),
-/// and it is closed before what it looks at goes.
+/// A worker may still wait for the ready event when the launcher is destroyed, and no operation
+/// stops it. Therefore the object is allocated with `new` and never freed (the process ends
+/// shortly afterwards), and `Close` is called before the records of the target are destroyed.
 class HandOffServer {
   public:
     HandOffServer(const HandOffTarget& target, const SharedBlock& block, HANDLE readyEvent,
@@ -32,35 +33,37 @@ class HandOffServer {
     HandOffServer(const HandOffServer&) = delete;
     HandOffServer& operator=(const HandOffServer&) = delete;
 
-    /// The registered message that asks for a hand-off, and that answers it.
+    /// The registered message of a request and of its answer.
     UINT messageId() const { return messageId_; }
 
-    /// One request: waits without limit until the application is about to run, calls its
-    /// `secondaryMain` with the arguments that lie in the block, and posts the answer to the
-    /// thread that asked. Returns whether all of that worked. Where it did not there may have been
-    /// no answer, and the second launch then waits for the end of this process.
+    /// Performs one request: waits without a time limit for the ready event, attaches the current
+    /// thread to the JVM, calls the application's `secondaryMain` with the arguments in the shared
+    /// block, and posts the answer to `senderThread` (`PostThreadMessageW`). Returns false when a
+    /// step fails; the answer may then be missing, and the second instance waits until this process
+    /// ends.
     bool HandOff(DWORD senderThread);
 
-    /// Requests that have not got as far as Java fail from here on.
+    /// Makes requests fail that have not reached the JVM yet.
     void Close();
 
   private:
     struct Application {
         JavaVM* javaVm;
+        /// With "/" separators, in the thread's ANSI code page.
         std::string ansiMainClass;
         bool detach;
     };
 
-    std::optional<Application> LookAtApplication();
+    std::optional<Application> ReadTarget();
     std::optional<std::vector<std::wstring>> ReadArguments();
     bool CallSecondaryMain(JNIEnv* env, const std::string& ansiMainClass, DWORD senderThread);
-    void Answer(DWORD senderThread, jint result) const;
+    void PostAnswer(DWORD senderThread, jint result) const;
 
     const HandOffTarget target_;
     const SharedBlock& block_;
     const HANDLE readyEvent_;
     const UINT messageId_;
-    /// Held shared while a request looks at the target or the block, exclusively to close.
+    /// Held shared while a request reads the target or the block, exclusively by `Close`.
     SRWLOCK lock_ = SRWLOCK_INIT;
     bool closed_ = false;
 };

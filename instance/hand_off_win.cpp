@@ -7,7 +7,7 @@ namespace tarn {
 
 bool HandOffServer::HandOff(DWORD senderThread) {
     if (WaitForSingleObject(readyEvent_, INFINITE) != WAIT_OBJECT_0) return false;
-    const std::optional<Application> application = LookAtApplication();
+    const std::optional<Application> application = ReadTarget();
     if (!application || application->javaVm == nullptr) return false;
 
     JNIEnv* env = nullptr;
@@ -16,6 +16,7 @@ bool HandOffServer::HandOff(DWORD senderThread) {
         return false;
     }
     const bool done = CallSecondaryMain(env, application->ansiMainClass, senderThread);
+    // Not with IBM runtimes: docs/developer/compatibility.md.
     if (application->detach) javaVm->DetachCurrentThread();
     return done;
 }
@@ -26,7 +27,7 @@ void HandOffServer::Close() {
     ReleaseSRWLockExclusive(&lock_);
 }
 
-std::optional<HandOffServer::Application> HandOffServer::LookAtApplication() {
+std::optional<HandOffServer::Application> HandOffServer::ReadTarget() {
     std::optional<Application> application;
     AcquireSRWLockShared(&lock_);
     if (!closed_) {
@@ -42,7 +43,7 @@ std::optional<std::vector<std::wstring>> HandOffServer::ReadArguments() {
     std::optional<std::vector<std::wstring>> arguments;
     AcquireSRWLockShared(&lock_);
     if (!closed_) {
-        // A copy first: the next second launch may be writing already.
+        // Copied first: the next second instance may overwrite the area at any time.
         const auto area = block_.arguments;
         arguments = DecodeArguments(area);
     }
@@ -74,10 +75,10 @@ bool HandOffServer::CallSecondaryMain(JNIEnv* env, const std::string& ansiMainCl
 
     if (returnsInt) {
         const jint result = env->CallStaticIntMethod(mainClass, method, array);
-        Answer(senderThread, result);
+        PostAnswer(senderThread, result);
     } else {
-        // The other launch need not wait for a method that has nothing to say.
-        Answer(senderThread, 0);
+        // The second instance ends before the call: docs/developer/compatibility.md.
+        PostAnswer(senderThread, 0);
         env->CallStaticVoidMethod(mainClass, method, array);
     }
     if (!env->ExceptionCheck()) return true;
@@ -85,8 +86,8 @@ bool HandOffServer::CallSecondaryMain(JNIEnv* env, const std::string& ansiMainCl
     return false;
 }
 
-// Whoever asked may be gone or may never have been there: then there is nobody to tell.
-void HandOffServer::Answer(DWORD senderThread, jint result) const {
+// The result is ignored: the thread may have ended, and its id comes from an untrusted message.
+void HandOffServer::PostAnswer(DWORD senderThread, jint result) const {
     PostThreadMessageW(senderThread, messageId_, static_cast<WPARAM>(result), 0);
 }
 

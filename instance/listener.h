@@ -5,8 +5,8 @@
 
 namespace tarn {
 
-/// The first instance's thread that takes the requests of second launches. It only dispatches:
-/// each request gets a worker thread of its own.
+/// The first instance's thread that receives the requests of second instances. It only dispatches:
+/// each request is performed on a worker thread of its own.
 class Listener {
   public:
     Listener() = default;
@@ -14,17 +14,17 @@ class Listener {
     Listener& operator=(const Listener&) = delete;
     ~Listener() { Stop(); }
 
-    /// Starts the thread, whose id is in `threadId` before it runs: that is the address that
-    /// second launches post to. The server outlives the thread and its workers.
+    /// Starts the thread (`CreateThread`), which writes its id to `threadId` before it runs: second
+    /// instances post their requests to that id. `server` must outlive the thread and the workers.
     bool Start(HandOffServer& server, DWORD* threadId);
 
-    /// Ends the thread and waits until it has ended. Workers are left alone.
+    /// Ends the thread and returns when it has ended. Workers continue to run.
     void Stop();
 
   private:
     static DWORD WINAPI Listen(void* parameter) noexcept;
 
-    UniqueHandle thread_;
+    UniqueHandle listenerThread_;
 };
 
 }  // namespace tarn

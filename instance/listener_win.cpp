@@ -11,42 +11,42 @@ struct Request {
     DWORD senderThread;
 };
 
-DWORD WINAPI Serve(void* parameter) noexcept {
+DWORD WINAPI ServeRequest(void* parameter) noexcept {
     const std::unique_ptr<Request> request(static_cast<Request*>(parameter));
     return request->server.HandOff(request->senderThread) ? 0 : 1;
 }
 
-// A request that cannot be taken is dropped: the listener must be there for the next one.
+// Drops the request when memory or a thread is missing: the listener must stay available.
 void Dispatch(HandOffServer& server, DWORD senderThread) {
     std::unique_ptr<Request> request(new (std::nothrow) Request{server, senderThread});
     if (request == nullptr) return;
-    const UniqueHandle worker(CreateThread(nullptr, 0, Serve, request.get(), 0, nullptr));
+    const UniqueHandle worker(CreateThread(nullptr, 0, ServeRequest, request.get(), 0, nullptr));
     if (worker) static_cast<void>(request.release());
 }
 
 }  // namespace
 
 bool Listener::Start(HandOffServer& server, DWORD* threadId) {
-    thread_.reset(CreateThread(nullptr, 0, Listen, &server, 0, threadId));
-    return static_cast<bool>(thread_);
+    listenerThread_.reset(CreateThread(nullptr, 0, Listen, &server, 0, threadId));
+    return static_cast<bool>(listenerThread_);
 }
 
 void Listener::Stop() {
-    if (!thread_) return;
-    // A post fails as long as the thread has no queue yet, so one is not enough.
-    DWORD code = 0;
+    if (!listenerThread_) return;
+    // Repeated without a pause: docs/developer/compatibility.md. The wait decides, because a thread
+    // may end with `STILL_ACTIVE` as its exit code.
     do {
-        PostThreadMessageW(GetThreadId(thread_.get()), WM_QUIT, 0, 0);
-    } while (GetExitCodeThread(thread_.get(), &code) && code == STILL_ACTIVE);
-    thread_.reset();
+        PostThreadMessageW(GetThreadId(listenerThread_.get()), WM_QUIT, 0, 0);
+    } while (WaitForSingleObject(listenerThread_.get(), 0) == WAIT_TIMEOUT);
+    listenerThread_.reset();
 }
 
 DWORD WINAPI Listener::Listen(void* parameter) noexcept {
     HandOffServer& server = *static_cast<HandOffServer*>(parameter);
     MSG message;
-    while (const BOOL got = GetMessageW(&message, nullptr, 0, 0)) {
-        // -1 is no message, but no reason to stop listening either.
-        if (got > 0 && message.message == server.messageId()) {
+    while (const BOOL result = GetMessageW(&message, nullptr, 0, 0)) {
+        // -1 is an error without a message; the listener continues.
+        if (result > 0 && message.message == server.messageId()) {
             Dispatch(server, static_cast<DWORD>(message.wParam));
         }
     }

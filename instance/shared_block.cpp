@@ -15,7 +15,7 @@ std::wstring ReadyEventName(std::wstring_view instanceName) {
 }
 
 bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea area) {
-    std::size_t needed = 1;  // the zero that ends the list
+    std::size_t needed = 1;  // the list's zero
     for (const std::wstring& argument : arguments) needed += argument.size() + 1;
     if (needed > area.size()) return false;
 
@@ -33,8 +33,8 @@ std::vector<std::wstring> DecodeArguments(ConstArgumentArea area) {
     std::vector<std::wstring> arguments;
     for (auto from = area.begin(); from != area.end();) {
         const auto to = std::find(from, area.end(), u'\0');
-        // An empty argument is a zero right after a zero, except at the start: there the zero is
-        // an argument of its own unless another one follows, as it does without any arguments.
+        // A second zero in a row ends the list (docs/developer/compatibility.md). The zero at the
+        // start follows none, so it is an empty argument unless a second zero follows.
         if (from == to && (from != area.begin() || area[1] == u'\0')) break;
         arguments.emplace_back(from, to);
         from = to == area.end() ? to : to + 1;

@@ -9,17 +9,17 @@
 namespace tarn {
 namespace {
 
-TEST(InstanceNameTest, IsThePathWithUnderscoresForBackslashes) {
+TEST(InstanceNameTest, ReplacesBackslashesByUnderscores) {
     EXPECT_EQ(InstanceName(L"C:\\Apps\\sample.exe"), L"C:_Apps_sample.exe");
 }
 
-TEST(InstanceNameTest, KeepsEverythingElse) {
+TEST(InstanceNameTest, KeepsAllOtherCharacters) {
     EXPECT_EQ(InstanceName(L"\\\\server\\share\\My App\\a_b/C.exe"),
               L"__server_share_My App_a_b/C.exe");
     EXPECT_EQ(InstanceName(L"sample.exe"), L"sample.exe");
 }
 
-TEST(InstanceNameTest, TheReadyEventHasAnEndingOfItsOwn) {
+TEST(InstanceNameTest, TheReadyEventHasASuffix) {
     EXPECT_EQ(ReadyEventName(L"C:_Apps_sample.exe"), L"C:_Apps_sample.exe_upr_evt");
 }
 
@@ -38,32 +38,32 @@ Area AreaOf(std::u16string_view units) {
     return area;
 }
 
-// What the second launch writes and the first one reads.
+// Returns the arguments that the first instance reads when a second one writes `arguments`.
 Arguments HandedOver(const Arguments& arguments) {
     Area area = FilledWith(u'x');
     EXPECT_TRUE(EncodeArguments(arguments, area));
     return DecodeArguments(area);
 }
 
-TEST(EncodeArgumentsTest, PutsAZeroBehindEachArgumentAndZeroesTheRest) {
+TEST(EncodeArgumentsTest, TerminatesEachArgumentAndZeroesTheRest) {
     Area area = FilledWith(u'x');
     ASSERT_TRUE(EncodeArguments({L"a", L"bc"}, area));
     EXPECT_EQ(area, AreaOf(std::u16string_view(u"a\0bc\0", 5)));
 }
 
-TEST(EncodeArgumentsTest, WithoutArgumentsTheWholeAreaIsZeroed) {
+TEST(EncodeArgumentsTest, ZeroesTheWholeAreaWithoutArguments) {
     Area area = FilledWith(u'x');
     ASSERT_TRUE(EncodeArguments({}, area));
     EXPECT_EQ(area, FilledWith(u'\0'));
 }
 
-TEST(EncodeArgumentsTest, AnEmptyArgumentIsItsZeroAlone) {
+TEST(EncodeArgumentsTest, WritesAnEmptyArgumentAsItsZero) {
     Area area = FilledWith(u'x');
     ASSERT_TRUE(EncodeArguments({L"a", L"", L"b"}, area));
     EXPECT_EQ(area, AreaOf(std::u16string_view(u"a\0\0b\0", 5)));
 }
 
-TEST(EncodeArgumentsTest, TakesArgumentsOfExactly1038Bytes) {
+TEST(EncodeArgumentsTest, AcceptsArgumentsOfExactly1038Bytes) {
     const Arguments one = {std::wstring(518, L'x')};
     EXPECT_EQ(HandedOver(one), one);
     const Arguments many(259, L"y");
@@ -73,7 +73,7 @@ TEST(EncodeArgumentsTest, TakesArgumentsOfExactly1038Bytes) {
     EXPECT_EQ(HandedOver(full), full);
 }
 
-TEST(EncodeArgumentsTest, RefusesTwoBytesMoreAndLeavesTheAreaAlone) {
+TEST(EncodeArgumentsTest, RejectsTwoBytesMoreWithoutAChangeOfTheArea) {
     Area area = FilledWith(u'x');
     EXPECT_FALSE(EncodeArguments({std::wstring(519, L'a')}, area));
     EXPECT_FALSE(EncodeArguments({std::wstring(500, L'a'), std::wstring(18, L'b')}, area));
@@ -83,19 +83,19 @@ TEST(EncodeArgumentsTest, RefusesTwoBytesMoreAndLeavesTheAreaAlone) {
     EXPECT_EQ(area, FilledWith(u'x'));
 }
 
-TEST(DecodeArgumentsTest, ReadsWhatWasWritten) {
+TEST(DecodeArgumentsTest, ReadsEncodedArguments) {
     const Arguments arguments = {L"C:\\My Files\\a.txt", L"-x", L"\u00e4\u20ac\u4e2d"};
     EXPECT_EQ(HandedOver(arguments), arguments);
 }
 
-TEST(DecodeArgumentsTest, UnitsPassUnchangedLoneSurrogatesIncluded) {
+TEST(DecodeArgumentsTest, KeepsEveryUnitIncludingLoneSurrogates) {
     const std::wstring pair = {static_cast<wchar_t>(0xD83D), static_cast<wchar_t>(0xDE00)};
     const std::wstring lone = {static_cast<wchar_t>(0xDE00), L'x', static_cast<wchar_t>(0xFFFF)};
     const Arguments arguments = {pair, lone};
     EXPECT_EQ(HandedOver(arguments), arguments);
 }
 
-TEST(DecodeArgumentsTest, NoArgumentsGiveAnEmptyList) {
+TEST(DecodeArgumentsTest, ReadsNoArgumentsAsAnEmptyList) {
     EXPECT_EQ(HandedOver({}), Arguments());
 }
 
@@ -120,7 +120,7 @@ TEST(DecodeArgumentsTest, TwoEmptyArgumentsAtTheStartEndTheList) {
     EXPECT_EQ(HandedOver({L"", L"", L"b"}), Arguments());
 }
 
-TEST(DecodeArgumentsTest, ATextThatNothingEndsIsCutAtTheEndOfTheArea) {
+TEST(DecodeArgumentsTest, AnUnterminatedArgumentEndsWithTheArea) {
     EXPECT_EQ(DecodeArguments(FilledWith(u'x')), Arguments({std::wstring(520, L'x')}));
 
     Area area = FilledWith(u'x');
@@ -128,20 +128,20 @@ TEST(DecodeArgumentsTest, ATextThatNothingEndsIsCutAtTheEndOfTheArea) {
     EXPECT_EQ(DecodeArguments(area), Arguments({L"x", std::wstring(518, L'x')}));
 }
 
-TEST(DecodeArgumentsTest, AnUnterminatedArgumentAfterAnEmptyOneIsCutAtTheEndOfTheArea) {
+TEST(DecodeArgumentsTest, AnUnterminatedArgumentAfterAnEmptyOneEndsWithTheArea) {
     Area area = FilledWith(u'x');
     area[0] = u'\0';
     EXPECT_EQ(DecodeArguments(area), Arguments({L"", std::wstring(519, L'x')}));
 }
 
-TEST(DecodeArgumentsTest, AnEndOnTheLastUnitIsAnEnd) {
+TEST(DecodeArgumentsTest, AcceptsATerminatorInTheLastUnit) {
     Area area = FilledWith(u'x');
     area.back() = u'\0';
     EXPECT_EQ(DecodeArguments(area), Arguments({std::wstring(519, L'x')}));
 }
 
-// The address sanitizer watches over the end of the heap block.
-TEST(DecodeArgumentsTest, ReadsNothingBeyondTheArea) {
+// The address sanitizer detects a read beyond the heap block.
+TEST(DecodeArgumentsTest, DoesNotReadBeyondTheArea) {
     const auto area = std::make_unique<Area>(FilledWith(u'z'));
     EXPECT_EQ(DecodeArguments(*area).size(), 1u);
 }

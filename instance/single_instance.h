@@ -10,49 +10,51 @@
 
 namespace tarn {
 
-/// One running instance for each executable path: what a launch holds for it. Off unless the
-/// settings switch it on.
+/// The objects with which one launch takes part in "Single Instance": one running application for
+/// each executable path. Without the setting there are none.
 class SingleInstance {
   public:
-    /// `target` is what a first instance hands later launches over to; looked at until `Stop`.
+    /// `target` is read until `Stop`.
     explicit SingleInstance(const HandOffTarget& target) : target_(target) {}
     SingleInstance(const SingleInstance&) = delete;
     SingleInstance& operator=(const SingleInstance&) = delete;
     ~SingleInstance() { Stop(); }
 
-    /// Reads the settings and, when single instance is on, becomes the first instance or hands
-    /// `arguments` to it. Returns false when a second instance could not hand them over. Where the
-    /// shared objects cannot be made the launch is an ordinary one, without a word.
-    bool Setup(const std::vector<std::wstring>& arguments);
+    /// Reads the settings and, if "Single Instance" is on, makes this process the first instance or
+    /// hands `arguments` over to it. Returns false if the settings path is unknown or a second
+    /// instance cannot hand its arguments over. If a shared object cannot be created, the launch
+    /// continues without single instance and without a message.
+    bool SetupSingleInstance(const std::vector<std::wstring>& arguments);
 
-    /// Another process runs the application already; this one only waits for its answer.
+    /// Whether another process runs the application, so that this one only waits for its answer.
     bool isSecondInstance() const { return singleInstance_ && !firstInstance_; }
 
-    /// The second instance's wait for the first one's answer, which becomes its exit code: what
-    /// `secondaryMain` returned, the first process's own exit code when that ended without an
-    /// answer, or 0 when there is no such process.
+    /// Waits in a second instance for the answer, which becomes the exit code. Returns the result
+    /// of `secondaryMain`, the exit code of the first process when that ends without an answer, or
+    /// 0 when the process cannot be opened.
     int WaitForAnswer() const;
 
-    /// Set just before `main` is called; requests wait for it. Null unless this is a first
-    /// instance.
+    /// The event to set just before `main` is called; requests wait for it. Null unless this is a
+    /// first instance.
     HANDLE readyEvent() const { return readyEvent_.get(); }
 
-    /// Ends the listener and releases everything. What the listener needs must still be there.
+    /// Ends the listener and releases everything. The target must still exist.
     void Stop();
 
   private:
-    bool MapBlock(const std::wstring& name);
+    bool MapBlock(const std::wstring& instanceName);
     bool HandOver(const std::vector<std::wstring>& arguments);
-    bool StartListening(const std::wstring& name);
-    SharedBlock& block() const { return *static_cast<SharedBlock*>(view_.get()); }
+    bool StartListening(const std::wstring& instanceName);
+    SharedBlock& block() const { return *static_cast<SharedBlock*>(sharedBlock_.get()); }
 
     const HandOffTarget target_;
     bool singleInstance_ = false;
+    /// This process created the shared block.
     bool firstInstance_ = false;
-    UniqueHandle mapping_;
-    UniqueFileView view_;
+    UniqueHandle mappingHandle_;
+    UniqueFileView sharedBlock_;
     UniqueHandle readyEvent_;
-    /// Never freed: see there.
+    /// Never freed: see `HandOffServer`.
     HandOffServer* handOffServer_ = nullptr;
     Listener listener_;
 };
