@@ -1,6 +1,7 @@
 // For unit tests only: the state of a first instance in which Java has not started.
 #pragma once
 
+#include "base/handles.h"
 #include "instance/hand_off.h"
 
 namespace tarn {
