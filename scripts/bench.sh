@@ -23,7 +23,7 @@ document=docs/reference/benchmark.md
 
 cmake --preset release >/dev/null
 cmake --build --preset release --target launcher bench >&2
-scripts/fetch_runtimes.sh 11 17 21 25 >/dev/null
+"$TARN_PYTHON" scripts/fetch_runtimes.py 11 17 21 25 >/dev/null
 
 trap tarn_close_wine EXIT
 tarn_open_wine

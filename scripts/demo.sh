@@ -103,7 +103,7 @@ quietly cmake --build --preset release -j 2 --target launcher
 quietly cmake --preset native
 quietly cmake --build --preset native -j 2
 tarn_say "fetching a Windows Java runtime"
-runtime=$(scripts/fetch_runtimes.sh 21)
+runtime=$("$TARN_PYTHON" scripts/fetch_runtimes.py 21)
 tarn_say "compiling and wrapping the sample application"
 lay_out "$runtime"
 

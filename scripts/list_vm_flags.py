@@ -58,7 +58,7 @@ def bits(versions):
 
 
 def main():
-    runtimes = subprocess.run([os.path.join(ROOT, "scripts", "fetch_runtimes.sh")] + VERSIONS,
+    runtimes = subprocess.run([sys.executable, os.path.join(ROOT, "scripts", "fetch_runtimes.py")] + VERSIONS,
                               stdout=subprocess.PIPE, check=True).stdout.decode().split()
     kinds = {name: "s" for name in OLD_SWITCHES} | {name: "n" for name in OLD_NUMBERS}
     known, ignored, diagnostic, experimental = {}, {}, {}, {}

@@ -12,7 +12,7 @@ build=(
     cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64
     JDK  # javac and jni.h
     # For the companion program.
-    g++ zlib1g-dev libz-mingw-w64-dev libcli11-dev nlohmann-json3-dev libstb-dev
+    g++ libcli11-dev nlohmann-json3-dev libstb-dev
 )
 run=(
     wine wine64 xvfb x11-utils imagemagick python3 python3-pip ca-certificates
@@ -22,7 +22,7 @@ run=(
     'libgnutls30t64|libgnutls30' fonts-liberation fonts-wine fonts-dejavu-core
 )
 check=(
-    googletest git LLVM cppcheck shellcheck python3-pefile locales osslsigncode openssl curl
+    googletest git LLVM cppcheck shellcheck maven python3-pefile locales osslsigncode openssl curl
 )
 # The same as programs, for systems with other package names.
 build_programs=(
@@ -30,12 +30,12 @@ build_programs=(
     'ninja: Ninja'
     'x86_64-w64-mingw32-g++-posix|x86_64-w64-mingw32-g++: mingw-w64 for x86_64, GCC 12 or newer, posix threads'
     'x86_64-w64-mingw32-windres: its binutils'
-    'g++: GCC 12 or newer for this machine, with zlib, CLI11, nlohmann-json and stb'
+    'g++: GCC 12 or newer for this machine, with CLI11, nlohmann-json and stb'
 )
 run_programs=('wine: Wine 8 or newer, 64-bit' 'Xvfb: Xvfb' 'import: ImageMagick' 'python3: Python 3.11 or newer with pip')
 check_programs=(
     'git: git' 'cppcheck: cppcheck' 'shellcheck: shellcheck' 'osslsigncode: osslsigncode'
-    'openssl: openssl' 'curl: curl'
+    'openssl: openssl' 'curl: curl' 'mvn: Maven'
 )
 
 case ${1:-test} in

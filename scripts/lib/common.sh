@@ -6,8 +6,6 @@
 TARN_CACHE=${TARN_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/tarn}
 TARN_RUNTIMES=$TARN_CACHE/runtimes
 TARN_APPLICATIONS=$TARN_CACHE/applications
-# Inside a runtime's folder: the line of the lock file that it came from.
-TARN_RUNTIME_STAMP=tarn-runtime.stamp
 
 # The system's own interpreter first: it is the one that the system's packages (pip, pefile)
 # belong to, whatever else comes earlier on the path.

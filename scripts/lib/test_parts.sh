@@ -154,8 +154,8 @@ part_windows-clang() {
 # Every test program of tests/ but the unit tests: build/release/tests/*_tests.exe.
 part_endtoend() {
     build release launcher tests || return 0
-    scripts/fetch_runtimes.sh >/dev/null || { count_failure "fetching the runtimes"; return 0; }
-    scripts/fetch_applications.sh >/dev/null || { count_failure "fetching the applications"; return 0; }
+    "$TARN_PYTHON" scripts/fetch_runtimes.py >/dev/null || { count_failure "fetching the runtimes"; return 0; }
+    "$TARN_PYTHON" scripts/fetch_applications.py >/dev/null || { count_failure "fetching the applications"; return 0; }
     local program found=0
     local runtimes="Z:${TARN_RUNTIMES//\//\\}"
     for program in build/release/tests/*_tests.exe; do
@@ -172,7 +172,7 @@ part_endtoend() {
 
 part_executable() {
     build release launcher tarn || return 0
-    scripts/fetch_runtimes.sh 21 >/dev/null || { count_failure "fetching the runtime"; return 0; }
+    "$TARN_PYTHON" scripts/fetch_runtimes.py 21 >/dev/null || { count_failure "fetching the runtime"; return 0; }
     python_tests executable env TARN_RUNTIMES="$TARN_RUNTIMES"
 }
 
@@ -180,7 +180,7 @@ part_executable() {
 part_tools() {
     build native tarn || return 0
     build release launcher tarn || return 0
-    scripts/fetch_runtimes.sh 11 17 21 25 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
+    "$TARN_PYTHON" scripts/fetch_runtimes.py 11 17 21 25 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
     python_tests tools env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
 }
 

@@ -26,7 +26,7 @@ class RealApplication : public testing::Test {
         WIN32_FIND_DATAW found{};
         const UniqueFindHandle search(FindFirstFileW((folder + stem + L"-*.jar").c_str(), &found));
         EXPECT_TRUE(search) << "no application " << ToUtf8(folder + stem)
-                            << " (scripts/fetch_applications.sh fetches it, TARN_APPLICATIONS "
+                            << " (scripts/fetch_applications.py fetches it, TARN_APPLICATIONS "
                             << "names the folder of all)";
         return folder + found.cFileName;
     }

@@ -16,7 +16,7 @@ bool Exists(const std::wstring& path) {
 std::wstring RuntimeHome(std::string_view version) {
     std::wstring home = GetPaths().runtimes + L'\\' + FromUtf8(version);
     EXPECT_TRUE(Exists(home + L"\\bin\\server\\jvm.dll"))
-        << "no Java runtime " << ToUtf8(home) << " (scripts/fetch_runtimes.sh fetches it, "
+        << "no Java runtime " << ToUtf8(home) << " (scripts/fetch_runtimes.py fetches it, "
         << "TARN_RUNTIMES names the folder of all)";
     return home;
 }

@@ -17,7 +17,7 @@
 namespace tarn::test {
 
 /// The home of one of the real runtimes, without a backslash at its end; fails the test when it is
-/// not there (scripts/fetch_runtimes.sh fetches them).
+/// not there (scripts/fetch_runtimes.py fetches them).
 std::wstring RuntimeHome(std::string_view version);
 
 /// Puts a runtime's files into another folder, which is made.
