@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "fuzz/fuzz_input.h"
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 #include "tools/image/executable.h"
 #include "tools/image/small_executable.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "fuzz/fuzz_input.h"
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 #include "tools/image/icon.h"
 #include "tools/image/string_table.h"
 #include "tools/image/version_info.h"

@@ -5,7 +5,7 @@
 #include <sstream>
 
 #include "fuzz/fuzz_input.h"
-#include "tools/jar/manifest.h"
+#include "tools/java/manifest.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <string_view>
 
 #include "fuzz/fuzz_input.h"
-#include "tools/console/failure.h"
-#include "tools/jar/jar_file.h"
-#include "tools/jar/zip_end.h"
-#include "tools/jar/zip_of.h"
+#include "tools/common/failure.h"
+#include "tools/java/jar_file.h"
+#include "tools/java/zip_end.h"
+#include "tools/java/zip_of.h"
 
 namespace {
 

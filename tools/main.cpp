@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "tools/check/check_command.h"
-#include "tools/console/console.h"
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/console.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
 #include "tools/explain/explain_command.h"
 #include "tools/stamp/stamp_command.h"
 #include "tools/wrap/wrap_command.h"

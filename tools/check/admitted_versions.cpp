@@ -5,7 +5,7 @@
 
 #include "runtime/runtime_version.h"
 #include "settings/keys.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

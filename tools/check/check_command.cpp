@@ -2,11 +2,11 @@
 
 #include <memory>
 
-#include "tools/check/known_keys.h"
+#include "tools/settings/known_keys.h"
 #include "tools/check/report.h"
 #include "tools/check/rules.h"
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

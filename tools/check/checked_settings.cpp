@@ -2,10 +2,10 @@
 
 #include "base/text.h"
 #include "settings/layered_settings.h"
-#include "tools/check/known_keys.h"
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
-#include "tools/console/whole_file.h"
+#include "tools/settings/known_keys.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/common/whole_file.h"
 #include "tools/image/executable.h"
 
 namespace tarn::tools {

@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "settings/embedded_settings.h"
-#include "tools/check/ini_encoding.h"
-#include "tools/check/settings_document.h"
+#include "tools/settings/ini_encoding.h"
+#include "tools/settings/settings_document.h"
 
 namespace tarn::tools {
 

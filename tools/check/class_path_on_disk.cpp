@@ -7,7 +7,7 @@
 #include "jvm/class_path.h"
 #include "settings/keys.h"
 #include "tools/check/jvm_options_of.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

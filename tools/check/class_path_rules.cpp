@@ -7,7 +7,7 @@
 #include "tools/check/class_path_on_disk.h"
 #include "tools/check/main_class_search.h"
 #include "tools/check/rules.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

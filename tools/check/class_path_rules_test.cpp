@@ -1,10 +1,10 @@
 #include <filesystem>
 
-#include "tools/check/check_text.h"
+#include "tools/check/rules_fixture.h"
 #include "tools/check/class_path_on_disk.h"
-#include "tools/console/text_encoding.h"
-#include "tools/console/whole_file.h"
-#include "tools/jar/zip_of.h"
+#include "tools/common/text_encoding.h"
+#include "tools/common/whole_file.h"
+#include "tools/java/zip_of.h"
 
 namespace tarn::tools {
 namespace {

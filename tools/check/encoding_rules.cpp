@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "tools/check/rules.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

@@ -7,11 +7,11 @@
 #include "settings/keys.h"
 #include "tools/check/class_path_on_disk.h"
 #include "tools/check/jvm_options_of.h"
-#include "tools/check/picture_format.h"
+#include "tools/image/picture_format.h"
 #include "tools/check/rules.h"
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
-#include "tools/console/whole_file.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 namespace {

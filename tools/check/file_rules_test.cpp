@@ -1,8 +1,8 @@
 #include <filesystem>
 
-#include "tools/check/check_text.h"
-#include "tools/check/picture_format.h"
-#include "tools/console/whole_file.h"
+#include "tools/check/rules_fixture.h"
+#include "tools/image/picture_format.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 namespace {

@@ -3,10 +3,10 @@
 #include "settings/keys.h"
 #include "tools/check/admitted_versions.h"
 #include "tools/check/jvm_options_of.h"
-#include "tools/check/option_lists.h"
+#include "tools/check/jvm_options.h"
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/check/check_text.h"
+#include "tools/check/rules_fixture.h"
 #include "tools/check/vm_flags.h"
 
 namespace tarn::tools {

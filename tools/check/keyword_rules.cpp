@@ -2,10 +2,10 @@
 
 #include "base/text.h"
 #include "settings/keys.h"
-#include "tools/check/known_keys.h"
+#include "tools/settings/known_keys.h"
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <set>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
-#include "tools/console/whole_file.h"
-#include "tools/jar/class_file.h"
-#include "tools/jar/jar_file.h"
-#include "tools/jar/manifest.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/common/whole_file.h"
+#include "tools/java/java_version.h"
+#include "tools/java/jar_file.h"
+#include "tools/java/manifest.h"
 
 namespace tarn::tools {
 namespace {

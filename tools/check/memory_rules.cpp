@@ -4,7 +4,7 @@
 #include "jvm/vm_parameters.h"
 #include "tools/check/jvm_options_of.h"
 #include "tools/check/rules.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "tools/check/finding.h"
-#include "tools/console/console.h"
+#include "tools/common/console.h"
 
 namespace tarn::tools {
 

@@ -1,4 +1,4 @@
-#include "tools/check/check_text.h"
+#include "tools/check/rules_fixture.h"
 
 namespace tarn::tools {
 namespace {

@@ -3,7 +3,7 @@
 #include "settings/keys.h"
 #include "tools/check/admitted_versions.h"
 #include "tools/check/rules.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

@@ -1,5 +1,5 @@
 #include "tools/check/admitted_versions.h"
-#include "tools/check/check_text.h"
+#include "tools/check/rules_fixture.h"
 
 namespace tarn::tools {
 namespace {

@@ -2,7 +2,7 @@
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"
 #include "tools/check/vm_flags.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

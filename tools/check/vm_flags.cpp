@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
 
 #ifdef _WIN32
 #include "tools/explain/predict_launch.h"

@@ -4,7 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "tools/explain/report_test_support.h"
+#include "tools/explain/report_fixture.h"
 
 namespace tarn::tools {
 namespace {

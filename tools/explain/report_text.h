@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "tools/console/console.h"
+#include "tools/common/console.h"
 #include "tools/explain/launch_report.h"
 
 namespace tarn::tools {

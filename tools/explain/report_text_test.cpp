@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tools/explain/report_test_support.h"
+#include "tools/explain/report_fixture.h"
 #include "tools/explain/text_page.h"
 
 namespace tarn::tools {

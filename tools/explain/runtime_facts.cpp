@@ -2,8 +2,8 @@
 
 #include "base/handles.h"
 #include "runtime/jvm_library.h"
-#include "tools/console/failure.h"
-#include "tools/console/whole_file.h"
+#include "tools/common/failure.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 namespace {

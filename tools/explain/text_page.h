@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "tools/console/console.h"
+#include "tools/common/console.h"
 
 namespace tarn::tools {
 

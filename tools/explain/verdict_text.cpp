@@ -1,6 +1,6 @@
 #include "tools/explain/verdict_text.h"
 
-#include "tools/console/text_encoding.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "tools/console/failure.h"
-#include "tools/image/executable_fields.h"
+#include "tools/common/failure.h"
+#include "tools/image/pe_fields.h"
 #include "tools/image/resource_section.h"
 
 namespace tarn::tools {

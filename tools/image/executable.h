@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "tools/image/byte_io.h"
+#include "tools/common/byte_io.h"
 #include "tools/image/resource_tree.h"
 
 namespace tarn::tools {

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 #include "tools/image/executable.h"
-#include "tools/image/executable_fields.h"
+#include "tools/image/pe_fields.h"
 #include "tools/image/resource_section.h"
 
 namespace tarn::tools {

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 #include "tools/image/small_executable.h"
 
 namespace tarn::tools {

@@ -4,7 +4,7 @@
 #include <array>
 #include <set>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 
 namespace tarn::tools {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "tools/image/byte_io.h"
+#include "tools/common/byte_io.h"
 #include "tools/image/resource_tree.h"
 
 namespace tarn::tools {
@@ -25,7 +25,7 @@ std::vector<IconPicture> ReadIcon(ByteSpan file);
 /// The pictures of an .ico file.
 std::vector<IconPicture> ReadIconFile(ByteSpan file);
 
-/// The pictures made of a PNG file (icon_of_picture.cpp). One that is not square gets transparent
+/// The pictures made of a PNG file (icon_png.cpp). One that is not square gets transparent
 /// borders.
 std::vector<IconPicture> IconOfPng(ByteSpan file);
 

@@ -3,7 +3,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 
 namespace tarn::tools {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "tools/image/byte_io.h"
+#include "tools/common/byte_io.h"
 #include "tools/image/resource_tree.h"
 
 namespace tarn::tools {

@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 
 namespace tarn::tools {
 namespace {

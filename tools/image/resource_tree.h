@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-#include "tools/console/whole_file.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tools/image/byte_io.h"
+#include "tools/common/byte_io.h"
 
 namespace tarn::tools {
 

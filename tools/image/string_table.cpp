@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
-#include "tools/image/byte_io.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/common/byte_io.h"
 
 namespace tarn::tools {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {

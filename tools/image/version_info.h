@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/image/byte_io.h"
+#include "tools/common/byte_io.h"
 
 namespace tarn::tools {
 

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 
 namespace tarn::tools {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 #include "tools/image/executable.h"
 #include "tools/image/string_table.h"
 #include "tools/image/version_info.h"
-#include "tools/jar/zip_end.h"
+#include "tools/java/zip_end.h"
 
 namespace tarn::tools {
 namespace {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/image/byte_io.h"
+#include "tools/common/byte_io.h"
 #include "tools/image/icon.h"
 
 namespace tarn::tools {

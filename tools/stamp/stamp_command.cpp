@@ -3,11 +3,11 @@
 #include <charconv>
 #include <memory>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
-#include "tools/console/whole_file.h"
-#include "tools/jar/jar_file.h"
-#include "tools/stamp/settings_text.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/common/whole_file.h"
+#include "tools/java/jar_file.h"
+#include "tools/settings/embedded_settings_text.h"
 #include "tools/stamp/stamp.h"
 
 namespace tarn::tools {

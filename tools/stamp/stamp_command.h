@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "tools/console/console.h"
+#include "tools/common/console.h"
 
 namespace tarn::tools {
 

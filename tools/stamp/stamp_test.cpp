@@ -3,14 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tools/console/failure.h"
+#include "tools/common/failure.h"
 #include "tools/image/executable.h"
 #include "tools/image/small_executable.h"
 #include "tools/image/string_table.h"
 #include "tools/image/version_info.h"
-#include "tools/jar/jar_file.h"
-#include "tools/jar/zip_end.h"
-#include "tools/jar/zip_of.h"
+#include "tools/java/jar_file.h"
+#include "tools/java/zip_end.h"
+#include "tools/java/zip_of.h"
 
 namespace tarn::tools {
 namespace {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "tools/wrap/jar_facts.h"
-#include "tools/wrap/settings_file.h"
+#include "tools/settings/settings_writer.h"
 #include "tools/wrap/wrap.h"
 
 namespace tarn::tools {

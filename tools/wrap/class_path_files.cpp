@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <set>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
-#include "tools/jar/manifest.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/java/manifest.h"
 
 namespace tarn::tools {
 namespace {

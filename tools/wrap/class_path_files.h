@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/jar/jar_file.h"
+#include "tools/java/jar_file.h"
 
 namespace tarn::tools {
 

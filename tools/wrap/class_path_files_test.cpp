@@ -2,9 +2,9 @@
 
 #include <gmock/gmock.h>
 
-#include "tools/console/failure.h"
-#include "tools/jar/zip_of.h"
-#include "tools/wrap/folder_test.h"
+#include "tools/common/failure.h"
+#include "tools/java/zip_of.h"
+#include "tools/common/folder_fixture.h"
 
 namespace tarn::tools {
 namespace {

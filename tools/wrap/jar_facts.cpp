@@ -2,8 +2,8 @@
 
 #include <cstdlib>
 
-#include "tools/console/failure.h"
-#include "tools/jar/class_file.h"
+#include "tools/common/failure.h"
+#include "tools/java/java_version.h"
 
 namespace tarn::tools {
 namespace {

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "tools/jar/jar_file.h"
-#include "tools/jar/manifest.h"
+#include "tools/java/jar_file.h"
+#include "tools/java/manifest.h"
 
 namespace tarn::tools {
 

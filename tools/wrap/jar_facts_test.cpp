@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tools/console/failure.h"
-#include "tools/jar/zip_of.h"
+#include "tools/common/failure.h"
+#include "tools/java/zip_of.h"
 
 namespace tarn::tools {
 namespace {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/console/whole_file.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 

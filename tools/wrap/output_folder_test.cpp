@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "tools/console/failure.h"
-#include "tools/wrap/folder_test.h"
+#include "tools/common/failure.h"
+#include "tools/common/folder_fixture.h"
 
 namespace tarn::tools {
 namespace {

@@ -1,7 +1,7 @@
 #include "tools/wrap/runtime_folder.h"
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
 #include "tools/image/executable.h"
 
 namespace tarn::tools {

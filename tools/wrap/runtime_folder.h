@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "tools/console/console.h"
+#include "tools/common/console.h"
 #include "tools/wrap/output_folder.h"
 
 namespace tarn::tools {

@@ -3,7 +3,7 @@
 #include <span>
 #include <string>
 
-#include "tools/console/whole_file.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
-#include "tools/stamp/settings_text.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/settings/embedded_settings_text.h"
 #include "tools/stamp/stamp.h"
 #include "tools/wrap/application_settings.h"
 #include "tools/wrap/class_path_files.h"

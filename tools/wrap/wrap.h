@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "tools/console/console.h"
+#include "tools/common/console.h"
 
 namespace tarn::tools {
 

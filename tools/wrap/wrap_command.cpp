@@ -3,8 +3,8 @@
 #include <map>
 #include <memory>
 
-#include "tools/console/failure.h"
-#include "tools/console/text_encoding.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
 #include "tools/wrap/program_folder.h"
 #include "tools/wrap/wrap.h"
 

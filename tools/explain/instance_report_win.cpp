@@ -1,0 +1,110 @@
+#include "tools/explain/instance_report.h"
+
+#include "base/handles.h"
+#include "instance/shared_block.h"
+#include "settings/keys.h"
+#include "settings/layered_settings.h"
+#include "settings/settings_paths.h"
+#include "tools/common/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+void MarkUnusable(InstanceReport& report, const char* reason) {
+    report.state = "unusable";
+    report.reason = reason;
+}
+
+bool IsSwitchedOn(const std::wstring& programPath, const Settings& settings,
+                  InstanceReport& report) {
+    if (settings.serviceMode) {
+        report.reason = "the application is a service";
+        return false;
+    }
+    const std::optional<std::wstring> file = SettingsPathOf(programPath);
+    if (file &&
+        LayeredSettings(*file).GetValue(keys::kApplication, keys::kSingleInstance) == L"yes") {
+        return true;
+    }
+    report.reason = "\"Single Instance\" is not exactly \"yes\"";
+    return false;
+}
+
+bool ThreadRuns(DWORD id) {
+    const UniqueHandle thread(OpenThread(THREAD_QUERY_INFORMATION, FALSE, id));
+    DWORD code = 0;
+    return thread && GetExitCodeThread(thread.get(), &code) && code == STILL_ACTIVE;
+}
+
+void ReadBlock(const SharedBlock& block, const std::vector<std::wstring>& arguments,
+               InstanceReport& report) {
+    report.state = "second";
+    report.processId = block.processId;
+    report.listenerThreadId = block.listenerThreadId;
+    std::array<char16_t, kArgumentUnits> area;
+    if (!EncodeArguments(arguments, area)) {
+        report.reason = "the arguments are too long to hand over";
+    } else if (!ThreadRuns(block.listenerThreadId)) {
+        report.reason = "nobody listens any more";
+    }
+}
+
+}  // namespace
+
+InstanceReport ReportInstance(const std::wstring& programPath, const Settings& settings,
+                              const std::vector<std::wstring>& arguments) {
+    InstanceReport report;
+    if (!IsSwitchedOn(programPath, settings, report)) return report;
+    const std::wstring name = InstanceName(programPath);
+    report.blockName = report.messageName = Utf8Of(name);
+    report.eventName = Utf8Of(ReadyEventName(name));
+    report.argumentRoom = kArgumentUnits * sizeof(char16_t);
+    report.argumentBytes = sizeof(char16_t);
+    for (const std::wstring& argument : arguments) {
+        report.argumentBytes += (argument.size() + 1) * sizeof(char16_t);
+    }
+
+    const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_WRITE, FALSE, name.c_str()));
+    if (!mapping) {
+        if (GetLastError() == ERROR_FILE_NOT_FOUND) {
+            report.state = "first";
+        } else {
+            MarkUnusable(report, "something else bears the name of the shared block");
+        }
+        return report;
+    }
+    const UniqueFileView view(
+        MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, sizeof(SharedBlock)));
+    if (!view) {
+        MarkUnusable(report, "the shared block is smaller than it should be");
+        return report;
+    }
+    MEMORY_BASIC_INFORMATION region;
+    if (VirtualQuery(view.get(), &region, sizeof region) == 0 || region.State != MEM_COMMIT) {
+        MarkUnusable(report, "the shared block has no memory behind it");
+        return report;
+    }
+    ReadBlock(*static_cast<const SharedBlock*>(view.get()), arguments, report);
+    return report;
+}
+
+OutcomeReport OutcomeOfSecond(const InstanceReport& instance) {
+    if (!instance.reason.empty()) {
+        return {"fails", -1,
+                "Another instance runs, but " + instance.reason + "; nothing is shown."};
+    }
+    OutcomeReport outcome;
+    outcome.kind = "hands-over";
+    const std::string process = "process " + std::to_string(instance.processId);
+    if (UniqueHandle(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, instance.processId))) {
+        outcome.summary = "Hands its arguments to the instance that runs already (" + process +
+                          ") and ends with its answer.";
+    } else {
+        outcome.exitCode = 0;
+        outcome.summary = "Hands its arguments to an instance whose process (" + process +
+                          ") cannot be opened, and ends.";
+    }
+    return outcome;
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,76 @@
+#include "tools/explain/jvm_report.h"
+
+#include "base/ansi_text.h"
+#include "base/windows.h"
+#include "jvm/build_options.h"
+#include "jvm/time_stamp.h"
+#include "jvm/time_stamp_format.h"
+#include "jvm/vm_parameters.h"
+#include "settings/keys.h"
+#include "settings/layered_settings.h"
+#include "settings/settings_paths.h"
+#include "tools/common/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+// Each parameter becomes one option, and they are the last ones. Without a class path the launcher
+// has read none of them.
+void ReportPercentages(const std::wstring& parameters, JvmReport& report) {
+    const std::vector<std::wstring> tokens = SplitVmParameters(parameters);
+    if (tokens.size() >= report.options.size()) return;
+    const std::size_t first = report.options.size() - tokens.size();
+    for (std::size_t at = 0; at < tokens.size(); ++at) {
+        if (!HasPercentageForm(RemoveQuotes(tokens[at]))) continue;
+        report.percentages.push_back({Utf8Of(tokens[at]), report.options[first + at]});
+    }
+}
+
+void ReportOutput(const char* stream, const std::wstring& name, bool append, const SYSTEMTIME& now,
+                  JvmReport& report) {
+    if (name.empty()) return;
+    OutputReport output;
+    output.stream = stream;
+    output.name = Utf8Of(name);
+    output.file = Utf8Of(ExpandTimeStamp(name, now));
+    output.hasPicture = SplitTimeStamp(name).has_value();
+    output.append = append;
+    report.outputs.push_back(std::move(output));
+}
+
+}  // namespace
+
+JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
+                    const JvmOptions& options, const std::vector<std::wstring>& arguments,
+                    bool fromOption) {
+    JvmReport report;
+    report.mainClass = Utf8Of(settings.mainClass);
+    for (const std::string& option : options.ansiOptions) {
+        report.options.push_back(Utf8Of(FromThreadAnsi(option)));
+    }
+    for (const std::wstring& argument : arguments) report.arguments.push_back(Utf8Of(argument));
+    report.stackSize = options.threadStackSize;
+    report.stackSizeFrom = report.stackSize == 0 ? "executable" : fromOption ? "option" : "runtime";
+
+    const MemorySizes memory = ReadMemorySizes();
+    report.physicalMemory = memory.totalPhysical;
+    report.availableAddressSpace = memory.availableVirtual;
+    if (const std::optional<std::wstring> file = SettingsPathOf(programPath)) {
+        ReportPercentages(LayeredSettings(*file).GetValue(keys::kJavaRuntimeEnvironment,
+                                                          keys::kVirtualMachineParameters),
+                          report);
+    }
+
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    const OutputFiles& files = options.outputFiles;
+    ReportOutput("output", files.outputFile, files.outputAppend, now, report);
+    ReportOutput("error", files.errorFile, files.errorAppend, now, report);
+
+    report.showsUncaughtException = settings.failureCheck;
+    report.staysAfterMain = IbmInPolicy(settings.policy);
+    report.destroysJvm = settings.serviceMode && !report.staysAfterMain;
+    return report;
+}
+
+}  // namespace tarn::tools

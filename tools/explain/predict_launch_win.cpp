@@ -1,0 +1,184 @@
+#include "tools/explain/predict_launch.h"
+
+#include "base/paths.h"
+#include "base/text.h"
+#include "base/windows.h"
+#include "core/command_line.h"
+#include "jvm/build_options.h"
+#include "jvm/java_thread.h"
+#include "jvm/jvm_library.h"
+#include "jvm/native_paths.h"
+#include "resources/ids.h"
+#include "settings/embedded_text.h"
+#include "settings/read_settings.h"
+#include "settings/settings_files.h"
+#include "settings/settings_paths.h"
+#include "tools/common/text_encoding.h"
+#include "tools/explain/captured_messages.h"
+#include "tools/explain/instance_report.h"
+#include "tools/explain/jvm_report.h"
+#include "tools/explain/runtime_report.h"
+#include "tools/explain/settings_report.h"
+#include "tools/explain/splash_report.h"
+#include "ui/jre_not_found_dialog.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr std::int32_t kFailedStart = -1;
+
+std::string Variable(const wchar_t* name) {
+    const DWORD size = GetEnvironmentVariableW(name, nullptr, 0);
+    std::wstring value(size, L'\0');
+    value.resize(GetEnvironmentVariableW(name, value.data(), size));
+    return Utf8Of(value);
+}
+
+std::string CurrentDirectory() {
+    const DWORD size = GetCurrentDirectoryW(0, nullptr);
+    std::wstring folder(size, L'\0');
+    folder.resize(GetCurrentDirectoryW(size, folder.data()));
+    return Utf8Of(folder);
+}
+
+/// The steps of one launch, in the launcher's order. Each returns false when the launch ends there.
+class Forecast {
+  public:
+    Forecast(const ProgramFile& program, std::wstring_view argumentText) : path_(program.path()) {
+        std::wstring commandLine = L'"' + path_ + L'"';
+        if (!argumentText.empty()) commandLine += L' ' + std::wstring(argumentText);
+        arguments_ = ArgumentsOf(commandLine);
+        report_.program.path = Utf8Of(path_);
+        report_.program.commandLine = Utf8Of(commandLine);
+        for (const std::wstring& argument : arguments_) {
+            report_.program.arguments.push_back(Utf8Of(argument));
+        }
+    }
+
+    LaunchReport Run() {
+        if (ReadAllSettings() && LookForInstance() && EnterFolder() && SearchRuntime() &&
+            LoadLibraries()) {
+            BuildJava();
+        }
+        return std::move(report_);
+    }
+
+  private:
+    bool End(const char* kind, std::optional<std::int32_t> exitCode, std::string summary) {
+        report_.outcome = {kind, exitCode, std::move(summary)};
+        return false;
+    }
+
+    /// Takes over the messages that the last step has told.
+    bool TakeMessages(bool launchGoesOn) {
+        bool any = false;
+        for (std::string& text : CapturedMessages::Take()) {
+            report_.messages.push_back({std::move(text), launchGoesOn});
+            any = true;
+        }
+        return any;
+    }
+
+    bool Fail(const char* why) {
+        const bool told = TakeMessages(false);
+        return End("fails", kFailedStart, told ? why : std::string(why) + " Nothing is shown.");
+    }
+
+    bool ReadAllSettings() {
+        const bool done = ReadSettings(errors_, settings_);
+        ProgramReport& program = report_.program;
+        if (const auto file = SettingsPathOf(path_)) {
+            program.settingsFile = Utf8Of(*file);
+            program.settingsFileExists = FileExists(*file);
+        }
+        const std::wstring perUser = PerUserSettingsPath(settings_, path_, false);
+        program.perUserFile = Utf8Of(perUser);
+        program.perUserFileExists = FileExists(perUser);
+        program.hasBuiltInSettings = !LoadEmbeddedText().empty();
+        report_.settings = ReportSettings(path_, settings_);
+        return done || Fail("The settings cannot be used.");
+    }
+
+    bool LookForInstance() {
+        report_.instance = ReportInstance(path_, settings_, arguments_);
+        if (report_.instance->state != "second") return true;
+        report_.outcome = OutcomeOfSecond(*report_.instance);
+        return false;
+    }
+
+    bool EnterFolder() const {
+        if (settings_.overrideWorkingDir) {
+            SetCurrentDirectoryW(std::wstring(CutAtLast(path_, L'\\')).c_str());
+        }
+        return true;
+    }
+
+    bool SearchRuntime() {
+        report_.runtime = ReportRuntime(settings_, choice_);
+        if (!report_.runtime->isFound) return AskForRuntime();
+        if (!choice_.pairedLaunch) return true;
+        PairedReport paired;
+        paired.program = Utf8Of(settings_.pairProduct);
+        paired.programExists = FileExists(settings_.pairProduct);
+        paired.waits = settings_.pairReturnCode;
+        const bool codeIsKnown = !paired.waits || !paired.programExists;
+        report_.paired = std::move(paired);
+        return End("starts-paired-program",
+                   codeIsKnown ? std::optional<std::int32_t>(0) : std::nullopt,
+                   "Leaves the 32-bit runtime to the paired program.");
+    }
+
+    bool AskForRuntime() {
+        const HRSRC dialog = FindResourceW(ProgramModule(), MAKEINTRESOURCEW(IDD_JRE_NOT_FOUND),
+                                           MAKEINTRESOURCEW(5));  // RT_DIALOG
+        if (dialog == nullptr) return Fail("No runtime was found, and the dialog is missing.");
+        report_.messages.push_back({Utf8Of(JreNotFoundMessage(settings_.policy)), false});
+        // What the user answers, nobody knows; a cancelled dialog is a failed start.
+        return End("asks-for-runtime", std::nullopt,
+                   "No runtime was found: the user is asked for one.");
+    }
+
+    bool LoadLibraries() {
+        PrepareNativePaths(settings_, choice_.jvmLibraryPath, options_);
+        report_.environment =
+            EnvironmentReport{CurrentDirectory(), Variable(L"Path"), Variable(L"TARN_JVM_PATH"),
+                              Variable(L"TARN_JVM_HOME")};
+        report_.splash = ReportSplash(arguments_, choice_.jvmLibraryPath);
+        if (!LoadJvmLibrary(errors_, choice_.jvmLibraryPath, entryPoints_)) {
+            return Fail("The runtime's jvm.dll cannot be used.");
+        }
+        return true;
+    }
+
+    void BuildJava() {
+        BuildOptions(errors_, options_, arguments_);
+        TakeMessages(true);
+        const bool fromOption = options_.threadStackSize != 0;
+        if (!fromOption) options_.threadStackSize = DefaultStackSize(entryPoints_);
+        report_.jvm = ReportJvm(path_, settings_, options_, arguments_, fromOption);
+        End("starts-java", std::nullopt, "Creates the JVM and calls main.");
+    }
+
+    const std::wstring path_;
+    std::vector<std::wstring> arguments_;
+    LaunchReport report_;
+    Settings settings_;
+    RuntimeChoice choice_;
+    JvmOptions options_;
+    JvmEntryPoints entryPoints_;
+    /// Owner of message boxes that are not shown.
+    const ErrorReporter errors_;
+};
+
+}  // namespace
+
+LaunchReport PredictLaunch(const ProgramFile& program, std::wstring_view argumentText) {
+    const CapturedMessages messages;
+    // As the launcher does first of all: options are converted in the thread's code page.
+    SetThreadLocale(GetSystemDefaultLCID());
+    // A library that cannot be loaded is to be told here, not in a box of the system's.
+    SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    return Forecast(program, argumentText).Run();
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,130 @@
+#include "tools/explain/settings_report.h"
+
+#include "settings/embedded_settings.h"
+#include "settings/embedded_text.h"
+#include "settings/keys.h"
+#include "settings/layered_settings.h"
+#include "settings/read_settings.h"
+#include "settings/settings_paths.h"
+#include "tools/common/text_encoding.h"
+#include "tools/explain/setting_table.h"
+
+namespace tarn::tools {
+namespace {
+
+/// The files of one launch, each layer open by itself.
+struct Layers {
+    explicit Layers(const std::wstring& mainPath)
+        : file(mainPath), layered(mainPath), builtIn(LoadEmbeddedText()) {}
+
+    IniFile file;
+    LayeredSettings layered;
+    EmbeddedSettings builtIn;
+};
+
+const char* LayerOf(const Layers& layers, const SettingRow& row) {
+    if (!layers.file.GetValue(row.section, row.key).empty()) return "file";
+    const std::wstring additive = std::wstring(row.section) + L'+';
+    const bool hasAdditive = !layers.file.GetValue(additive.c_str(), row.key).empty();
+    const bool hasBuiltIn = !layers.builtIn.Find(row.section, row.key).empty();
+    if (hasAdditive) return hasBuiltIn ? "built-in+additive" : "additive";
+    return hasBuiltIn ? "built-in" : "none";
+}
+
+void ReadLayered(const Layers& layers, const SettingRow& row, std::wstring& value,
+                 SettingReport& report) {
+    value = layers.layered.GetValue(row.section, row.key);
+    report.layer = LayerOf(layers, row);
+}
+
+void ReadFrom(const IniFile& file, const char* layer, const SettingRow& row, std::wstring& value,
+              SettingReport& report) {
+    value = file.GetValue(row.section, row.key);
+    report.layer = value.empty() ? "none" : layer;
+}
+
+std::string KindsOf(const RuntimeSearchPolicy& policy) {
+    if (!policy.jdkWanted && !policy.jreWanted) return "no registered runtime is searched";
+    if (policy.jdkWanted && policy.jreWanted) return "JDKs and JREs";
+    const std::string wanted = policy.jdkWanted ? "JDKs" : "JREs";
+    return policy.sourceFavouring ? wanted + " favoured" : wanted + " only";
+}
+
+std::string ProvidersOf(const RuntimeSearchPolicy& policy) {
+    std::string text;
+    const auto add = [&text](const char* name, bool allowed, bool favored) {
+        if (!allowed && !favored) return;
+        if (!text.empty()) text += ", ";
+        text += name;
+        if (favored) text += " (favoured)";
+    };
+    add("JavaSoft", policy.sunAllowed, policy.sunFavored);
+    add("JRockit", policy.jrockitAllowed, policy.jrockitFavored);
+    add("IBM", policy.ibmAllowed, policy.ibmFavored);
+    return text;
+}
+
+std::string TypeOf(JvmType type) {
+    switch (type) {
+        case JvmType::Server:
+            return "the server JVM only";
+        case JvmType::FavorServer:
+            return "the server JVM where there is one";
+        case JvmType::Default:
+            break;
+    }
+    return "any, client before server";
+}
+
+std::string MaximumOf(const RuntimeVersion& maximum) {
+    if (!IsBlank(maximum)) return Utf8Of(FormatVersion(maximum));
+    return maximum.parts[0] == 0 ? "0.0.0.0: no registered runtime of any version passes"
+                                 : "no maximum";
+}
+
+/// What the launcher made of a setting that is more than its text or a flag.
+std::string InterpretationOf(const std::wstring& key, const Settings& settings) {
+    const RuntimeSearchPolicy& policy = settings.policy;
+    if (key == keys::kMinimumVersion) {
+        return IsBlank(policy.minimum) ? "no minimum" : Utf8Of(FormatVersion(policy.minimum));
+    }
+    if (key == keys::kMaximumVersion) return MaximumOf(policy.maximum);
+    if (key == keys::kApplicationType) return settings.serviceMode ? "service" : "no service";
+    if (key == keys::kJvmType) return TypeOf(policy.jvmType);
+    if (key == keys::kJvmSource) return KindsOf(policy);
+    if (key == keys::kVmProvider) return ProvidersOf(policy);
+    if (key == keys::kMainClass && !settings.mainClass.empty()) return Utf8Of(settings.mainClass);
+    return {};
+}
+
+}  // namespace
+
+std::vector<SettingReport> ReportSettings(const std::wstring& programPath,
+                                          const Settings& settings) {
+    std::vector<SettingReport> reports;
+    const std::optional<std::wstring> mainPath = SettingsPathOf(programPath);
+    if (!mainPath) return reports;
+    const Layers layers(*mainPath);
+    for (const SettingRow& row : SettingRows()) {
+        SettingReport report;
+        report.section = Utf8Of(row.section);
+        report.key = Utf8Of(row.key);
+        std::wstring value;
+        std::wstring perUser;
+        if (row.reader == SettingReader::MainFile) {
+            ReadFrom(layers.file, "file", row, value, report);
+        } else if (row.reader == SettingReader::PerUser &&
+                   UsesPerUserFile(settings, programPath, perUser)) {
+            ReadFrom(IniFile(perUser), "per-user", row, value, report);
+        } else {
+            ReadLayered(layers, row, value, report);
+        }
+        report.value = Utf8Of(value);
+        report.meaning = row.form == SettingForm::Text ? InterpretationOf(row.key, settings)
+                                                       : std::string(MeaningOf(row.form, value));
+        reports.push_back(std::move(report));
+    }
+    return reports;
+}
+
+}  // namespace tarn::tools

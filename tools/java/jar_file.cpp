@@ -1,0 +1,123 @@
+#include "tools/java/jar_file.h"
+
+#include <minizip/unzip.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "tools/common/failure.h"
+#include "tools/java/memory_stream.h"
+#include "tools/java/zip_end.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr uLong kEncrypted = 1;              // bit of an entry's flags
+constexpr std::size_t kLongestName = 65536;  // a name's length has 16 bits
+constexpr std::size_t kMostEntries = 0xFFFF;
+constexpr std::string_view kBrokenDirectory = "has a broken directory; build or download it again";
+
+}  // namespace
+
+struct JarFile::Reader {
+    explicit Reader(std::span<const std::byte> content) : stream(content) {
+        zlib_filefunc64_def functions = stream.Functions();
+        file = unzOpen2_64("", &functions);
+    }
+    ~Reader() {
+        if (file != nullptr) unzClose(file);
+    }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    MemoryStream stream;
+    unzFile file = nullptr;
+};
+
+JarFile::JarFile(std::span<const std::byte> content, std::filesystem::path path)
+    : path_(std::move(path)) {
+    const std::optional<ZipPlace> place = FindZip(content);
+    if (!place) Fail("is no jar or zip file, or was cut short; build or download it again");
+    // minizip takes one without entries for none at all.
+    if (place->entries == 0) return;
+    // It gets the zip file alone: its search for the end is less strict than Java's.
+    content = content.first(place->end);
+    if (!place->hasAbsoluteOffsets) content = content.subspan(place->begin);
+    reader_ = std::make_unique<Reader>(content);
+    if (reader_->file == nullptr) Fail(kBrokenDirectory);
+    ReadDirectory();
+}
+
+JarFile::~JarFile() = default;
+
+void JarFile::Fail(std::string_view problem) const {
+    throw Failure(path_, problem);
+}
+
+void JarFile::ReadDirectory() {
+    unz_global_info64 global = {};
+    if (unzGetGlobalInfo64(reader_->file, &global) != UNZ_OK) Fail(kBrokenDirectory);
+    std::vector<char> name(kLongestName);
+    int outcome = unzGoToFirstFile(reader_->file);
+    for (; outcome == UNZ_OK; outcome = unzGoToNextFile(reader_->file)) {
+        unz_file_info64 info = {};
+        unz64_file_pos position = {};
+        if (unzGetCurrentFileInfo64(reader_->file, &info, name.data(), kLongestName, nullptr, 0,
+                                    nullptr, 0) != UNZ_OK ||
+            unzGetFilePos64(reader_->file, &position) != UNZ_OK) {
+            break;
+        }
+        std::string text(name.data(), std::min<std::size_t>(info.size_filename, kLongestName));
+        if ((info.flag & kEncrypted) != 0) {
+            Fail("is encrypted (" + text + "), which Java cannot read; pack it without a password");
+        }
+        // Of two entries with one name, Java takes the last.
+        positions_[text] = {position.pos_in_zip_directory, position.num_of_file};
+        names_.push_back(std::move(text));
+    }
+    // This number stands for more than that too, and minizip then reads until there are no more.
+    const bool isMany = global.number_entry == kMostEntries && names_.size() >= kMostEntries;
+    if (!isMany && (outcome != UNZ_END_OF_LIST_OF_FILE || names_.size() != global.number_entry)) {
+        Fail(kBrokenDirectory);
+    }
+}
+
+std::optional<Bytes> JarFile::Read(std::string_view name, std::size_t limit) const {
+    const auto found = positions_.find(name);
+    if (found == positions_.end()) return std::nullopt;
+    const std::string broken =
+        "its entry " + std::string(name) + " is broken or cannot be unpacked";
+    unz64_file_pos position = {found->second.inDirectory, found->second.number};
+    unz_file_info64 info = {};
+    if (unzGoToFilePos64(reader_->file, &position) != UNZ_OK ||
+        unzGetCurrentFileInfo64(reader_->file, &info, nullptr, 0, nullptr, 0, nullptr, 0) !=
+            UNZ_OK ||
+        unzOpenCurrentFile(reader_->file) != UNZ_OK) {
+        Fail(broken);
+    }
+    if (info.uncompressed_size > limit) {
+        unzCloseCurrentFile(reader_->file);
+        Fail("its entry " + std::string(name) + " is too large");
+    }
+    // In steps, for the size that the directory claims need not be true.
+    constexpr unsigned kStep = 1U << 16;
+    Bytes content;
+    int count = 0;
+    do {
+        const std::size_t used = content.size();
+        content.resize(used + kStep);
+        count = unzReadCurrentFile(reader_->file, content.data() + used, kStep);
+        content.resize(used + static_cast<std::size_t>(std::max(count, 0)));
+    } while (count > 0 && content.size() <= limit);
+    const int closed = unzCloseCurrentFile(reader_->file);
+    if (count != 0 || closed != UNZ_OK || content.size() != info.uncompressed_size) Fail(broken);
+    return content;
+}
+
+std::string EntryOfClass(std::string_view className) {
+    std::string entry(className);
+    std::replace(entry.begin(), entry.end(), '.', '/');
+    return entry + ".class";
+}
+
+}  // namespace tarn::tools

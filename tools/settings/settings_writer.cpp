@@ -1,0 +1,101 @@
+#include "tools/settings/settings_writer.h"
+
+#include <algorithm>
+
+#include "tools/common/text_encoding.h"
+#include "tools/common/byte_io.h"
+
+namespace tarn::tools {
+namespace {
+
+constexpr char kLineEnd[] = "\r\n";
+
+std::string InSmallLetters(std::string text) {
+    for (char& letter : text) {
+        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
+    }
+    return text;
+}
+
+std::string CommentOf(std::string_view text) {
+    std::string comment;
+    while (!text.empty()) {
+        const std::size_t end = text.find('\n');
+        comment += "; " + std::string(text.substr(0, end)) + kLineEnd;
+        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+    }
+    return comment;
+}
+
+// Windows takes one pair of quotes, and blanks around a value, away.
+std::string Quoted(const std::string& value) {
+    if (value.empty()) return value;
+    const char first = value.front();
+    const char last = value.back();
+    const bool hasQuotes = value.size() > 1 && first == last && (first == '"' || first == '\'');
+    return hasQuotes || first == ' ' || last == ' ' ? '"' + value + '"' : value;
+}
+
+}  // namespace
+
+SettingsFile::Section& SettingsFile::SectionOf(const std::string& name) {
+    for (Section& section : sections_) {
+        if (InSmallLetters(section.name) == InSmallLetters(name)) return section;
+    }
+    sections_.push_back({name, {}});
+    return sections_.back();
+}
+
+void SettingsFile::Add(std::wstring_view section, std::wstring_view key, std::string value,
+                       std::string comment) {
+    SectionOf(Utf8Of(section))
+        .lines.push_back({Utf8Of(key), std::move(value), std::move(comment), false});
+}
+
+void SettingsFile::AddSuggestion(std::wstring_view section, std::wstring_view key,
+                                 std::string value, std::string comment) {
+    SectionOf(Utf8Of(section))
+        .lines.push_back({Utf8Of(key), std::move(value), std::move(comment), true});
+}
+
+void SettingsFile::Set(const std::string& section, const std::string& key, std::string value) {
+    std::vector<Line>& lines = SectionOf(section).lines;
+    const auto found = std::find_if(lines.begin(), lines.end(), [&](const Line& line) {
+        return InSmallLetters(line.key) == InSmallLetters(key);
+    });
+    if (found == lines.end()) {
+        lines.push_back({key, std::move(value), {}, false});
+    } else {
+        found->value = std::move(value);
+        found->isSuggestion = false;
+    }
+}
+
+std::string SettingsFile::Text() const {
+    std::string text = CommentOf(heading_);
+    for (const Section& section : sections_) {
+        text += std::string(kLineEnd) + "[" + section.name + "]" + kLineEnd;
+        for (const Line& line : section.lines) {
+            text += CommentOf(line.comment) + (line.isSuggestion ? ";" : "") + line.key + "=" +
+                    Quoted(line.value) + kLineEnd;
+        }
+    }
+    return text;
+}
+
+Bytes SettingsFile::Content() const {
+    const std::string text = Text();
+    ByteWriter writer;
+    const bool isAscii = std::all_of(text.begin(), text.end(), [](char letter) {
+        return static_cast<unsigned char>(letter) < 0x80;
+    });
+    if (isAscii) {
+        writer.Put(std::as_bytes(std::span(text)));
+    } else {
+        writer.U16(0xFEFF);
+        writer.Text(Utf16Of(text));
+    }
+    return writer.Take();
+}
+
+}  // namespace tarn::tools

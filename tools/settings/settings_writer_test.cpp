@@ -1,0 +1,51 @@
+#include "tools/settings/settings_writer.h"
+
+#include <gtest/gtest.h>
+
+#include "tools/settings/embedded_settings_text.h"
+
+namespace tarn::tools {
+namespace {
+
+TEST(SettingsFileTest, WritesSectionsCommentsAndSuggestions) {
+    SettingsFile settings("Heading");
+    settings.Add(L"A", L"k", "1", "two\nlines");
+    settings.Add(L"B", L"k", "2");
+    settings.AddSuggestion(L"A", L"l", "3", "maybe");
+    EXPECT_EQ(settings.Text(),
+              "; Heading\r\n\r\n[A]\r\n; two\r\n; lines\r\nk=1\r\n; maybe\r\n;l=3\r\n\r\n"
+              "[B]\r\nk=2\r\n");
+}
+
+TEST(SettingsFileTest, SetsWhatIsThereInAnyLetterCase) {
+    SettingsFile settings("H");
+    settings.Add(L"A", L"k", "1");
+    settings.AddSuggestion(L"A", L"l", "2", "");
+    settings.Set("a", "K", "3");
+    settings.Set("a", "L", "4");
+    settings.Set("B", "m", "5");
+    EXPECT_EQ(settings.Text(), "; H\r\n\r\n[A]\r\nk=3\r\nl=4\r\n\r\n[B]\r\nm=5\r\n");
+}
+
+TEST(SettingsFileTest, ValuesComeBackAsTheyWere) {
+    for (const char* const value : {"a b", "\"a b\"", "'x'", " a", "a ", "\"", "a=b;c", ""}) {
+        SettingsFile settings("H");
+        settings.Add(L"A", L"k", value);
+        std::vector<std::string> warnings;
+        EXPECT_EQ(EmbeddedSettingsText(settings.Text(), warnings),
+                  "[A]\r\nk=" + std::string(value) + "\r\n");
+    }
+}
+
+TEST(SettingsFileTest, IsUtf16WhenItHasOtherLetters) {
+    SettingsFile settings("H");
+    settings.Add(L"A", L"k", "a");
+    EXPECT_EQ(settings.Content().front(), std::byte{';'});
+    EXPECT_EQ(DecodeSettingsFile(settings.Content()), settings.Text());
+    settings.Set("A", "k", "\xC3\xA4\xF0\x9F\x98\x80");
+    EXPECT_EQ(settings.Content().front(), std::byte{0xFF});
+    EXPECT_EQ(DecodeSettingsFile(settings.Content()), settings.Text());
+}
+
+}  // namespace
+}  // namespace tarn::tools
