@@ -1,11 +1,10 @@
 #include "tools/check/admitted_versions.h"
 
-#include <fstream>
 #include <optional>
 
 #include "runtime/runtime_version.h"
 #include "settings/keys.h"
-#include "tools/common/text_encoding.h"
+#include "tools/java/java_version.h"
 
 namespace tarn::tools {
 namespace {
@@ -24,23 +23,11 @@ std::optional<std::filesystem::path> ShippedRuntime(const CheckedSettings& setti
     return std::nullopt;
 }
 
-// From the file "release" that runtimes have in their home: JAVA_VERSION="21.0.8".
-std::optional<RuntimeVersion> VersionOfRuntime(const std::filesystem::path& home) {
-    std::ifstream release(home / "release");
-    std::string line;
-    while (std::getline(release, line)) {
-        if (!line.starts_with("JAVA_VERSION=")) continue;
-        RuntimeVersion version;
-        if (ParseVersion(WideOf(line), 0, version)) return version;
-    }
-    return std::nullopt;
-}
-
 // The newest of the measured versions that is not newer: options seldom go or come in between.
-VersionSet NearestTo(const RuntimeVersion& version) {
+VersionSet NearestTo(int feature) {
     VersionSet nearest = 0;
     for (std::size_t at = 0; at < kMeasuredVersions.size(); ++at) {
-        if (kMeasuredVersions[at] <= version.parts[0]) nearest = 1U << at;
+        if (kMeasuredVersions[at] <= feature) nearest = 1U << at;
     }
     return nearest;
 }
@@ -54,7 +41,8 @@ bool HasOwnRuntime(const CheckedSettings& settings) {
 
 VersionSet AdmittedVersions(const CheckedSettings& settings) {
     if (const auto home = ShippedRuntime(settings)) {
-        if (const auto version = VersionOfRuntime(*home)) return NearestTo(*version);
+        const int feature = JavaFeatureOf(ReadJavaVersion(*home));
+        if (feature != 0) return NearestTo(feature);
     }
     const RuntimeVersion minimum =
         MinimumBound(settings.Get(keys::kJavaRuntimeEnvironment, keys::kMinimumVersion).text);

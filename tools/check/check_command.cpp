@@ -2,11 +2,11 @@
 
 #include <memory>
 
-#include "tools/settings/known_keys.h"
 #include "tools/check/report.h"
 #include "tools/check/rules.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
+#include "tools/settings/known_keys.h"
 
 namespace tarn::tools {
 namespace {
@@ -53,8 +53,8 @@ int Check(const Options& options, const Console& console) {
     } else {
         PrintReport(console, options.file, findings);
     }
-    if (CountOf(findings, Severity::kError) != 0) return kFailed;
-    return options.isStrict && CountOf(findings, Severity::kWarning) != 0 ? kWarnings : kSuccess;
+    if (CountOf(findings, Severity::Error) != 0) return kFailed;
+    return options.isStrict && CountOf(findings, Severity::Warning) != 0 ? kWarnings : kSuccess;
 }
 
 }  // namespace

@@ -1,12 +1,11 @@
 #include "tools/check/checked_settings.h"
 
-#include "base/text.h"
 #include "settings/layered_settings.h"
-#include "tools/settings/known_keys.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
 #include "tools/image/executable.h"
+#include "tools/settings/known_keys.h"
 
 namespace tarn::tools {
 namespace {
@@ -26,8 +25,7 @@ EmbeddedSettings EmbeddedSettingsOf(const std::filesystem::path& executable) {
         const Bytes* const text =
             FindResource(resources, kResourceData, std::u16string(u"SETTINGS"));
         if (text == nullptr) return {};
-        return EmbeddedSettings(
-            WideOf({reinterpret_cast<const char*>(text->data()), text->size()}));
+        return EmbeddedSettings(WideOf(AsText(*text)));
     } catch (const Failure&) {
         return {};
     }
@@ -57,7 +55,7 @@ Setting CheckedSettings::Get(std::wstring_view section, std::wstring_view key) c
     const DocumentEntry* const plain = document_.Find(section, key);
     if (plain != nullptr && !plain->value.empty()) return {plain->value, plain->line};
     const KnownKey* const known = FindKnownKey(section, key);
-    if (known == nullptr || !known->isLayered) return {};
+    if (known == nullptr || known->source == SettingSource::MainFile) return {};
     const DocumentEntry* const more = document_.Find(std::wstring(section) + L'+', key);
     const bool hasMore = more != nullptr && !more->value.empty();
     return {AppendValue(embedded_.Find(section, key), hasMore ? more->value : std::wstring()),
@@ -66,11 +64,7 @@ Setting CheckedSettings::Get(std::wstring_view section, std::wstring_view key) c
 
 bool CheckedSettings::IsOn(std::wstring_view section, std::wstring_view key) const {
     const KnownKey* const known = FindKnownKey(section, key);
-    const std::wstring value = Get(section, key).text;
-    if (known == nullptr) return false;
-    if (known->form == Form::kYes) return EqualsIgnoringCase(value, L"Yes");
-    if (known->form == Form::kExactlyTrue) return value == L"true";
-    return known->form == Form::kExactlyYes && value == L"yes";
+    return known != nullptr && FlagValue(known->form, Get(section, key).text).value_or(false);
 }
 
 std::string Quoted(std::wstring_view text) {

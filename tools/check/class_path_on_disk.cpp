@@ -6,15 +6,12 @@
 #include "base/text.h"
 #include "jvm/class_path.h"
 #include "settings/keys.h"
-#include "tools/check/jvm_options_of.h"
+#include "tools/check/jvm_options.h"
+#include "tools/common/ascii.h"
 #include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {
-
-wchar_t Lower(wchar_t letter) {
-    return letter >= L'A' && letter <= L'Z' ? static_cast<wchar_t>(letter - L'A' + L'a') : letter;
-}
 
 // Whether a name is what the pattern stands for, going back to the last "*" where that fails.
 bool Matches(std::wstring_view name, std::wstring_view pattern) {
@@ -24,7 +21,7 @@ bool Matches(std::wstring_view name, std::wstring_view pattern) {
             star = in++;
             afterStar = at;
         } else if (in < pattern.size() &&
-                   (pattern[in] == L'?' || Lower(pattern[in]) == Lower(name[at]))) {
+                   (pattern[in] == L'?' || ToLowerAscii(pattern[in]) == ToLowerAscii(name[at]))) {
             ++in;
             ++at;
         } else if (star != std::wstring_view::npos) {
@@ -50,40 +47,6 @@ std::vector<std::filesystem::path> MatchesIn(const std::filesystem::path& folder
     }
     std::sort(found.begin(), found.end());
     return found;
-}
-
-#ifdef _WIN32
-// The launcher's own search.
-std::vector<std::filesystem::path> FindEntry(const CheckedSettings& settings,
-                                             const std::wstring& entry) {
-    std::error_code error;
-    const std::wstring folder =
-        std::filesystem::absolute(settings.folder(), error).make_preferred().wstring();
-    std::vector<std::filesystem::path> found;
-    for (const std::wstring& piece :
-         Split(ExpandClassPath(entry, EnsureTrailing(folder, L'\\')), L';')) {
-        const std::filesystem::path path(piece);
-        const std::wstring name = path.filename().wstring();
-        if (!piece.empty() && name != L"." && name != L".." &&
-            std::filesystem::exists(path, error)) {
-            found.push_back(path);
-        }
-    }
-    return found;
-}
-#else
-std::vector<std::filesystem::path> FindEntry(const CheckedSettings& settings,
-                                             const std::wstring& entry) {
-    return FindAsWindows(settings.folder(), ClassPathPattern(entry, L""));
-}
-#endif
-
-bool CanBeToldHere(const std::wstring& entry) {
-#ifdef _WIN32
-    return !HasVariable(entry);
-#else
-    return !HasVariable(entry) && !IsAbsolutePath(entry);
-#endif
 }
 
 }  // namespace
@@ -115,7 +78,7 @@ std::vector<DiskEntry> ClassPathOnDisk(const CheckedSettings& settings) {
     const Setting classPath = settings.Get(keys::kClassPath, keys::kClassPath);
     for (std::wstring& written : ClassPathEntries(classPath.text)) {
         DiskEntry entry;
-        entry.isKnown = settings.looksAtDisk() && CanBeToldHere(written);
+        entry.isKnown = settings.looksAtDisk() && IsResolvableHere(written);
         if (entry.isKnown) entry.found = FindEntry(settings, written);
         entry.written = std::move(written);
         entries.push_back(std::move(entry));

@@ -8,21 +8,29 @@
 
 namespace tarn::tools {
 
-/// One entry of "Class Path" and what it comes to.
+/// One entry of "Class Path" and the files that it resolves to.
 struct DiskEntry {
     std::wstring written;
-    /// Whether that can be told here: an entry with a variable, and on Linux an absolute one, is
-    /// known on the user's machine only.
+    /// False for entries that only the user's machine can resolve; see `IsResolvableHere`.
     bool isKnown = false;
-    /// The files and folders on the class path, "." and ".." left out.
+    /// The files and folders on the class path, without "." and "..".
     std::vector<std::filesystem::path> found;
 };
 
-/// The entries in their order, each with what the launcher would find.
+/// The entries in order, each with what the launcher would find.
 std::vector<DiskEntry> ClassPathOnDisk(const CheckedSettings& settings);
 
-/// What is at a path relative to the settings file's folder, as Windows finds it: letter case does
-/// not count, "\" and "/" separate, and "*" and "?" in the last name stand for others. Sorted.
+/// Whether an entry can be resolved on this machine: an entry with an environment variable cannot,
+/// and on systems other than Windows neither can an absolute one.
+bool IsResolvableHere(const std::wstring& entry);
+
+/// The files and folders of one entry: on Windows by the launcher's own search.
+std::vector<std::filesystem::path> FindEntry(const CheckedSettings& settings,
+                                             const std::wstring& entry);
+
+/// The files at a path relative to `folder`, found as Windows does: case-insensitively, with "\"
+/// and
+/// "/" as separators and the wildcards "*" and "?" in the last name. Sorted.
 std::vector<std::filesystem::path> FindAsWindows(const std::filesystem::path& folder,
                                                  std::wstring_view relative);
 

@@ -20,7 +20,7 @@ bool IsNamedJar(const DiskEntry& entry) {
 }
 
 std::string AdviceForMissing(const std::wstring& entry) {
-    if (entry != TrimBlanks(entry))
+    if (entry != TrimSpaces(entry))
         return "blanks around \";\" are part of the name: leave them out";
     if (entry.find(L':', 2) != std::wstring::npos)
         return "separate entries with \";\", not with \":\"";

@@ -1,7 +1,7 @@
 #include <filesystem>
 
-#include "tools/check/rules_fixture.h"
 #include "tools/check/class_path_on_disk.h"
+#include "tools/check/rules_fixture.h"
 #include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
 #include "tools/java/zip_of.h"
@@ -30,7 +30,7 @@ class ClassPathRules : public testing::Test {
 
     CheckedSettings Settings(const std::wstring& classPath, const std::wstring& more = {}) const {
         return CheckedSettings(folder_ / "sample.ini",
-                               {IniEncoding::kAscii,
+                               {IniEncoding::Ascii,
                                 L"[Class Path]\nClass Path=" + classPath +
                                     L"\n[Java Runtime Environment]\nMain Class=com.example.Main\n"
                                     L"Minimum Version=17\n" +
@@ -124,7 +124,7 @@ TEST_F(ClassPathRules, NoticesBrokenJars) {
 TEST_F(ClassPathRules, AnOlderRuntimeThanTheClassesNeedMustNotBeAdmitted) {
     EXPECT_THAT(
         Ids(CheckedSettings(folder_ / "sample.ini",
-                            {IniEncoding::kAscii,
+                            {IniEncoding::Ascii,
                              L"[Class Path]\nClass Path=app.jar\n[Java Runtime Environment]\n"
                              L"Main Class=com.example.Main\nMinimum Version=11",
                              false},

@@ -1,6 +1,5 @@
-#include <algorithm>
-
 #include "tools/check/rules.h"
+#include "tools/common/ascii.h"
 #include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
@@ -12,11 +11,6 @@ constexpr std::size_t kLongestValue = 32767;
 constexpr char kSaveAsUtf16[] =
     "save the file as UTF-16 with a byte-order mark (editors call it UTF-16 LE or Unicode), or use "
     "ASCII letters only";
-
-bool IsAscii(std::wstring_view text) {
-    return std::all_of(text.begin(), text.end(),
-                       [](wchar_t letter) { return static_cast<char32_t>(letter) < 0x80; });
-}
 
 // Calls `visit` for every line that has a meaning, with its number.
 template <typename Visitor>
@@ -68,16 +62,16 @@ void CheckUtf8Mark(const CheckedSettings& settings, Findings& findings) {
 
 void CheckEncoding(const CheckedSettings& settings, Findings& findings) {
     switch (settings.decoded().encoding) {
-        case IniEncoding::kAscii:
-        case IniEncoding::kUtf16:
+        case IniEncoding::Ascii:
+        case IniEncoding::Utf16:
             break;
-        case IniEncoding::kUtf8:
+        case IniEncoding::Utf8:
             CheckUtf8(settings, findings);
             break;
-        case IniEncoding::kUtf8WithMark:
+        case IniEncoding::Utf8WithMark:
             CheckUtf8Mark(settings, findings);
             break;
-        case IniEncoding::kCodePage:
+        case IniEncoding::CodePage:
             if (const std::size_t line = FirstLineWithLetters(settings.document())) {
                 findings.Warning(
                     "code-page", line,
@@ -86,19 +80,19 @@ void CheckEncoding(const CheckedSettings& settings, Findings& findings) {
                     kSaveAsUtf16);
             }
             break;
-        case IniEncoding::kUtf16WithoutMark:
+        case IniEncoding::Utf16WithoutMark:
             findings.Error("utf-16-without-mark", 0,
                            "the file is in UTF-16 without a byte-order mark: Windows reads it in "
                            "the 8-bit code page, where no line means anything",
                            "save it with the mark");
             break;
-        case IniEncoding::kUtf16BigEndian:
+        case IniEncoding::Utf16BigEndian:
             findings.Error("utf-16-big-endian", 0,
                            "the file is in UTF-16 with the high byte first, which Windows' profile "
                            "functions do not read",
                            "save it as UTF-16 LE");
             break;
-        case IniEncoding::kUtf32:
+        case IniEncoding::Utf32:
             findings.Error("utf-32", 0, "the file is in UTF-32, which Windows does not read",
                            "save it as UTF-16 LE");
             break;

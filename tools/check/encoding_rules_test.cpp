@@ -19,38 +19,36 @@ std::vector<std::string> CheckAs(IniEncoding encoding, std::wstring text, bool i
 }
 
 TEST(EncodingRulesTest, AsciiAndMarkedUtf16AreReadAsTheyAreMeant) {
-    EXPECT_THAT(CheckAs(IniEncoding::kAscii, L"[A]\nb=c"), IsEmpty());
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf16, L"[A]\nb=ü"), IsEmpty());
+    EXPECT_THAT(CheckAs(IniEncoding::Ascii, L"[A]\nb=c"), IsEmpty());
+    EXPECT_THAT(CheckAs(IniEncoding::Utf16, L"[A]\nb=ü"), IsEmpty());
 }
 
 TEST(EncodingRulesTest, LettersMatterOnlyWhereSomebodyReadsThem) {
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf8, L"; Grüße\n[A]\nb=c"), IsEmpty());
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf8, L"; Grüße\n[A]\nb=c\nd=ü"),
+    EXPECT_THAT(CheckAs(IniEncoding::Utf8, L"; Grüße\n[A]\nb=c"), IsEmpty());
+    EXPECT_THAT(CheckAs(IniEncoding::Utf8, L"; Grüße\n[A]\nb=c\nd=ü"),
                 ElementsAre("4 warning utf-8"));
-    EXPECT_THAT(CheckAs(IniEncoding::kCodePage, L"[A]\nb=ü"), ElementsAre("2 warning code-page"));
+    EXPECT_THAT(CheckAs(IniEncoding::CodePage, L"[A]\nb=ü"), ElementsAre("2 warning code-page"));
 }
 
 TEST(EncodingRulesTest, TheUtf8MarkHidesASectionOnTheFirstLine) {
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf8WithMark, L"[A]\nb=c"),
-                ElementsAre("1 error utf-8-mark"));
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf8WithMark, L"; x\n[A]\nb=c"),
+    EXPECT_THAT(CheckAs(IniEncoding::Utf8WithMark, L"[A]\nb=c"), ElementsAre("1 error utf-8-mark"));
+    EXPECT_THAT(CheckAs(IniEncoding::Utf8WithMark, L"; x\n[A]\nb=c"),
                 ElementsAre("1 note utf-8-mark"));
 }
 
 TEST(EncodingRulesTest, OtherEncodingsAreNotReadAtAll) {
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf16BigEndian, L"[A]"),
+    EXPECT_THAT(CheckAs(IniEncoding::Utf16BigEndian, L"[A]"),
                 ElementsAre("0 error utf-16-big-endian"));
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf16WithoutMark, L"[A]"),
+    EXPECT_THAT(CheckAs(IniEncoding::Utf16WithoutMark, L"[A]"),
                 ElementsAre("0 error utf-16-without-mark"));
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf32, L"[A]"), ElementsAre("0 error utf-32"));
-    EXPECT_THAT(CheckAs(IniEncoding::kUtf16, L"[A]", true),
-                ElementsAre("0 warning half-character"));
+    EXPECT_THAT(CheckAs(IniEncoding::Utf32, L"[A]"), ElementsAre("0 error utf-32"));
+    EXPECT_THAT(CheckAs(IniEncoding::Utf16, L"[A]", true), ElementsAre("0 warning half-character"));
 }
 
 TEST(EncodingRulesTest, ZerosAndEndlessLinesAreNoticed) {
-    EXPECT_THAT(CheckAs(IniEncoding::kAscii, std::wstring(L"[A]\nb=c\0d", 9)),
+    EXPECT_THAT(CheckAs(IniEncoding::Ascii, std::wstring(L"[A]\nb=c\0d", 9)),
                 ElementsAre("2 error zero-character"));
-    EXPECT_THAT(CheckAs(IniEncoding::kAscii, L"[A]\nb=" + std::wstring(40'000, L'x')),
+    EXPECT_THAT(CheckAs(IniEncoding::Ascii, L"[A]\nb=" + std::wstring(40'000, L'x')),
                 ElementsAre("2 warning long-line"));
 }
 

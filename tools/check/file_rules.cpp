@@ -6,12 +6,12 @@
 #include "runtime/jvm_library.h"
 #include "settings/keys.h"
 #include "tools/check/class_path_on_disk.h"
-#include "tools/check/jvm_options_of.h"
-#include "tools/image/picture_format.h"
+#include "tools/check/jvm_options.h"
 #include "tools/check/rules.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
+#include "tools/image/picture_format.h"
 
 namespace tarn::tools {
 namespace {

@@ -1,8 +1,8 @@
 #include <filesystem>
 
 #include "tools/check/rules_fixture.h"
-#include "tools/image/picture_format.h"
 #include "tools/common/whole_file.h"
+#include "tools/image/picture_format.h"
 
 namespace tarn::tools {
 namespace {
@@ -62,7 +62,7 @@ class FilesBeside : public testing::Test {
     std::vector<std::string> Ids(const std::wstring& text) const {
         Findings findings;
         CheckFiles(CheckedSettings(folder_ / "sample.ini",
-                                   {IniEncoding::kAscii,
+                                   {IniEncoding::Ascii,
                                     L"[Application]\nOverride WorkingDir=Yes\n" + text, false},
                                    true),
                    findings);

@@ -6,27 +6,26 @@ namespace tarn::tools {
 
 std::string_view NameOf(Severity severity) {
     switch (severity) {
-        case Severity::kError:
+        case Severity::Error:
             return "error";
-        case Severity::kWarning:
+        case Severity::Warning:
             return "warning";
-        case Severity::kNote:
+        case Severity::Note:
             break;
     }
     return "note";
 }
 
 void Findings::Error(std::string id, std::size_t line, std::string message, std::string advice) {
-    all_.push_back({Severity::kError, std::move(id), line, std::move(message), std::move(advice)});
+    all_.push_back({Severity::Error, std::move(id), line, std::move(message), std::move(advice)});
 }
 
 void Findings::Warning(std::string id, std::size_t line, std::string message, std::string advice) {
-    all_.push_back(
-        {Severity::kWarning, std::move(id), line, std::move(message), std::move(advice)});
+    all_.push_back({Severity::Warning, std::move(id), line, std::move(message), std::move(advice)});
 }
 
 void Findings::Note(std::string id, std::size_t line, std::string message, std::string advice) {
-    all_.push_back({Severity::kNote, std::move(id), line, std::move(message), std::move(advice)});
+    all_.push_back({Severity::Note, std::move(id), line, std::move(message), std::move(advice)});
 }
 
 std::vector<Finding> Findings::Sorted() const {

@@ -8,9 +8,9 @@
 namespace tarn::tools {
 
 enum class Severity {
-    kNote,     ///< works, but is worth knowing
-    kWarning,  ///< does something else than it seems to, or only on some machines
-    kError,    ///< the launch fails, or the setting is lost
+    Note,     ///< works, but deserves attention
+    Warning,  ///< does something other than intended, or only on some machines
+    Error,    ///< the launch fails, or the setting is lost
 };
 
 /// "note", "warning", "error".
@@ -18,7 +18,7 @@ std::string_view NameOf(Severity severity);
 
 /// One thing that a settings file should say differently.
 struct Finding {
-    Severity severity = Severity::kNote;
+    Severity severity = Severity::Note;
     /// What kind of finding it is, for programs: words with "-" between them.
     std::string id;
     /// Counted from 1; 0 when it is about the whole file, or about a line that is not there.

@@ -2,7 +2,6 @@
 
 #include "settings/keys.h"
 #include "tools/check/admitted_versions.h"
-#include "tools/check/jvm_options_of.h"
 #include "tools/check/jvm_options.h"
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"

@@ -128,11 +128,11 @@ TEST(VmFlagsTest, TheTableIsWhole) {
     EXPECT_GT(VmFlagNames().size(), 1000U);
     const VmFlag* const flag = FindVmFlag("UseConcMarkSweepGC");
     ASSERT_NE(flag, nullptr);
-    EXPECT_EQ(flag->kind, FlagKind::kSwitch);
+    EXPECT_EQ(flag->kind, FlagKind::Switch);
     EXPECT_EQ(NameVersions(flag->known), "11");
-    EXPECT_EQ(FindVmFlag("MaxHeapSize")->kind, FlagKind::kNumber);
-    EXPECT_EQ(FindVmFlag("MaxRAMPercentage")->kind, FlagKind::kDecimal);
-    EXPECT_EQ(FindVmFlag("HeapDumpPath")->kind, FlagKind::kText);
+    EXPECT_EQ(FindVmFlag("MaxHeapSize")->kind, FlagKind::Number);
+    EXPECT_EQ(FindVmFlag("MaxRAMPercentage")->kind, FlagKind::Decimal);
+    EXPECT_EQ(FindVmFlag("HeapDumpPath")->kind, FlagKind::Text);
     EXPECT_EQ(FindVmFlag("useg1gc"), nullptr);
 }
 

@@ -2,7 +2,11 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
+
+#include "tools/check/checked_settings.h"
 
 namespace tarn::tools {
 
@@ -33,5 +37,20 @@ std::span<const TakenOption> TakenOptions();
 /// Whether java takes the option's value as a word of its own, which the JVM does not:
 /// "--add-opens a/b=c".
 bool WantsEqualsSign(std::wstring_view option);
+
+/// The tokens of "Virtual Machine Parameters" as the launcher splits them, quotes removed. What
+/// environment variables stand for is not known here: they are left as they are.
+struct WrittenOptions {
+    std::size_t line = 0;
+    std::vector<std::wstring> options;
+};
+
+WrittenOptions JvmOptionsOf(const CheckedSettings& settings);
+
+/// Whether the text holds the name of an environment variable between percent signs.
+bool HasVariable(std::wstring_view text);
+
+/// Whether the settings lead to runtimes of the usual JVM, whose options are known.
+bool HasUsualJvm(const CheckedSettings& settings);
 
 }  // namespace tarn::tools

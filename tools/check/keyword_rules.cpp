@@ -2,10 +2,10 @@
 
 #include "base/text.h"
 #include "settings/keys.h"
-#include "tools/settings/known_keys.h"
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"
 #include "tools/common/text_encoding.h"
+#include "tools/settings/known_keys.h"
 
 namespace tarn::tools {
 namespace {
@@ -19,18 +19,15 @@ bool MeansOff(std::wstring_view value) {
     return false;
 }
 
-std::string WordFor(Form form) {
-    return form == Form::kYes ? "Yes" : form == Form::kExactlyTrue ? "true" : "yes";
+std::string WordFor(SettingForm form) {
+    return form == SettingForm::Yes ? "Yes" : form == SettingForm::ExactlyTrue ? "true" : "yes";
 }
 
 void CheckFlag(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
-    const bool isOn = key.form == Form::kYes          ? EqualsIgnoringCase(entry.value, L"Yes")
-                      : key.form == Form::kExactlyYes ? entry.value == L"yes"
-                                                      : entry.value == L"true";
-    if (isOn || MeansOff(entry.value)) return;
+    if (FlagValue(key.form, entry.value).value_or(false) || MeansOff(entry.value)) return;
     const std::string word = WordFor(key.form);
     const bool onlyCase =
-        EqualsIgnoringCase(entry.value, key.form == Form::kExactlyTrue ? L"true" : L"yes");
+        EqualsIgnoringCase(entry.value, key.form == SettingForm::ExactlyTrue ? L"true" : L"yes");
     findings.Warning(
         "flag", entry.line,
         '"' + Utf8Of(key.key) + "\" is off: " + Quoted(entry.value) + " is not " + word +
@@ -50,9 +47,10 @@ std::string ConsequenceOf(const KnownKey& key) {
 
 void CheckWord(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
     std::vector<std::wstring> words;
-    for (const std::wstring_view word : key.words) {
-        const bool isSame = key.form == Form::kWordAnyCase ? EqualsIgnoringCase(word, entry.value)
-                                                           : word == entry.value;
+    for (const std::wstring_view word : key.keywords) {
+        const bool isSame = key.form == SettingForm::KeywordAnyCase
+                                ? EqualsIgnoringCase(word, entry.value)
+                                : word == entry.value;
         if (isSame) return;
         words.emplace_back(word);
     }
@@ -70,13 +68,13 @@ void CheckWord(const KnownKey& key, const DocumentEntry& entry, Findings& findin
 void CheckEntry(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
     if (entry.value.empty()) return;
     switch (key.form) {
-        case Form::kYes:
-        case Form::kExactlyYes:
-        case Form::kExactlyTrue:
+        case SettingForm::Yes:
+        case SettingForm::ExactlyYes:
+        case SettingForm::ExactlyTrue:
             CheckFlag(key, entry, findings);
             return;
-        case Form::kWord:
-        case Form::kWordAnyCase:
+        case SettingForm::Keyword:
+        case SettingForm::KeywordAnyCase:
             CheckWord(key, entry, findings);
             return;
         default:
@@ -85,8 +83,8 @@ void CheckEntry(const KnownKey& key, const DocumentEntry& entry, Findings& findi
 }
 
 // Lists in which quotes have a meaning of their own.
-bool HasQuotesOfItsOwn(Form form) {
-    return form == Form::kJvmOptions || form == Form::kArguments;
+bool HasQuotesOfItsOwn(SettingForm form) {
+    return form == SettingForm::JvmOptions || form == SettingForm::Arguments;
 }
 
 void CheckEntryQuotes(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
@@ -106,7 +104,7 @@ void CheckEntryQuotes(const KnownKey& key, const DocumentEntry& entry, Findings&
         findings.Warning("quotes-kept", entry.line,
                          "the quotes in " + name + " stay part of it: " + Quoted(entry.value),
                          "leave them out; blanks need no quotes here");
-    } else if (isStripped && entry.value != TrimBlanks(entry.value)) {
+    } else if (isStripped && entry.value != TrimSpaces(entry.value)) {
         findings.Warning("quoted-blanks", entry.line,
                          "the quotes keep the blanks at the ends of " + name, "leave both out");
     }

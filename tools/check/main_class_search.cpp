@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <set>
 
+#include "tools/common/ascii.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
-#include "tools/java/java_version.h"
 #include "tools/java/jar_file.h"
+#include "tools/java/java_version.h"
 #include "tools/java/manifest.h"
 
 namespace tarn::tools {
@@ -15,14 +16,6 @@ namespace {
 
 constexpr std::string_view kEnding = ".class";
 constexpr std::size_t kMostSimilar = 3;
-
-std::string Lower(std::string_view text) {
-    std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char letter) {
-        return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-    });
-    return lower;
-}
 
 std::string_view SimpleName(std::string_view className) {
     return className.substr(className.rfind('/') + 1);
@@ -73,8 +66,7 @@ class Search {
         for (const std::string& name : jar.Names()) NoteSimilar(name);
         const std::optional<Bytes> text = jar.Read(kManifestEntry);
         if (!text) return;
-        const Manifest manifest =
-            Manifest::Parse({reinterpret_cast<const char*>(text->data()), text->size()});
+        const Manifest manifest = Manifest::Parse(AsText(*text));
         for (const std::string& word : manifest.GetWords("Class-Path")) {
             LookIn(file.parent_path() / PathOf(word), true);
         }
@@ -83,8 +75,8 @@ class Search {
     void NoteSimilar(std::string_view entry) {
         if (!entry.ends_with(kEnding) || result.similar.size() >= kMostSimilar) return;
         entry.remove_suffix(kEnding.size());
-        const bool isSimilar =
-            Lower(entry) == Lower(name_) || SimpleName(entry) == SimpleName(name_);
+        const bool isSimilar = ToLowerAscii(entry) == ToLowerAscii(std::string_view(name_)) ||
+                               SimpleName(entry) == SimpleName(name_);
         if (!isSimilar) return;
         std::string dotted(entry);
         std::replace(dotted.begin(), dotted.end(), '/', '.');

@@ -2,7 +2,7 @@
 #include <optional>
 
 #include "jvm/vm_parameters.h"
-#include "tools/check/jvm_options_of.h"
+#include "tools/check/jvm_options.h"
 #include "tools/check/rules.h"
 #include "tools/common/text_encoding.h"
 

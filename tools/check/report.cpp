@@ -8,9 +8,9 @@ namespace {
 constexpr int kSchema = 1;
 
 Style StyleOf(Severity severity) {
-    return severity == Severity::kError     ? Style::kError
-           : severity == Severity::kWarning ? Style::kWarning
-                                            : Style::kDim;
+    return severity == Severity::Error     ? Style::Error
+           : severity == Severity::Warning ? Style::Warning
+                                           : Style::Dim;
 }
 
 std::string Counted(std::size_t count, const char* what) {
@@ -25,17 +25,17 @@ void PrintReport(const Console& console, const std::string& file,
         std::string place = file;
         if (finding.line != 0) place += ':' + std::to_string(finding.line);
         console.PrintLine(
-            console.Styled(Style::kBold, place + ':') + ' ' +
+            console.Styled(Style::Bold, place + ':') + ' ' +
             console.Styled(StyleOf(finding.severity), std::string(NameOf(finding.severity)) + ':') +
             ' ' + finding.message);
         if (!finding.advice.empty()) console.PrintLine("    " + finding.advice);
     }
     if (findings.empty()) {
-        console.PrintLine(file + ": " + console.Styled(Style::kGood, "nothing to complain about"));
+        console.PrintLine(file + ": " + console.Styled(Style::Good, "nothing to complain about"));
     } else {
-        console.PrintLine(file + ": " + Counted(CountOf(findings, Severity::kError), "error") +
-                          ", " + Counted(CountOf(findings, Severity::kWarning), "warning") + ", " +
-                          Counted(CountOf(findings, Severity::kNote), "note"));
+        console.PrintLine(file + ": " + Counted(CountOf(findings, Severity::Error), "error") +
+                          ", " + Counted(CountOf(findings, Severity::Warning), "warning") + ", " +
+                          Counted(CountOf(findings, Severity::Note), "note"));
     }
 }
 
@@ -43,9 +43,9 @@ std::string JsonReport(const std::string& file, const std::vector<Finding>& find
     nlohmann::ordered_json report;
     report["schema"] = kSchema;
     report["file"] = file;
-    report["errors"] = CountOf(findings, Severity::kError);
-    report["warnings"] = CountOf(findings, Severity::kWarning);
-    report["notes"] = CountOf(findings, Severity::kNote);
+    report["errors"] = CountOf(findings, Severity::Error);
+    report["warnings"] = CountOf(findings, Severity::Warning);
+    report["notes"] = CountOf(findings, Severity::Note);
     report["findings"] = nlohmann::ordered_json::array();
     for (const Finding& finding : findings) {
         report["findings"].push_back({{"line", finding.line},

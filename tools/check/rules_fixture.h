@@ -12,7 +12,7 @@
 namespace tarn::tools {
 
 inline CheckedSettings SettingsOf(std::wstring text) {
-    return CheckedSettings("sample.ini", {IniEncoding::kAscii, std::move(text), false}, false);
+    return CheckedSettings("sample.ini", {IniEncoding::Ascii, std::move(text), false}, false);
 }
 
 /// The findings of one rule, each as "LINE severity id".

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 
+#include "tools/common/ascii.h"
+
 namespace tarn::tools {
 namespace {
-
-wchar_t Lower(wchar_t letter) {
-    return letter >= L'A' && letter <= L'Z' ? static_cast<wchar_t>(letter - L'A' + L'a') : letter;
-}
 
 // Longer texts are no mistyped words, and the distance takes the product of both lengths.
 constexpr std::size_t kLongestWord = 64;
@@ -20,10 +18,10 @@ std::size_t EditDistance(std::wstring_view a, std::wstring_view b) {
     for (std::size_t i = 1; i <= a.size(); ++i) {
         row[0] = i;
         for (std::size_t j = 1; j <= b.size(); ++j) {
-            const bool isSame = Lower(a[i - 1]) == Lower(b[j - 1]);
+            const bool isSame = ToLowerAscii(a[i - 1]) == ToLowerAscii(b[j - 1]);
             row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (isSame ? 0 : 1)});
-            if (i > 1 && j > 1 && Lower(a[i - 1]) == Lower(b[j - 2]) &&
-                Lower(a[i - 2]) == Lower(b[j - 1])) {
+            if (i > 1 && j > 1 && ToLowerAscii(a[i - 1]) == ToLowerAscii(b[j - 2]) &&
+                ToLowerAscii(a[i - 2]) == ToLowerAscii(b[j - 1])) {
                 row[j] = std::min(row[j], beforeLast[j - 2] + 1);
             }
         }

@@ -1,10 +1,11 @@
 #include <map>
 
 #include "base/text.h"
-#include "tools/settings/known_keys.h"
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"
+#include "tools/common/ascii.h"
 #include "tools/common/text_encoding.h"
+#include "tools/settings/known_keys.h"
 
 namespace tarn::tools {
 namespace {
@@ -34,7 +35,7 @@ bool LooksLikeComment(std::wstring_view text) {
 void CheckSectionName(const DocumentSection& section, Findings& findings) {
     const std::wstring_view plain = PlainName(section.name);
     if (IsKnownSection(plain)) return;
-    const std::wstring trimmed(TrimBlanks(PlainName(TrimBlanks(section.name))));
+    const std::wstring trimmed(TrimSpaces(PlainName(TrimSpaces(section.name))));
     std::string advice;
     if (IsKnownSection(trimmed)) {
         advice = "blanks inside the brackets count: write [" + Utf8Of(trimmed) + "]";
@@ -83,19 +84,10 @@ void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Fi
         std::move(advice));
 }
 
-// Windows looks for a name without regard to letter case.
-std::wstring Folded(std::wstring_view name) {
-    std::wstring folded(name);
-    for (wchar_t& letter : folded) {
-        if (letter >= L'A' && letter <= L'Z') letter = static_cast<wchar_t>(letter - L'A' + L'a');
-    }
-    return folded;
-}
-
 void CheckRepeatedKeys(const DocumentSection& section, Findings& findings) {
     std::map<std::wstring, std::size_t> seen;
     for (const DocumentEntry& entry : section.entries) {
-        const auto [first, isNew] = seen.emplace(Folded(entry.key), entry.line);
+        const auto [first, isNew] = seen.emplace(ToLowerAscii(entry.key), entry.line);
         if (isNew) continue;
         findings.Warning("repeated-key", entry.line,
                          Quoted(entry.key) + " stands in " + LineNumber(first->second) +
@@ -110,7 +102,7 @@ void CheckStructure(const CheckedSettings& settings, Findings& findings) {
     const SettingsDocument& document = settings.document();
     std::map<std::wstring, std::size_t> seen;
     for (const DocumentSection& section : document.sections()) {
-        const auto [first, isNew] = seen.emplace(Folded(section.name), section.line);
+        const auto [first, isNew] = seen.emplace(ToLowerAscii(section.name), section.line);
         if (!isNew) {
             findings.Warning("repeated-section", section.line,
                              "the section " + Quoted(section.name) + " begins in " +
@@ -149,7 +141,7 @@ void CheckAdditiveSections(const CheckedSettings& settings, Findings& findings) 
             const KnownKey* const known = FindKnownKey(plain, entry.key);
             if (known == nullptr || entry.value.empty()) continue;
             const DocumentEntry* const overriding = settings.document().Find(plain, entry.key);
-            if (!known->isLayered) {
+            if (known->source == SettingSource::MainFile) {
                 findings.Warning("additive-unread", entry.line,
                                  Quoted(entry.key) + " is read from [" + Utf8Of(plain) + "] only",
                                  "put it there");
@@ -159,7 +151,7 @@ void CheckAdditiveSections(const CheckedSettings& settings, Findings& findings) 
                                      LineNumber(overriding->line) +
                                      "), so that this one is not asked for",
                                  "put both into one of the two sections");
-            } else if (IsSpoiltByBlank(known->form)) {
+            } else if (!AllowsLeadingSpace(known->form)) {
                 findings.Warning("additive-blank", entry.line,
                                  "a value of a \"+\" section comes with a blank before it, which " +
                                      Quoted(entry.key) + " does not bear",

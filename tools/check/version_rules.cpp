@@ -27,7 +27,7 @@ void CheckBound(const std::string& name, const Setting& bound, Findings& finding
     RuntimeVersion version;
     if (!bound || bound.text == L"any") return;
     if (!HasDigit(bound.text)) {
-        const bool isAny = EqualsIgnoringCase(TrimBlanks(bound.text), L"any");
+        const bool isAny = EqualsIgnoringCase(TrimSpaces(bound.text), L"any");
         findings.Warning(
             "version", bound.line,
             Quoted(bound.text) + " is no version: \"" + name + "\" counts as 0.0.0.0",

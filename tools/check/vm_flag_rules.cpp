@@ -1,4 +1,4 @@
-#include "tools/check/jvm_options_of.h"
+#include "tools/check/jvm_options.h"
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"
 #include "tools/check/vm_flags.h"
@@ -105,14 +105,14 @@ class FlagChecker {
 
     void CheckShape(std::wstring_view option, const VmFlag& flag, const WrittenFlag& written) {
         const std::string name(flag.name);
-        if (flag.kind == FlagKind::kSwitch) {
+        if (flag.kind == FlagKind::Switch) {
             if (written.isSwitch && !written.hasValue) return;
             Report(admitted_, Quoted(option) + " is a switch, which the JVM refuses in this form",
                    "write -XX:+" + name + " or -XX:-" + name);
         } else if (written.isSwitch || !written.hasValue) {
             Report(admitted_, Quoted(option) + " wants a value, the JVM refuses it in this form",
                    "write -XX:" + name + "=<value>");
-        } else if (flag.kind == FlagKind::kNumber && !HasVariable(option) &&
+        } else if (flag.kind == FlagKind::Number && !HasVariable(option) &&
                    !IsNumber(written.value)) {
             Report(admitted_, Quoted(option) + " wants a number, the JVM refuses it",
                    "write a whole number, with k, m or g for a size");

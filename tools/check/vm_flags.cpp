@@ -53,10 +53,10 @@ VersionSet DigitOf(char letter) {
 }
 
 FlagKind KindOf(char letter) {
-    return letter == 's'   ? FlagKind::kSwitch
-           : letter == 'n' ? FlagKind::kNumber
-           : letter == 'd' ? FlagKind::kDecimal
-                           : FlagKind::kText;
+    return letter == 's'   ? FlagKind::Switch
+           : letter == 'n' ? FlagKind::Number
+           : letter == 'd' ? FlagKind::Decimal
+                           : FlagKind::Text;
 }
 
 VmFlag ParseFlag(std::string_view row) {

@@ -8,12 +8,12 @@
 
 namespace tarn::tools {
 
-enum class FlagKind { kSwitch, kNumber, kDecimal, kText };
+enum class FlagKind { Switch, Number, Decimal, Text };
 
 /// An option "-XX:" of the usual JVM, in the versions of `kMeasuredVersions`.
 struct VmFlag {
     std::string_view name;
-    FlagKind kind = FlagKind::kSwitch;
+    FlagKind kind = FlagKind::Switch;
     VersionSet known = 0;         ///< take it
     VersionSet ignored = 0;       ///< start with it, say that it is gone, and do without
     VersionSet diagnostic = 0;    ///< want -XX:+UnlockDiagnosticVMOptions before it

@@ -2,14 +2,7 @@
 
 #include <cstdlib>
 
-#ifdef _WIN32
-#include <fcntl.h>
-#include <io.h>
-
-#include "base/windows.h"
-#else
-#include <unistd.h>
-#endif
+#include "tools/common/system.h"
 
 namespace tarn::tools {
 namespace {
@@ -19,38 +12,28 @@ bool WantsColors() {
     return value == nullptr || *value == '\0';
 }
 
-#ifdef _WIN32
-bool PrepareStream(std::FILE* stream, DWORD standardHandle) {
-    // The text ends its lines itself, the same bytes on every platform.
-    _setmode(_fileno(stream), _O_BINARY);
-    const HANDLE handle = GetStdHandle(standardHandle);
-    DWORD mode = 0;
-    if (!GetConsoleMode(handle, &mode)) return false;
-    return SetConsoleMode(handle, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != FALSE;
-}
-#endif
-
-const char* CodeOf(Style style) {
+// The escape sequence that selects a style.
+const char* SequenceOf(Style style) {
     switch (style) {
-        case Style::kBold:
+        case Style::Bold:
             return "\x1b[1m";
-        case Style::kGood:
+        case Style::Good:
             return "\x1b[32m";
-        case Style::kWarning:
+        case Style::Warning:
             return "\x1b[33m";
-        case Style::kError:
+        case Style::Error:
             return "\x1b[1;31m";
-        case Style::kDim:
+        case Style::Dim:
             return "\x1b[2m";
-        case Style::kPlain:
+        case Style::Plain:
             break;
     }
     return "";
 }
 
 std::string StyledIf(bool hasColors, Style style, std::string_view text) {
-    if (!hasColors || style == Style::kPlain) return std::string(text);
-    return CodeOf(style) + std::string(text) + "\x1b[0m";
+    if (!hasColors || style == Style::Plain) return std::string(text);
+    return SequenceOf(style) + std::string(text) + "\x1b[0m";
 }
 
 void Write(std::FILE* stream, std::string_view text) {
@@ -60,14 +43,8 @@ void Write(std::FILE* stream, std::string_view text) {
 }  // namespace
 
 Console Console::ForProcess() {
-#ifdef _WIN32
-    const bool outputIsTerminal = PrepareStream(stdout, STD_OUTPUT_HANDLE);
-    const bool errorsAreTerminal = PrepareStream(stderr, STD_ERROR_HANDLE);
-    if (outputIsTerminal || errorsAreTerminal) SetConsoleOutputCP(CP_UTF8);
-    return Console(stdout, stderr, outputIsTerminal, errorsAreTerminal);
-#else
-    return Console(stdout, stderr, isatty(STDOUT_FILENO) != 0, isatty(STDERR_FILENO) != 0);
-#endif
+    const Terminals terminals = PrepareTerminals();
+    return Console(stdout, stderr, terminals.output, terminals.errors);
 }
 
 Console::Console(std::FILE* output, std::FILE* errors, bool outputIsTerminal,
@@ -89,13 +66,13 @@ void Console::PrintLine(std::string_view text) const {
 
 void Console::PrintError(std::string_view message) const {
     ShowProgress("");
-    Write(errors_, StyledIf(errorsHaveColors_, Style::kError, "tarn: error: "));
+    Write(errors_, StyledIf(errorsHaveColors_, Style::Error, "tarn: error: "));
     Write(errors_, std::string(message) + "\n");
 }
 
 void Console::PrintWarning(std::string_view message) const {
     ShowProgress("");
-    Write(errors_, StyledIf(errorsHaveColors_, Style::kWarning, "tarn: warning: "));
+    Write(errors_, StyledIf(errorsHaveColors_, Style::Warning, "tarn: warning: "));
     Write(errors_, std::string(message) + "\n");
 }
 

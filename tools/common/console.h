@@ -6,14 +6,13 @@
 
 namespace tarn::tools {
 
-enum class Style { kPlain, kBold, kGood, kWarning, kError, kDim };
+enum class Style { Plain, Bold, Good, Warning, Error, Dim };
 
-/// Where a command writes: UTF-8 text to standard output, errors and progress to standard error.
-/// Colours and progress lines only where a person reads, and no colours at all when the environment
-/// has NO_COLOR.
+/// A command's output: UTF-8 text to standard output; errors, warnings and progress to standard
+/// error. Terminals get colours, unless the environment variable NO_COLOR is set, and progress.
 class Console {
   public:
-    /// For the process's own streams. On Windows it makes the console show UTF-8 and colours.
+    /// For the process's standard streams.
     static Console ForProcess();
 
     Console(std::FILE* output, std::FILE* errors, bool outputIsTerminal, bool errorsAreTerminal);
@@ -25,11 +24,11 @@ class Console {
     void PrintError(std::string_view message) const;
     void PrintWarning(std::string_view message) const;
 
-    /// The text in a style, for Print; unchanged when standard output is no terminal.
+    /// The text in a style, for Print; unchanged when standard output is not a terminal.
     std::string Styled(Style style, std::string_view text) const;
 
-    /// Replaces the progress line on standard error; nothing when that is no terminal. An empty
-    /// text takes the line away.
+    /// Replaces the progress line on standard error, when that is a terminal. An empty text erases
+    /// the line.
     void ShowProgress(std::string_view text) const;
 
   private:

@@ -25,7 +25,7 @@ class ConsoleOutput : public testing::Test {
 
 TEST_F(ConsoleOutput, HasNeitherColorsNorProgressInAFile) {
     const Console console(output_, errors_, false, false);
-    console.PrintLine(console.Styled(Style::kBold, "title"));
+    console.PrintLine(console.Styled(Style::Bold, "title"));
     console.ShowProgress("half");
     console.PrintError("broken");
     EXPECT_EQ(TextOf(output_), "title\n");

@@ -9,17 +9,28 @@ namespace tarn::tools {
 
 /// Exit codes of every command.
 inline constexpr int kSuccess = 0;
-inline constexpr int kWarnings = 1;  // only where a command says so
+inline constexpr int kWarnings = 1;  // only with an option such as --strict
 inline constexpr int kFailed = 2;
 
-/// A command cannot do what it was asked for. `what()` is the whole message in UTF-8: it names the
-/// file and the way out. The entry function prints it and ends the program with `kFailed`.
+/// A command cannot do what it was asked to do. `what()` is the complete message in UTF-8: the
+/// file, the problem and a remedy. The entry function prints it and exits with `kFailed`.
 class Failure : public std::runtime_error {
   public:
     explicit Failure(const std::string& message);
 
-    /// "FILE: problem", with the path as the user would type it.
+    /// "FILE: problem", with the path as the user typed it.
     Failure(const std::filesystem::path& file, std::string_view problem);
 };
+
+/// Calls `function`, which works on a file's bytes, and puts the file's name in front of the
+/// message of a Failure.
+template <typename Function>
+auto WithFileName(const std::filesystem::path& file, const Function& function) {
+    try {
+        return function();
+    } catch (const Failure& failure) {
+        throw Failure(file, failure.what());
+    }
+}
 
 }  // namespace tarn::tools

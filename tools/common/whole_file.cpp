@@ -2,55 +2,69 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <memory>
+#include <random>
 #include <system_error>
 
 #include "tools/common/failure.h"
+#include "tools/common/system.h"
 
 namespace tarn::tools {
 namespace {
 
-struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, Closer>;
-
-File Open(const std::filesystem::path& path, bool toWrite) {
-#ifdef _WIN32
-    return File(_wfopen(path.c_str(), toWrite ? L"wb" : L"rb"));
-#else
-    return File(std::fopen(path.c_str(), toWrite ? "wb" : "rb"));
-#endif
-}
+constexpr int kTemporaryNames = 100;
 
 [[noreturn]] void Fail(const std::filesystem::path& file, const char* problem, int error) {
     throw Failure(file, std::string(problem) + " (" + std::generic_category().message(error) + ")");
 }
 
-// Removes the file it names unless told that it is finished.
-class Unfinished {
+// Deletes the file in the destructor unless Keep was called.
+class FileRemover {
   public:
-    explicit Unfinished(std::filesystem::path path) : path_(std::move(path)) {}
-    ~Unfinished() {
+    explicit FileRemover(std::filesystem::path path) : path_(std::move(path)) {}
+    ~FileRemover() {
         std::error_code ignored;
         if (!path_.empty()) std::filesystem::remove(path_, ignored);
     }
-    Unfinished(const Unfinished&) = delete;
-    Unfinished& operator=(const Unfinished&) = delete;
-    void Finish() { path_.clear(); }
+    FileRemover(const FileRemover&) = delete;
+    FileRemover& operator=(const FileRemover&) = delete;
+
+    void Keep() { path_.clear(); }
 
   private:
     std::filesystem::path path_;
 };
 
+// Writes and closes; 0 or an errno value.
+int WriteAndClose(UniqueStream stream, std::span<const std::byte> content) {
+    errno = 0;
+    const bool isWritten =
+        std::fwrite(content.data(), 1, content.size(), stream.get()) == content.size() &&
+        std::fflush(stream.get()) == 0;
+    const int writeError = errno;
+    // A full disk may be reported only now.
+    const bool isClosed = std::fclose(stream.release()) == 0;
+    if (isWritten && isClosed) return 0;
+    const int error = isWritten ? errno : writeError;
+    return error != 0 ? error : EIO;
+}
+
 }  // namespace
+
+std::string_view AsText(std::span<const std::byte> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+std::span<const std::byte> AsBytes(std::string_view text) {
+    return std::as_bytes(std::span(text));
+}
 
 Bytes ReadWholeFile(const std::filesystem::path& file, std::uintmax_t limit) {
     std::error_code error;
     if (std::filesystem::is_directory(file, error)) {
-        throw Failure(file, "is a folder, a file is needed");
+        throw Failure(file, "is a folder; a file is required");
     }
-    const File opened = Open(file, false);
+    const UniqueStream opened = OpenRegularFile(file);
+    if (!opened && errno == EINVAL) throw Failure(file, "cannot be read: not a regular file");
     if (!opened) Fail(file, "cannot be read", errno);
     const std::uintmax_t size = std::filesystem::file_size(file, error);
     if (error) throw Failure(file, "cannot be read (" + error.message() + ")");
@@ -62,27 +76,47 @@ Bytes ReadWholeFile(const std::filesystem::path& file, std::uintmax_t limit) {
     return content;
 }
 
+void WriteNewFile(const std::filesystem::path& file, std::span<const std::byte> content) {
+    UniqueStream stream = CreateNewFile(file);
+    if (!stream) Fail(file, "cannot be written", errno);
+    FileRemover remover(file);
+    if (const int error = WriteAndClose(std::move(stream), content)) {
+        Fail(file, "cannot be written", error);
+    }
+    remover.Keep();
+}
+
 void WriteWholeFile(const std::filesystem::path& file, std::span<const std::byte> content) {
-    std::filesystem::path beside = file;
-    beside += ".new";
-    File opened = Open(beside, true);
-    if (!opened) Fail(file, "cannot be written", errno);
-    Unfinished unfinished(beside);
-    const bool isWritten =
-        std::fwrite(content.data(), 1, content.size(), opened.get()) == content.size() &&
-        std::fflush(opened.get()) == 0;
-    const int error = errno;
-    // A full disk may show only now.
-    const bool isClosed = std::fclose(opened.release()) == 0;
-    if (!isWritten || !isClosed) Fail(file, "cannot be written", isWritten ? errno : error);
+    std::filesystem::path beside;
+    UniqueStream stream;
+    for (int attempt = 0; !stream && attempt < kTemporaryNames; ++attempt) {
+        beside = TemporaryNameFor(file);
+        stream = CreateNewFile(beside);
+        if (!stream && errno != EEXIST) break;
+    }
+    if (!stream) Fail(file, "cannot be written", errno);
+    FileRemover remover(beside);
+    if (const int error = WriteAndClose(std::move(stream), content)) {
+        Fail(file, "cannot be written", error);
+    }
     std::error_code renamed;
     std::filesystem::rename(beside, file, renamed);
     if (renamed) throw Failure(file, "cannot be replaced (" + renamed.message() + ")");
-    unfinished.Finish();
+    remover.Keep();
 }
 
 void WriteWholeFile(const std::filesystem::path& file, std::string_view content) {
-    WriteWholeFile(file, std::as_bytes(std::span(content)));
+    WriteWholeFile(file, AsBytes(content));
+}
+
+std::filesystem::path TemporaryNameFor(const std::filesystem::path& path) {
+    std::random_device random;
+    char suffix[32];
+    std::snprintf(suffix, sizeof suffix, ".%08x%08x.tmp", static_cast<unsigned>(random()),
+                  static_cast<unsigned>(random()));
+    std::filesystem::path beside = path;
+    beside += suffix;
+    return beside;
 }
 
 }  // namespace tarn::tools

@@ -1,7 +1,7 @@
 #include "tools/explain/report_text.h"
 
-#include "tools/explain/runtime_text.h"
 #include "tools/explain/text_page.h"
+#include "tools/explain/verdict_text.h"
 
 namespace tarn::tools {
 namespace {
@@ -11,7 +11,7 @@ void PrintOutcome(const LaunchReport& report, TextPage& page) {
     const OutcomeReport& outcome = report.outcome;
     const bool good = outcome.kind == "starts-java" || outcome.kind == "starts-paired-program" ||
                       outcome.kind == "hands-over";
-    page.Line(page.Styled(good ? Style::kGood : Style::kError, outcome.summary));
+    page.Line(page.Styled(good ? Style::Good : Style::Error, outcome.summary));
     if (outcome.exitCode) page.Value("exit code", std::to_string(*outcome.exitCode));
     for (const MessageReport& message : report.messages) {
         const bool isDialog = outcome.kind == "asks-for-runtime" && !message.launchGoesOn;
@@ -50,11 +50,11 @@ void PrintSettings(const std::vector<SettingReport>& settings, TextPage& page) {
         section = setting.section;
         std::string about = setting.layer;
         if (!setting.meaning.empty()) about += ": " + setting.meaning;
-        page.Line(setting.key + " = " + setting.value + "  " +
-                      page.Styled(Style::kDim, '(' + about + ')'),
-                  2);
+        page.Line(
+            setting.key + " = " + setting.value + "  " + page.Styled(Style::Dim, '(' + about + ')'),
+            2);
     }
-    if (!notSet.empty()) page.Line(page.Styled(Style::kDim, "not set: " + notSet));
+    if (!notSet.empty()) page.Line(page.Styled(Style::Dim, "not set: " + notSet));
 }
 
 void PrintInstance(const InstanceReport& instance, TextPage& page) {
@@ -76,6 +76,57 @@ void PrintInstance(const InstanceReport& instance, TextPage& page) {
     } else {
         page.Line("not used: " + instance.reason);
     }
+}
+
+std::string Styled(const TextPage& page, std::string_view verdict) {
+    const bool good = verdict == "taken" || verdict == "chosen";
+    return page.Styled(good ? Style::Good : Style::Plain, SentenceFor(verdict));
+}
+
+void PrintSubkey(const SubkeyLine& subkey, TextPage& page) {
+    std::string line = subkey.name + " (" + subkey.version + "): " + Styled(page, subkey.verdict);
+    if (!subkey.reason.empty()) line += "; " + std::string(SentenceFor(subkey.reason));
+    page.Line(line, 3);
+    if (!subkey.home.empty()) page.Line(page.Styled(Style::Dim, subkey.home), 4);
+    if (!subkey.isCandidate) return;
+    std::string about = "place " + std::to_string(subkey.rank + 1);
+    if (subkey.server) about += ", server JVM";
+    if (subkey.favored) about += ", of the favoured kind and provider";
+    page.Line(page.Styled(Style::Dim, about), 4);
+}
+
+void PrintSource(const SourceLine& source, TextPage& page) {
+    page.Line(std::string(SentenceFor(source.source)) + ": " + Styled(page, source.verdict));
+    if (!source.home.empty()) {
+        page.Line(page.Styled(Style::Dim, source.home), 2);
+    } else if (source.source == "shipped" && source.verdict != "no-launcher-folder") {
+        page.Line(page.Styled(Style::Dim, "none there; looked below the current directory"), 2);
+    }
+    if (source.preferred) page.Line("by the preferred version \"" + *source.preferred + '"', 2);
+    for (const RootLine& root : source.roots) {
+        page.Line(root.key + ": " + std::string(SentenceFor(root.verdict)), 2);
+        for (const SubkeyLine& subkey : root.subkeys) PrintSubkey(subkey, page);
+    }
+}
+
+void PrintRuntime(const RuntimeReport& runtime, TextPage& page) {
+    page.Heading("Search for a Java runtime");
+    for (const SourceLine& source : runtime.sources) PrintSource(source, page);
+    page.Heading("Java runtime");
+    if (!runtime.isFound) {
+        page.Line("none found");
+        return;
+    }
+    page.Value("jvm.dll", runtime.jvmLibrary);
+    page.Value("home", runtime.home.empty() ? "(the current directory)" : runtime.home);
+    page.Value("machine",
+               runtime.machine + (runtime.isForPairedLauncher ? ", for the paired program" : ""));
+    const auto version = [&page](const char* from, const std::string& text) {
+        if (!text.empty()) page.Value("version", text + " (" + from + ')');
+    };
+    version("registry", runtime.registeredVersion);
+    version("file \"release\"", runtime.releaseVersion);
+    version("jvm.dll", runtime.libraryVersion);
 }
 
 void PrintPaired(const PairedReport& paired, TextPage& page) {

@@ -1,11 +1,14 @@
 #include "tools/explain/runtime_report.h"
 
+#include "base/handles.h"
 #include "base/windows.h"
 #include "runtime/pe_header.h"
 #include "runtime/jvm_library.h"
+#include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
-#include "tools/explain/runtime_facts.h"
 #include "tools/explain/verdict_text.h"
+#include "tools/image/version_info.h"
+#include "tools/java/java_version.h"
 
 namespace tarn::tools {
 namespace {
@@ -20,6 +23,36 @@ std::string MachineName(std::uint16_t machine) {
             return "arm64";
         default:
             return "unknown";
+    }
+}
+
+// `JAVA_VERSION` from the runtime's home or, for a JRE inside a JDK, from the folder above.
+std::string ReleaseVersion(const std::wstring& jvmLibraryPath) {
+    const std::filesystem::path home(RuntimeHomeOf(jvmLibraryPath));
+    const std::string version = ReadJavaVersion(home);
+    return version.empty() ? ReadJavaVersion(CutComponents(jvmLibraryPath, 4)) : version;
+}
+
+// The file version from the version information of a library, which is mapped but not run.
+std::string LibraryVersion(const std::wstring& jvmLibraryPath) {
+    const UniqueLibrary library(
+        LoadLibraryExW(jvmLibraryPath.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE));
+    if (!library) return {};
+    const HRSRC found = FindResourceW(library.get(), MAKEINTRESOURCEW(1), RT_VERSION);
+    if (found == nullptr) return {};
+    const HGLOBAL data = LoadResource(library.get(), found);
+    if (data == nullptr) return {};
+    const auto* const bytes = static_cast<const std::byte*>(LockResource(data));
+    try {
+        std::string version;
+        const ByteSpan resource(bytes, SizeofResource(library.get(), found));
+        for (const std::uint16_t part : ReadVersionInfo(resource).fileVersion) {
+            if (!version.empty()) version += '.';
+            version += std::to_string(part);
+        }
+        return version;
+    } catch (const Failure&) {
+        return {};
     }
 }
 

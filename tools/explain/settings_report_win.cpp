@@ -7,7 +7,7 @@
 #include "settings/read_settings.h"
 #include "settings/settings_paths.h"
 #include "tools/common/text_encoding.h"
-#include "tools/explain/setting_table.h"
+#include "tools/settings/known_keys.h"
 
 namespace tarn::tools {
 namespace {
@@ -22,24 +22,24 @@ struct Layers {
     EmbeddedSettings builtIn;
 };
 
-const char* LayerOf(const Layers& layers, const SettingRow& row) {
-    if (!layers.file.GetValue(row.section, row.key).empty()) return "file";
-    const std::wstring additive = std::wstring(row.section) + L'+';
-    const bool hasAdditive = !layers.file.GetValue(additive.c_str(), row.key).empty();
-    const bool hasBuiltIn = !layers.builtIn.Find(row.section, row.key).empty();
+const char* LayerOf(const Layers& layers, const KnownKey& key) {
+    if (!layers.file.GetValue(key.section, key.key).empty()) return "file";
+    const std::wstring additive = std::wstring(key.section) + L'+';
+    const bool hasAdditive = !layers.file.GetValue(additive.c_str(), key.key).empty();
+    const bool hasBuiltIn = !layers.builtIn.Find(key.section, key.key).empty();
     if (hasAdditive) return hasBuiltIn ? "built-in+additive" : "additive";
     return hasBuiltIn ? "built-in" : "none";
 }
 
-void ReadLayered(const Layers& layers, const SettingRow& row, std::wstring& value,
+void ReadLayered(const Layers& layers, const KnownKey& key, std::wstring& value,
                  SettingReport& report) {
-    value = layers.layered.GetValue(row.section, row.key);
-    report.layer = LayerOf(layers, row);
+    value = layers.layered.GetValue(key.section, key.key);
+    report.layer = LayerOf(layers, key);
 }
 
-void ReadFrom(const IniFile& file, const char* layer, const SettingRow& row, std::wstring& value,
+void ReadFrom(const IniFile& file, const char* layer, const KnownKey& key, std::wstring& value,
               SettingReport& report) {
-    value = file.GetValue(row.section, row.key);
+    value = file.GetValue(key.section, key.key);
     report.layer = value.empty() ? "none" : layer;
 }
 
@@ -105,23 +105,23 @@ std::vector<SettingReport> ReportSettings(const std::wstring& programPath,
     const std::optional<std::wstring> mainPath = SettingsPathOf(programPath);
     if (!mainPath) return reports;
     const Layers layers(*mainPath);
-    for (const SettingRow& row : SettingRows()) {
+    for (const KnownKey& key : KnownKeys()) {
         SettingReport report;
-        report.section = Utf8Of(row.section);
-        report.key = Utf8Of(row.key);
+        report.section = Utf8Of(key.section);
+        report.key = Utf8Of(key.key);
         std::wstring value;
         std::wstring perUser;
-        if (row.reader == SettingReader::MainFile) {
-            ReadFrom(layers.file, "file", row, value, report);
-        } else if (row.reader == SettingReader::PerUser &&
+        if (key.source == SettingSource::MainFile) {
+            ReadFrom(layers.file, "file", key, value, report);
+        } else if (key.source == SettingSource::PerUser &&
                    UsesPerUserFile(settings, programPath, perUser)) {
-            ReadFrom(IniFile(perUser), "per-user", row, value, report);
+            ReadFrom(IniFile(perUser), "per-user", key, value, report);
         } else {
-            ReadLayered(layers, row, value, report);
+            ReadLayered(layers, key, value, report);
         }
         report.value = Utf8Of(value);
-        report.meaning = row.form == SettingForm::Text ? InterpretationOf(row.key, settings)
-                                                       : std::string(MeaningOf(row.form, value));
+        const std::optional<bool> flag = FlagValue(key.form, value);
+        report.meaning = flag ? (*flag ? "on" : "off") : InterpretationOf(key.key, settings);
         reports.push_back(std::move(report));
     }
     return reports;

@@ -10,7 +10,7 @@ constexpr std::size_t kNameWidth = 18;
 
 void TextPage::Heading(std::string_view text) {
     if (!text_.empty()) text_ += '\n';
-    text_ += Styled(Style::kBold, text) + '\n';
+    text_ += Styled(Style::Bold, text) + '\n';
 }
 
 void TextPage::Line(std::string_view text, int depth) {

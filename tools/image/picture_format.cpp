@@ -1,18 +1,18 @@
 #include "tools/image/picture_format.h"
 
-#include <algorithm>
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 namespace {
 
 using namespace std::string_view_literals;
 
-struct Beginning {
+struct Signature {
     std::string_view bytes;
     std::string_view format;
 };
 
-constexpr Beginning kBeginnings[] = {
+constexpr Signature kSignatures[] = {
     {"\x89PNG\r\n\x1A\n"sv, "PNG"},
     {"GIF87a"sv, "GIF"},
     {"GIF89a"sv, "GIF"},
@@ -28,18 +28,18 @@ constexpr Beginning kBeginnings[] = {
 }  // namespace
 
 std::string_view PictureFormat(std::span<const std::byte> content) {
-    for (const Beginning& beginning : kBeginnings) {
-        const bool isIt =
-            content.size() >= beginning.bytes.size() &&
-            std::equal(beginning.bytes.begin(), beginning.bytes.end(), content.begin(),
-                       [](char a, std::byte b) { return static_cast<std::byte>(a) == b; });
-        if (isIt) return beginning.format;
+    for (const Signature& signature : kSignatures) {
+        if (AsText(content).starts_with(signature.bytes)) return signature.format;
     }
     return {};
 }
 
 bool IsForNativeSplash(std::string_view format) {
-    return format == "PNG" || format == "GIF" || format == "JPEG";
+    return !ExtensionOf(format).empty();
+}
+
+std::string_view ExtensionOf(std::string_view format) {
+    return format == "PNG" ? ".png" : format == "GIF" ? ".gif" : format == "JPEG" ? ".jpg" : "";
 }
 
 }  // namespace tarn::tools

@@ -6,11 +6,14 @@
 
 namespace tarn::tools {
 
-/// The format of a picture by its first bytes: "PNG", "GIF", "JPEG", "BMP", "TIFF", "icon" or
-/// "metafile", all of which Windows' decoder reads; empty for anything else.
+/// The format of a picture, recognised by its first bytes: "PNG", "GIF", "JPEG", "BMP", "TIFF",
+/// "icon" or "metafile", all of which Windows decodes; empty for anything else.
 std::string_view PictureFormat(std::span<const std::byte> content);
 
-/// Whether the Java runtime's own splash library shows that format.
+/// Whether the Java runtime's own splash library decodes that format.
 bool IsForNativeSplash(std::string_view format);
+
+/// The file name extension of a format that the native splash decodes: ".png", ".gif", ".jpg".
+std::string_view ExtensionOf(std::string_view format);
 
 }  // namespace tarn::tools

@@ -1,18 +1,61 @@
 #include "tools/java/java_version.h"
 
 #include <algorithm>
+#include <charconv>
+
+#include "tools/common/failure.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
+namespace {
+
+constexpr int kFirstWithoutOne = 9;  // earlier versions are called "1.N"
+constexpr std::uintmax_t kLargestReleaseFile = 1U << 20;
+
+}  // namespace
+
+int JavaFeatureOf(std::string_view version) {
+    if (version.starts_with("1.")) version.remove_prefix(2);
+    int feature = 0;
+    std::from_chars(version.data(), version.data() + version.size(), feature);
+    return std::max(feature, 0);
+}
+
+std::string JavaVersionOfFeature(int feature) {
+    const std::string number = std::to_string(feature);
+    return feature < kFirstWithoutOne ? "1." + number : number;
+}
 
 int JavaFeatureOfClass(std::span<const std::byte> classFile) {
-    constexpr std::byte kMark[] = {std::byte{0xCA}, std::byte{0xFE}, std::byte{0xBA},
-                                   std::byte{0xBE}};
-    constexpr std::size_t kHeadSize = 8;
+    constexpr std::byte kMagic[] = {std::byte{0xCA}, std::byte{0xFE}, std::byte{0xBA},
+                                    std::byte{0xBE}};
+    constexpr std::size_t kHeaderSize = 8;
     constexpr int kMajorOfJava1 = 45;
-    if (classFile.size() < kHeadSize) return 0;
-    if (!std::equal(std::begin(kMark), std::end(kMark), classFile.begin())) return 0;
+    if (classFile.size() < kHeaderSize) return 0;
+    if (!std::equal(std::begin(kMagic), std::end(kMagic), classFile.begin())) return 0;
     const int major = static_cast<int>(classFile[6]) << 8 | static_cast<int>(classFile[7]);
     return std::max(major - kMajorOfJava1 + 1, 0);
+}
+
+std::string JavaVersionIn(std::string_view releaseFile) {
+    constexpr std::string_view kKey = "JAVA_VERSION=";
+    while (!releaseFile.empty()) {
+        const std::string_view line = releaseFile.substr(0, releaseFile.find_first_of("\r\n"));
+        releaseFile.remove_prefix(std::min(line.size() + 1, releaseFile.size()));
+        if (!line.starts_with(kKey)) continue;
+        std::string version(line.substr(kKey.size()));
+        std::erase(version, '"');
+        return version;
+    }
+    return {};
+}
+
+std::string ReadJavaVersion(const std::filesystem::path& home) {
+    try {
+        return JavaVersionIn(AsText(ReadWholeFile(home / "release", kLargestReleaseFile)));
+    } catch (const Failure&) {
+        return {};
+    }
 }
 
 }  // namespace tarn::tools

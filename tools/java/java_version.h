@@ -1,12 +1,30 @@
+// The version numbers of Java, as class files, runtimes and settings write them. A feature is the
+// one number that counts: 8 for "1.8.0_231", 17 for "17.0.9".
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <span>
+#include <string>
+#include <string_view>
 
 namespace tarn::tools {
 
-/// The number of the oldest Java that runs a class, from the head of its file: 1 for Java 1.1,
-/// 8 for Java 1.8, 17 for Java 17; 0 when it is no class file.
+/// The feature number of a version text; 0 when it begins with no number.
+int JavaFeatureOf(std::string_view version);
+
+/// A feature as runtimes are registered: "1.8", "11".
+std::string JavaVersionOfFeature(int feature);
+
+/// The oldest feature that runs a class, from the header of its class file; 0 when the bytes are no
+/// class file.
 int JavaFeatureOfClass(std::span<const std::byte> classFile);
+
+/// The value of `JAVA_VERSION` in the text of a runtime's file `release`, without quotes; empty
+/// when there is none.
+std::string JavaVersionIn(std::string_view releaseFile);
+
+/// The same from the file `release` in a runtime's home; empty when it cannot be read.
+std::string ReadJavaVersion(const std::filesystem::path& home);
 
 }  // namespace tarn::tools

@@ -1,42 +1,61 @@
+#include "tools/java/java_version.h"
+
 #include <gtest/gtest.h>
 
-#include <cstdint>
-#include <cstring>
-#include <vector>
-
-#include "tools/explain/runtime_facts.h"
+#include "tools/common/folder_fixture.h"
 
 namespace tarn::tools {
 namespace {
 
-TEST(JavaVersionTest, StandsInALineOfItsOwn) {
+TEST(JavaVersionTest, IsALineOfItsOwnInTheReleaseFile) {
     EXPECT_EQ(JavaVersionIn("IMPLEMENTOR=\"x\"\r\nJAVA_VERSION=\"17.0.9\"\r\nOS=\"y\"\r\n"),
               "17.0.9");
     EXPECT_EQ(JavaVersionIn("JAVA_VERSION=1.8.0_231"), "1.8.0_231");
     EXPECT_EQ(JavaVersionIn("JAVA_VERSION_DATE=\"2023\"\nJAVA_VERSION=\"21\"\n"), "21");
 }
 
-TEST(JavaVersionTest, IsEmptyWhereThereIsNone) {
+TEST(JavaVersionTest, IsEmptyWithoutThatLine) {
     EXPECT_EQ(JavaVersionIn(""), "");
     EXPECT_EQ(JavaVersionIn("\n\r\nNOT_JAVA_VERSION=1\n"), "");
     EXPECT_EQ(JavaVersionIn("JAVA_VERSION="), "");
 }
 
-std::vector<std::byte> Resource(const std::vector<std::uint32_t>& words) {
-    std::vector<std::byte> bytes(words.size() * sizeof(std::uint32_t));
-    std::memcpy(bytes.data(), words.data(), bytes.size());
-    return bytes;
+using JavaVersionOfARuntime = FolderTest;
+
+TEST_F(JavaVersionOfARuntime, IsReadFromItsHome) {
+    EXPECT_EQ(ReadJavaVersion(folder_), "");
+    Put("release", "IMPLEMENTOR=\"x\"\nJAVA_VERSION=\"21.0.8\"\nOS_NAME=\"Windows\"\n");
+    EXPECT_EQ(ReadJavaVersion(folder_), "21.0.8");
+    Put("release", "IMPLEMENTOR=\"x\"\n");
+    EXPECT_EQ(ReadJavaVersion(folder_), "");
 }
 
-TEST(FileVersionTest, FollowsTheMarkOfTheFixedPart) {
-    EXPECT_EQ(FileVersionIn(Resource({1, 2, 0xFEEF04BD, 0x10000, 17U << 16, (9U << 16) | 12, 5})),
-              "17.0.9.12");
+TEST(JavaFeatureTest, IsTheNumberThatCounts) {
+    EXPECT_EQ(JavaFeatureOf("1.8.0_231"), 8);
+    EXPECT_EQ(JavaFeatureOf("17.0.9"), 17);
+    EXPECT_EQ(JavaFeatureOf("25"), 25);
+    EXPECT_EQ(JavaFeatureOf("any"), 0);
+    EXPECT_EQ(JavaFeatureOf(""), 0);
 }
 
-TEST(FileVersionTest, IsEmptyWithoutTheMarkOrWhatFollows) {
-    EXPECT_EQ(FileVersionIn({}), "");
-    EXPECT_EQ(FileVersionIn(Resource({1, 2, 3, 4, 5})), "");
-    EXPECT_EQ(FileVersionIn(Resource({0xFEEF04BD, 0x10000, 17U << 16})), "");
+TEST(JavaFeatureTest, IsWrittenWithAOneUpToEight) {
+    EXPECT_EQ(JavaVersionOfFeature(8), "1.8");
+    EXPECT_EQ(JavaVersionOfFeature(9), "9");
+}
+
+TEST(JavaFeatureTest, IsInTheHeaderOfAClassFile) {
+    const auto feature = [](char major) {
+        std::string head("\xCA\xFE\xBA\xBE\0\0\0\0", 8);
+        head[7] = major;
+        return JavaFeatureOfClass(AsBytes(head));
+    };
+    EXPECT_EQ(feature(45), 1);
+    EXPECT_EQ(feature(52), 8);
+    EXPECT_EQ(feature(53), 9);
+    EXPECT_EQ(feature(69), 25);
+    EXPECT_EQ(feature(3), 0);
+    EXPECT_EQ(JavaFeatureOfClass(AsBytes("text and more")), 0);
+    EXPECT_EQ(JavaFeatureOfClass({}), 0);
 }
 
 }  // namespace

@@ -1,17 +1,10 @@
 #include "tools/java/manifest.h"
 
+#include "tools/common/ascii.h"
 #include "tools/common/failure.h"
 
 namespace tarn::tools {
 namespace {
-
-std::string InSmallLetters(std::string_view text) {
-    std::string small(text);
-    for (char& letter : small) {
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return small;
-}
 
 // Takes the next line off the front of `text`, without its end.
 std::string_view TakeLine(std::string_view& text) {
@@ -47,7 +40,7 @@ Manifest Manifest::Parse(std::string_view text) {
             last = nullptr;
             continue;
         }
-        last = &manifest.attributes_[InSmallLetters(line.substr(0, colon))];
+        last = &manifest.attributes_[ToLowerAscii(line.substr(0, colon))];
         *last = line.substr(colon + 2);
     }
     return manifest;
@@ -57,18 +50,18 @@ Manifest Manifest::Of(const JarFile& jar) {
     std::string_view entry = kManifestEntry;
     if (!jar.Has(entry)) {
         for (const std::string& name : jar.Names()) {
-            if (InSmallLetters(name) == InSmallLetters(kManifestEntry)) entry = name;
+            if (ToLowerAscii(name) == ToLowerAscii(kManifestEntry)) entry = name;
         }
     }
     const std::optional<Bytes> content = jar.Read(entry);
     if (!content) {
         throw Failure(jar.Path(), "has no manifest (" + std::string(kManifestEntry) + ")");
     }
-    return Parse({reinterpret_cast<const char*>(content->data()), content->size()});
+    return Parse(AsText(*content));
 }
 
 std::string Manifest::Get(std::string_view name) const {
-    const auto found = attributes_.find(InSmallLetters(name));
+    const auto found = attributes_.find(ToLowerAscii(name));
     if (found == attributes_.end()) return {};
     std::string_view value = found->second;
     while (!value.empty() && value.front() == ' ') value.remove_prefix(1);

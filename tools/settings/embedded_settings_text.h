@@ -1,22 +1,18 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "tools/common/byte_io.h"
+#include "tools/settings/settings_document.h"
 
 namespace tarn::tools {
 
-/// A settings file's text in UTF-8: from UTF-16 with a byte-order mark, from UTF-8, or else from
-/// Windows-1252, for the system's own code page is not known here.
-std::string DecodeSettingsFile(ByteSpan file);
-
-/// A settings file as the text that is built into an executable. The launcher takes that text more
-/// literally than a file (nothing is trimmed, letter case counts, the last of two values wins), so
-/// what a file's lines mean is written out: no comments, no blanks and quotes around values, keys
-/// as the launcher spells them, the first of two values. Adds a sentence to `warnings` for each key
-/// that has no effect there.
-std::string EmbeddedSettingsText(std::string_view settings, std::vector<std::string>& warnings);
+/// A settings file as the UTF-8 text that is built into an executable. The launcher reads that text
+/// literally (nothing is trimmed, names are case-sensitive, the last of two values wins), so the
+/// result is normalised: no comments, no quotes or white space around values, names spelled as the
+/// launcher spells them, of several values the one that Windows would read. Adds a sentence to
+/// `warnings` for each section that has no effect.
+std::string EmbeddedSettingsText(const SettingsDocument& settings,
+                                 std::vector<std::string>& warnings);
 
 }  // namespace tarn::tools

@@ -1,42 +1,30 @@
 #include "tools/settings/ini_encoding.h"
 
-#include <algorithm>
+#include <array>
 #include <string_view>
 
+#include "tools/common/ascii.h"
 #include "tools/common/text_encoding.h"
+#include "tools/common/whole_file.h"
 
 namespace tarn::tools {
 namespace {
 
-bool BeginsWith(std::span<const std::byte> bytes, std::string_view mark) {
-    return bytes.size() >= mark.size() &&
-           std::equal(mark.begin(), mark.end(), bytes.begin(),
-                      [](char a, std::byte b) { return static_cast<std::byte>(a) == b; });
-}
+// The characters of Windows-1252 from 0x80 to 0x9F, where it differs from ISO 8859-1; 0 where it is
+// undefined.
+constexpr std::array<char16_t, 32> kWindows1252 = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-std::string_view AsText(std::span<const std::byte> bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
-// Through UTF-8, so that pairs of surrogates become one character where those are wide enough.
 std::wstring DecodeUtf16(std::span<const std::byte> bytes, bool bigEndian) {
-    std::string utf8;
-    char32_t high = 0;
+    std::u16string text;
     for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
-        const auto first = static_cast<char32_t>(bytes[at]);
-        const auto second = static_cast<char32_t>(bytes[at + 1]);
-        const char32_t unit = bigEndian ? first << 8 | second : second << 8 | first;
-        if (high != 0 && unit >= 0xDC00 && unit <= 0xDFFF) {
-            AppendUtf8(utf8, 0x10000 + ((high - 0xD800) << 10) + (unit - 0xDC00));
-            high = 0;
-            continue;
-        }
-        if (high != 0) AppendUtf8(utf8, 0xFFFD);
-        high = unit >= 0xD800 && unit <= 0xDBFF ? unit : 0;
-        if (high == 0) AppendUtf8(utf8, unit >= 0xDC00 && unit <= 0xDFFF ? 0xFFFD : unit);
+        const auto low = static_cast<unsigned>(bytes[at + (bigEndian ? 1 : 0)]);
+        const auto high = static_cast<unsigned>(bytes[at + (bigEndian ? 0 : 1)]);
+        text += static_cast<char16_t>(high << 8 | low);
     }
-    if (high != 0) AppendUtf8(utf8, 0xFFFD);
-    return WideOf(utf8);
+    return WideOf(Utf8Of(std::u16string_view(text)));
 }
 
 std::wstring DecodeUtf32(std::span<const std::byte> bytes) {
@@ -51,22 +39,25 @@ std::wstring DecodeUtf32(std::span<const std::byte> bytes) {
     return WideOf(utf8);
 }
 
-// Western European letters stand for themselves, which is enough to point at them.
 std::wstring DecodeCodePage(std::span<const std::byte> bytes) {
     std::wstring text;
-    for (const std::byte byte : bytes) text += static_cast<wchar_t>(byte);
+    for (const std::byte byte : bytes) {
+        const auto code = static_cast<unsigned>(byte);
+        const bool isSpecial = code >= 0x80 && code < 0xA0 && kWindows1252[code - 0x80] != 0;
+        text += static_cast<wchar_t>(isSpecial ? kWindows1252[code - 0x80] : code);
+    }
     return text;
 }
 
-// Latin letters in UTF-16 have a zero in every second byte.
+// ASCII letters in UTF-16 have a zero in every second byte.
 bool LooksLikeUtf16(std::span<const std::byte> bytes) {
     std::size_t zeros = 0;
     for (std::size_t at = 1; at < bytes.size(); at += 2) zeros += bytes[at] == std::byte{0};
     return bytes.size() >= 4 && zeros * 4 > bytes.size();
 }
 
-bool IsUtf8(std::span<const std::byte> bytes) {
-    const std::string_view text = AsText(bytes);
+// Every invalid sequence becomes U+FFFD, which is encoded differently.
+bool IsUtf8(std::string_view text) {
     return Utf8Of(WideOf(text)) == text;
 }
 
@@ -74,27 +65,26 @@ bool IsUtf8(std::span<const std::byte> bytes) {
 
 DecodedIni DecodeIni(std::span<const std::byte> bytes) {
     using namespace std::string_view_literals;
+    const std::string_view text = AsText(bytes);
     const bool isOdd = bytes.size() % 2 != 0;
-    if (BeginsWith(bytes, "\xFF\xFE\0\0"sv)) {
-        return {IniEncoding::kUtf32, DecodeUtf32(bytes.subspan(4)), false};
+    if (text.starts_with("\xFF\xFE\0\0"sv)) {
+        return {IniEncoding::Utf32, DecodeUtf32(bytes.subspan(4)), false};
     }
-    if (BeginsWith(bytes, "\xFF\xFE"sv)) {
-        return {IniEncoding::kUtf16, DecodeUtf16(bytes.subspan(2), false), isOdd};
+    if (text.starts_with("\xFF\xFE"sv)) {
+        return {IniEncoding::Utf16, DecodeUtf16(bytes.subspan(2), false), isOdd};
     }
-    if (BeginsWith(bytes, "\xFE\xFF"sv)) {
-        return {IniEncoding::kUtf16BigEndian, DecodeUtf16(bytes.subspan(2), true), isOdd};
+    if (text.starts_with("\xFE\xFF"sv)) {
+        return {IniEncoding::Utf16BigEndian, DecodeUtf16(bytes.subspan(2), true), isOdd};
     }
-    if (BeginsWith(bytes, "\xEF\xBB\xBF"sv)) {
-        return {IniEncoding::kUtf8WithMark, WideOf(AsText(bytes.subspan(3))), false};
+    if (text.starts_with("\xEF\xBB\xBF"sv)) {
+        return {IniEncoding::Utf8WithMark, WideOf(text.substr(3)), false};
     }
     if (LooksLikeUtf16(bytes)) {
-        return {IniEncoding::kUtf16WithoutMark, DecodeUtf16(bytes, false), isOdd};
+        return {IniEncoding::Utf16WithoutMark, DecodeUtf16(bytes, false), isOdd};
     }
-    const bool isAscii = std::all_of(bytes.begin(), bytes.end(),
-                                     [](std::byte byte) { return byte < std::byte{0x80}; });
-    if (isAscii) return {IniEncoding::kAscii, WideOf(AsText(bytes)), false};
-    if (IsUtf8(bytes)) return {IniEncoding::kUtf8, WideOf(AsText(bytes)), false};
-    return {IniEncoding::kCodePage, DecodeCodePage(bytes), false};
+    if (IsAscii(text)) return {IniEncoding::Ascii, WideOf(text), false};
+    if (IsUtf8(text)) return {IniEncoding::Utf8, WideOf(text), false};
+    return {IniEncoding::CodePage, DecodeCodePage(bytes), false};
 }
 
 }  // namespace tarn::tools

@@ -6,27 +6,29 @@
 
 namespace tarn::tools {
 
-/// How the bytes of a settings file are meant. Windows reads two of these as they are meant: plain
-/// ASCII, and UTF-16 with a mark; everything else goes through the system's code page.
+/// The encoding of a settings file. Windows reads ASCII and UTF-16 with a byte-order mark as
+/// intended, and everything else in the system's 8-bit code page.
 enum class IniEncoding {
-    kAscii,
-    kUtf8,
-    kUtf8WithMark,
-    kCodePage,
-    kUtf16,
-    kUtf16WithoutMark,
-    kUtf16BigEndian,
-    kUtf32,
+    Ascii,
+    Utf8,
+    Utf8WithMark,
+    CodePage,
+    Utf16,
+    Utf16WithoutMark,
+    Utf16BigEndian,
+    Utf32,
 };
 
 struct DecodedIni {
-    IniEncoding encoding = IniEncoding::kAscii;
-    /// The text as its author meant it, without a byte-order mark.
+    IniEncoding encoding = IniEncoding::Ascii;
+    /// The text as its author intended it, without the byte-order mark.
     std::wstring text;
-    /// A UTF-16 file ends with half a character.
+    /// Whether a UTF-16 file ends with half a code unit.
     bool hasOddByte = false;
 };
 
+/// Recognises the encoding and decodes the file. Invalid sequences become U+FFFD. 8-bit text is
+/// decoded as Windows-1252, because the user's code page is unknown here.
 DecodedIni DecodeIni(std::span<const std::byte> bytes);
 
 }  // namespace tarn::tools

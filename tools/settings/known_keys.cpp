@@ -9,59 +9,63 @@
 namespace tarn::tools {
 namespace {
 
+using enum SettingForm;
+using enum SettingSource;
+
 constexpr std::wstring_view kTypes[] = {L"service"};
 constexpr std::wstring_view kJvmTypes[] = {L"server", L"favor_server"};
 constexpr std::wstring_view kSources[] = {L"favor_JRE", L"favor_JDK", L"only_JRE", L"only_JDK"};
 constexpr std::wstring_view kProviders[] = {L"jrockit",       L"ibm",       L"favor_sun",
                                             L"favor_jrockit", L"favor_ibm", L"any"};
 
-constexpr bool kLayered = true;
-constexpr bool kFileOnly = false;
+constexpr auto* kRuntime = keys::kJavaRuntimeEnvironment;
 
 constexpr KnownKey kKeys[] = {
-    {keys::kProductInformation, keys::kProductName, Form::kText, kFileOnly, {}},
-    {keys::kProductInformation, keys::kProductCode, Form::kText, kFileOnly, {}},
-    {keys::kApplication, keys::kApplicationType, Form::kWord, kLayered, kTypes},
-    {keys::kApplication, keys::kOmitServiceName, Form::kText, kLayered, {}},
-    {keys::kApplication, keys::kSingleInstance, Form::kExactlyYes, kLayered, {}},
-    {keys::kApplication, keys::kFailureCheck, Form::kYes, kLayered, {}},
-    {keys::kApplication, keys::kOverrideWorkingDir, Form::kYes, kLayered, {}},
-    {keys::kApplication, keys::kPairProduct, Form::kPath, kLayered, {}},
-    {keys::kApplication, keys::kPairReturnCode, Form::kYes, kLayered, {}},
-    {keys::kApplication, keys::kEmbeddedJar, Form::kYes, kLayered, {}},
-    {keys::kApplication, keys::kOutputFile, Form::kOutputFile, kLayered, {}},
-    {keys::kApplication, keys::kOutputAppend, Form::kExactlyYes, kLayered, {}},
-    {keys::kApplication, keys::kErrorFile, Form::kOutputFile, kLayered, {}},
-    {keys::kApplication, keys::kErrorAppend, Form::kExactlyYes, kLayered, {}},
-    {keys::kApplication, keys::kCmd, Form::kArguments, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment, keys::kMainClass, Form::kClassName, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment, keys::kMinimumVersion, Form::kVersion, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment, keys::kMaximumVersion, Form::kVersion, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment, keys::kPreferredVersions, Form::kVersions, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment, keys::kJrePath, Form::kPath, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment, keys::kJvmType, Form::kWord, kLayered, kJvmTypes},
-    {keys::kJavaRuntimeEnvironment, keys::kJvmSource, Form::kWord, kLayered, kSources},
-    {keys::kJavaRuntimeEnvironment, keys::kVmProvider, Form::kWordAnyCase, kLayered, kProviders},
-    {keys::kJavaRuntimeEnvironment, keys::kSystemPath, Form::kFolders, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment, keys::kLibraryPath, Form::kFolders, kLayered, {}},
-    {keys::kJavaRuntimeEnvironment,
-     keys::kVirtualMachineParameters,
-     Form::kJvmOptions,
-     kLayered,
-     {}},
-    {keys::kClassPath, keys::kClassPath, Form::kClassPath, kLayered, {}},
-    {keys::kDisplay, keys::kSplashScreen, Form::kPath, kFileOnly, {}},
-    {keys::kDisplay, keys::kSplashScreenShadow, Form::kExactlyTrue, kFileOnly, {}},
-    {keys::kDisplay, keys::kPreferNativeSplashScreen, Form::kYes, kFileOnly, {}},
+    {keys::kProductInformation, keys::kProductName, Text, MainFile, {}},
+    {keys::kProductInformation, keys::kProductCode, Text, MainFile, {}},
+    {keys::kApplication, keys::kApplicationType, Keyword, Layered, kTypes},
+    {keys::kApplication, keys::kOmitServiceName, Text, Layered, {}},
+    {keys::kApplication, keys::kSingleInstance, ExactlyYes, Layered, {}},
+    {keys::kApplication, keys::kFailureCheck, Yes, Layered, {}},
+    {keys::kApplication, keys::kOverrideWorkingDir, Yes, Layered, {}},
+    {keys::kApplication, keys::kPairProduct, Path, Layered, {}},
+    {keys::kApplication, keys::kPairReturnCode, Yes, Layered, {}},
+    {keys::kApplication, keys::kEmbeddedJar, Yes, Layered, {}},
+    {keys::kApplication, keys::kOutputFile, OutputFile, Layered, {}},
+    {keys::kApplication, keys::kOutputAppend, ExactlyYes, Layered, {}},
+    {keys::kApplication, keys::kErrorFile, OutputFile, Layered, {}},
+    {keys::kApplication, keys::kErrorAppend, ExactlyYes, Layered, {}},
+    {keys::kApplication, keys::kCmd, Arguments, Layered, {}},
+    {kRuntime, keys::kMainClass, ClassName, Layered, {}},
+    {kRuntime, keys::kMinimumVersion, Version, Layered, {}},
+    {kRuntime, keys::kMaximumVersion, Version, Layered, {}},
+    {kRuntime, keys::kPreferredVersions, Versions, Layered, {}},
+    {kRuntime, keys::kJrePath, Path, PerUser, {}},
+    {kRuntime, keys::kJvmType, Keyword, Layered, kJvmTypes},
+    {kRuntime, keys::kJvmSource, Keyword, Layered, kSources},
+    {kRuntime, keys::kVmProvider, KeywordAnyCase, Layered, kProviders},
+    {kRuntime, keys::kSystemPath, Folders, Layered, {}},
+    {kRuntime, keys::kLibraryPath, Folders, Layered, {}},
+    {kRuntime, keys::kVirtualMachineParameters, JvmOptions, Layered, {}},
+    {keys::kClassPath, keys::kClassPath, ClassPath, Layered, {}},
+    {keys::kDisplay, keys::kSplashScreen, Path, MainFile, {}},
+    {keys::kDisplay, keys::kSplashScreenShadow, ExactlyTrue, MainFile, {}},
+    {keys::kDisplay, keys::kPreferNativeSplashScreen, Yes, MainFile, {}},
 };
 
-std::string JoinWords(std::span<const std::wstring_view> words) {
+std::string JoinKeywords(std::span<const std::wstring_view> keywords) {
     std::string joined;
-    for (const std::wstring_view word : words) {
+    for (const std::wstring_view keyword : keywords) {
         if (!joined.empty()) joined += ", ";
-        joined += Utf8Of(word);
+        joined += Utf8Of(keyword);
     }
     return joined;
+}
+
+template <typename Predicate>
+const KnownKey* FindIf(const Predicate& predicate) {
+    const auto* const found = std::find_if(std::begin(kKeys), std::end(kKeys), predicate);
+    return found == std::end(kKeys) ? nullptr : found;
 }
 
 }  // namespace
@@ -79,67 +83,67 @@ std::vector<std::wstring> KnownSections() {
 }
 
 const KnownKey* FindKnownKey(std::wstring_view section, std::wstring_view key) {
-    const auto* const found =
-        std::find_if(std::begin(kKeys), std::end(kKeys), [&](const auto& known) {
-            return EqualsIgnoringCase(known.section, section) && EqualsIgnoringCase(known.key, key);
-        });
-    return found == std::end(kKeys) ? nullptr : found;
+    return FindIf([&](const KnownKey& known) {
+        return EqualsIgnoringCase(known.section, section) && EqualsIgnoringCase(known.key, key);
+    });
 }
 
 const KnownKey* FindKnownKey(std::wstring_view key) {
-    const auto* const found =
-        std::find_if(std::begin(kKeys), std::end(kKeys),
-                     [&](const auto& known) { return EqualsIgnoringCase(known.key, key); });
-    return found == std::end(kKeys) ? nullptr : found;
+    return FindIf([&](const KnownKey& known) { return EqualsIgnoringCase(known.key, key); });
+}
+
+std::optional<bool> FlagValue(SettingForm form, std::wstring_view value) {
+    switch (form) {
+        case Yes:
+            return EqualsIgnoringCase(value, L"Yes");
+        case ExactlyYes:
+            return value == L"yes";
+        case ExactlyTrue:
+            return value == L"true";
+        default:
+            return std::nullopt;
+    }
 }
 
 std::string DescribeForm(const KnownKey& key) {
     switch (key.form) {
-        case Form::kText:
+        case Text:
             return "text";
-        case Form::kClassName:
+        case ClassName:
             return "class name";
-        case Form::kYes:
-            return "Yes (letter case does not count)";
-        case Form::kExactlyYes:
-            return "exactly yes";
-        case Form::kExactlyTrue:
-            return "exactly true";
-        case Form::kWord:
-            return "one of " + JoinWords(key.words) + " (letter case counts)";
-        case Form::kWordAnyCase:
-            return "one of " + JoinWords(key.words) + " (letter case does not count)";
-        case Form::kVersion:
+        case Yes:
+            return "Yes (case-insensitive)";
+        case ExactlyYes:
+            return "yes (case-sensitive)";
+        case ExactlyTrue:
+            return "true (case-sensitive)";
+        case Keyword:
+            return "one of " + JoinKeywords(key.keywords) + " (case-sensitive)";
+        case KeywordAnyCase:
+            return "one of " + JoinKeywords(key.keywords) + " (case-insensitive)";
+        case Version:
             return "version or any";
-        case Form::kVersions:
-            return "versions with ; between them";
-        case Form::kPath:
-            return "path, nothing expanded";
-        case Form::kOutputFile:
+        case Versions:
+            return "versions separated by ;";
+        case Path:
+            return "path, not expanded";
+        case OutputFile:
             return "file, with environment variables and a time stamp";
-        case Form::kFolders:
-            return "folders with ; between them, with environment variables";
-        case Form::kClassPath:
-            return "jars and folders with ; between them, with environment variables and *";
-        case Form::kJvmOptions:
-            return "JVM options with blanks between them, with environment variables";
-        case Form::kArguments:
-            return "arguments with blanks between them, with environment variables";
+        case Folders:
+            return "folders separated by ;, with environment variables";
+        case ClassPath:
+            return "jars and folders separated by ;, with environment variables and wildcards";
+        case JvmOptions:
+            return "JVM options separated by spaces, with environment variables";
+        case Arguments:
+            return "arguments separated by spaces, with environment variables";
     }
     return {};
 }
 
-bool IsSpoiltByBlank(Form form) {
-    switch (form) {
-        case Form::kVersions:
-        case Form::kClassPath:
-        case Form::kJvmOptions:
-        case Form::kArguments:
-        case Form::kText:
-            return false;
-        default:
-            return true;
-    }
+bool AllowsLeadingSpace(SettingForm form) {
+    return form == Versions || form == ClassPath || form == JvmOptions || form == Arguments ||
+           form == Text;
 }
 
 }  // namespace tarn::tools

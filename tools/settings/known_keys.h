@@ -1,5 +1,8 @@
+// Every key that the launcher reads: where it is read from and what its value means. The names
+// themselves are settings/keys.h.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -7,51 +10,60 @@
 
 namespace tarn::tools {
 
-/// What a key's value has to look like.
-enum class Form {
-    kText,
-    kClassName,
-    kYes,          ///< on for "Yes" in any letter case
-    kExactlyYes,   ///< on for "yes" alone
-    kExactlyTrue,  ///< on for "true" alone
-    kWord,         ///< one of the words, letter case counts
-    kWordAnyCase,  ///< one of the words, letter case does not count
-    kVersion,      ///< a version or "any"
-    kVersions,     ///< versions with ";" between them
-    kPath,         ///< nothing is expanded in it
-    kOutputFile,   ///< environment variables and a time-stamp picture are expanded
-    kFolders,      ///< folders with ";" between them, environment variables are expanded
-    kClassPath,
-    kJvmOptions,
-    kArguments,
+/// The syntax of a value.
+enum class SettingForm {
+    Text,
+    ClassName,
+    Yes,             ///< a flag: on for "Yes" in any case
+    ExactlyYes,      ///< a flag: on for "yes" only
+    ExactlyTrue,     ///< a flag: on for "true" only
+    Keyword,         ///< one of the keywords, case-sensitive
+    KeywordAnyCase,  ///< one of the keywords, case-insensitive
+    Version,         ///< a version or "any"
+    Versions,        ///< versions separated by ";"
+    Path,            ///< nothing is expanded
+    OutputFile,      ///< environment variables and a time stamp are expanded
+    Folders,         ///< folders separated by ";", environment variables are expanded
+    ClassPath,
+    JvmOptions,
+    Arguments,
+};
+
+/// The layers that a launch reads a key from.
+enum class SettingSource {
+    MainFile,  ///< the settings file beside the executable
+    Layered,   ///< that file, its "+" sections and the built-in settings
+    PerUser,   ///< the user's own file where it applies, otherwise layered
 };
 
 struct KnownKey {
     const wchar_t* section;
     const wchar_t* key;
-    Form form;
-    /// Whether a section with "+" and the built-in settings are asked too; if not, the file alone.
-    bool isLayered;
-    std::span<const std::wstring_view> words;
+    SettingForm form;
+    SettingSource source;
+    std::span<const std::wstring_view> keywords;
 };
 
-/// Every key that the launcher reads.
+/// All keys, grouped by section.
 std::span<const KnownKey> KnownKeys();
 
 /// The names of their sections, each once.
 std::vector<std::wstring> KnownSections();
 
-/// The key of that name in that section, letter case not counting; null when there is none.
+/// The key with that name in that section, case-insensitively; null for an unknown one.
 const KnownKey* FindKnownKey(std::wstring_view section, std::wstring_view key);
 
-/// The first key of that name in any section; null when there is none.
+/// The first key with that name in any section; null for an unknown one.
 const KnownKey* FindKnownKey(std::wstring_view key);
 
-/// The form in words: `Yes (any letter case)`, `server, favor_server`.
+/// Whether a flag with this value is on; nothing for a key that is not a flag.
+std::optional<bool> FlagValue(SettingForm form, std::wstring_view value);
+
+/// The form in words, for `tarn check --keys`.
 std::string DescribeForm(const KnownKey& key);
 
-/// Whether only the blank that comes before the value of a "+" section spoils it: flags, words,
-/// names and paths, but no lists.
-bool IsSpoiltByBlank(Form form);
+/// Whether the value may begin with the space that precedes the values of a "+" section: true for
+/// lists and texts, false for flags, keywords, names and paths.
+bool AllowsLeadingSpace(SettingForm form);
 
 }  // namespace tarn::tools

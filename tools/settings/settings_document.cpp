@@ -13,7 +13,7 @@ std::wstring_view WithoutQuotes(std::wstring_view text) {
 
 }  // namespace
 
-std::wstring_view TrimBlanks(std::wstring_view text) {
+std::wstring_view TrimSpaces(std::wstring_view text) {
     while (!text.empty() && text.front() <= L' ') text.remove_prefix(1);
     while (!text.empty() && text.back() <= L' ') text.remove_suffix(1);
     return text;
@@ -22,7 +22,7 @@ std::wstring_view TrimBlanks(std::wstring_view text) {
 SettingsDocument::SettingsDocument(std::wstring_view text) {
     for (std::size_t number = 1; !text.empty(); ++number) {
         const std::size_t end = text.find_first_of(L"\r\n");
-        AddLine(number, TrimBlanks(text.substr(0, end)));
+        AddLine(number, TrimSpaces(text.substr(0, end)));
         if (end == std::wstring_view::npos) return;
         const bool isPair = text.substr(end, 2) == L"\r\n";
         text.remove_prefix(end + (isPair ? 2 : 1));
@@ -45,9 +45,9 @@ void SettingsDocument::AddLine(std::size_t number, std::wstring_view line) {
         strayLines_.push_back({number, std::wstring(line)});
         return;
     }
-    const std::wstring_view written = TrimBlanks(line.substr(equals + 1));
+    const std::wstring_view written = TrimSpaces(line.substr(equals + 1));
     std::vector<DocumentEntry>& entries = sections_.empty() ? above_ : sections_.back().entries;
-    entries.push_back({number, std::wstring(TrimBlanks(line.substr(0, equals))),
+    entries.push_back({number, std::wstring(TrimSpaces(line.substr(0, equals))),
                        std::wstring(written), std::wstring(WithoutQuotes(written))});
 }
 

@@ -2,20 +2,14 @@
 
 #include <algorithm>
 
-#include "tools/common/text_encoding.h"
+#include "tools/common/ascii.h"
 #include "tools/common/byte_io.h"
+#include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
 namespace {
 
 constexpr char kLineEnd[] = "\r\n";
-
-std::string InSmallLetters(std::string text) {
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return text;
-}
 
 std::string CommentOf(std::string_view text) {
     std::string comment;
@@ -27,7 +21,7 @@ std::string CommentOf(std::string_view text) {
     return comment;
 }
 
-// Windows takes one pair of quotes, and blanks around a value, away.
+// Windows removes spaces around a value, and one pair of quotes.
 std::string Quoted(const std::string& value) {
     if (value.empty()) return value;
     const char first = value.front();
@@ -38,30 +32,30 @@ std::string Quoted(const std::string& value) {
 
 }  // namespace
 
-SettingsFile::Section& SettingsFile::SectionOf(const std::string& name) {
+SettingsWriter::Section& SettingsWriter::SectionOf(const std::string& name) {
     for (Section& section : sections_) {
-        if (InSmallLetters(section.name) == InSmallLetters(name)) return section;
+        if (ToLowerAscii(section.name) == ToLowerAscii(name)) return section;
     }
     sections_.push_back({name, {}});
     return sections_.back();
 }
 
-void SettingsFile::Add(std::wstring_view section, std::wstring_view key, std::string value,
-                       std::string comment) {
+void SettingsWriter::Add(std::wstring_view section, std::wstring_view key, std::string value,
+                         std::string comment) {
     SectionOf(Utf8Of(section))
         .lines.push_back({Utf8Of(key), std::move(value), std::move(comment), false});
 }
 
-void SettingsFile::AddSuggestion(std::wstring_view section, std::wstring_view key,
-                                 std::string value, std::string comment) {
+void SettingsWriter::AddSuggestion(std::wstring_view section, std::wstring_view key,
+                                   std::string value, std::string comment) {
     SectionOf(Utf8Of(section))
         .lines.push_back({Utf8Of(key), std::move(value), std::move(comment), true});
 }
 
-void SettingsFile::Set(const std::string& section, const std::string& key, std::string value) {
+void SettingsWriter::Set(const std::string& section, const std::string& key, std::string value) {
     std::vector<Line>& lines = SectionOf(section).lines;
     const auto found = std::find_if(lines.begin(), lines.end(), [&](const Line& line) {
-        return InSmallLetters(line.key) == InSmallLetters(key);
+        return ToLowerAscii(line.key) == ToLowerAscii(key);
     });
     if (found == lines.end()) {
         lines.push_back({key, std::move(value), {}, false});
@@ -71,7 +65,7 @@ void SettingsFile::Set(const std::string& section, const std::string& key, std::
     }
 }
 
-std::string SettingsFile::Text() const {
+std::string SettingsWriter::Text() const {
     std::string text = CommentOf(heading_);
     for (const Section& section : sections_) {
         text += std::string(kLineEnd) + "[" + section.name + "]" + kLineEnd;
@@ -83,14 +77,11 @@ std::string SettingsFile::Text() const {
     return text;
 }
 
-Bytes SettingsFile::Content() const {
+Bytes SettingsWriter::Content() const {
     const std::string text = Text();
     ByteWriter writer;
-    const bool isAscii = std::all_of(text.begin(), text.end(), [](char letter) {
-        return static_cast<unsigned char>(letter) < 0x80;
-    });
-    if (isAscii) {
-        writer.Put(std::as_bytes(std::span(text)));
+    if (IsAscii(std::string_view(text))) {
+        writer.Put(AsBytes(text));
     } else {
         writer.U16(0xFEFF);
         writer.Text(Utf16Of(text));

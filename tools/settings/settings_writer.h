@@ -8,28 +8,27 @@
 
 namespace tarn::tools {
 
-/// A settings file as it is written for an application: its values, and what they are for. All
-/// texts are UTF-8.
-class SettingsFile {
+/// Composes the settings file of an application: values, each with a comment. Texts are UTF-8.
+class SettingsWriter {
   public:
-    explicit SettingsFile(std::string heading) : heading_(std::move(heading)) {}
+    explicit SettingsWriter(std::string heading) : heading_(std::move(heading)) {}
 
-    /// Adds a value with a comment of one or more lines above it, which may be empty.
+    /// Adds a value below a comment of any number of lines, which may be empty.
     void Add(std::wstring_view section, std::wstring_view key, std::string value,
              std::string comment = {});
 
-    /// Adds a value that is commented out, for those who may want it.
+    /// Adds a value that is commented out.
     void AddSuggestion(std::wstring_view section, std::wstring_view key, std::string value,
                        std::string comment);
 
-    /// Sets a value that was added, or adds one. Letter case of the names does not count.
+    /// Sets a value that was added before, matching names case-insensitively, or adds one.
     void Set(const std::string& section, const std::string& key, std::string value);
 
-    /// The whole text with CR LF.
+    /// The whole text; lines end with CR LF.
     std::string Text() const;
 
-    /// The file's bytes: ASCII, or UTF-16 with a byte-order mark when there are other letters, for
-    /// nothing else is read the same way on every Windows.
+    /// The bytes of the file: ASCII, or UTF-16 with a byte-order mark when the text has other
+    /// characters. Windows reads no other encoding the same way on every system.
     Bytes Content() const;
 
   private:

@@ -2,13 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "tools/common/text_encoding.h"
 #include "tools/settings/embedded_settings_text.h"
+#include "tools/settings/ini_encoding.h"
 
 namespace tarn::tools {
 namespace {
 
-TEST(SettingsFileTest, WritesSectionsCommentsAndSuggestions) {
-    SettingsFile settings("Heading");
+TEST(SettingsWriterTest, WritesSectionsCommentsAndSuggestions) {
+    SettingsWriter settings("Heading");
     settings.Add(L"A", L"k", "1", "two\nlines");
     settings.Add(L"B", L"k", "2");
     settings.AddSuggestion(L"A", L"l", "3", "maybe");
@@ -17,8 +19,8 @@ TEST(SettingsFileTest, WritesSectionsCommentsAndSuggestions) {
               "[B]\r\nk=2\r\n");
 }
 
-TEST(SettingsFileTest, SetsWhatIsThereInAnyLetterCase) {
-    SettingsFile settings("H");
+TEST(SettingsWriterTest, SetsExistingValuesInAnyCase) {
+    SettingsWriter settings("H");
     settings.Add(L"A", L"k", "1");
     settings.AddSuggestion(L"A", L"l", "2", "");
     settings.Set("a", "K", "3");
@@ -27,24 +29,24 @@ TEST(SettingsFileTest, SetsWhatIsThereInAnyLetterCase) {
     EXPECT_EQ(settings.Text(), "; H\r\n\r\n[A]\r\nk=3\r\nl=4\r\n\r\n[B]\r\nm=5\r\n");
 }
 
-TEST(SettingsFileTest, ValuesComeBackAsTheyWere) {
+TEST(SettingsWriterTest, WritesValuesThatWindowsReadsBackUnchanged) {
     for (const char* const value : {"a b", "\"a b\"", "'x'", " a", "a ", "\"", "a=b;c", ""}) {
-        SettingsFile settings("H");
+        SettingsWriter settings("H");
         settings.Add(L"A", L"k", value);
         std::vector<std::string> warnings;
-        EXPECT_EQ(EmbeddedSettingsText(settings.Text(), warnings),
+        EXPECT_EQ(EmbeddedSettingsText(SettingsDocument(WideOf(settings.Text())), warnings),
                   "[A]\r\nk=" + std::string(value) + "\r\n");
     }
 }
 
-TEST(SettingsFileTest, IsUtf16WhenItHasOtherLetters) {
-    SettingsFile settings("H");
+TEST(SettingsWriterTest, WritesUtf16ForCharactersOutsideAscii) {
+    SettingsWriter settings("H");
     settings.Add(L"A", L"k", "a");
     EXPECT_EQ(settings.Content().front(), std::byte{';'});
-    EXPECT_EQ(DecodeSettingsFile(settings.Content()), settings.Text());
+    EXPECT_EQ(Utf8Of(DecodeIni(settings.Content()).text), settings.Text());
     settings.Set("A", "k", "\xC3\xA4\xF0\x9F\x98\x80");
     EXPECT_EQ(settings.Content().front(), std::byte{0xFF});
-    EXPECT_EQ(DecodeSettingsFile(settings.Content()), settings.Text());
+    EXPECT_EQ(Utf8Of(DecodeIni(settings.Content()).text), settings.Text());
 }
 
 }  // namespace

@@ -105,9 +105,9 @@ Bytes Stamp(ByteSpan content, const StampChanges& changes, std::vector<std::stri
     if (changes.settings && changes.settings->empty()) {
         RemoveResource(tree, kResourceData, kSettingsName);
     } else if (changes.settings) {
-        const auto* const first = reinterpret_cast<const std::byte*>(changes.settings->data());
+        const auto settings = AsBytes(*changes.settings);
         ReplaceResource(tree, kResourceData, kSettingsName,
-                        Bytes(first, first + changes.settings->size()));
+                        Bytes(settings.begin(), settings.end()));
     }
     if (changes.manifest) {
         ReplaceResource(tree, kResourceManifest, kManifestNumber, *changes.manifest);

@@ -8,6 +8,7 @@
 #include "tools/common/whole_file.h"
 #include "tools/java/jar_file.h"
 #include "tools/settings/embedded_settings_text.h"
+#include "tools/settings/ini_encoding.h"
 #include "tools/stamp/stamp.h"
 
 namespace tarn::tools {
@@ -29,16 +30,6 @@ struct Arguments {
     std::vector<std::string> strings;
     bool dropsSignature = false;
 };
-
-// Words of a file that a function refused get the file's name in front.
-template <typename Function>
-auto Naming(const std::filesystem::path& file, const Function& function) {
-    try {
-        return function();
-    } catch (const Failure& failure) {
-        throw Failure(file, failure.what());
-    }
-}
 
 std::pair<std::string, std::string> SplitAtEquals(const std::string& option,
                                                   const std::string& text) {
@@ -104,11 +95,11 @@ void RunStamp(const Arguments& arguments, const Console& console) {
     for (const std::string& text : arguments.strings) changes.strings.push_back(ParseString(text));
     if (!arguments.icon.empty()) {
         const std::filesystem::path file = PathOf(arguments.icon);
-        changes.icon = Naming(file, [&] { return ReadIcon(ReadWholeFile(file)); });
+        changes.icon = WithFileName(file, [&] { return ReadIcon(ReadWholeFile(file)); });
     }
     if (!arguments.settings.empty()) {
         const Bytes file = ReadWholeFile(PathOf(arguments.settings));
-        changes.settings = EmbeddedSettingsText(DecodeSettingsFile(file), warnings);
+        changes.settings = EmbeddedSettingsText(SettingsDocument(DecodeIni(file).text), warnings);
         for (std::string& warning : warnings) warning.insert(0, arguments.settings + ": ");
     }
     if (!arguments.manifest.empty()) changes.manifest = ReadWholeFile(PathOf(arguments.manifest));
@@ -119,7 +110,7 @@ void RunStamp(const Arguments& arguments, const Console& console) {
     }
     const std::filesystem::path launcher = PathOf(arguments.launcher);
     const Bytes content = ReadWholeFile(launcher);
-    const Bytes stamped = Naming(launcher, [&] { return Stamp(content, changes, warnings); });
+    const Bytes stamped = WithFileName(launcher, [&] { return Stamp(content, changes, warnings); });
     WriteWholeFile(PathOf(arguments.out), stamped);
     for (const std::string& warning : warnings) console.PrintWarning(warning);
     console.PrintLine(arguments.out + ": " + std::to_string(stamped.size()) + " bytes");

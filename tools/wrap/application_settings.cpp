@@ -18,8 +18,8 @@ std::string AsWindowsPath(std::string path) {
     return path;
 }
 
-void AddApplication(const WrapRequest& request, bool hasSplash, SettingsFile& settings) {
-    if (request.endsWith == EndsWith::kThreads) {
+void AddApplication(const WrapRequest& request, bool hasSplash, SettingsWriter& settings) {
+    if (request.endsWith == EndsWith::Threads) {
         settings.Add(keys::kApplication, keys::kApplicationType, "service",
                      "The program runs until its last thread has ended, as with java -jar. Without "
                      "this line\nit ends when main returns.");
@@ -28,7 +28,7 @@ void AddApplication(const WrapRequest& request, bool hasSplash, SettingsFile& se
         settings.Add(keys::kApplication, keys::kSingleInstance, "yes",
                      "A second start hands its arguments to secondaryMain(String[]) of the main "
                      "class in the\nrunning program.");
-    } else if (request.endsWith != EndsWith::kThreads) {
+    } else if (request.endsWith != EndsWith::Threads) {
         settings.AddSuggestion(keys::kApplication, keys::kSingleInstance, "yes",
                                "Take the semicolon away to let one program run at a time; a second "
                                "start then hands its\narguments to secondaryMain(String[]) of the "
@@ -59,7 +59,7 @@ void AddApplication(const WrapRequest& request, bool hasSplash, SettingsFile& se
                            "%LOCALAPPDATA%\\" + request.name + "\\errors.txt", "");
 }
 
-void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsFile& settings) {
+void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsWriter& settings) {
     const wchar_t* const section = keys::kJavaRuntimeEnvironment;
     settings.Add(section, keys::kMainClass, facts.mainClass);
     settings.Add(section, keys::kMinimumVersion,
@@ -68,7 +68,7 @@ void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsFile&
                  "folder jre64\nbeside the executable comes first.");
     settings.Add(section, keys::kMaximumVersion,
                  request.maximumVersion.empty() ? "any" : request.maximumVersion);
-    if (request.endsWith == EndsWith::kExit) {
+    if (request.endsWith == EndsWith::Exit) {
         settings.Add(
             section, keys::kVmProvider, "any",
             "The program runs until it calls System.exit, and not only until main returns.");
@@ -87,11 +87,11 @@ void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsFile&
 
 }  // namespace
 
-SettingsFile ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
-                                 const std::vector<std::string>& classPath,
-                                 const std::string& splash) {
-    SettingsFile settings("Settings of " + request.name +
-                          ".exe. Lines that begin with a semicolon have no effect.");
+SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
+                                   const std::vector<std::string>& classPath,
+                                   const std::string& splash) {
+    SettingsWriter settings("Settings of " + request.name +
+                            ".exe. Lines that begin with a semicolon have no effect.");
     settings.Add(keys::kProductInformation, keys::kProductName, request.title,
                  "The folder of the user's own settings below %APPDATA%.");
     AddApplication(request, !splash.empty(), settings);

@@ -3,16 +3,16 @@
 #include <string>
 #include <vector>
 
-#include "tools/wrap/jar_facts.h"
 #include "tools/settings/settings_writer.h"
+#include "tools/wrap/jar_facts.h"
 #include "tools/wrap/wrap.h"
 
 namespace tarn::tools {
 
 /// The settings of a wrapped application. `classPath` are the entries of its class path with "/",
 /// `splash` is the picture's file beside the executable or empty.
-SettingsFile ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
-                                 const std::vector<std::string>& classPath,
-                                 const std::string& splash);
+SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
+                                   const std::vector<std::string>& classPath,
+                                   const std::string& splash);
 
 }  // namespace tarn::tools

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <set>
 
+#include "tools/common/ascii.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/java/manifest.h"
@@ -19,13 +20,6 @@ int HexDigit(char letter) {
     if (letter >= 'A' && letter <= 'F') return letter - 'A' + 10;
     if (letter >= 'a' && letter <= 'f') return letter - 'a' + 10;
     return -1;
-}
-
-std::string InSmallLetters(std::string text) {
-    for (char& letter : text) {
-        if (letter >= 'A' && letter <= 'Z') letter = static_cast<char>(letter - 'A' + 'a');
-    }
-    return text;
 }
 
 // Below the application's folder, or empty when it would lie elsewhere.
@@ -54,7 +48,7 @@ class Collector {
             jars.clear();
             for (const fs::directory_entry& entry : fs::directory_iterator(path, error)) {
                 const std::string extension = Utf8OfPath(entry.path().extension());
-                if (InSmallLetters(extension) == ".jar") jars.push_back(entry.path());
+                if (ToLowerAscii(extension) == ".jar") jars.push_back(entry.path());
             }
             if (error || jars.empty()) throw Failure(path, "has no jars in it");
             std::sort(jars.begin(), jars.end());
@@ -75,7 +69,7 @@ class Collector {
         const fs::path canonical = fs::weakly_canonical(file.source, error);
         if (!sources_.insert(error ? file.source : canonical).second) return false;
         CheckWindowsName(file.target);
-        if (!targets_.insert(InSmallLetters(file.target)).second) {
+        if (!targets_.insert(ToLowerAscii(file.target)).second) {
             throw Failure(file.source, "and another file of the class path would both become " +
                                            file.target + "; rename one");
         }

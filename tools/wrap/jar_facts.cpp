@@ -1,14 +1,12 @@
 #include "tools/wrap/jar_facts.h"
 
-#include <cstdlib>
-
 #include "tools/common/failure.h"
 #include "tools/java/java_version.h"
 
 namespace tarn::tools {
 namespace {
 
-constexpr int kFirstWithModules = 9;  // and the first that is not called "1.N"
+constexpr int kFirstWithModules = 9;
 constexpr int kFirstWithNativeAccess = 17;
 
 Manifest ManifestOf(const JarFile& jar, const std::string& mainClass) {
@@ -60,18 +58,6 @@ class Options {
 
 }  // namespace
 
-int JavaFeatureOf(const std::string& version) {
-    const bool isOld = version.compare(0, 2, "1.") == 0;
-    return static_cast<int>(std::strtol(version.c_str() + (isOld ? 2 : 0), nullptr, 10));
-}
-
-std::string JavaVersionOfClass(std::span<const std::byte> classFile) {
-    const int feature = JavaFeatureOfClass(classFile);
-    if (feature == 0) return {};
-    const std::string number = std::to_string(feature);
-    return feature < kFirstWithModules ? "1." + number : number;
-}
-
 JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
                       const std::string& minimumVersion, std::vector<std::string>& warnings) {
     const Manifest manifest = ManifestOf(jar, mainClass);
@@ -87,7 +73,8 @@ JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
     const auto mainClassFile = jar.Read(EntryOfClass(facts.mainClass));
     facts.minimumVersion = minimumVersion;
     if (minimumVersion.empty() && mainClassFile) {
-        facts.minimumVersion = JavaVersionOfClass(*mainClassFile);
+        const int feature = JavaFeatureOfClass(*mainClassFile);
+        if (feature != 0) facts.minimumVersion = JavaVersionOfFeature(feature);
     }
 
     Options options(manifest, JavaFeatureOf(facts.minimumVersion), facts, warnings);

@@ -30,10 +30,4 @@ struct JarFacts {
 JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
                       const std::string& minimumVersion, std::vector<std::string>& warnings);
 
-/// The Java version that a class file needs: "1.8", "11"; empty when the bytes are no class file.
-std::string JavaVersionOfClass(std::span<const std::byte> classFile);
-
-/// Of a version such as "1.8.0_231" or "17.0.9" the number that counts: 8, 17. 0 without one.
-int JavaFeatureOf(const std::string& version);
-
 }  // namespace tarn::tools

@@ -75,26 +75,5 @@ TEST(JarFactsTest, NeedsAMainClassFromSomewhere) {
     EXPECT_EQ(FactsOf(both, warnings).minimumVersion, "");
 }
 
-TEST(JavaVersionOfClassTest, IsInTheClassFilesHead) {
-    const auto version = [](std::string_view text) {
-        return JavaVersionOfClass(std::as_bytes(std::span(text)));
-    };
-    EXPECT_EQ(version(ClassOf(45)), "1.1");
-    EXPECT_EQ(version(ClassOf(52)), "1.8");
-    EXPECT_EQ(version(ClassOf(53)), "9");
-    EXPECT_EQ(version(ClassOf(69)), "25");
-    EXPECT_EQ(version(ClassOf(3)), "");
-    EXPECT_EQ(version("text and more"), "");
-    EXPECT_EQ(version(""), "");
-}
-
-TEST(JavaFeatureOfTest, IsTheNumberThatCounts) {
-    EXPECT_EQ(JavaFeatureOf("1.8.0_231"), 8);
-    EXPECT_EQ(JavaFeatureOf("17.0.9"), 17);
-    EXPECT_EQ(JavaFeatureOf("25"), 25);
-    EXPECT_EQ(JavaFeatureOf("any"), 0);
-    EXPECT_EQ(JavaFeatureOf(""), 0);
-}
-
 }  // namespace
 }  // namespace tarn::tools

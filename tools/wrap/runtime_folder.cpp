@@ -19,11 +19,9 @@ void CheckRuntime(const fs::path& runtime) {
     for (const char* const kind : {"server", "client"}) {
         const fs::path library = runtime / "bin" / kind / "jvm.dll";
         if (!fs::exists(library, error)) continue;
-        try {
-            if (Executable(ReadWholeFile(library)).Machine() == kMachineAmd64) return;
-        } catch (const Failure& failure) {
-            throw Failure(library, failure.what());
-        }
+        const std::uint16_t machine =
+            WithFileName(library, [&] { return Executable(ReadWholeFile(library)).Machine(); });
+        if (machine == kMachineAmd64) return;
         throw Failure(library, "is not for 64-bit Windows on x64; such a runtime is needed");
     }
     const bool isOther = fs::exists(runtime / "lib" / "server" / "libjvm.so", error) ||
@@ -31,19 +29,6 @@ void CheckRuntime(const fs::path& runtime) {
     if (isOther)
         throw Failure(runtime, "is a Java runtime of another system; one for Windows is needed");
     throw Failure(runtime, "holds no Java runtime (bin/server/jvm.dll was not found in it)");
-}
-
-std::string VersionOfRuntime(const fs::path& runtime) {
-    std::error_code error;
-    const fs::path file = runtime / "release";
-    if (!fs::is_regular_file(file, error)) return {};
-    const Bytes content = ReadWholeFile(file);
-    const std::string_view text(reinterpret_cast<const char*>(content.data()), content.size());
-    constexpr std::string_view kKey = "JAVA_VERSION=\"";
-    std::size_t begin = text.find(kKey);
-    if (begin == std::string_view::npos) return {};
-    begin += kKey.size();
-    return std::string(text.substr(begin, text.find('"', begin) - begin));
 }
 
 void CopyRuntime(const fs::path& runtime, const OutputFolder& output, const Console& console) {

@@ -14,9 +14,6 @@ inline constexpr char kShippedRuntime[] = "jre64";
 /// Throws Failure unless the folder holds a Java runtime for 64-bit Windows.
 void CheckRuntime(const std::filesystem::path& runtime);
 
-/// The version that the runtime's file "release" tells, such as "21.0.8"; empty when it does not.
-std::string VersionOfRuntime(const std::filesystem::path& runtime);
-
 /// Copies a runtime to its place below the application's folder, with a line of progress.
 void CopyRuntime(const std::filesystem::path& runtime, const OutputFolder& output,
                  const Console& console);

@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "tools/common/failure.h"
-#include "tools/image/small_executable.h"
 #include "tools/common/folder_fixture.h"
+#include "tools/image/small_executable.h"
 
 namespace tarn::tools {
 namespace {
@@ -37,14 +37,6 @@ TEST_F(RuntimeFolder, WillDoForWindowsOn64Bits) {
 TEST_F(RuntimeFolder, OfAnotherSystemWillNot) {
     Put("lib/server/libjvm.so", "x");
     EXPECT_THAT(Problem(), HasSubstr("another system"));
-}
-
-TEST_F(RuntimeFolder, TellsItsVersion) {
-    EXPECT_EQ(VersionOfRuntime(folder_), "");
-    Put("release", "IMPLEMENTOR=\"x\"\nJAVA_VERSION=\"21.0.8\"\nOS_NAME=\"Windows\"\n");
-    EXPECT_EQ(VersionOfRuntime(folder_), "21.0.8");
-    Put("release", "IMPLEMENTOR=\"x\"\n");
-    EXPECT_EQ(VersionOfRuntime(folder_), "");
 }
 
 TEST_F(RuntimeFolder, IsCopiedWhole) {

@@ -2,8 +2,11 @@
 
 #include <algorithm>
 
+#include "tools/common/ascii.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
+#include "tools/image/picture_format.h"
+#include "tools/java/java_version.h"
 #include "tools/settings/embedded_settings_text.h"
 #include "tools/stamp/stamp.h"
 #include "tools/wrap/application_settings.h"
@@ -11,7 +14,6 @@
 #include "tools/wrap/jar_facts.h"
 #include "tools/wrap/output_folder.h"
 #include "tools/wrap/runtime_folder.h"
-#include "tools/wrap/splash_picture.h"
 
 namespace tarn::tools {
 namespace {
@@ -47,9 +49,9 @@ Splash ReadSplash(const WrapRequest& request, const JarFile& jar, const JarFacts
     } else {
         return {};
     }
-    const std::string ending = PictureEnding(splash.picture);
-    if (ending.empty()) throw Failure(where + " is no PNG, GIF or JPEG picture");
-    splash.file = "splash" + ending;
+    const std::string_view format = PictureFormat(splash.picture);
+    if (!IsForNativeSplash(format)) throw Failure(where + " is not a PNG, GIF or JPEG picture");
+    splash.file = "splash" + std::string(ExtensionOf(format));
     return splash;
 }
 
@@ -66,11 +68,7 @@ StampChanges ChangesFor(const WrapRequest& request, const JarFacts& facts) {
         {"InternalName", request.name}, {"OriginalFilename", request.name + ".exe"}};
     if (!request.icon.empty()) {
         const Bytes file = ReadWholeFile(request.icon);
-        try {
-            changes.icon = ReadIcon(file);
-        } catch (const Failure& failure) {
-            throw Failure(request.icon, failure.what());
-        }
+        changes.icon = WithFileName(request.icon, [&] { return ReadIcon(file); });
     }
     return changes;
 }
@@ -78,11 +76,7 @@ StampChanges ChangesFor(const WrapRequest& request, const JarFacts& facts) {
 Bytes StampedLauncher(const WrapRequest& request, const StampChanges& changes,
                       std::vector<std::string>& warnings) {
     const Bytes launcher = ReadWholeFile(request.launcher);
-    try {
-        return Stamp(launcher, changes, warnings);
-    } catch (const Failure& failure) {
-        throw Failure(request.launcher, failure.what());
-    }
+    return WithFileName(request.launcher, [&] { return Stamp(launcher, changes, warnings); });
 }
 
 bool HasMainClass(const JarFile& jar, const std::vector<ClassPathFile>& files,
@@ -117,7 +111,7 @@ WrapRequest Completed(WrapRequest request, const JarFacts& facts) {
 void CheckShippedRuntime(const WrapRequest& request, const JarFacts& facts,
                          std::vector<std::string>& warnings) {
     CheckRuntime(request.runtime);
-    const std::string version = VersionOfRuntime(request.runtime);
+    const std::string version = ReadJavaVersion(request.runtime);
     const int feature = JavaFeatureOf(version);
     if (feature != 0 && feature < JavaFeatureOf(facts.minimumVersion)) {
         warnings.push_back(Utf8OfPath(request.runtime) + ": is Java " + version +
@@ -127,10 +121,7 @@ void CheckShippedRuntime(const WrapRequest& request, const JarFacts& facts,
 
 void WarnAboutNames(const std::vector<ClassPathFile>& files, std::vector<std::string>& warnings) {
     for (const ClassPathFile& file : files) {
-        const bool isAscii = std::all_of(file.target.begin(), file.target.end(), [](char letter) {
-            return static_cast<unsigned char>(letter) < 0x80;
-        });
-        if (!isAscii) {
+        if (!IsAscii(std::string_view(file.target))) {
             warnings.push_back(file.target +
                                ": Java gets the class path in the user's 8-bit code "
                                "page, which may not have all of these letters");
@@ -163,12 +154,12 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     std::vector<std::string> classPath;
     classPath.reserve(files.size());
     for (const ClassPathFile& file : files) classPath.push_back(file.target);
-    const SettingsFile settings = ApplicationSettings(request, facts, classPath, splash.file);
+    const SettingsWriter settings = ApplicationSettings(request, facts, classPath, splash.file);
 
     StampChanges changes = ChangesFor(request, facts);
     if (request.singleFile) {
-        std::vector<std::string> leftOut;  // sections that only a file can have
-        changes.settings = EmbeddedSettingsText(settings.Text(), leftOut);
+        std::vector<std::string> ignored;  // sections that only a file can have
+        changes.settings = EmbeddedSettingsText(SettingsDocument(WideOf(settings.Text())), ignored);
         changes.jar = jarContent;
     }
     const Bytes executable = StampedLauncher(request, changes, warnings);

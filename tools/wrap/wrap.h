@@ -11,9 +11,9 @@ namespace tarn::tools {
 
 /// When the process of the application ends.
 enum class EndsWith {
-    kThreads,  // with its last thread that is no daemon, as with "java -jar"
-    kExit,     // when it calls System.exit
-    kMain,     // when main returns
+    Threads,  // with its last thread that is no daemon, as with "java -jar"
+    Exit,     // when it calls System.exit
+    Main,     // when main returns
 };
 
 /// What "tarn wrap" was asked for. Texts are UTF-8; empty ones leave the choice to the jar.
@@ -35,7 +35,7 @@ struct WrapRequest {
     std::string maximumVersion;
     std::string vmParameters;
     std::string arguments;
-    EndsWith endsWith = EndsWith::kThreads;
+    EndsWith endsWith = EndsWith::Threads;
     bool singleInstance = false;
     bool singleFile = false;
     bool noSplash = false;

@@ -4,8 +4,8 @@
 #include <memory>
 
 #include "tools/common/failure.h"
+#include "tools/common/system.h"
 #include "tools/common/text_encoding.h"
-#include "tools/wrap/program_folder.h"
 #include "tools/wrap/wrap.h"
 
 namespace tarn::tools {
@@ -46,14 +46,14 @@ std::filesystem::path LauncherFor(const std::string& typed) {
 
 EndsWith EndOf(const Arguments& arguments) {
     const bool isSingle = arguments.request.singleInstance;
-    if (arguments.endsWith.empty()) return isSingle ? EndsWith::kExit : EndsWith::kThreads;
+    if (arguments.endsWith.empty()) return isSingle ? EndsWith::Exit : EndsWith::Threads;
     if (arguments.endsWith == "threads" && isSingle) {
         throw Failure(
             "--single-instance and --ends-with threads exclude each other; use exit, or "
             "main for a main method that waits");
     }
     static const std::map<std::string, EndsWith> kWords = {
-        {"threads", EndsWith::kThreads}, {"exit", EndsWith::kExit}, {"main", EndsWith::kMain}};
+        {"threads", EndsWith::Threads}, {"exit", EndsWith::Exit}, {"main", EndsWith::Main}};
     return kWords.at(arguments.endsWith);
 }
 
