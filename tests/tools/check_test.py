@@ -16,6 +16,8 @@ Minimum Version=17
 Maximum Version=any
 [Class Path]
 Class Path=app.jar
+[Application]
+Override WorkingDir=Yes
 """
 CLASS_FILE_17 = b"\xca\xfe\xba\xbe\0\0\0\x3d"
 
@@ -55,9 +57,9 @@ class CheckTest(unittest.TestCase):
         self.assertEqual(1, report["schema"])
         return [(finding["line"], finding["severity"], finding["id"]) for finding in report["findings"]]
 
-    def test_good_settings_have_nothing_to_complain_about(self):
+    def test_good_settings_have_no_findings(self):
         code, output, errors = self.check(GOOD, "--strict")
-        self.assertEqual((0, "sample.ini: nothing to complain about\n", ""), (code, output, errors))
+        self.assertEqual((0, "sample.ini: no findings\n", ""), (code, output, errors))
 
     def test_line_ends_do_not_matter(self):
         for end in ("\r\n", "\r"):
@@ -71,18 +73,18 @@ class CheckTest(unittest.TestCase):
         self.assertTrue(output.endswith("sample.ini: 1 error, 0 warnings, 0 notes\n"), output)
 
     def test_warnings_end_with_1_where_they_matter(self):
-        settings = GOOD + "[Application]\nSingle Instance=Yes\n"
+        settings = GOOD + "Single Instance=Yes\n"
         self.assertEqual(0, self.check(settings)[0])
         code, output, _ = self.check(settings, "--strict")
         self.assertEqual(1, code)
-        self.assertIn("sample.ini:8: warning:", output)
+        self.assertIn("sample.ini:9: warning:", output)
 
     def test_encodings_that_windows_misreads(self):
-        text = GOOD + "[Application]\nCmd=Gr\u00fc\u00dfe\n"
+        text = GOOD + "Cmd=Gr\u00fc\u00dfe\n"
         self.assertEqual([], self.findings(b"\xff\xfe" + text.encode("utf-16-le")))
-        self.assertEqual([(8, "warning", "utf-8")], self.findings(text.encode("utf-8")))
-        self.assertEqual([(8, "warning", "code-page")], self.findings(text.encode("cp1252")))
-        self.assertEqual([(1, "error", "utf-8-mark"), (8, "warning", "utf-8")],
+        self.assertEqual([(9, "warning", "utf-8")], self.findings(text.encode("utf-8")))
+        self.assertEqual([(9, "warning", "code-page")], self.findings(text.encode("cp1252")))
+        self.assertEqual([(1, "error", "utf-8-mark"), (9, "warning", "utf-8")],
                          self.findings(text.encode("utf-8-sig")))
         self.assertEqual([(0, "error", "utf-16-big-endian")],
                          self.findings(b"\xfe\xff" + text.encode("utf-16-be")))
@@ -108,7 +110,11 @@ class CheckTest(unittest.TestCase):
             with open(os.path.join(home, "release"), "w", encoding="ascii") as file:
                 file.write(f'IMPLEMENTOR="x"\nJAVA_VERSION="{version}"\n')
             found = [finding for finding in self.findings(settings) if finding[2] == "vm-flag"]
-            self.assertEqual([] if severity is None else [(8, severity, "vm-flag")], found)
+            self.assertEqual([] if severity is None else [(10, severity, "vm-flag")], found)
+
+    def test_the_current_directory_on_the_class_path_is_a_warning(self):
+        settings = GOOD.replace("Override WorkingDir=Yes\n", "")
+        self.assertEqual([(6, "warning", "current-directory")], self.findings(settings))
 
     def test_the_settings_built_into_the_executable_count(self):
         with open(os.path.join(self.folder, "built-in.ini"), "w", encoding="ascii") as file:

@@ -1,5 +1,6 @@
 """tarn wrap: the folders and single files that it makes."""
 
+import json
 import os
 import unittest
 import zipfile
@@ -79,12 +80,13 @@ class WrapTest(FolderTest):
 
     def test_puts_everything_into_one_file(self):
         _, errors = self.wrap("--out", "o", "--name", "one", "--single-file")
-        self.assertIn("SplashScreen-Image demo/splash.png is left out", errors)
+        self.assertIn("SplashScreen-Image demo/splash.png is omitted", errors)
         self.assertIn("needs the 3 other files", errors)
         self.assertEqual({"one.exe", "lib"}, set(os.listdir(self.path("o"))))
         image = pefile.PE(self.path("o", "one.exe"))
         self.assertEqual([
-            "[Application]", "Application Type=service", "Failure Check=Yes", "Embedded Jar=Yes",
+            "[Application]", "Application Type=service", "Override WorkingDir=Yes",
+            "Failure Check=Yes", "Embedded Jar=Yes",
             "[Java Runtime Environment]", "Main Class=demo.Main", "Minimum Version=11",
             "Maximum Version=any",
             "[Class Path]", "Class Path=lib\\a.jar;lib\\d.jar;lib\\b c.jar",
@@ -120,6 +122,27 @@ class WrapTest(FolderTest):
         _, errors = self.wrap("--out", "p", "--min-version", "21", "--runtime",
                               os.path.join(RUNTIMES, "17"))
         self.assertIn("is Java 17", errors)
+
+    def test_the_result_has_no_findings(self):
+        for options in ([], ["--no-splash"], ["--single-instance"]):
+            self.wrap("--out", "o", "--name", "Demo", "--replace", *options)
+            output, _ = self.expect("check", "--strict", "o/Demo.ini")
+            self.assertIn("Demo.ini: no findings", output)
+
+    def test_keeps_the_callers_directory_only_when_told(self):
+        self.wrap("--out", "o", "--name", "Demo", "--no-splash")
+        self.assertIn("Override WorkingDir=Yes", self.settings("o/Demo.ini"))
+        _, errors = self.wrap("--out", "p", "--name", "Demo", "--keep-working-dir")
+        self.assertIn("demo/splash.png is omitted: --keep-working-dir", errors)
+        self.assertNotIn("Override WorkingDir=Yes", self.settings("p/Demo.ini"))
+        code, output, _ = self.tarn("check", "--strict", "--json", "p/Demo.ini")
+        self.assertEqual(1, code)
+        self.assertEqual(["current-directory"],
+                         [finding["id"] for finding in json.loads(output)["findings"]])
+        self.put("s.png", picture())
+        self.assertIn("--keep-working-dir exclude each other", self.expect_failure(
+            "wrap", "in/demo.jar", "--launcher", LAUNCHER, "--out", "q", "--keep-working-dir",
+            "--splash", "s.png"))
 
     def test_replaces_a_folder_only_when_told(self):
         self.wrap("--out", "o", "--name", "Demo")

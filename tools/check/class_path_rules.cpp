@@ -5,6 +5,7 @@
 #include "runtime/runtime_version.h"
 #include "settings/keys.h"
 #include "tools/check/class_path_on_disk.h"
+#include "tools/check/jvm_options.h"
 #include "tools/check/main_class_search.h"
 #include "tools/check/rules.h"
 #include "tools/common/text_encoding.h"
@@ -128,6 +129,25 @@ void CheckMainClass(const CheckedSettings& settings, const Setting& mainClass,
 }
 
 }  // namespace
+
+// The launcher ends the class path with ";". With "Override WorkingDir" the empty element is the
+// application's own folder, whose contents are trusted anyway; otherwise it is any folder that the
+// user happens to start the application from.
+void CheckCurrentDirectory(const CheckedSettings& settings, Findings& findings) {
+    const Setting classPath = settings.Get(keys::kClassPath, keys::kClassPath);
+    const bool hasClassPath = !ClassPathEntries(classPath.text).empty() ||
+                              settings.IsOn(keys::kApplication, keys::kEmbeddedJar);
+    if (!hasClassPath || settings.IsOn(keys::kApplication, keys::kOverrideWorkingDir)) return;
+    for (const std::wstring& option : JvmOptionsOf(settings).options) {
+        // The last definition of the property wins.
+        if (option.starts_with(L"-Djava.class.path=")) return;
+    }
+    findings.Warning("current-directory", classPath.line,
+                     "Java also searches the current directory, which is wherever the user starts "
+                     "the application: classes and resources found there, such as log4j2.xml, are "
+                     "loaded",
+                     "write Override WorkingDir=Yes to make it the executable's folder");
+}
 
 void CheckClassPath(const CheckedSettings& settings, Findings& findings) {
     const Setting mainClass = settings.Get(keys::kJavaRuntimeEnvironment, keys::kMainClass);

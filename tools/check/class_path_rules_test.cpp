@@ -160,5 +160,28 @@ TEST_F(ClassPathRules, FindsAsWindowsDoes) {
     EXPECT_THAT(names(L""), ElementsAre(Utf8OfPath(folder_.filename())));
 }
 
+TEST(CurrentDirectoryRuleTest, WarnsThatItIsOnTheClassPath) {
+    EXPECT_THAT(Check(CheckCurrentDirectory, L"[Class Path]\nClass Path=a.jar\n"),
+                ElementsAre("2 warning current-directory"));
+    EXPECT_THAT(Check(CheckCurrentDirectory, L"[Application]\nEmbedded Jar=Yes\n"),
+                ElementsAre("0 warning current-directory"));
+    EXPECT_THAT(AdviceOf(CheckCurrentDirectory, L"[Class Path]\nClass Path=a.jar\n"),
+                HasSubstr("Override WorkingDir=Yes"));
+}
+
+TEST(CurrentDirectoryRuleTest, AcceptsTheApplicationsOwnFolder) {
+    EXPECT_THAT(Check(CheckCurrentDirectory,
+                      L"[Application]\nOverride WorkingDir=Yes\n[Class Path]\nClass Path=a.jar\n"),
+                IsEmpty());
+}
+
+TEST(CurrentDirectoryRuleTest, AcceptsAnotherClassPathAndNone) {
+    EXPECT_THAT(Check(CheckCurrentDirectory,
+                      L"[Class Path]\nClass Path=a.jar\n[Java Runtime Environment]\n"
+                      L"Virtual Machine Parameters=-Djava.class.path=b.jar\n"),
+                IsEmpty());
+    EXPECT_THAT(Check(CheckCurrentDirectory, L"[Class Path]\nClass Path=;;\n"), IsEmpty());
+}
+
 }  // namespace
 }  // namespace tarn::tools

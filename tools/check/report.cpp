@@ -31,7 +31,7 @@ void PrintReport(const Console& console, const std::string& file,
         if (!finding.advice.empty()) console.PrintLine("    " + finding.advice);
     }
     if (findings.empty()) {
-        console.PrintLine(file + ": " + console.Styled(Style::Good, "nothing to complain about"));
+        console.PrintLine(file + ": " + console.Styled(Style::Good, "no findings"));
     } else {
         console.PrintLine(file + ": " + Counted(CountOf(findings, Severity::Error), "error") +
                           ", " + Counted(CountOf(findings, Severity::Warning), "warning") + ", " +

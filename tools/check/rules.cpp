@@ -6,7 +6,7 @@ std::vector<Finding> CheckSettings(const CheckedSettings& settings) {
     Findings findings;
     for (const auto& check : {CheckEncoding, CheckStructure, CheckAdditiveSections, CheckKeywords,
                               CheckQuotes, CheckVersions, CheckJvmOptions, CheckMemorySizes,
-                              CheckVmFlags, CheckClassPath, CheckFiles}) {
+                              CheckVmFlags, CheckClassPath, CheckCurrentDirectory, CheckFiles}) {
         check(settings, findings);
     }
     return findings.Sorted();

@@ -36,6 +36,9 @@ void CheckVmFlags(const CheckedSettings& settings, Findings& findings);
 /// The main class's name, the class path's entries, and whether the one is in the others.
 void CheckClassPath(const CheckedSettings& settings, Findings& findings);
 
+/// The current directory on the class path: Java takes the empty element for it.
+void CheckCurrentDirectory(const CheckedSettings& settings, Findings& findings);
+
 /// Splash picture, output files, runtime and library folders.
 void CheckFiles(const CheckedSettings& settings, Findings& findings);
 

@@ -136,6 +136,9 @@ struct OutputReport {
 
 struct JvmReport {
     std::string mainClass;
+    /// The directory that the class path's empty element stands for; empty without such an element.
+    std::string classPathDirectory;
+    bool classPathDirectoryIsOwn = false;  ///< whether that is the executable's folder
     /// In their order, as the JVM reads their bytes. "abort" and "exit" follow them.
     std::vector<std::string> options;
     /// For `main`: the launch's and those of "Cmd".

@@ -34,11 +34,11 @@ std::string Variable(const wchar_t* name) {
     return Utf8Of(value);
 }
 
-std::string CurrentDirectory() {
+std::wstring CurrentDirectory() {
     const DWORD size = GetCurrentDirectoryW(0, nullptr);
     std::wstring folder(size, L'\0');
     folder.resize(GetCurrentDirectoryW(size, folder.data()));
-    return Utf8Of(folder);
+    return folder;
 }
 
 /// The steps of one launch, in the launcher's order. Each returns false when the launch ends there.
@@ -141,8 +141,8 @@ class Forecast {
     bool LoadLibraries() {
         PrepareNativePaths(settings_, choice_.jvmLibraryPath, options_);
         report_.environment =
-            EnvironmentReport{CurrentDirectory(), Variable(L"Path"), Variable(L"TARN_JVM_PATH"),
-                              Variable(L"TARN_JVM_HOME")};
+            EnvironmentReport{Utf8Of(CurrentDirectory()), Variable(L"Path"),
+                              Variable(L"TARN_JVM_PATH"), Variable(L"TARN_JVM_HOME")};
         report_.splash = ReportSplash(arguments_, choice_.jvmLibraryPath);
         if (!LoadJvmLibrary(errors_, choice_.jvmLibraryPath, entryPoints_)) {
             return Fail("The runtime's jvm.dll cannot be used.");
@@ -156,6 +156,12 @@ class Forecast {
         const bool fromOption = options_.threadStackSize != 0;
         if (!fromOption) options_.threadStackSize = DefaultStackSize(entryPoints_);
         report_.jvm = ReportJvm(path_, settings_, options_, arguments_, fromOption);
+        if (HasEmptyClassPathElement(report_.jvm->options)) {
+            const std::wstring directory = CurrentDirectory();
+            report_.jvm->classPathDirectory = Utf8Of(directory);
+            report_.jvm->classPathDirectoryIsOwn =
+                EqualsIgnoringCase(EnsureTrailing(directory, L'\\'), FolderOf(path_));
+        }
         End("starts-java", std::nullopt, "Creates the JVM and calls main.");
     }
 

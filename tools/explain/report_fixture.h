@@ -46,6 +46,7 @@ inline LaunchReport FullReport() {
     report.splash = SplashReport{"own", "s.png", false, true, "unusable"};
     report.jvm.emplace();
     report.jvm->mainClass = "com/example/Main";
+    report.jvm->classPathDirectory = "C:\\work";
     report.jvm->options = {"-Djava.class.path=a.jar;", "-Xmx1024K"};
     report.jvm->arguments = {"a", "b"};
     report.jvm->stackSize = 1'048'576;

@@ -141,6 +141,8 @@ static Json ToJson(const OutputReport& output) {
 
 static Json ToJson(const JvmReport& jvm) {
     return {{"mainClass", jvm.mainClass},
+            {"classPathDirectory", OrNull(jvm.classPathDirectory)},
+            {"classPathDirectoryIsOwn", jvm.classPathDirectoryIsOwn},
             {"options", jvm.options},
             {"arguments", jvm.arguments},
             {"stackSize", jvm.stackSize},

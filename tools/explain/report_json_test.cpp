@@ -41,6 +41,8 @@ TEST(ReportJsonTest, HasEveryPartOfALaunchThatStarts) {
     EXPECT_EQ(report["environment"]["TARN_JVM_HOME"], "C:\\Java");
     EXPECT_EQ(report["splash"]["nativeFailure"], "unusable");
     EXPECT_EQ(report["jvm"]["options"], json({"-Djava.class.path=a.jar;", "-Xmx1024K"}));
+    EXPECT_EQ(report["jvm"]["classPathDirectory"], "C:\\work");
+    EXPECT_EQ(report["jvm"]["classPathDirectoryIsOwn"], false);
     EXPECT_EQ(report["jvm"]["memory"]["physical"], 8'589'934'592);
     EXPECT_EQ(report["jvm"]["memory"]["percentages"][0]["written"], "-Xmx1p");
     EXPECT_EQ(report["jvm"]["outputs"][0]["file"], "o_2026.txt");

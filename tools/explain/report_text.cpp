@@ -183,6 +183,15 @@ void PrintJvm(const JvmReport& jvm, TextPage& page) {
     page.Heading("Java");
     page.Value("main class", jvm.mainClass);
     for (const std::string& option : jvm.options) page.Value("option", option);
+    if (!jvm.classPathDirectory.empty()) {
+        page.Value("classes also in", jvm.classPathDirectory + (jvm.classPathDirectoryIsOwn
+                                                                    ? " (the executable's folder)"
+                                                                    : " (the current directory)"));
+        if (!jvm.classPathDirectoryIsOwn) {
+            page.Line(
+                "set \"Override WorkingDir\" to Yes to search the executable's folder instead");
+        }
+    }
     for (const std::string& argument : jvm.arguments) page.Value("argument", argument);
     for (const OutputReport& output : jvm.outputs) {
         std::string text = output.file;

@@ -63,6 +63,16 @@ TEST_F(ReportTextTest, ShowsWhatJavaGets) {
     EXPECT_THAT(text, HasSubstr("stays after main until System.exit"));
 }
 
+TEST_F(ReportTextTest, ShowsTheDirectoryOnTheClassPath) {
+    LaunchReport report = FullReport();
+    EXPECT_THAT(Text(report), HasSubstr("  classes also in   C:\\work (the current directory)\n"
+                                        "  set \"Override WorkingDir\" to Yes"));
+    report.jvm->classPathDirectoryIsOwn = true;
+    EXPECT_THAT(Text(report), HasSubstr("C:\\work (the executable's folder)\n"));
+    report.jvm->classPathDirectory.clear();
+    EXPECT_THAT(Text(report), Not(HasSubstr("classes also in")));
+}
+
 TEST_F(ReportTextTest, LeavesOutWhatIsNotReached) {
     const std::string text = Text(LaunchReport());
     for (const char* const heading : {"Java", "Splash", "Single instance", "Settings"}) {

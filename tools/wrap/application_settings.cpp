@@ -18,7 +18,7 @@ std::string AsWindowsPath(std::string path) {
     return path;
 }
 
-void AddApplication(const WrapRequest& request, bool hasSplash, SettingsWriter& settings) {
+void AddApplication(const WrapRequest& request, SettingsWriter& settings) {
     if (request.endsWith == EndsWith::Threads) {
         settings.Add(keys::kApplication, keys::kApplicationType, "service",
                      "The program runs until its last thread has ended, as with java -jar. Without "
@@ -34,12 +34,13 @@ void AddApplication(const WrapRequest& request, bool hasSplash, SettingsWriter& 
                                "start then hands its\narguments to secondaryMain(String[]) of the "
                                "main class.");
     }
-    if (hasSplash) {
-        settings.Add(keys::kApplication, keys::kOverrideWorkingDir, "Yes",
-                     "The program starts in its own folder, where the splash picture is.");
+    const char* const kOwnFolder =
+        "The application starts in its own folder. Without this line it starts in the caller's\n"
+        "directory, and classes and resources that Java finds there are loaded.";
+    if (request.keepsWorkingDirectory) {
+        settings.AddSuggestion(keys::kApplication, keys::kOverrideWorkingDir, "Yes", kOwnFolder);
     } else {
-        settings.AddSuggestion(keys::kApplication, keys::kOverrideWorkingDir, "Yes",
-                               "Starts the program in its own folder instead of the caller's.");
+        settings.Add(keys::kApplication, keys::kOverrideWorkingDir, "Yes", kOwnFolder);
     }
     settings.Add(keys::kApplication, keys::kFailureCheck, "Yes",
                  "An exception that ends main is shown in a dialog.");
@@ -94,7 +95,7 @@ SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& f
                             ".exe. Lines that begin with a semicolon have no effect.");
     settings.Add(keys::kProductInformation, keys::kProductName, request.title,
                  "The folder of the user's own settings below %APPDATA%.");
-    AddApplication(request, !splash.empty(), settings);
+    AddApplication(request, settings);
     AddRuntime(request, facts, settings);
     if (!classPath.empty()) {
         settings.Add(keys::kClassPath, keys::kClassPath, AsWindowsPath(Concat(classPath, ";")),

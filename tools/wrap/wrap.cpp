@@ -41,8 +41,12 @@ Splash ReadSplash(const WrapRequest& request, const JarFile& jar, const JarFacts
             warnings.push_back(where + " is not in the jar; there will be no splash");
             return {};
         }
-        if (request.singleFile) {
-            warnings.push_back(where + " is left out: a splash needs files beside the executable");
+        if (request.singleFile || request.keepsWorkingDirectory) {
+            warnings.push_back(where +
+                               (request.singleFile
+                                    ? " is omitted: a splash requires files beside the executable"
+                                    : " is omitted: --keep-working-dir excludes a splash, "
+                                      "which is looked up in the current directory"));
             return {};
         }
         splash.picture = *picture;

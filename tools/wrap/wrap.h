@@ -39,6 +39,7 @@ struct WrapRequest {
     bool singleInstance = false;
     bool singleFile = false;
     bool noSplash = false;
+    bool keepsWorkingDirectory = false;  // starts in the caller's directory, not the application's
     bool replaces = false;
     std::vector<std::pair<std::string, std::string>> settings;  // "Section/Key" and value
 };

@@ -82,6 +82,11 @@ void RunWrap(const Arguments& arguments, const Console& console) {
     if (request.singleFile && !request.splash.empty()) {
         throw Failure("--splash needs files beside the executable; leave it or --single-file out");
     }
+    if (request.keepsWorkingDirectory && !request.splash.empty()) {
+        throw Failure(
+            "--splash and --keep-working-dir exclude each other: the picture is looked up in the "
+            "current directory, which has to be the application's folder");
+    }
     request.launcher = LauncherFor(arguments.launcher);
     console.PrintLine(Utf8OfPath(Wrap(request, console)));
 }
@@ -119,6 +124,9 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
         ->check(CLI::IsMember({"threads", "exit", "main"}));
     command.add_flag("--single-file", request.singleFile,
                      "Put the jar and the settings into the executable");
+    command.add_flag("--keep-working-dir", request.keepsWorkingDirectory,
+                     "Start in the caller's directory instead of the application's folder; Java "
+                     "then also loads classes and resources from there");
     option("--set", arguments.settings, "SECTION/KEY=VALUE", "Any other setting; may be repeated");
     option("--launcher", arguments.launcher, "FILE", "launcher.exe (else the one beside tarn)");
     command.add_flag("--replace", request.replaces, "Replace a folder that was made before");
