@@ -210,7 +210,7 @@ class BadInputTest(FolderTest):
         self.assertIn("--ends-with", self.fail_with("--single-instance", "--ends-with", "threads"))
         self.assertIn("--single-file", self.fail_with("--single-file", "--splash", "a.png"))
         self.assertIn("SECTION/KEY=VALUE", self.fail_with("--set", "Key=Value"))
-        self.assertIn("a.bmp is no PNG", self.fail_with("--splash", "a.bmp"))
+        self.assertIn("a.bmp is not a PNG", self.fail_with("--splash", "a.bmp"))
         for name in ("a/b", "a:b", "a.", "what?"):
             self.assertIn(name, self.fail_with("--name", name))
 
