@@ -10,7 +10,7 @@
 #include "jvm/jvm_library.h"
 #include "jvm/native_paths.h"
 #include "resources/ids.h"
-#include "settings/read_settings.h"
+#include "settings/settings.h"
 #include "ui/jre_not_found_dialog.h"
 
 namespace tarn {

@@ -7,7 +7,7 @@
 #include "instance/shared_block.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
-#include "settings/settings_files.h"
+#include "settings/settings_paths.h"
 
 namespace tarn {
 namespace {

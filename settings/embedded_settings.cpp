@@ -8,20 +8,20 @@ namespace {
 constexpr wchar_t kByteOrderMark = L'\uFEFF';
 constexpr std::wstring_view kLineEnd = L"\r\n";
 
-// Everything up to the blank counts as one, control characters included.
-std::wstring_view SkipLeadingBlanks(std::wstring_view text) {
+// Everything up to U+0020 counts as a space, including control characters.
+std::wstring_view SkipLeadingSpaces(std::wstring_view text) {
     while (!text.empty() && text.front() <= L' ') text.remove_prefix(1);
     return text;
 }
 
-std::wstring_view DropTrailingBlanks(std::wstring_view text) {
+std::wstring_view DropTrailingSpaces(std::wstring_view text) {
     while (!text.empty() && text.back() <= L' ') text.remove_suffix(1);
     return text;
 }
 
-// The name between the brackets of a section line, which may be empty.
+// Returns the text between the brackets of a section line; it may be empty.
 std::optional<std::wstring_view> SectionName(std::wstring_view line) {
-    const std::wstring_view trimmed = DropTrailingBlanks(line);
+    const std::wstring_view trimmed = DropTrailingSpaces(line);
     if (trimmed.size() < 2 || trimmed.front() != L'[' || trimmed.back() != L']') {
         return std::nullopt;
     }
@@ -32,11 +32,11 @@ std::optional<std::wstring_view> SectionName(std::wstring_view line) {
 
 EmbeddedSettings::EmbeddedSettings(std::wstring_view text) {
     if (!text.empty() && text.front() == kByteOrderMark) text.remove_prefix(1);
-    // Lines above the first section belong to one without a name.
+    // Lines before the first section belong to a section without a name.
     std::wstring section;
     while (!text.empty()) {
         const std::size_t end = text.find(kLineEnd);
-        AddLine(SkipLeadingBlanks(text.substr(0, end)), section);
+        AddLine(SkipLeadingSpaces(text.substr(0, end)), section);
         if (end == std::wstring_view::npos) return;
         text.remove_prefix(end + kLineEnd.size());
     }
@@ -55,7 +55,7 @@ void EmbeddedSettings::AddLine(std::wstring_view line, std::wstring& section) {
 }
 
 std::wstring_view EmbeddedSettings::Find(std::wstring_view section, std::wstring_view key) const {
-    // From the end, for the last value of a key counts.
+    // Backwards, because the last value of a key is used.
     for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
         if (entry->key == key && entry->section == section) return entry->value;
     }

@@ -6,19 +6,18 @@
 
 namespace tarn {
 
-/// The settings text that is built into the executable, as section, key and value. The lowest
-/// layer: the settings file beside the executable goes over it.
+/// The settings embedded in the executable, the layer below the main settings file.
 class EmbeddedSettings {
   public:
     EmbeddedSettings() = default;
 
-    /// Parses an INI text with lines ended by CR LF. Characters up to the blank are skipped at the
-    /// start of a line; "[name]" opens a section; every other line is split at its first "=" and
-    /// nothing is trimmed around it. A line without "=" is a key with an empty value. A key that
-    /// stands twice keeps its last value.
+    /// Parses an INI text whose lines end with CR LF. Leading characters up to U+0020 are skipped
+    /// in each line. "[name]" opens a section; every other line is split at its first "=", and
+    /// nothing is trimmed around it. A line without "=" is a key with an empty value. The last
+    /// value of a repeated key is used.
     explicit EmbeddedSettings(std::wstring_view text);
 
-    /// The value of a key, empty when there is none. Letter case counts.
+    /// Returns the value of a key, empty when there is none. Case-sensitive.
     std::wstring_view Find(std::wstring_view section, std::wstring_view key) const;
 
   private:
@@ -30,8 +29,12 @@ class EmbeddedSettings {
 
     void AddLine(std::wstring_view line, std::wstring& section);
 
-    // Usually none, a dozen at most: a search tree would only be larger.
+    // A dozen entries at most; a search tree would only add code.
     std::vector<Entry> entries_;
 };
+
+/// Returns the embedded settings text: the resource "SETTINGS" of type RT_RCDATA
+/// (`FindResourceW`), UTF-8 with or without a byte-order mark. Empty when there is no resource.
+std::wstring LoadEmbeddedText();
 
 }  // namespace tarn

@@ -1,7 +1,5 @@
-#include "settings/embedded_text.h"
-
 #include "base/program.h"
-#include "base/windows.h"
+#include "settings/embedded_settings.h"
 
 namespace tarn {
 

@@ -27,7 +27,7 @@ std::wstring IniFile::Read(const wchar_t* section, const wchar_t* key, std::size
 
 std::wstring IniFile::GetValue(const wchar_t* section, const wchar_t* key) const {
     std::wstring value = Read(section, key, 1);
-    // A file of arbitrary bytes can hold a terminator inside a value.
+    // In a corrupt file a value may contain null characters.
     const std::size_t end = value.find(L'\0');
     if (end != std::wstring::npos) value.resize(end);
     return value;
@@ -41,7 +41,7 @@ std::wstring IniFile::ReadSectionNames() const {
 
 std::vector<std::wstring> IniFile::GetSectionNames() const {
     const std::wstring names = ReadSectionNames();
-    // An empty name ends the list.
+    // The list ends with an empty name.
     std::vector<std::wstring> result;
     for (std::size_t at = 0; at < names.size() && names[at] != L'\0';) {
         result.emplace_back(names.c_str() + at);

@@ -6,15 +6,15 @@ namespace tarn {
 
 int CountPossibleMatches(std::wstring_view names, std::wstring_view name) {
     constexpr int kUnknown = 2;
-    int places = names.empty() ? kUnknown : 0;
-    for (std::size_t at = 0; at < names.size() && places < kUnknown; ++at) {
-        // Terminators stand between the names. What else is not plain ASCII may be the same to
-        // Windows as something that is.
+    int matches = names.empty() ? kUnknown : 0;
+    for (std::size_t at = 0; at < names.size() && matches < kUnknown; ++at) {
+        // Null characters separate the names. Other characters outside ASCII may compare equal to
+        // ASCII characters in the profile functions.
         const wchar_t c = names[at];
         if (c != L'\0' && (c < L' ' || c > L'~')) return kUnknown;
-        if (EqualsIgnoringCase(names.substr(at, name.size()), name)) ++places;
+        if (EqualsIgnoringCase(names.substr(at, name.size()), name)) ++matches;
     }
-    return places;
+    return matches;
 }
 
 }  // namespace tarn

@@ -6,7 +6,6 @@
 #include "base/paths.h"
 #include "settings/ini_file.h"
 #include "settings/keys.h"
-#include "settings/settings_files.h"
 #include "settings/settings_paths.h"
 
 namespace tarn {

@@ -8,38 +8,38 @@
 
 namespace tarn {
 
-/// The main settings file over the settings built into the executable. A value in the file
-/// replaces the built-in one; a value in the section whose name ends in "+" is put behind it.
-/// Made where settings are needed and gone after that step.
+/// The main settings file layered over the embedded settings. A value in the file replaces the
+/// embedded value; a value in the section with "+" appended to its name is appended to it. Created
+/// by each stage that reads settings and destroyed at its end.
 class LayeredSettings : public IniFile {
   public:
     explicit LayeredSettings(std::wstring mainSettingsPath);
 
     std::wstring GetValue(const wchar_t* section, const wchar_t* key) const override;
 
-    /// The value in the main settings file alone.
+    /// Returns the value in the main settings file alone.
     std::wstring GetFileValue(const wchar_t* section, const wchar_t* key) const;
 
   private:
-    /// A section that has been looked into.
     struct Section {
         std::wstring name;
-        int looks = 0;
+        int reads = 0;
         std::wstring keys;
     };
 
-    bool MayHold(const wchar_t* section, const wchar_t* key) const;
+    bool MayContain(const wchar_t* section, const wchar_t* key) const;
 
     EmbeddedSettings embedded_;
-    // For every look into the file Windows opens it and reads it anew, and most keys are in hardly
-    // any file: so those are not looked for that are certainly not there.
+    // Each profile call reopens and parses the file, and most keys are absent from most files.
+    // Keys known to be absent are not queried.
     std::wstring sectionNames_;
-    mutable Section sections_[3];  // no step reads from more
+    mutable Section sections_[3];  // the largest number of sections that one stage reads
 };
 
-/// What a "+" section's value makes of the value below it: both with a blank in between, also when
-/// there is nothing below, for such values are lists that blanks separate. No blank is added when
-/// `appended` begins with one, and an empty `appended` changes nothing.
+/// Appends the value of a "+" section to the value of the layer below, separated by a space. The
+/// space is also added when `below` is empty, because such values are space-separated lists, but
+/// not when `appended` begins with a space (docs/developer/compatibility.md). An empty `appended`
+/// changes nothing.
 std::wstring AppendValue(std::wstring_view below, std::wstring_view appended);
 
 }  // namespace tarn

@@ -1,12 +1,10 @@
-#include "settings/layered_settings.h"
-
-#include "settings/embedded_text.h"
 #include "settings/ini_name_list.h"
+#include "settings/layered_settings.h"
 
 namespace tarn {
 namespace {
 
-// One look for the list of a section's keys pays when it saves two for a value.
+// Listing the keys of a section costs one profile call and saves the later ones for absent keys.
 constexpr int kReadsBeforeKeyList = 2;
 
 }  // namespace
@@ -16,14 +14,14 @@ LayeredSettings::LayeredSettings(std::wstring mainSettingsPath)
       embedded_(LoadEmbeddedText()),
       sectionNames_(ReadSectionNames()) {}
 
-bool LayeredSettings::MayHold(const wchar_t* section, const wchar_t* key) const {
-    const int places = CountPossibleMatches(sectionNames_, section);
-    // Of several sections of one name Windows lists the keys of one.
-    if (places != 1) return places != 0;
+bool LayeredSettings::MayContain(const wchar_t* section, const wchar_t* key) const {
+    const int matches = CountPossibleMatches(sectionNames_, section);
+    // Of several sections with the same name the profile functions list the keys of only one.
+    if (matches != 1) return matches != 0;
     for (Section& known : sections_) {
         if (known.name.empty()) known.name = section;
         if (known.name != section) continue;
-        if (++known.looks <= kReadsBeforeKeyList) return true;
+        if (++known.reads <= kReadsBeforeKeyList) return true;
         if (known.keys.empty()) known.keys = ReadKeyNames(section);
         return CountPossibleMatches(known.keys, key) != 0;
     }
@@ -31,7 +29,7 @@ bool LayeredSettings::MayHold(const wchar_t* section, const wchar_t* key) const 
 }
 
 std::wstring LayeredSettings::GetFileValue(const wchar_t* section, const wchar_t* key) const {
-    return MayHold(section, key) ? IniFile::GetValue(section, key) : std::wstring();
+    return MayContain(section, key) ? IniFile::GetValue(section, key) : std::wstring();
 }
 
 std::wstring LayeredSettings::GetValue(const wchar_t* section, const wchar_t* key) const {

@@ -6,26 +6,40 @@
 
 namespace tarn {
 
-/// What the settings files say about this application, read once at start. The keys that only one
-/// later step needs (class path, splash and the like) are read by that step.
+class ErrorReporter;
+
+/// The settings of this application, read once at start. Keys that only one later stage needs
+/// (class path, splash and others) are read by that stage.
 struct Settings {
     std::wstring productCode;
     std::wstring productName;
-    /// "Application Type" is "service": no single instance, and the JVM is destroyed, which waits
-    /// for the application's threads, when `main` has returned.
+    /// "Application Type" is "service": no single instance, and the JVM is destroyed after `main`
+    /// has returned, which waits for the application's non-daemon threads.
     bool serviceMode = false;
-    /// Read and kept for the application's author; nothing here acts on it.
+    /// "Omit Service Name" is not empty. Required but without effect:
+    /// docs/developer/compatibility.md.
     bool omitServiceName = false;
     bool failureCheck = false;
     bool overrideWorkingDir = false;
-    /// Program to start instead when the chosen `jvm.dll` is a 32-bit one.
+    /// The program started instead when the chosen `jvm.dll` is a 32-bit library.
     std::wstring pairProduct;
     bool pairReturnCode = false;
-    /// With '/' between packages and class.
+    /// The main class, with '/' as package separator.
     std::wstring mainClass;
     std::wstring systemPath;
     std::wstring libraryPath;
     RuntimeSearchPolicy policy;
 };
+
+/// Reads the settings of the launcher's executable into `settings`. Returns false when the path of
+/// the settings file cannot be derived or "Main Class" is empty. The failure has then been
+/// reported, unless the cause is an executable path without a '.'.
+bool ReadSettings(const ErrorReporter& errors, Settings& settings);
+
+/// Returns whether "JRE Path" is read from the per-user settings file, and stores that file's path
+/// in `perUser`: the file exists and the application is not a service. Product name, product code
+/// and service mode must have been read.
+bool UsesPerUserFile(const Settings& settings, const std::wstring& programPath,
+                     std::wstring& perUser);
 
 }  // namespace tarn

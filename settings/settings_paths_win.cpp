@@ -1,7 +1,6 @@
-#include "settings/settings_files.h"
-
 #include "base/paths.h"
 #include "base/windows.h"
+#include "settings/settings.h"
 #include "settings/settings_paths.h"
 
 namespace tarn {
@@ -14,7 +13,7 @@ std::optional<std::wstring> MainSettingsPath() {
 
 std::wstring PerUserSettingsPath(const Settings& settings, const std::wstring& programPath,
                                  bool createFolders) {
-    // The size is the limit itself: a longer folder could not hold a file that Windows opens.
+    // The limit on purpose: a longer folder could not contain a file that Windows opens.
     wchar_t appData[MAX_PATH];
     const DWORD length = GetEnvironmentVariableW(L"APPDATA", appData, MAX_PATH);
     const bool known = length != 0 && length < MAX_PATH;

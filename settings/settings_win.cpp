@@ -1,21 +1,15 @@
-#include "settings/read_settings.h"
-
 #include "base/paths.h"
 #include "base/text.h"
 #include "resources/ids.h"
+#include "settings/flags.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
-#include "settings/settings_files.h"
+#include "settings/settings.h"
 #include "settings/settings_paths.h"
 #include "ui/messages/error_reporter.h"
 
 namespace tarn {
 namespace {
-
-// One of the two forms of a flag; the other, exactly "yes", belongs to other keys.
-bool IsYes(const std::wstring& value) {
-    return EqualsIgnoringCase(value, L"Yes");
-}
 
 std::wstring ReadJrePath(const LayeredSettings& layered, const Settings& settings,
                          const std::wstring& programPath) {
@@ -30,7 +24,7 @@ std::wstring ReadJrePath(const LayeredSettings& layered, const Settings& setting
 
 bool UsesPerUserFile(const Settings& settings, const std::wstring& programPath,
                      std::wstring& perUser) {
-    // A service runs without the user whose file this would be.
+    // A service does not run as the user who starts the application.
     if (settings.serviceMode) return false;
     perUser = PerUserSettingsPath(settings, programPath, false);
     return FileExists(perUser);

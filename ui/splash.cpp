@@ -5,7 +5,7 @@
 #include "base/text.h"
 #include "settings/ini_file.h"
 #include "settings/keys.h"
-#include "settings/settings_files.h"
+#include "settings/settings_paths.h"
 #include "ui/native_splash.h"
 
 namespace tarn {

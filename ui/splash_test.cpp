@@ -4,7 +4,7 @@
 
 #include "settings/ini_file.h"
 #include "settings/keys.h"
-#include "settings/settings_files.h"
+#include "settings/settings_paths.h"
 #include "tests/unit_support/test_picture.h"
 
 namespace tarn {

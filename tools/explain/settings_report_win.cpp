@@ -1,10 +1,9 @@
 #include "tools/explain/settings_report.h"
 
 #include "settings/embedded_settings.h"
-#include "settings/embedded_text.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
-#include "settings/read_settings.h"
+#include "settings/settings.h"
 #include "settings/settings_paths.h"
 #include "tools/common/text_encoding.h"
 #include "tools/settings/known_keys.h"
