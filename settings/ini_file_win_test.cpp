@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "settings/ini_file_fixture.h"
+#include "settings/settings.h"
 #include "settings/settings_paths.h"
 
 namespace tarn {
