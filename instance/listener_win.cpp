@@ -3,6 +3,8 @@
 #include <memory>
 #include <new>
 
+#include "base/thread.h"
+
 namespace tarn {
 namespace {
 
@@ -33,11 +35,7 @@ bool Listener::Start(HandOffServer& server, DWORD* threadId) {
 
 void Listener::Stop() {
     if (!listenerThread_) return;
-    // Repeated without a pause: docs/developer/compatibility.md. The wait decides, because a thread
-    // may end with `STILL_ACTIVE` as its exit code.
-    do {
-        PostThreadMessageW(GetThreadId(listenerThread_.get()), WM_QUIT, 0, 0);
-    } while (WaitForSingleObject(listenerThread_.get(), 0) == WAIT_TIMEOUT);
+    QuitAndJoin(listenerThread_.get(), GetThreadId(listenerThread_.get()));
     listenerThread_.reset();
 }
 

@@ -48,7 +48,8 @@ using ArgumentArea = std::span<char16_t, kArgumentUnits>;
 using ConstArgumentArea = std::span<const char16_t, kArgumentUnits>;
 
 /// Overwrites the whole area with the arguments. Returns false, without a change of the area, when
-/// they do not fit: each needs a terminating zero, and the list another one.
+/// they do not fit: each needs a terminating zero, and the list another one. The size is fixed:
+/// docs/developer/compatibility.md.
 bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea area);
 
 /// Returns the arguments in an area of any content. A zero ends an argument, a second zero right

@@ -6,7 +6,7 @@ namespace tarn {
 
 namespace {
 
-/// Whether `later`, which stands right behind `earlier`, has to come before it.
+/// Whether `later`, the right neighbour of `earlier`, must come before it.
 bool ComesBefore(const RuntimeCandidate& later, const RuntimeCandidate& earlier,
                  const RuntimeSearchPolicy& policy) {
     switch (RankingRule(earlier, later, policy)) {
@@ -15,12 +15,28 @@ bool ComesBefore(const RuntimeCandidate& later, const RuntimeCandidate& earlier,
         case ChoiceReason::Server:
             return later.server;
         case ChoiceReason::Version:
+        case ChoiceReason::FoundEarlier:  // equal versions keep their order
             return CompareVersions(earlier.version, later.version) < 0;
         case ChoiceReason::PreferredVersion:
-        case ChoiceReason::FoundEarlier:
             break;
     }
     return false;
+}
+
+/// A stable bubble sort: docs/developer/compatibility.md.
+std::vector<const RuntimeCandidate*> Rank(std::span<const RuntimeCandidate> candidates,
+                                          const RuntimeSearchPolicy& policy) {
+    std::vector<const RuntimeCandidate*> ranked;
+    ranked.reserve(candidates.size());
+    for (const RuntimeCandidate& candidate : candidates) ranked.push_back(&candidate);
+    for (std::size_t pass = 0; pass < ranked.size(); ++pass) {
+        for (std::size_t second = 1; second < ranked.size(); ++second) {
+            if (ComesBefore(*ranked[second], *ranked[second - 1], policy)) {
+                std::swap(ranked[second], ranked[second - 1]);
+            }
+        }
+    }
+    return ranked;
 }
 
 }  // namespace
@@ -33,40 +49,29 @@ ChoiceReason RankingRule(const RuntimeCandidate& a, const RuntimeCandidate& b,
     return ChoiceReason::FoundEarlier;
 }
 
-std::vector<const RuntimeCandidate*> RankCandidates(std::span<const RuntimeCandidate> candidates,
-                                                    const RuntimeSearchPolicy& policy) {
-    std::vector<const RuntimeCandidate*> ranked;
-    ranked.reserve(candidates.size());
-    for (const RuntimeCandidate& candidate : candidates) ranked.push_back(&candidate);
-    // Only neighbours change places, so candidates that nothing tells apart keep their order, and
-    // as many passes as candidates bring the last one to the front.
-    for (std::size_t pass = 0; pass < ranked.size(); ++pass) {
-        for (std::size_t second = 1; second < ranked.size(); ++second) {
-            if (ComesBefore(*ranked[second], *ranked[second - 1], policy)) {
-                std::swap(ranked[second], ranked[second - 1]);
-            }
-        }
-    }
-    return ranked;
-}
-
-Pick PickRanked(std::span<const RuntimeCandidate* const> ranked,
-                const RuntimeSearchPolicy& policy) {
-    if (ranked.empty()) return {};
+CandidateChoice ChooseCandidate(std::span<const RuntimeCandidate> candidates,
+                                const RuntimeSearchPolicy& policy) {
+    CandidateChoice choice{Rank(candidates, policy), nullptr, std::nullopt};
+    if (choice.ranked.empty()) return choice;
+    choice.candidate = choice.ranked.front();
     for (std::size_t index = 0; index < policy.preferredVersions.size(); ++index) {
-        RuntimeVersion preferred;
-        // A text without digits is all zeros and so asks for any version.
-        ParseVersion(policy.preferredVersions[index], 0, preferred);
-        for (const RuntimeCandidate* candidate : ranked) {
-            if (MatchesPreferred(preferred, candidate->version)) return {candidate, index};
+        for (const RuntimeCandidate* candidate : choice.ranked) {
+            if (!MatchesPreferred(policy.preferredVersions[index], candidate->version)) continue;
+            choice.candidate = candidate;
+            choice.preferred = index;
+            return choice;
         }
     }
-    return {ranked.front(), std::nullopt};
+    return choice;
 }
 
-const RuntimeCandidate* ChooseCandidate(std::span<const RuntimeCandidate> candidates,
-                                        const RuntimeSearchPolicy& policy) {
-    return PickRanked(RankCandidates(candidates, policy), policy).candidate;
+ChoiceReason ReasonAgainst(const RuntimeCandidate& other, const CandidateChoice& choice,
+                           const RuntimeSearchPolicy& policy) {
+    if (choice.preferred &&
+        !MatchesPreferred(policy.preferredVersions[*choice.preferred], other.version)) {
+        return ChoiceReason::PreferredVersion;
+    }
+    return RankingRule(*choice.candidate, other, policy);
 }
 
 }  // namespace tarn

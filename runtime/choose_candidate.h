@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -10,50 +11,50 @@
 
 namespace tarn {
 
-/// A registered runtime that would do.
+/// A runtime that a search admitted.
 struct RuntimeCandidate {
-    /// From the name of its registry key.
+    /// Parsed from the name of its registry key.
     RuntimeVersion version;
     /// Ends in a backslash.
     std::wstring home;
-    /// The library found in it is a server JVM.
+    /// The `jvm.dll` found in the home is a server JVM.
     bool server = false;
     /// Of the favoured kind and of the favoured provider.
     bool favored = false;
 };
 
-/// The candidates from the best to the worst; those that nothing tells apart stay in the order in
-/// which they were found.
-std::vector<const RuntimeCandidate*> RankCandidates(std::span<const RuntimeCandidate> candidates,
-                                                    const RuntimeSearchPolicy& policy);
+/// What puts one candidate before another.
+enum class ChoiceReason {
+    PreferredVersion,  ///< it has a preferred version, the other does not
+    Favored,           ///< it is of the favoured kind and provider, the other is not
+    Server,            ///< it has a server JVM, the other does not
+    Version,           ///< it is newer
+    FoundEarlier,      ///< no rule distinguishes them
+};
 
-/// The candidate to use, and which of the preferred versions asked for it.
-struct Pick {
-    /// Null when there is no candidate.
+/// Returns the rule that ranks two candidates, whichever of them it puts first. The preferred
+/// versions are no ranking rule: they select from the ranked list.
+ChoiceReason RankingRule(const RuntimeCandidate& a, const RuntimeCandidate& b,
+                         const RuntimeSearchPolicy& policy);
+
+/// A choice among candidates. Points to the candidates that it was made from.
+struct CandidateChoice {
+    /// All candidates, the best first; those that no rule distinguishes in the order in which they
+    /// were found.
+    std::vector<const RuntimeCandidate*> ranked;
+    /// The candidate to use: the best one of the first preferred version that any candidate has,
+    /// otherwise the best of all. Null when there are no candidates.
     const RuntimeCandidate* candidate = nullptr;
-    /// Index in the policy's preferred versions; empty when the best candidate was taken.
+    /// Index of that preferred version in the policy; empty when none selected the candidate.
     std::optional<std::size_t> preferred;
 };
 
-/// Picks from ranked candidates: the best one of the first preferred version that any of them has,
-/// else the best of all.
-Pick PickRanked(std::span<const RuntimeCandidate* const> ranked, const RuntimeSearchPolicy& policy);
+/// Ranks the candidates and chooses the one to use. The candidates must outlive the result.
+CandidateChoice ChooseCandidate(std::span<const RuntimeCandidate> candidates,
+                                const RuntimeSearchPolicy& policy);
 
-/// The candidate to use, null when there is none: ranks and picks.
-const RuntimeCandidate* ChooseCandidate(std::span<const RuntimeCandidate> candidates,
-                                        const RuntimeSearchPolicy& policy);
-
-/// What puts one candidate before another.
-enum class ChoiceReason {
-    PreferredVersion,  ///< it is of a preferred version, the other is not
-    Favored,           ///< it is of the favoured kind and provider, the other is not
-    Server,            ///< it has a server JVM, the other has not
-    Version,           ///< it is newer
-    FoundEarlier,      ///< nothing else tells them apart
-};
-
-/// What ranks two candidates, whichever of them it puts first.
-ChoiceReason RankingRule(const RuntimeCandidate& a, const RuntimeCandidate& b,
-                         const RuntimeSearchPolicy& policy);
+/// Returns what put the chosen candidate before `other`.
+ChoiceReason ReasonAgainst(const RuntimeCandidate& other, const CandidateChoice& choice,
+                           const RuntimeSearchPolicy& policy);
 
 }  // namespace tarn

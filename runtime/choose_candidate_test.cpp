@@ -12,11 +12,11 @@ RuntimeCandidate Candidate(const wchar_t* version, const wchar_t* home, bool ser
     return candidate;
 }
 
-/// The homes of the ranked candidates, one after the other.
+/// The homes of the ranked candidates, concatenated.
 std::wstring Ranked(const std::vector<RuntimeCandidate>& candidates,
                     const RuntimeSearchPolicy& policy = {}) {
     std::wstring homes;
-    for (const RuntimeCandidate* candidate : RankCandidates(candidates, policy)) {
+    for (const RuntimeCandidate* candidate : ChooseCandidate(candidates, policy).ranked) {
         homes += candidate->home;
     }
     return homes;
@@ -24,30 +24,30 @@ std::wstring Ranked(const std::vector<RuntimeCandidate>& candidates,
 
 std::wstring Chosen(const std::vector<RuntimeCandidate>& candidates,
                     const RuntimeSearchPolicy& policy = {}) {
-    const RuntimeCandidate* const chosen = ChooseCandidate(candidates, policy);
+    const RuntimeCandidate* const chosen = ChooseCandidate(candidates, policy).candidate;
     return chosen != nullptr ? chosen->home : L"nothing";
 }
 
-TEST(ChooseCandidateTest, NothingIsChosenFromNothing) {
+TEST(ChooseCandidateTest, ChoosesNothingWithoutCandidates) {
     EXPECT_EQ(Chosen({}), L"nothing");
     RuntimeSearchPolicy policy;
     policy.preferredVersions = {L"", L"17"};
     EXPECT_EQ(Chosen({}, policy), L"nothing");
 }
 
-TEST(ChooseCandidateTest, TheNewestComesFirst) {
+TEST(ChooseCandidateTest, RanksTheNewestFirst) {
     EXPECT_EQ(Ranked({Candidate(L"1.8", L"a"), Candidate(L"11.0.2", L"b"), Candidate(L"9", L"c"),
                       Candidate(L"1.8.0_231", L"d")}),
               L"bcda");
 }
 
-TEST(ChooseCandidateTest, TiesKeepTheOrderInWhichTheyWereFound) {
+TEST(ChooseCandidateTest, KeepsTheOrderOfEqualVersions) {
     EXPECT_EQ(Ranked({Candidate(L"8", L"a"), Candidate(L"17", L"b"), Candidate(L"17.0", L"c"),
                       Candidate(L"17.0.0.0", L"d"), Candidate(L"21", L"e")}),
               L"ebcda");
 }
 
-TEST(ChooseCandidateTest, AServerJvmCountsOnlyWhenFavoured) {
+TEST(ChooseCandidateTest, RanksAServerJvmFirstOnlyWhenFavoured) {
     const std::vector<RuntimeCandidate> candidates = {Candidate(L"11", L"a", false),
                                                       Candidate(L"1.8", L"b", true),
                                                       Candidate(L"1.7", L"c", true)};
@@ -60,7 +60,7 @@ TEST(ChooseCandidateTest, AServerJvmCountsOnlyWhenFavoured) {
     EXPECT_EQ(Ranked(candidates, policy), L"bca");
 }
 
-TEST(ChooseCandidateTest, TheFavouredSourceOverridesServerAndVersion) {
+TEST(ChooseCandidateTest, RanksTheFavouredSourceBeforeServerAndVersion) {
     const std::vector<RuntimeCandidate> candidates = {
         Candidate(L"21", L"a", true, false), Candidate(L"17", L"b", false, false),
         Candidate(L"11", L"c", false, true), Candidate(L"1.8", L"d", true, true)};
@@ -74,7 +74,7 @@ TEST(ChooseCandidateTest, TheFavouredSourceOverridesServerAndVersion) {
     EXPECT_EQ(Ranked(candidates, policy), L"abcd");
 }
 
-TEST(ChooseCandidateTest, TheFirstPreferredVersionThatIsThereIsChosen) {
+TEST(ChooseCandidateTest, ChoosesTheFirstPreferredVersionThatIsAvailable) {
     const std::vector<RuntimeCandidate> candidates = {
         Candidate(L"11.0.2", L"a"), Candidate(L"1.8.0_231", L"b"), Candidate(L"1.7.0_80", L"c"),
         Candidate(L"1.8.0_100", L"d")};
@@ -89,7 +89,7 @@ TEST(ChooseCandidateTest, TheFirstPreferredVersionThatIsThereIsChosen) {
     EXPECT_EQ(Chosen(candidates, policy), L"a");
 }
 
-TEST(ChooseCandidateTest, APieceWithoutDigitsAsksForTheBest) {
+TEST(ChooseCandidateTest, APieceWithoutDigitsSelectsTheBest) {
     const std::vector<RuntimeCandidate> candidates = {Candidate(L"1.7", L"a"),
                                                       Candidate(L"17", L"b")};
     RuntimeSearchPolicy policy;
@@ -101,7 +101,7 @@ TEST(ChooseCandidateTest, APieceWithoutDigitsAsksForTheBest) {
     }
 }
 
-TEST(ChooseCandidateTest, APreferredVersionIsTakenFromTheRankedList) {
+TEST(ChooseCandidateTest, APreferredVersionSelectsFromTheRankedList) {
     const std::vector<RuntimeCandidate> candidates = {Candidate(L"1.8.0_231", L"a", false, false),
                                                       Candidate(L"1.8.0_100", L"b", false, true),
                                                       Candidate(L"17", L"c", false, true)};
@@ -110,17 +110,27 @@ TEST(ChooseCandidateTest, APreferredVersionIsTakenFromTheRankedList) {
     EXPECT_EQ(Chosen(candidates, policy), L"b");
 }
 
-TEST(PickRankedTest, TellsWhichPreferredVersionChose) {
+TEST(ChooseCandidateTest, ReportsThePreferredVersionThatSelected) {
     const std::vector<RuntimeCandidate> candidates = {Candidate(L"17", L"a"),
                                                       Candidate(L"11", L"b")};
     RuntimeSearchPolicy policy;
     policy.preferredVersions = {L"21", L"11", L"17"};
-    EXPECT_EQ(PickRanked(RankCandidates(candidates, policy), policy).preferred, 1);
+    EXPECT_EQ(ChooseCandidate(candidates, policy).preferred, 1);
     policy.preferredVersions = {L"21"};
-    EXPECT_EQ(PickRanked(RankCandidates(candidates, policy), policy).preferred, std::nullopt);
+    EXPECT_EQ(ChooseCandidate(candidates, policy).preferred, std::nullopt);
 }
 
-TEST(RankingRuleTest, NamesTheStrongestDifference) {
+TEST(ReasonAgainstTest, ReportsAPreferredVersionBeforeTheRankingRules) {
+    const std::vector<RuntimeCandidate> candidates = {
+        Candidate(L"17", L"a"), Candidate(L"11.0.2", L"b"), Candidate(L"11.0.1", L"c")};
+    RuntimeSearchPolicy policy;
+    policy.preferredVersions = {L"11"};
+    const CandidateChoice choice = ChooseCandidate(candidates, policy);
+    EXPECT_EQ(ReasonAgainst(candidates[0], choice, policy), ChoiceReason::PreferredVersion);
+    EXPECT_EQ(ReasonAgainst(candidates[2], choice, policy), ChoiceReason::Version);
+}
+
+TEST(RankingRuleTest, ReturnsTheFirstRuleThatDistinguishes) {
     RuntimeSearchPolicy policy;
     policy.jvmType = JvmType::FavorServer;
     const RuntimeCandidate one = Candidate(L"17", L"a", true, true);

@@ -1,5 +1,5 @@
-// For unit tests only: a registry and the runtimes it names, written down by a test, and a record
-// of all that the search looked at.
+// For unit tests only: a registry and runtimes that a test describes, and a log of what the search
+// reads.
 #pragma once
 
 #include <map>
@@ -19,12 +19,12 @@ struct FakeSubkey {
 };
 
 struct FakeMachine {
-    /// By the root's key; a root that is not here cannot be opened.
+    /// By the root's key. Other roots cannot be opened.
     std::map<std::wstring, std::vector<FakeSubkey>> roots;
     /// Full paths of the `jvm.dll` files.
     std::set<std::wstring> libraries;
 
-    /// Makes `folders` (each "client", "server" ...) those of the runtime at `home`.
+    /// Adds a `jvm.dll` to each of the `folders` ("client", "server" ...) of the runtime in `home`.
     void AddRuntime(const std::wstring& home, const std::vector<std::wstring>& folders) {
         for (const std::wstring& folder : folders) {
             libraries.insert(home + L"bin\\" + folder + L"\\jvm.dll");
@@ -32,13 +32,13 @@ struct FakeMachine {
     }
 };
 
-/// What the search is shown of such a machine.
+/// The registry reader of `SearchRegistry` for such a machine.
 class FakeRegistry {
   public:
     explicit FakeRegistry(const FakeMachine& machine) : machine_(machine) {}
 
     bool OpenRoot(const wchar_t* key) {
-        lookUps.push_back(std::wstring(L"root ") + key);
+        reads.push_back(std::wstring(L"root ") + key);
         const auto found = machine_.roots.find(key);
         root_ = found != machine_.roots.end() ? &found->second : nullptr;
         next_ = 0;
@@ -52,7 +52,7 @@ class FakeRegistry {
     }
 
     HomeValue ReadHome(const std::wstring& name) {
-        lookUps.push_back(L"key " + name);
+        reads.push_back(L"key " + name);
         for (const FakeSubkey& subkey : *root_) {
             if (subkey.name != name) continue;
             return subkey.opens ? HomeValue{true, subkey.javaHome} : HomeValue{};
@@ -61,7 +61,7 @@ class FakeRegistry {
     }
 
     bool FindJvm(const std::wstring& home, JvmType type, bool& server) {
-        lookUps.push_back(L"home " + home);
+        reads.push_back(L"home " + home);
         for (const JvmLibraryPlace& place : JvmLibraryPlaces(type)) {
             if (!machine_.libraries.contains(home + std::wstring(place.path))) continue;
             server = place.server;
@@ -70,8 +70,8 @@ class FakeRegistry {
         return false;
     }
 
-    /// In their order: "root KEY", "key NAME", "home HOME".
-    std::vector<std::wstring> lookUps;
+    /// In order: "root KEY", "key NAME", "home HOME".
+    std::vector<std::wstring> reads;
 
   private:
     const FakeMachine& machine_;

@@ -8,26 +8,26 @@
 
 namespace tarn {
 
-/// The runtime that this launch uses.
+/// The runtime that a launch uses.
 struct RuntimeChoice {
-    /// Ends in a backslash; empty for a library found below the current directory.
+    /// Ends in a backslash; empty when the library is below the current directory.
     std::wstring runtimeHome;
-    /// Full path of the `jvm.dll`, empty until one is found.
+    /// Path of the `jvm.dll`; empty until one is found.
     std::wstring jvmLibraryPath;
     /// All zeros unless the runtime came from the registry.
     RuntimeVersion version;
-    /// The `jvm.dll` is a 32-bit one, so the paired launcher has to start it.
+    /// The `jvm.dll` is a 32-bit one, which only the paired launcher can load.
     bool pairedLaunch = false;
 };
 
-/// Asks the sources in their order: the configured "JRE Path", the runtime shipped beside the
-/// launcher, the registry. The first that yields a `jvm.dll` fills `choice`, whether it is one for
-/// the paired launcher included. Returns false when none does. Nothing on the way is reported to
-/// the user.
+/// Searches the sources in their order: the configured "JRE Path", the runtime shipped with the
+/// launcher, the registry (with a "Pair Product" its 32-bit view, too). The first source with a
+/// `jvm.dll` fills `choice` and ends the search. Returns false when no source has one. Shows no
+/// message.
 bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
                  RuntimeChoice& choice);
 
-/// The same search, for a caller who wants to know how it went.
+/// Performs the same search and appends what each source, root and subkey yielded to `report`.
 bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
                  RuntimeChoice& choice, SearchReport& report);
 

@@ -4,37 +4,16 @@
 
 #include "base/paths.h"
 #include "base/text.h"
-#include "runtime/pe_header.h"
 #include "runtime/jvm_library.h"
-#include "runtime/registry_search.h"
+#include "runtime/pe_header.h"
 #include "runtime/registry_reader.h"
+#include "runtime/registry_search.h"
 
 namespace tarn {
 
 namespace {
 
-/// Takes the runtime in the source's home when it has a JVM of the wanted type.
-void TakeHome(const RuntimeSearchPolicy& policy, RuntimeChoice& choice, SourceReport& source) {
-    bool server = false;
-    std::wstring path = SelectJvmLibrary(source.home, policy.jvmType, server);
-    if (path.empty()) {
-        source.verdict = SourceVerdict::NoJvmLibrary;
-        return;
-    }
-    choice.runtimeHome = source.home;
-    choice.jvmLibraryPath = std::move(path);
-    source.verdict = SourceVerdict::Taken;
-}
-
-SourceReport FindConfigured(const RuntimeSearchPolicy& policy, RuntimeChoice& choice) {
-    SourceReport source{RuntimeSource::Configured, SourceVerdict::NotConfigured};
-    if (policy.jrePath.empty()) return source;
-    source.home = EnsureTrailing(policy.jrePath, L'\\');
-    TakeHome(policy, choice, source);
-    return source;
-}
-
-/// The home of the runtime shipped in or below the launcher's folder; empty when there is none.
+/// Returns the home of the runtime shipped in or below the launcher's folder; empty without one.
 std::wstring ShippedHome(const std::wstring& folder) {
     for (const wchar_t* below : {L"", L"jre64\\"}) {
         std::wstring home = Concat({folder, below});
@@ -43,73 +22,95 @@ std::wstring ShippedHome(const std::wstring& folder) {
     return {};
 }
 
-SourceReport FindShipped(const RuntimeSearchPolicy& policy, RuntimeChoice& choice) {
-    SourceReport source{RuntimeSource::Shipped, SourceVerdict::NoModuleFolder};
-    const std::optional<std::wstring> folder = ModuleFolder();
-    if (!folder || folder->empty()) return source;
-    // Without a shipped runtime the empty home looks below the current directory.
-    source.home = ShippedHome(*folder);
-    TakeHome(policy, choice, source);
-    return source;
-}
-
-/// `kWithReport` asks for a word on every root and subkey.
+/// One search. Each source is an operation that returns whether it has filled the choice, and
+/// `Find` calls them in their order. Without `kWithReport` no code for reports is generated.
 template <bool kWithReport>
-SourceReport FindRegistered(RuntimeSource kind, REGSAM access, const RuntimeSearchPolicy& policy,
-                            RuntimeChoice& choice) {
-    SourceReport source{kind, SourceVerdict::NoCandidate};
-    RegistryReader registry(access);
-    const std::optional<RuntimeCandidate> found =
-        SearchRegistry(policy, registry, kWithReport ? &source : nullptr);
-    if (!found) return source;
-    source.home = found->home;
-    choice.version = found->version;
-    // Looked for once more: the type that admitted the candidate need not be the one that is
-    // loaded.
-    TakeHome(policy, choice, source);
-    return source;
-}
+class RuntimeFinder {
+  public:
+    RuntimeFinder(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
+                  RuntimeChoice& choice, SearchReport* report)
+        : policy_(policy), pairProduct_(pairProduct), choice_(choice), report_(report) {}
 
-/// Written once for both: a program that asks for no report has none of the code for it.
-template <bool kReport>
-bool Find(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct, RuntimeChoice& choice,
-          [[maybe_unused]] SearchReport* report) {
-    const auto note = [&](SourceReport&& source) {
-        const SourceVerdict verdict = source.verdict;
-        if constexpr (kReport) report->sources.push_back(std::move(source));
-        return verdict;
-    };
+    bool Find() { return FindConfigured() || FindShipped() || FindRegistered(); }
 
-    if (note(FindConfigured(policy, choice)) == SourceVerdict::Taken) {
-        // The setting may name a runtime that only the paired launcher can load.
-        choice.pairedLaunch = NeedsPairedLauncher(choice.jvmLibraryPath, pairProduct);
+  private:
+    bool FindConfigured() {
+        SourceReport source{RuntimeSource::Configured, SourceVerdict::NotConfigured};
+        if (!policy_.jrePath.empty()) TryHome(EnsureTrailing(policy_.jrePath, L'\\'), source);
+        if (Report(std::move(source)) != SourceVerdict::Taken) return false;
+        // Of this source only: docs/developer/compatibility.md.
+        choice_.pairedLaunch = NeedsPairedLauncher(choice_.jvmLibraryPath, pairProduct_);
         return true;
     }
-    if (note(FindShipped(policy, choice)) == SourceVerdict::Taken) return true;
 
-    const SourceVerdict own =
-        note(FindRegistered<kReport>(RuntimeSource::Registry, KEY_READ, policy, choice));
-    if (own != SourceVerdict::NoCandidate) return own == SourceVerdict::Taken;
-    if (pairProduct.empty()) {
-        note({RuntimeSource::PairedRegistry, SourceVerdict::NoPairProduct});
-        return false;
+    bool FindShipped() {
+        SourceReport source{RuntimeSource::Shipped, SourceVerdict::NoModuleFolder};
+        const std::optional<std::wstring> folder = ModuleFolder();
+        // An empty home is the current directory: docs/developer/compatibility.md.
+        if (folder && !folder->empty()) TryHome(ShippedHome(*folder), source);
+        return Report(std::move(source)) == SourceVerdict::Taken;
     }
-    const SourceVerdict paired = note(FindRegistered<kReport>(
-        RuntimeSource::PairedRegistry, KEY_READ | KEY_WOW64_32KEY, policy, choice));
-    choice.pairedLaunch = paired == SourceVerdict::Taken;
-    return choice.pairedLaunch;
-}
+
+    /// Searches the 64-bit view and, for the paired launcher, the 32-bit view.
+    bool FindRegistered() {
+        const SourceVerdict own = SearchView(RuntimeSource::Registry, KEY_READ);
+        if (own != SourceVerdict::NoCandidate) return own == SourceVerdict::Taken;
+        if (pairProduct_.empty()) {
+            Report({RuntimeSource::PairedRegistry, SourceVerdict::NoPairProduct});
+            return false;
+        }
+        choice_.pairedLaunch = SearchView(RuntimeSource::PairedRegistry,
+                                          KEY_READ | KEY_WOW64_32KEY) == SourceVerdict::Taken;
+        return choice_.pairedLaunch;
+    }
+
+    SourceVerdict SearchView(RuntimeSource kind, REGSAM access) {
+        SourceReport source{kind, SourceVerdict::NoCandidate};
+        RegistryReader registry(access);
+        std::optional<RuntimeCandidate> found =
+            SearchRegistry(policy_, registry, kWithReport ? &source : nullptr);
+        if (found) {
+            choice_.version = found->version;
+            // Selected again, because a root may have admitted the candidate with another JVM type.
+            TryHome(std::move(found->home), source);
+        }
+        return Report(std::move(source));
+    }
+
+    /// Fills the choice when the home has a JVM library of the wanted type.
+    void TryHome(std::wstring home, SourceReport& source) {
+        bool server = false;
+        std::wstring path = SelectJvmLibrary(home, policy_.jvmType, server);
+        source.verdict = path.empty() ? SourceVerdict::NoJvmLibrary : SourceVerdict::Taken;
+        if (!path.empty()) {
+            choice_.runtimeHome = home;
+            choice_.jvmLibraryPath = std::move(path);
+        }
+        source.home = std::move(home);
+    }
+
+    SourceVerdict Report(SourceReport&& source) {
+        const SourceVerdict verdict = source.verdict;
+        if constexpr (kWithReport) report_->sources.push_back(std::move(source));
+        return verdict;
+    }
+
+    const RuntimeSearchPolicy& policy_;
+    const std::wstring& pairProduct_;
+    RuntimeChoice& choice_;
+    [[maybe_unused]] SearchReport* const report_;
+};
 
 }  // namespace
 
 bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
                  RuntimeChoice& choice) {
-    return Find<false>(policy, pairProduct, choice, nullptr);
+    return RuntimeFinder<false>(policy, pairProduct, choice, nullptr).Find();
 }
 
 bool FindRuntime(const RuntimeSearchPolicy& policy, const std::wstring& pairProduct,
                  RuntimeChoice& choice, SearchReport& report) {
-    return Find<true>(policy, pairProduct, choice, &report);
+    return RuntimeFinder<true>(policy, pairProduct, choice, &report).Find();
 }
 
 }  // namespace tarn

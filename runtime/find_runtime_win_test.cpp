@@ -11,7 +11,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A folder that becomes the current one for a while.
+/// Changes the current directory for its lifetime.
 class CurrentFolder {
   public:
     explicit CurrentFolder(const std::wstring& folder) { std::filesystem::current_path(folder); }
@@ -23,7 +23,7 @@ class CurrentFolder {
     std::filesystem::path before_ = std::filesystem::current_path();
 };
 
-/// The test program has no runtime beside it, so its own folder never answers.
+/// The test program's folder contains no runtime, so that source never yields one.
 class FindRuntimeTest : public testing::Test {
   protected:
     FindRuntimeTest() {
@@ -31,7 +31,7 @@ class FindRuntimeTest : public testing::Test {
         policy_.maximum = MaximumBound(L"any");
     }
 
-    /// Asks for the runtime with reasons and without, which must come to the same.
+    /// Searches with and without a report, which must agree.
     bool Find(const std::wstring& pairProduct = L"") {
         RuntimeChoice quiet;
         const bool found = FindRuntime(policy_, pairProduct, quiet);
@@ -60,7 +60,7 @@ class FindRuntimeTest : public testing::Test {
     SearchReport report_;
 };
 
-TEST_F(FindRuntimeTest, NothingIsFoundWhereNothingIs) {
+TEST_F(FindRuntimeTest, FailsWithoutAnyRuntime) {
     EXPECT_FALSE(Find());
     EXPECT_THAT(Verdicts(), ElementsAre(SourceVerdict::NotConfigured, SourceVerdict::NoJvmLibrary,
                                         SourceVerdict::NoCandidate, SourceVerdict::NoPairProduct));
@@ -70,7 +70,7 @@ TEST_F(FindRuntimeTest, NothingIsFoundWhereNothingIs) {
     EXPECT_FALSE(choice_.pairedLaunch);
 }
 
-TEST_F(FindRuntimeTest, TheConfiguredRuntimeIsTakenWhateverTheBounds) {
+TEST_F(FindRuntimeTest, UsesTheConfiguredRuntimeWithoutAVersionCheck) {
     runtimes_.Write(L"x\\bin\\client\\jvm.dll");
     policy_.jrePath = runtimes_.path() + L"x";
     policy_.maximum = MaximumBound(L"");
@@ -84,7 +84,7 @@ TEST_F(FindRuntimeTest, TheConfiguredRuntimeIsTakenWhateverTheBounds) {
     EXPECT_EQ(choice_.runtimeHome, runtimes_.path() + L"x\\");
 }
 
-TEST_F(FindRuntimeTest, AConfiguredPathIsTakenAsItStands) {
+TEST_F(FindRuntimeTest, UsesTheConfiguredPathWithoutExpansion) {
     current_.Write(L"mine\\bin\\server\\jvm.dll");
     policy_.jrePath = L"mine";
     ASSERT_TRUE(Find());
@@ -95,7 +95,7 @@ TEST_F(FindRuntimeTest, AConfiguredPathIsTakenAsItStands) {
     SetEnvironmentVariableW(L"TARN_HOME_FOR_TEST", nullptr);
 }
 
-TEST_F(FindRuntimeTest, AConfiguredFolderWithoutAJvmIsPassedOver) {
+TEST_F(FindRuntimeTest, SkipsAConfiguredFolderWithoutAJvm) {
     current_.Write(L"bin\\client\\jvm.dll");
     policy_.jrePath = runtimes_.path();
     ASSERT_TRUE(Find());
@@ -104,7 +104,7 @@ TEST_F(FindRuntimeTest, AConfiguredFolderWithoutAJvmIsPassedOver) {
     EXPECT_THAT(Verdicts(), ElementsAre(SourceVerdict::NoJvmLibrary, SourceVerdict::Taken));
 }
 
-TEST_F(FindRuntimeTest, TheCurrentDirectoryComesBeforeTheRegistry) {
+TEST_F(FindRuntimeTest, SearchesTheCurrentDirectoryBeforeTheRegistry) {
     runtimes_.Write(L"17\\bin\\server\\jvm.dll");
     hive_.SetText(L"Software\\JavaSoft\\JDK\\17", runtimes_.path() + L"17");
     current_.Write(L"bin\\server\\jvm.dll");
@@ -121,7 +121,7 @@ TEST_F(FindRuntimeTest, TheCurrentDirectoryComesBeforeTheRegistry) {
     EXPECT_EQ(report_.sources[2].home, choice_.runtimeHome);
 }
 
-TEST_F(FindRuntimeTest, AnOldRuntimeIsLoadedWithTheFavouredServerJvm) {
+TEST_F(FindRuntimeTest, LoadsTheFavouredServerJvmOfAnOlderRuntime) {
     runtimes_.Write(L"8\\bin\\server\\jvm.dll");
     runtimes_.Write(L"8\\bin\\client\\jvm.dll");
     hive_.SetText(L"Software\\JavaSoft\\Java Runtime Environment\\1.8", runtimes_.path() + L"8");
@@ -131,7 +131,7 @@ TEST_F(FindRuntimeTest, AnOldRuntimeIsLoadedWithTheFavouredServerJvm) {
     EXPECT_FALSE(report_.sources.back().roots[3].subkeys[0].runtime.server);
 }
 
-TEST_F(FindRuntimeTest, OnlyAConfiguredRuntimeIsAskedForItsWidth) {
+TEST_F(FindRuntimeTest, ChecksTheMachineOfAConfiguredRuntimeOnly) {
     std::string headers(128, '\0');
     headers.replace(0, 2, "MZ");
     headers[60] = 64;
@@ -148,7 +148,7 @@ TEST_F(FindRuntimeTest, OnlyAConfiguredRuntimeIsAskedForItsWidth) {
     EXPECT_FALSE(choice_.pairedLaunch);
 }
 
-TEST_F(FindRuntimeTest, HomesThatCannotBeAreNoCandidates) {
+TEST_F(FindRuntimeTest, InvalidHomesAreNoCandidates) {
     const wchar_t* root = L"Software\\JavaSoft\\JRE\\";
     const std::wstring homes[] = {
         L"Q:\\Java", L"\\\\nowhere\\share",    L"??",           L"con",         L".",

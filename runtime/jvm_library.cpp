@@ -6,6 +6,7 @@ namespace tarn {
 
 namespace {
 
+// One list for all types, so the server JVM is in it twice: docs/developer/compatibility.md.
 constexpr JvmLibraryPlace kPlaces[] = {
     {L"bin\\server\\jvm.dll", true},   {L"bin\\client\\jvm.dll", false},
     {L"bin\\classic\\jvm.dll", false}, {L"bin\\hotspot\\jvm.dll", false},

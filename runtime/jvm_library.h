@@ -8,41 +8,42 @@
 
 namespace tarn {
 
-/// A place inside a runtime's home where a `jvm.dll` can stand.
+/// A path relative to a runtime's home where a `jvm.dll` may be.
 struct JvmLibraryPlace {
     std::wstring_view path;
+    /// The library at this path is a server JVM.
     bool server;
 };
 
-/// Where to look for the library that `type` asks for, in this order. A server JVM that is only
-/// favoured is looked for once more among the others: the order is the one that applications were
-/// set up with.
+/// Returns the places to try for a JVM type, in order.
 std::span<const JvmLibraryPlace> JvmLibraryPlaces(JvmType type);
 
-/// The path with its last `count` components cut off, each at the last backslash; without one the
-/// text stays.
+/// Returns the path without its last `count` components, each cut at the last backslash. A path
+/// without a backslash stays as it is.
 std::wstring_view CutComponents(std::wstring_view path, int count);
 
-/// The home of the runtime that a `jvm.dll` belongs to, without a backslash at its end.
+/// Returns the home of the runtime that a `jvm.dll` belongs to, without a trailing backslash.
 inline std::wstring_view RuntimeHomeOf(std::wstring_view jvmLibraryPath) {
     return CutComponents(jvmLibraryPath, 3);
 }
 
-/// The `bin` folder of the runtime that a `jvm.dll` belongs to, without a backslash at its end.
+/// Returns the `bin` folder of the runtime that a `jvm.dll` belongs to, without a trailing
+/// backslash.
 inline std::wstring_view RuntimeBinOf(std::wstring_view jvmLibraryPath) {
     return CutComponents(jvmLibraryPath, 2);
 }
 
-/// The `jvm.dll` of the runtime in `home` that `type` asks for, empty when it has none. `home` must
-/// end in a backslash; an empty one looks below the current directory. `server` becomes true or
-/// false with a result and keeps its value without one. Existence is asked of `FindFirstFileW`.
+/// Returns the path of the `jvm.dll` in `home` for a JVM type; empty when there is none. `home`
+/// ends in a backslash; an empty one makes the path relative to the current directory. Sets
+/// `server` only when a library is found. Tests existence with `FindFirstFileW`.
 std::wstring SelectJvmLibrary(const std::wstring& home, JvmType type, bool& server);
 
-/// Tells the application and its child processes which runtime was chosen, through the environment
-/// variables `TARN_JVM_PATH` and `TARN_JVM_HOME`. A failure is ignored.
+/// Sets the environment variables `TARN_JVM_PATH` and `TARN_JVM_HOME` for the application and its
+/// child processes (`SetEnvironmentVariableW`). Failures are ignored.
 void PublishJvmLocation(const std::wstring& jvmLibraryPath);
 
-/// The full path of a file in the chosen runtime's `bin` folder, empty when it is not there.
+/// Returns the path of a file in the `bin` folder of the library's runtime; empty when there is no
+/// such file.
 std::wstring FindInRuntimeBin(const std::wstring& jvmLibraryPath, std::wstring_view fileName);
 
 }  // namespace tarn

@@ -28,7 +28,7 @@ TEST(JvmLibraryPlacesTest, EachTypeHasItsOrder) {
                 testing::ElementsAre(server, client, classic, hotspot, server, jrockit));
 }
 
-TEST(JvmLibraryPlacesTest, OnlyTheServerFolderHoldsAServerJvm) {
+TEST(JvmLibraryPlacesTest, OnlyTheServerFolderContainsAServerJvm) {
     for (const JvmLibraryPlace& place : JvmLibraryPlaces(JvmType::FavorServer)) {
         EXPECT_EQ(place.server, place.path == L"bin\\server\\jvm.dll");
     }
@@ -41,7 +41,7 @@ TEST(CutComponentsTest, CutsAtTheLastBackslashEachTime) {
     EXPECT_EQ(CutComponents(L"C:\\a\\\\c.dll", 2), L"C:\\a");
 }
 
-TEST(CutComponentsTest, WithoutABackslashTheTextStays) {
+TEST(CutComponentsTest, KeepsATextWithoutABackslash) {
     EXPECT_EQ(CutComponents(L"C:\\c.dll", 3), L"C:");
     EXPECT_EQ(CutComponents(L"bin/server/jvm.dll", 3), L"bin/server/jvm.dll");
     EXPECT_EQ(CutComponents(L"", 3), L"");

@@ -11,8 +11,8 @@
 namespace tarn {
 namespace {
 
-/// What is selected in a runtime that has a `jvm.dll` in each of the folders, and whether it is
-/// reported as a server JVM; the flag is empty when it kept the value it had.
+/// The result for a runtime with a `jvm.dll` in each of the folders. The flag is empty when it was
+/// not set.
 struct Selection {
     std::wstring path;
     std::optional<bool> server;
@@ -38,7 +38,7 @@ Selection Select(std::initializer_list<const wchar_t*> folders, JvmType type) {
     return selection;
 }
 
-TEST(SelectJvmLibraryTest, AClientJvmComesFirstUnlessAServerJvmIsAskedFor) {
+TEST(SelectJvmLibraryTest, AClientJvmPrecedesAServerJvmThatIsNotRequested) {
     EXPECT_EQ(Select({L"client", L"server"}, JvmType::Default),
               (Selection{L"bin\\client\\jvm.dll", false}));
     EXPECT_EQ(Select({L"client", L"server"}, JvmType::FavorServer),
@@ -47,18 +47,18 @@ TEST(SelectJvmLibraryTest, AClientJvmComesFirstUnlessAServerJvmIsAskedFor) {
               (Selection{L"bin\\server\\jvm.dll", true}));
 }
 
-TEST(SelectJvmLibraryTest, ALoneServerJvmDoesForEveryType) {
+TEST(SelectJvmLibraryTest, ALoneServerJvmSuitsEveryType) {
     for (const JvmType type : {JvmType::Default, JvmType::FavorServer, JvmType::Server}) {
         EXPECT_EQ(Select({L"server"}, type), (Selection{L"bin\\server\\jvm.dll", true}));
     }
 }
 
-TEST(SelectJvmLibraryTest, AServerJvmThatIsAskedForHasNoReplacement) {
+TEST(SelectJvmLibraryTest, ARequiredServerJvmHasNoReplacement) {
     EXPECT_EQ(Select({L"client", L"classic", L"hotspot", L"jrockit"}, JvmType::Server),
               (Selection{L"", std::nullopt}));
 }
 
-TEST(SelectJvmLibraryTest, TheOthersFollowInTheirOrder) {
+TEST(SelectJvmLibraryTest, TriesTheOtherFoldersInOrder) {
     for (const JvmType type : {JvmType::Default, JvmType::FavorServer}) {
         EXPECT_EQ(Select({L"jrockit"}, type), (Selection{L"bin\\jrockit\\jvm.dll", false}));
         EXPECT_EQ(Select({L"hotspot", L"jrockit"}, type),
@@ -74,14 +74,14 @@ TEST(SelectJvmLibraryTest, TheOthersFollowInTheirOrder) {
               (Selection{L"bin\\hotspot\\jvm.dll", false}));
 }
 
-TEST(SelectJvmLibraryTest, WithoutAnyJvmTheFlagKeepsItsValue) {
+TEST(SelectJvmLibraryTest, WithoutAJvmTheFlagIsUnchanged) {
     for (const JvmType type : {JvmType::Default, JvmType::FavorServer, JvmType::Server}) {
         EXPECT_EQ(Select({}, type), (Selection{L"", std::nullopt}));
         EXPECT_EQ(Select({L"minimal"}, type), (Selection{L"", std::nullopt}));
     }
 }
 
-TEST(SelectJvmLibraryTest, HomesThatCannotBeAreNoRuntimes) {
+TEST(SelectJvmLibraryTest, InvalidHomesHaveNoJvm) {
     bool server = false;
     for (const std::wstring& home :
          {std::wstring(L"Q:\\none\\"), std::wstring(L"\\\\.\\"), std::wstring(L"*\\"),
@@ -104,13 +104,13 @@ TEST_F(PublishJvmLocationTest, PublishesLibraryAndHome) {
     EXPECT_EQ(ExpandEnvironment(L"%TARN_JVM_HOME%"), L"C:\\Java\\jdk\\jre");
 }
 
-TEST_F(PublishJvmLocationTest, PublishesAPathWithoutFoldersAsItStands) {
+TEST_F(PublishJvmLocationTest, PublishesAPathWithoutFoldersUnchanged) {
     PublishJvmLocation(L"jvm.dll");
     EXPECT_EQ(ExpandEnvironment(L"%TARN_JVM_PATH%"), L"jvm.dll");
     EXPECT_EQ(ExpandEnvironment(L"%TARN_JVM_HOME%"), L"jvm.dll");
 }
 
-TEST(FindInRuntimeBinTest, FindsAFileBesideTheFolderOfTheLibrary) {
+TEST(FindInRuntimeBinTest, FindsAFileInTheBinFolder) {
     const TestFolder home;
     const std::wstring splash = home.Write(L"bin\\splashscreen.dll");
     const std::wstring library = home.path() + L"bin\\server\\jvm.dll";
@@ -118,9 +118,9 @@ TEST(FindInRuntimeBinTest, FindsAFileBesideTheFolderOfTheLibrary) {
     EXPECT_EQ(FindInRuntimeBin(library, L"other.dll"), L"");
 }
 
-TEST(FindInRuntimeBinTest, APathWithoutFoldersCountsAsTheFolder) {
+TEST(FindInRuntimeBinTest, UsesAPathWithoutFoldersAsTheFolder) {
     EXPECT_EQ(FindInRuntimeBin(L"jvm.dll", L"splashscreen.dll"), L"");
-    // A path written with slashes has no component to cut either.
+    // Slashes do not separate components.
     const TestFolder home;
     home.Write(L"file.dll");
     std::wstring slashed = home.path();

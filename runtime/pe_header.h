@@ -7,18 +7,18 @@
 
 namespace tarn {
 
-/// Whether the bytes of a file begin like an executable image and hold its headers up to and with
-/// the machine field. Says nothing about what stands there; it only makes a file of any bytes safe
-/// to be looked at through those headers.
+/// Whether a file's bytes start with the DOS header of an executable image ("MZ") and contain its
+/// PE headers up to the end of the machine field. Does not examine the headers themselves: it makes
+/// reading the machine safe for a file of any content.
 bool HasPeHeaders(std::span<const std::byte> file);
 
-/// The machine field in the file header of a library (0x8664 for 64-bit x86, 0x14C for 32-bit x86).
-/// 0 for anything that cannot be read, or is no executable image.
+/// Returns the machine field of a library's file header (0x8664 for x64, 0x14C for x86). Returns 0
+/// (`IMAGE_FILE_MACHINE_UNKNOWN`) when the file cannot be read or is no executable image. Maps the
+/// file for reading and calls `ImageNtHeader` of Dbghelp, which is loaded for the call.
 std::uint16_t MachineOfFile(const std::wstring& jvmLibraryPath);
 
-/// Whether `jvm.dll` is to be left to the paired launcher: "Pair Product" is set and the library's
-/// file header says 32-bit x86. Anything that cannot be read, or is no executable image, is not.
-/// Stands on a read-only file mapping and Dbghelp's `ImageNtHeader`, loaded for this call.
+/// Whether the paired launcher must load the `jvm.dll`: "Pair Product" is set, and the library's
+/// machine is x86. False for a file that `MachineOfFile` cannot read.
 bool NeedsPairedLauncher(const std::wstring& jvmLibraryPath, const std::wstring& pairProduct);
 
 }  // namespace tarn

@@ -16,26 +16,33 @@ std::vector<std::byte> Image(std::size_t size, std::uint32_t headers) {
     return bytes;
 }
 
-TEST(ImageHeaderTest, TheMachineFieldHasToLieInsideTheFile) {
+TEST(PeHeaderTest, TheMachineFieldMustBeInsideTheFile) {
     EXPECT_TRUE(HasPeHeaders(Image(70, 64)));
     EXPECT_FALSE(HasPeHeaders(Image(70, 65)));
     EXPECT_TRUE(HasPeHeaders(Image(4096, 4090)));
     EXPECT_FALSE(HasPeHeaders(Image(4096, 4091)));
 }
 
-TEST(ImageHeaderTest, HeadersInsideTheOldHeaderAreStillInsideTheFile) {
+TEST(PeHeaderTest, PeHeadersMayOverlapTheDosHeader) {
     EXPECT_TRUE(HasPeHeaders(Image(64, 4)));
     EXPECT_TRUE(HasPeHeaders(Image(64, 58)));
     EXPECT_FALSE(HasPeHeaders(Image(64, 59)));
 }
 
-TEST(ImageHeaderTest, PlacesFarOutsideDoNotWrapAround) {
+TEST(PeHeaderTest, OffsetsFarOutsideTheFileDoNotWrap) {
     for (const std::uint32_t headers : {0x7FFFFFFFU, 0x80000000U, 0xFFFFFFFAU, 0xFFFFFFFFU}) {
         EXPECT_FALSE(HasPeHeaders(Image(4096, headers)));
     }
 }
 
-TEST(ImageHeaderTest, ShortFilesAndOtherMarksAreNoImages) {
+TEST(PeHeaderTest, AllFourBytesOfTheOffsetAreUsed) {
+    for (const std::uint32_t headers : {0x40U, 0x4000U, 0x400000U, 0x2000000U}) {
+        EXPECT_TRUE(HasPeHeaders(Image(headers + 6, headers))) << headers;
+        EXPECT_FALSE(HasPeHeaders(Image(headers + 5, headers))) << headers;
+    }
+}
+
+TEST(PeHeaderTest, ShortFilesAndOtherSignaturesAreNoImages) {
     EXPECT_FALSE(HasPeHeaders({}));
     const std::vector<std::byte> image = Image(64, 4);
     EXPECT_FALSE(HasPeHeaders(std::span(image).first(63)));
@@ -45,7 +52,7 @@ TEST(ImageHeaderTest, ShortFilesAndOtherMarksAreNoImages) {
     EXPECT_FALSE(HasPeHeaders(other));
 }
 
-TEST(ImageHeaderTest, WhateverPassesCanBeReadUpToItsMachine) {
+TEST(PeHeaderTest, TheMachineOfEveryAcceptedFileCanBeRead) {
     std::mt19937 random(20240611);
     int passed = 0;
     for (int round = 0; round < 20000; ++round) {
@@ -58,7 +65,7 @@ TEST(ImageHeaderTest, WhateverPassesCanBeReadUpToItsMachine) {
         for (std::size_t i = 4; i-- > 0;) {
             headers = headers << 8 | std::to_integer<std::size_t>(bytes[60 + i]);
         }
-        // The sanitizer watches over the read.
+        // The address sanitizer detects a read beyond the file.
         EXPECT_EQ(bytes[headers + 5], bytes.data()[headers + 5]);
         EXPECT_LE(headers + 6, bytes.size());
     }

@@ -13,14 +13,14 @@ namespace {
 
 using ImageNtHeaderFunction = IMAGE_NT_HEADERS*(WINAPI*)(void*);
 
-/// The machine field of an image, 0 when the headers are not there.
+/// Returns the machine field of a mapped file that `HasPeHeaders`.
 WORD MachineOf(void* image) {
     const UniqueLibrary dbghelp(LoadSystemLibrary(L"dbghelp.dll"));
     const auto imageNtHeader = FindFunction<ImageNtHeaderFunction>(dbghelp.get(), "ImageNtHeader");
     if (imageNtHeader == nullptr) return IMAGE_FILE_MACHINE_UNKNOWN;
     const IMAGE_NT_HEADERS* const headers = imageNtHeader(image);
-    // Only the machine is known to lie inside the file, and it stands at the same place for both
-    // widths.
+    // Only the machine is known to be inside the file. 32-bit and 64-bit headers have it at the
+    // same offset.
     return headers != nullptr ? headers->FileHeader.Machine : WORD{IMAGE_FILE_MACHINE_UNKNOWN};
 }
 
@@ -32,7 +32,7 @@ std::uint16_t MachineOfFile(const std::wstring& jvmLibraryPath) {
     if (!file) return IMAGE_FILE_MACHINE_UNKNOWN;
     LARGE_INTEGER size{};
     if (GetFileSizeEx(file.get(), &size) == FALSE) return IMAGE_FILE_MACHINE_UNKNOWN;
-    // An empty file cannot be mapped, which is what this answers.
+    // Fails for an empty file.
     const UniqueHandle mapping(
         CreateFileMappingW(file.get(), nullptr, PAGE_READONLY, 0, 0, nullptr));
     if (!mapping) return IMAGE_FILE_MACHINE_UNKNOWN;
@@ -40,7 +40,7 @@ std::uint16_t MachineOfFile(const std::wstring& jvmLibraryPath) {
     if (!view) return IMAGE_FILE_MACHINE_UNKNOWN;
     const std::span<const std::byte> bytes(static_cast<const std::byte*>(view.get()),
                                            static_cast<std::size_t>(size.QuadPart));
-    // The platform's own look at the headers does not know where the file ends.
+    // `ImageNtHeader` does not know the size of the file.
     if (!HasPeHeaders(bytes)) return IMAGE_FILE_MACHINE_UNKNOWN;
     return MachineOf(view.get());
 }

@@ -10,7 +10,7 @@
 namespace tarn {
 namespace {
 
-/// An image's headers and nothing else.
+/// A file with the headers of an image only.
 std::string Headers(std::uint16_t machine, std::size_t place = 64) {
     std::string bytes(place + 24, '\0');
     bytes[0] = 'M';
@@ -24,7 +24,7 @@ std::string Headers(std::uint16_t machine, std::size_t place = 64) {
     return bytes;
 }
 
-class JvmBitnessTest : public testing::Test {
+class PairedMachineTest : public testing::Test {
   protected:
     bool Paired(std::string_view bytes, const std::wstring& pairProduct = L"pair.exe") {
         return NeedsPairedLauncher(folder_.Write(L"jvm.dll", bytes), pairProduct);
@@ -33,12 +33,12 @@ class JvmBitnessTest : public testing::Test {
     TestFolder folder_;
 };
 
-TEST_F(JvmBitnessTest, A32BitLibraryIsLeftToThePairedLauncher) {
+TEST_F(PairedMachineTest, A32BitLibraryNeedsThePairedLauncher) {
     EXPECT_TRUE(Paired(Headers(0x14C)));
     EXPECT_TRUE(Paired(Headers(0x14C, 4000)));
 }
 
-TEST_F(JvmBitnessTest, OtherMachinesAreNot) {
+TEST_F(PairedMachineTest, OtherMachinesDoNotNeedIt) {
     constexpr std::uint16_t kOthers[] = {0x8664, 0xAA64, 0x1C0, 0x4C01, 0, 0x14D};
     for (const std::uint16_t machine : kOthers) {
         EXPECT_FALSE(Paired(Headers(machine))) << machine;
@@ -46,15 +46,15 @@ TEST_F(JvmBitnessTest, OtherMachinesAreNot) {
     EXPECT_FALSE(NeedsPairedLauncher(*ModulePath(), L"pair.exe"));
 }
 
-TEST_F(JvmBitnessTest, WithoutAPairedLauncherNothingIsLookedAt) {
+TEST_F(PairedMachineTest, WithoutAPairedLauncherNoLibraryNeedsIt) {
     EXPECT_FALSE(Paired(Headers(0x14C), L""));
 }
 
-TEST_F(JvmBitnessTest, WhatCannotBeReadIsNot) {
+TEST_F(PairedMachineTest, UnreadableFilesDoNotNeedIt) {
     EXPECT_FALSE(NeedsPairedLauncher(folder_.path() + L"none.dll", L"pair.exe"));
     EXPECT_FALSE(NeedsPairedLauncher(folder_.path(), L"pair.exe"));
     EXPECT_FALSE(NeedsPairedLauncher(L"", L"pair.exe"));
-    // Somebody is writing to it.
+    // Open for writing, so it cannot be shared for reading.
     const std::wstring path = folder_.Write(L"jvm.dll", Headers(0x14C));
     std::ofstream writer(std::filesystem::path(path), std::ios::binary | std::ios::app);
     ASSERT_TRUE(writer.is_open());
@@ -63,7 +63,7 @@ TEST_F(JvmBitnessTest, WhatCannotBeReadIsNot) {
     EXPECT_TRUE(NeedsPairedLauncher(path, L"pair.exe"));
 }
 
-TEST_F(JvmBitnessTest, FilesThatEndTooSoonAreNot) {
+TEST_F(PairedMachineTest, TruncatedFilesDoNotNeedIt) {
     const std::string whole = Headers(0x14C);
     for (std::size_t size = 0; size < 70; ++size) {
         EXPECT_FALSE(Paired(whole.substr(0, size))) << size;
@@ -71,7 +71,7 @@ TEST_F(JvmBitnessTest, FilesThatEndTooSoonAreNot) {
     EXPECT_TRUE(Paired(whole.substr(0, 70)));
 }
 
-TEST_F(JvmBitnessTest, HeadersOutsideTheFileAreNot) {
+TEST_F(PairedMachineTest, FilesWithHeadersOutsideDoNotNeedIt) {
     for (const char high : {'\x00', '\x01', '\x7F', '\x80', '\xFF'}) {
         std::string bytes = Headers(0x14C);
         bytes[61] = '\x7F';
@@ -82,7 +82,7 @@ TEST_F(JvmBitnessTest, HeadersOutsideTheFileAreNot) {
     }
 }
 
-TEST_F(JvmBitnessTest, FilesOfAnyBytesAreSurvived) {
+TEST_F(PairedMachineTest, RandomFilesDoNotNeedIt) {
     std::mt19937 random(4096);
     for (int round = 0; round < 200; ++round) {
         std::string bytes(random() % 300, '\0');

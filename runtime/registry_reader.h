@@ -1,16 +1,14 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
-#include <vector>
 
 #include "base/handles.h"
 #include "runtime/registry_search.h"
 
 namespace tarn {
 
-/// The machine's registry as the search looks at it. Every key is opened with `access`, which also
-/// says whose view of the registry it is (`KEY_WOW64_32KEY`).
+/// The registry reader of `SearchRegistry` for `HKEY_LOCAL_MACHINE`. Opens every key with `access`,
+/// which also selects the registry view (`KEY_WOW64_32KEY`).
 class RegistryReader {
   public:
     explicit RegistryReader(REGSAM access) : access_(access) {}

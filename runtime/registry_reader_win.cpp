@@ -1,12 +1,15 @@
 #include "runtime/registry_reader.h"
 
+#include <cstddef>
+#include <vector>
+
 #include "runtime/jvm_library.h"
 
 namespace tarn {
 
 namespace {
 
-/// The text of a value of any type, empty when it cannot be read.
+/// Returns the text of a value of any type; empty when it cannot be read.
 std::wstring ReadText(HKEY key, const wchar_t* name) {
     DWORD size = 0;
     if (RegQueryValueExW(key, name, nullptr, nullptr, nullptr, &size) != ERROR_SUCCESS) return {};
@@ -15,7 +18,7 @@ std::wstring ReadText(HKEY key, const wchar_t* name) {
                          &size) != ERROR_SUCCESS) {
         return {};
     }
-    // It may have become shorter between the two calls.
+    // The value may have become shorter between the two calls.
     data.resize(size);
     return TextOfValue(data);
 }
@@ -28,7 +31,7 @@ bool RegistryReader::OpenRoot(const wchar_t* key) {
 }
 
 bool RegistryReader::NextSubkey(std::wstring& name) {
-    // The registry allows 255 characters; there is no longer name to make room for.
+    // Names of keys have 255 characters at most.
     wchar_t buffer[520];
     DWORD length = static_cast<DWORD>(std::size(buffer));
     if (RegEnumKeyExW(root_.get(), next_, buffer, &length, nullptr, nullptr, nullptr, nullptr) !=

@@ -21,14 +21,14 @@ class RegistryReaderTest : public testing::Test {
     RegistryReader view_{KEY_READ};
 };
 
-TEST_F(RegistryReaderTest, ARootThatIsNotThereCannotBeOpened) {
+TEST_F(RegistryReaderTest, DoesNotOpenAMissingRoot) {
     EXPECT_FALSE(view_.OpenRoot(L"Software\\Root"));
     hive_.Make(L"Software\\Root");
     EXPECT_TRUE(view_.OpenRoot(L"Software\\Root"));
     EXPECT_FALSE(view_.OpenRoot(L"Software\\Other"));
 }
 
-TEST_F(RegistryReaderTest, EverySubkeyIsNamedOnce) {
+TEST_F(RegistryReaderTest, EnumeratesEverySubkeyOnce) {
     hive_.Make(L"Software\\Root\\11.0.2\\Deeper");
     hive_.Make(L"Software\\Root\\1.8.0_231");
     hive_.Make(L"Software\\Root\\17");
@@ -42,7 +42,7 @@ TEST_F(RegistryReaderTest, EverySubkeyIsNamedOnce) {
     }
 }
 
-TEST_F(RegistryReaderTest, TheLongestNameIsWhole) {
+TEST_F(RegistryReaderTest, ReadsTheLongestName) {
     const std::wstring longest = L"17." + std::wstring(252, L'7');
     hive_.Make(L"Software\\Root\\" + longest);
     hive_.SetText(L"Software\\Root\\" + longest, L"C:\\Java");
@@ -54,7 +54,7 @@ TEST_F(RegistryReaderTest, TheLongestNameIsWhole) {
     EXPECT_FALSE(view_.NextSubkey(name));
 }
 
-TEST_F(RegistryReaderTest, AHomeOfAnyLengthIsWhole) {
+TEST_F(RegistryReaderTest, ReadsHomesOfAnyLength) {
     for (const std::size_t length : {1U, 255U, 1000U, 30000U}) {
         const std::wstring home(length, L'h');
         hive_.SetText(L"Software\\Root\\17", home);
@@ -63,12 +63,12 @@ TEST_F(RegistryReaderTest, AHomeOfAnyLengthIsWhole) {
     }
 }
 
-TEST_F(RegistryReaderTest, NothingIsExpanded) {
+TEST_F(RegistryReaderTest, DoesNotExpandVariables) {
     hive_.SetText(L"Software\\Root\\17", L"%SystemRoot%\\Java", REG_EXPAND_SZ);
     EXPECT_EQ(Read(L"17").text, L"%SystemRoot%\\Java");
 }
 
-TEST_F(RegistryReaderTest, TextsNeedNoTerminator) {
+TEST_F(RegistryReaderTest, ReadsTextsWithoutATerminator) {
     hive_.Set(L"Software\\Root\\17", REG_SZ, L"C:\\Java", 7 * sizeof(wchar_t));
     EXPECT_EQ(Read(L"17").text, L"C:\\Java");
     hive_.Set(L"Software\\Root\\17", REG_BINARY, L"C:\\Java", 7 * sizeof(wchar_t));
@@ -77,19 +77,19 @@ TEST_F(RegistryReaderTest, TextsNeedNoTerminator) {
     EXPECT_EQ(Read(L"17").text, L"C:\\Jav");
 }
 
-TEST_F(RegistryReaderTest, OfSeveralTextsTheFirstCounts) {
+TEST_F(RegistryReaderTest, ReadsTheFirstOfSeveralTexts) {
     const wchar_t texts[] = L"C:\\One\0C:\\Two\0";
     hive_.Set(L"Software\\Root\\17", REG_MULTI_SZ, texts, sizeof texts);
     EXPECT_EQ(Read(L"17").text, L"C:\\One");
 }
 
-TEST_F(RegistryReaderTest, ANumberIsAStrangeText) {
+TEST_F(RegistryReaderTest, ReadsANumberAsText) {
     const DWORD number = 0x00620061;
     hive_.Set(L"Software\\Root\\17", REG_DWORD, &number, sizeof number);
     EXPECT_EQ(Read(L"17").text, L"ab");
 }
 
-TEST_F(RegistryReaderTest, MissingAndEmptyHomesAreEmpty) {
+TEST_F(RegistryReaderTest, ReadsMissingAndEmptyHomesAsEmpty) {
     hive_.Make(L"Software\\Root\\1");
     hive_.SetText(L"Software\\Root\\2", L"");
     hive_.Set(L"Software\\Root\\3", REG_SZ, L"", 0);
@@ -102,7 +102,7 @@ TEST_F(RegistryReaderTest, MissingAndEmptyHomesAreEmpty) {
     EXPECT_EQ(Read(L"5").text, L"");
 }
 
-TEST_F(RegistryReaderTest, AKeyWithoutPermissionCannotBeOpened) {
+TEST_F(RegistryReaderTest, DoesNotOpenAKeyWithoutPermission) {
     hive_.SetText(L"Software\\Root\\17", L"C:\\Java");
     hive_.Lock(L"Software\\Root\\17");
     EXPECT_FALSE(Read(L"17").keyOpened);

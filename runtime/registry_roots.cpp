@@ -9,20 +9,20 @@ namespace {
 using enum RuntimeKind;
 using enum RuntimeProvider;
 
-constexpr std::wstring_view kAsItIs;
+constexpr std::wstring_view kSameFolder;
 constexpr std::wstring_view kInsideJdk = L"jre\\";
 
-// Runtimes of the new style have their `bin` folder right in the registered one, JDKs too.
+// Newer JDKs contain no separate runtime folder: docs/developer/compatibility.md.
 // clang-format off
 constexpr RegistryRoot kRoots[] = {
-    // key                                               kind provider home        FavorServer ignored
-    {L"Software\\JavaSoft\\JDK",                         Jdk, Sun,     kAsItIs,    false},
-    {L"Software\\JavaSoft\\JRE",                         Jre, Sun,     kAsItIs,    false},
-    {L"Software\\JavaSoft\\Java Development Kit",        Jdk, Sun,     kInsideJdk, false},
-    {L"Software\\JavaSoft\\Java Runtime Environment",    Jre, Sun,     kAsItIs,    true },
-    {L"Software\\JRockit\\Java Runtime Environment",     Jre, Jrockit, kAsItIs,    false},
-    {L"Software\\JRockit\\Java Development Kit",         Jdk, Jrockit, kInsideJdk, false},
-    {L"Software\\IBM\\Java2 Runtime Environment",        Jre, Ibm,     kAsItIs,    false},
+    // key                                               kind provider home         FavorServer ignored
+    {L"Software\\JavaSoft\\JDK",                         Jdk, Sun,     kSameFolder, false},
+    {L"Software\\JavaSoft\\JRE",                         Jre, Sun,     kSameFolder, false},
+    {L"Software\\JavaSoft\\Java Development Kit",        Jdk, Sun,     kInsideJdk,  false},
+    {L"Software\\JavaSoft\\Java Runtime Environment",    Jre, Sun,     kSameFolder, true },
+    {L"Software\\JRockit\\Java Runtime Environment",     Jre, Jrockit, kSameFolder, false},
+    {L"Software\\JRockit\\Java Development Kit",         Jdk, Jrockit, kInsideJdk,  false},
+    {L"Software\\IBM\\Java2 Runtime Environment",        Jre, Ibm,     kSameFolder, false},
 };
 // clang-format on
 

@@ -9,43 +9,44 @@
 
 namespace tarn {
 
+/// What "JVM Source" distinguishes.
 enum class RuntimeKind { Jdk, Jre };
 
+/// What "VM Provider" distinguishes.
 enum class RuntimeProvider { Sun, Jrockit, Ibm };
 
-/// A registry key under which installers register runtimes, one subkey a version.
+/// A registry key below which installers register runtimes, with one subkey for each version.
 struct RegistryRoot {
-    /// Below `HKEY_LOCAL_MACHINE`.
+    /// Path below `HKEY_LOCAL_MACHINE`, without a trailing backslash.
     const wchar_t* key;
     RuntimeKind kind;
     RuntimeProvider provider;
-    /// Where the runtime stands inside the registered folder; empty, or ends in a backslash.
+    /// Path of the runtime in the registered folder; empty, or ends in a backslash.
     std::wstring_view belowHome;
-    /// A favoured server JVM is not looked for first here, so that such a runtime counts as one
-    /// with a server JVM only when that is the one it offers anyway.
+    /// `FavorServer` is treated as `Default`: docs/developer/compatibility.md.
     bool ignoresFavorServer;
 };
 
-/// The roots in the order in which they are searched.
+/// Returns the roots in the order of the search.
 std::span<const RegistryRoot> RegistryRoots();
 
-/// Whether runtimes of the root's kind are searched: wanted, or the other kind is only favoured.
+/// Whether "JVM Source" admits the root: its kind is wanted, or the other kind is only favoured.
 bool IsKindSearched(const RegistryRoot& root, const RuntimeSearchPolicy& policy);
 
-/// Whether runtimes of the root's provider are searched.
+/// Whether "VM Provider" admits the root.
 bool IsProviderSearched(const RegistryRoot& root, const RuntimeSearchPolicy& policy);
 
 /// Whether the root's runtimes are of the favoured kind and of the favoured provider.
 bool IsFavored(const RegistryRoot& root, const RuntimeSearchPolicy& policy);
 
-/// The JVM type to look for in the root's runtimes.
+/// Returns the JVM type to select in the root's runtimes.
 JvmType JvmTypeIn(const RegistryRoot& root, JvmType wanted);
 
-/// The runtime's home for a "JavaHome" value of the root; always ends in a backslash.
+/// Returns the runtime's home for a "JavaHome" value of the root; it ends in a backslash.
 std::wstring HomeOf(const RegistryRoot& root, std::wstring_view javaHome);
 
-/// The text that the data of a registry value holds, whatever its type says: UTF-16 up to the first
-/// zero or the end. Half a character at the end is dropped.
+/// Returns the data of a registry value of any type as text: UTF-16 up to the first zero or the
+/// end. An odd byte at the end is ignored.
 std::wstring TextOfValue(std::span<const std::byte> data);
 
 }  // namespace tarn

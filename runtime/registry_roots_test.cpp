@@ -8,7 +8,7 @@
 namespace tarn {
 namespace {
 
-/// The roots by the digits '1' to '7' for which `test` holds.
+/// The numbers of the roots, '1' to '7', for which `test` is true.
 template <typename Test>
 std::string Which(Test test) {
     std::string digits;
@@ -36,7 +36,7 @@ std::string Favored(const wchar_t* source, const wchar_t* provider) {
     return Which([&](const RegistryRoot& root) { return IsFavored(root, policy); });
 }
 
-TEST(RegistryRootsTest, TheKeysAreInTheirOrder) {
+TEST(RegistryRootsTest, HasTheKeysInOrder) {
     std::vector<std::wstring> keys;
     for (const RegistryRoot& root : RegistryRoots()) keys.emplace_back(root.key);
     const std::vector<std::wstring> expected = {
@@ -51,7 +51,7 @@ TEST(RegistryRootsTest, TheKeysAreInTheirOrder) {
     EXPECT_EQ(keys, expected);
 }
 
-TEST(RegistryRootsTest, EachWordOfTheProviderOpensItsRoots) {
+TEST(RegistryRootsTest, EachProviderWordAdmitsItsRoots) {
     EXPECT_EQ(Searched(L"", L""), "1234");
     EXPECT_EQ(Searched(L"", L"sun"), "1234");
     EXPECT_EQ(Searched(L"", L"jrockit"), "56");
@@ -61,7 +61,7 @@ TEST(RegistryRootsTest, EachWordOfTheProviderOpensItsRoots) {
     }
 }
 
-TEST(RegistryRootsTest, EachWordOfTheSourceOpensItsRoots) {
+TEST(RegistryRootsTest, EachSourceWordAdmitsItsRoots) {
     EXPECT_EQ(Searched(L"favor_JRE", L"any"), "1234567");
     EXPECT_EQ(Searched(L"favor_JDK", L"any"), "1234567");
     EXPECT_EQ(Searched(L"only_JDK", L"any"), "136");
@@ -70,7 +70,7 @@ TEST(RegistryRootsTest, EachWordOfTheSourceOpensItsRoots) {
     EXPECT_EQ(Searched(L"only_JDK", L"ibm"), "");
 }
 
-TEST(RegistryRootsTest, FavouredAreTheWantedKindsOfTheFavouredProvider) {
+TEST(RegistryRootsTest, FavoursTheWantedKindsOfTheFavouredProvider) {
     EXPECT_EQ(Favored(L"", L""), "1234");
     EXPECT_EQ(Favored(L"favor_JRE", L""), "24");
     EXPECT_EQ(Favored(L"favor_JDK", L""), "13");
@@ -84,7 +84,7 @@ TEST(RegistryRootsTest, FavouredAreTheWantedKindsOfTheFavouredProvider) {
     EXPECT_EQ(Favored(L"nonsense", L""), "");
 }
 
-TEST(RegistryRootsTest, AllowedOrFavoredAloneOpensAProvider) {
+TEST(RegistryRootsTest, AllowedOrFavoredAloneAdmitsAProvider) {
     RuntimeSearchPolicy policy;
     policy.sunAllowed = false;
     policy.sunFavored = false;
@@ -94,7 +94,7 @@ TEST(RegistryRootsTest, AllowedOrFavoredAloneOpensAProvider) {
               "567");
 }
 
-TEST(RegistryRootsTest, OnlyTheOldRuntimeRootIgnoresAFavouredServer) {
+TEST(RegistryRootsTest, OnlyTheOlderRuntimeRootIgnoresFavorServer) {
     EXPECT_EQ(Which([](const RegistryRoot& root) {
                   return JvmTypeIn(root, JvmType::FavorServer) == JvmType::Default;
               }),
@@ -105,7 +105,7 @@ TEST(RegistryRootsTest, OnlyTheOldRuntimeRootIgnoresAFavouredServer) {
     }
 }
 
-TEST(RegistryRootsTest, TheOldDevelopmentKitsHoldTheirRuntimeInside) {
+TEST(RegistryRootsTest, OlderDevelopmentKitsContainTheirRuntime) {
     EXPECT_EQ(Which([](const RegistryRoot& root) {
                   return HomeOf(root, L"C:\\Java\\x") == L"C:\\Java\\x\\jre\\";
               }),
@@ -133,13 +133,13 @@ TEST(TextOfValueTest, ReadsUpToTheFirstZeroOrTheEnd) {
     EXPECT_EQ(TextOf({0, 1}), L"\u0100");
 }
 
-TEST(TextOfValueTest, HalfACharacterIsDropped) {
+TEST(TextOfValueTest, IgnoresAnOddByte) {
     EXPECT_EQ(TextOf({'a', 0, 'b'}), L"a");
     EXPECT_EQ(TextOf({'a'}), L"");
     EXPECT_EQ(TextOf({'a', 0, 0}), L"a");
 }
 
-TEST(TextOfValueTest, NothingIsAnEmptyText) {
+TEST(TextOfValueTest, ReadsNoDataAsAnEmptyText) {
     EXPECT_EQ(TextOf({}), L"");
     EXPECT_EQ(TextOf({0}), L"");
     EXPECT_EQ(TextOf({0, 0}), L"");

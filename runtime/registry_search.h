@@ -1,12 +1,12 @@
-// The search over a registry that somebody shows it. What it may look at is a type that it is
-// given, so that the very same search runs over the machine's registry and over a made-up one:
+// The registry search, parameterised on the registry reader so that the same code searches the
+// machine's registry and a test's. A reader has these operations:
 //
-//     bool OpenRoot(const wchar_t* key)             goes to a root, before its first subkey
-//     bool NextSubkey(std::wstring& name)           the next subkey's name; false behind the last
-//     HomeValue ReadHome(const std::wstring& name)  the "JavaHome" of a subkey
-//     bool FindJvm(const std::wstring& home, JvmType type, bool& server)   as SelectJvmLibrary
+//     bool OpenRoot(const wchar_t* key)             opens a root and starts at its first subkey
+//     bool NextSubkey(std::wstring& name)           the next subkey's name; false after the last
+//     one HomeValue ReadHome(const std::wstring& name)  the "JavaHome" value of a subkey bool
+//     FindJvm(const std::wstring& home, JvmType type, bool& server)   as SelectJvmLibrary
 //
-// Nothing is looked at twice, and nothing of a subkey once it is rejected.
+// No operation is called twice for the same key, and none for a subkey that is already rejected.
 #pragma once
 
 #include <optional>
@@ -28,25 +28,26 @@ struct HomeValue {
     std::wstring text;
 };
 
-/// Whether a runtime's version lies inside the bounds; the maximum is tested first.
+/// Returns why the policy excludes the root; empty when the root is searched.
+std::optional<RootVerdict> RejectRoot(const RegistryRoot& root, const RuntimeSearchPolicy& policy);
+
+/// Returns which bound excludes the version; empty when it lies within both, which are inclusive.
+/// The maximum is compared first.
 std::optional<SubkeyVerdict> RejectVersion(const RuntimeVersion& version,
                                            const RuntimeSearchPolicy& policy);
 
-/// Why the root is not to be searched, if it is not.
-std::optional<RootVerdict> RejectRoot(const RegistryRoot& root, const RuntimeSearchPolicy& policy);
+/// Completes a report whose subkeys with the verdict `RankedBelow` are the candidates, in the same
+/// order: sets the rank of each, and the verdict or the reason.
+void ReportChoice(const std::vector<RuntimeCandidate>& candidates, const CandidateChoice& choice,
+                  const RuntimeSearchPolicy& policy, SourceReport& report);
 
-/// Chooses among the candidates. With a `report`, whose subkeys named the candidates in the same
-/// order, tells there how each of them fared.
-const RuntimeCandidate* ChooseAndReport(const std::vector<RuntimeCandidate>& candidates,
-                                        const RuntimeSearchPolicy& policy, SourceReport* report);
-
-/// Looks at one subkey and fills `candidate` as far as it gets. Returns why the subkey is no
-/// candidate, if it is none.
+/// Examines one subkey and fills `candidate` until a test fails. Returns the failed test; empty
+/// when the subkey is a candidate.
 template <typename Registry>
 std::optional<SubkeyVerdict> ExamineSubkey(const std::wstring& name, const RegistryRoot& root,
                                            const RuntimeSearchPolicy& policy, Registry& registry,
                                            RuntimeCandidate& candidate) {
-    // A name without digits is version 0.0.0.0 like any other.
+    // A name without digits is version 0.0.0.0: docs/developer/compatibility.md.
     ParseVersion(name, 0, candidate.version);
     if (const auto rejected = RejectVersion(candidate.version, policy)) return rejected;
     const HomeValue value = registry.ReadHome(name);
@@ -60,7 +61,8 @@ std::optional<SubkeyVerdict> ExamineSubkey(const std::wstring& name, const Regis
     return std::nullopt;
 }
 
-/// Searches the roots that the policy asks for and returns the runtime to use, if there is one.
+/// Searches the roots that the policy admits and returns the runtime to use; empty when there is no
+/// candidate. Appends every root and subkey to `report` unless that is null.
 template <typename Registry>
 std::optional<RuntimeCandidate> SearchRegistry(const RuntimeSearchPolicy& policy,
                                                Registry& registry, SourceReport* report) {
@@ -76,16 +78,17 @@ std::optional<RuntimeCandidate> SearchRegistry(const RuntimeSearchPolicy& policy
             RuntimeCandidate candidate;
             const auto rejected = ExamineSubkey(name, root, policy, registry, candidate);
             if (report != nullptr) {
-                // Until the choice is made, every candidate is one of those not chosen.
+                // `ReportChoice` replaces the verdict of the chosen candidate.
                 const SubkeyVerdict soFar = rejected.value_or(SubkeyVerdict::RankedBelow);
                 report->roots.back().subkeys.push_back({name, soFar, candidate});
             }
             if (!rejected) candidates.push_back(std::move(candidate));
         }
     }
-    const RuntimeCandidate* const chosen = ChooseAndReport(candidates, policy, report);
-    if (chosen == nullptr) return std::nullopt;
-    return *chosen;
+    const CandidateChoice choice = ChooseCandidate(candidates, policy);
+    if (report != nullptr) ReportChoice(candidates, choice, policy, *report);
+    if (choice.candidate == nullptr) return std::nullopt;
+    return *choice.candidate;
 }
 
 }  // namespace tarn

@@ -1,19 +1,18 @@
-// The search against a second opinion: thousands of made-up machines and policies on which it must
-// agree with the model.
+// Compares the search with a model of its rules on thousands of random machines and policies.
 
 #include <gtest/gtest.h>
 
 #include <random>
 
 #include "runtime/registry_search.h"
-#include "runtime/registry_search_model.h"
+#include "runtime/registry_search_model_fixture.h"
 
 namespace tarn {
 namespace {
 
-class Maker {
+class RandomCase {
   public:
-    explicit Maker(unsigned seed) : random_(seed) {}
+    explicit RandomCase(unsigned seed) : random_(seed) {}
 
     std::size_t Below(std::size_t limit) { return random_() % limit; }
     bool OneIn(std::size_t count) { return Below(count) == 0; }
@@ -22,7 +21,7 @@ class Maker {
         return texts.begin()[Below(texts.size())];
     }
 
-    /// From a small stock, so that equal versions and met bounds are common.
+    /// One of a few versions, so that equal versions and exact bounds are frequent.
     std::wstring Version() {
         return OneOf({L"1.4",       L"1.5.0_22",  L"1.6",      L"1.7.0_80", L"1.8",
                       L"1.8.0_100", L"1.8.0_231", L"9",        L"11.0.2",   L"11.0.15",
@@ -48,7 +47,7 @@ class Maker {
                     std::any_of(subkeys.begin(), subkeys.end(),
                                 [&](const FakeSubkey& subkey) { return subkey.name == name; });
                 if (taken) continue;
-                // Now and then two keys share a home.
+                // Sometimes two keys have the same home.
                 if (homes == 0 || !OneIn(6)) ++homes;
                 const std::wstring home = L"C:\\Java\\" + std::to_wstring(homes) + L"\\";
                 std::vector<std::wstring> folders;
@@ -96,46 +95,47 @@ RuntimeSearchPolicy Real(const ModelPolicy& model) {
     return policy;
 }
 
-/// The report names the choice once and tells of every root.
-void ExpectReportTells(const SourceReport& report, const std::optional<RuntimeCandidate>& chosen) {
-    std::size_t told = 0;
+/// The report contains every root, and the choice once.
+void ExpectReportContains(const SourceReport& report,
+                          const std::optional<RuntimeCandidate>& chosen) {
+    std::size_t chosenCount = 0;
     for (const RootReport& root : report.roots) {
         for (const SubkeyReport& subkey : root.subkeys) {
             if (subkey.verdict != SubkeyVerdict::Chosen) continue;
-            ++told;
+            ++chosenCount;
             ASSERT_EQ(subkey.runtime.home, chosen->home);
             ASSERT_EQ(subkey.runtime.version.parts, chosen->version.parts);
         }
     }
-    ASSERT_EQ(told, chosen ? 1U : 0U);
+    ASSERT_EQ(chosenCount, chosen ? 1U : 0U);
     ASSERT_EQ(report.roots.size(), RegistryRoots().size());
 }
 
-TEST(RegistrySearchModelTest, TheSearchAgreesWithTheModelAskedForReasonsOrNot) {
+TEST(RegistrySearchRandomTest, AgreesWithTheModelWithAndWithoutAReport) {
     constexpr unsigned kRounds = 3000;
     unsigned found = 0;
     for (unsigned seed = 0; seed < kRounds; ++seed) {
         SCOPED_TRACE(seed);
-        Maker maker(seed);
-        const FakeMachine machine = maker.Machine();
-        const ModelPolicy policy = maker.Policy();
-        const ModelOutcome expected = AskModel(machine, policy);
+        RandomCase random(seed);
+        const FakeMachine machine = random.Machine();
+        const ModelPolicy policy = random.Policy();
+        const ModelOutcome expected = RunModel(machine, policy);
 
         FakeRegistry registry(machine);
         const auto chosen = SearchRegistry(Real(policy), registry, nullptr);
         ASSERT_EQ(chosen ? chosen->home : L"nothing", expected.home);
-        // The same look-ups in the same order: nothing twice, nothing after a rejection.
-        ASSERT_EQ(registry.lookUps, expected.lookUps);
+        // The same reads in the same order: none twice, none after a rejection.
+        ASSERT_EQ(registry.reads, expected.reads);
 
-        FakeRegistry asked(machine);
+        FakeRegistry reportedRegistry(machine);
         SourceReport report;
-        const auto reported = SearchRegistry(Real(policy), asked, &report);
+        const auto reported = SearchRegistry(Real(policy), reportedRegistry, &report);
         ASSERT_EQ(reported ? reported->home : L"nothing", expected.home);
-        ASSERT_EQ(asked.lookUps, expected.lookUps);
-        ASSERT_NO_FATAL_FAILURE(ExpectReportTells(report, chosen));
+        ASSERT_EQ(reportedRegistry.reads, expected.reads);
+        ASSERT_NO_FATAL_FAILURE(ExpectReportContains(report, chosen));
         if (chosen) ++found;
     }
-    // Else the machines would test little but the way to nothing.
+    // Both outcomes are frequent enough to be tested.
     EXPECT_GT(found, kRounds / 4);
     EXPECT_LT(found, kRounds);
 }

@@ -25,7 +25,7 @@ RuntimeSearchPolicy AnyVersion() {
 
 class RegistrySearchTest : public testing::Test {
   protected:
-    /// Registers a runtime with a home of its own that has the given JVMs.
+    /// Registers a runtime in a home of its own that contains the given JVMs.
     void Add(const std::wstring& root, const std::wstring& name,
              const std::vector<std::wstring>& folders, const std::wstring& below = L"") {
         const std::wstring home = L"C:\\" + name + L"\\";
@@ -38,7 +38,7 @@ class RegistrySearchTest : public testing::Test {
     std::wstring Home(const RuntimeSearchPolicy& policy) {
         FakeRegistry registry(machine_);
         const auto found = SearchRegistry(policy, registry, nullptr);
-        lookUps_ = registry.lookUps;
+        reads_ = registry.reads;
         return found ? found->home : L"nothing";
     }
 
@@ -51,22 +51,22 @@ class RegistrySearchTest : public testing::Test {
 
     FakeMachine machine_;
     RuntimeSearchPolicy policy_ = AnyVersion();
-    std::vector<std::wstring> lookUps_;
+    std::vector<std::wstring> reads_;
 };
 
-TEST_F(RegistrySearchTest, AnEmptyRegistryHasNothing) {
+TEST_F(RegistrySearchTest, FindsNothingInAnEmptyRegistry) {
     EXPECT_EQ(Home(), L"nothing");
     machine_.roots[kJdk] = {};
     EXPECT_EQ(Home(), L"nothing");
 }
 
-TEST_F(RegistrySearchTest, EverySubkeyIsACandidateOfItsOwn) {
+TEST_F(RegistrySearchTest, EverySubkeyIsACandidate) {
     Add(kOldJre, L"1.8", {L"client"});
     Add(kOldJre, L"1.8.0_231", {L"client"});
     EXPECT_EQ(Home(), L"C:\\1.8.0_231\\");
 }
 
-TEST_F(RegistrySearchTest, TheBoundsIncludeTheirEnds) {
+TEST_F(RegistrySearchTest, TheBoundsAreInclusive) {
     Add(kJdk, L"11", {L"server"});
     Add(kJdk, L"17.0.1", {L"server"});
     Add(kJdk, L"21", {L"server"});
@@ -80,7 +80,7 @@ TEST_F(RegistrySearchTest, TheBoundsIncludeTheirEnds) {
     EXPECT_EQ(Home(), L"nothing");
 }
 
-TEST_F(RegistrySearchTest, WithoutAMaximumOnlyNamesWithoutAVersionPass) {
+TEST_F(RegistrySearchTest, WithoutAMaximumOnlyNamesWithoutAVersionAreAdmitted) {
     Add(kJdk, L"17", {L"server"});
     policy_.maximum = MaximumBound(L"");
     EXPECT_EQ(Home(), L"nothing");
@@ -95,7 +95,7 @@ TEST_F(RegistrySearchTest, ANameWithoutDigitsIsOlderThanAnyMinimum) {
     EXPECT_EQ(Home(), L"nothing");
 }
 
-TEST_F(RegistrySearchTest, HomesGetTheirBackslashAndTheRuntimeInsideOldKits) {
+TEST_F(RegistrySearchTest, CompletesHomesWithABackslashAndTheFolderOfOlderKits) {
     machine_.roots[kOldJdk] = {{L"1.8", L"D:\\jdk"}};
     machine_.AddRuntime(L"D:\\jdk\\jre\\", {L"server"});
     EXPECT_EQ(Home(), L"D:\\jdk\\jre\\");
@@ -107,7 +107,7 @@ TEST_F(RegistrySearchTest, HomesGetTheirBackslashAndTheRuntimeInsideOldKits) {
     EXPECT_EQ(Home(), L"D:\\jdk\\");
 }
 
-TEST_F(RegistrySearchTest, FavouringJresTakesAnOlderJre) {
+TEST_F(RegistrySearchTest, FavouringJresChoosesAnOlderJre) {
     Add(kJdk, L"11", {L"server"});
     Add(kOldJre, L"1.8", {L"client"});
     EXPECT_EQ(Home(), L"C:\\11\\");
@@ -115,22 +115,22 @@ TEST_F(RegistrySearchTest, FavouringJresTakesAnOlderJre) {
     EXPECT_EQ(Home(), L"C:\\1.8\\");
     ApplyJvmSource(L"only_JDK", policy_);
     EXPECT_EQ(Home(), L"C:\\11\\");
-    EXPECT_THAT(lookUps_,
+    EXPECT_THAT(reads_,
                 ElementsAre(L"root " + kJdk, L"key 11", L"home C:\\11\\", L"root " + kOldJdk));
     ApplyJvmSource(L"Favor_JRE", policy_);
     EXPECT_EQ(Home(), L"nothing");
-    EXPECT_THAT(lookUps_, ElementsAre());
+    EXPECT_THAT(reads_, ElementsAre());
 }
 
-TEST_F(RegistrySearchTest, OneProviderLooksAtItsRootsOnly) {
+TEST_F(RegistrySearchTest, AProviderSearchesItsRootsOnly) {
     Add(kJdk, L"17", {L"server"});
     Add(kIbm, L"1.6", {L"classic"});
     ApplyVmProvider(L"Ibm", policy_);
     EXPECT_EQ(Home(), L"C:\\1.6\\");
-    EXPECT_THAT(lookUps_, ElementsAre(L"root " + kIbm, L"key 1.6", L"home C:\\1.6\\"));
+    EXPECT_THAT(reads_, ElementsAre(L"root " + kIbm, L"key 1.6", L"home C:\\1.6\\"));
 }
 
-TEST_F(RegistrySearchTest, AFavouredServerJvmWinsOverANewerClientJvm) {
+TEST_F(RegistrySearchTest, AFavouredServerJvmPrecedesANewerClientJvm) {
     Add(kJdk, L"11", {L"client"});
     Add(kJdk, L"1.8", {L"client", L"server"});
     EXPECT_EQ(Home(), L"C:\\11\\");
@@ -138,7 +138,7 @@ TEST_F(RegistrySearchTest, AFavouredServerJvmWinsOverANewerClientJvm) {
     EXPECT_EQ(Home(), L"C:\\1.8\\");
 }
 
-TEST_F(RegistrySearchTest, AnOldRuntimeWithBothJvmsDoesNotCountAsAServerOne) {
+TEST_F(RegistrySearchTest, AnOlderRuntimeWithBothJvmsIsNoServerRuntime) {
     Add(kJre, L"1.5", {L"server"});
     Add(kOldJre, L"1.8", {L"client", L"server"});
     Add(kOldJre, L"1.4", {L"server"});
@@ -146,14 +146,14 @@ TEST_F(RegistrySearchTest, AnOldRuntimeWithBothJvmsDoesNotCountAsAServerOne) {
     EXPECT_EQ(Home(), L"C:\\1.5\\");
 }
 
-TEST_F(RegistrySearchTest, ARequiredServerJvmIsRequiredOfOldRuntimesToo) {
+TEST_F(RegistrySearchTest, OlderRuntimesNeedARequiredServerJvmToo) {
     Add(kOldJre, L"1.8", {L"client"});
     Add(kOldJre, L"1.4", {L"client", L"server"});
     policy_.jvmType = JvmType::Server;
     EXPECT_EQ(Home(), L"C:\\1.4\\");
 }
 
-TEST_F(RegistrySearchTest, NothingOfASubkeyIsLookedAtOnceItIsRejected) {
+TEST_F(RegistrySearchTest, ReadsNothingOfARejectedSubkey) {
     machine_.roots[kJdk] = {{L"8", L"C:\\8"},
                             {L"22", L"C:\\22"},
                             {L"17", L"", true},
@@ -163,11 +163,11 @@ TEST_F(RegistrySearchTest, NothingOfASubkeyIsLookedAtOnceItIsRejected) {
     policy_.maximum = MaximumBound(L"21");
     ApplyJvmSource(L"only_JDK", policy_);
     EXPECT_EQ(Home(), L"nothing");
-    EXPECT_THAT(lookUps_, ElementsAre(L"root " + kJdk, L"key 17", L"key 18", L"key 19",
-                                      L"home C:\\19\\", L"root " + kOldJdk));
+    EXPECT_THAT(reads_, ElementsAre(L"root " + kJdk, L"key 17", L"key 18", L"key 19",
+                                    L"home C:\\19\\", L"root " + kOldJdk));
 }
 
-TEST_F(RegistrySearchTest, TheReportSaysWhyEachSubkeyIsOut) {
+TEST_F(RegistrySearchTest, ReportsWhyEachSubkeyIsRejected) {
     machine_.roots[kJdk] = {{L"8", L"C:\\8"},
                             {L"22", L"C:\\22"},
                             {L"17", L"", true},
@@ -201,7 +201,7 @@ TEST_F(RegistrySearchTest, TheReportSaysWhyEachSubkeyIsOut) {
     EXPECT_TRUE(report.roots[0].subkeys[5].runtime.server);
 }
 
-TEST_F(RegistrySearchTest, TheReportSaysWhatPutTheChosenOneFirst) {
+TEST_F(RegistrySearchTest, ReportsTheRuleThatPutTheChosenCandidateFirst) {
     Add(kJdk, L"11", {L"client"});
     Add(kJdk, L"10", {L"client"});
     Add(kJdk, L"9", {L"server"});

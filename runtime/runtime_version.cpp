@@ -9,25 +9,26 @@ namespace tarn {
 
 namespace {
 
-/// The largest number that may get one more digit.
+/// The largest number that accepts another digit.
 constexpr std::int32_t kLargestToExtend = 214748364;
 
 bool IsDigit(wchar_t character) {
     return character >= L'0' && character <= L'9';
 }
 
-/// Where the next digit stands at or after `from`; the text's size when there is none.
+/// Returns the index of the first digit at or after `from`; the text's size without one.
 std::size_t NextDigit(std::wstring_view text, std::size_t from) {
     while (from < text.size() && !IsDigit(text[from])) ++from;
     return from;
 }
 
-/// Reads the digits at `position`, which ends up behind them. Returns false for a number that was
-/// too large to get another digit; the last digit itself may wrap.
+/// Reads the digits at `position` and moves it past them. Returns false when the number was too
+/// large before its last digit; the last digit may wrap.
 bool ReadNumber(std::wstring_view text, std::size_t& position, std::int32_t& number) {
     std::uint32_t value = 0;
     for (; position < text.size() && IsDigit(text[position]); ++position) {
-        // Signed, as the parts are: a number that has wrapped into the negative goes on.
+        // Signed like the parts, so a number that has wrapped to a negative one accepts more
+        // digits.
         if (static_cast<std::int32_t>(value) > kLargestToExtend) return false;
         value = value * 10 + static_cast<std::uint32_t>(text[position] - L'0');
     }
@@ -47,7 +48,7 @@ bool ParseVersion(std::wstring_view text, std::int32_t fill, RuntimeVersion& ver
     const auto stored = static_cast<std::int32_t>(read.parts.size());
     while (position < text.size()) {
         if (read.count == stored) {
-            // More groups than parts: that there is another is remembered, not how many.
+            // Further groups count as one.
             ++read.count;
             break;
         }
@@ -68,7 +69,7 @@ std::wstring FormatVersion(const RuntimeVersion& version) {
         --written;
     }
     if (written == 0) return L"0.0.0.0";
-    // At least "major.minor", so that a lone number reads as a version.
+    // At least "major.minor".
     written = std::max<std::size_t>(written, 2);
     std::wstring text;
     for (std::size_t part = 0; part < written; ++part) {
@@ -83,19 +84,15 @@ int CompareVersions(const RuntimeVersion& a, const RuntimeVersion& b) {
     return a.parts < b.parts ? -1 : 1;
 }
 
-bool MatchesPreferred(const RuntimeVersion& preferred, const RuntimeVersion& candidate) {
-    std::size_t compared = preferred.parts.size();
-    while (compared > 0 && preferred.parts[compared - 1] == 0) --compared;
-    return std::equal(preferred.parts.begin(),
-                      preferred.parts.begin() + static_cast<std::ptrdiff_t>(compared),
-                      candidate.parts.begin());
-}
-
 bool MatchesPreferred(std::wstring_view preferred, const RuntimeVersion& candidate) {
     RuntimeVersion version;
-    // A text without digits is all zeros and so matches anything.
+    // A text without digits is all zeros and matches every version.
     ParseVersion(preferred, 0, version);
-    return MatchesPreferred(version, candidate);
+    std::size_t compared = version.parts.size();
+    while (compared > 0 && version.parts[compared - 1] == 0) --compared;
+    return std::equal(version.parts.begin(),
+                      version.parts.begin() + static_cast<std::ptrdiff_t>(compared),
+                      candidate.parts.begin());
 }
 
 namespace {

@@ -17,7 +17,7 @@ RuntimeVersion Version(std::int32_t a, std::int32_t b, std::int32_t c, std::int3
     return {{a, b, c, d}, 4};
 }
 
-/// Parses into a record that was full before, so that whatever is left standing shows.
+/// Parses into a record without zeros, so that a part that is not written is detected.
 RuntimeVersion Parsed(std::wstring_view text, std::int32_t fill = 0, bool expected = true) {
     RuntimeVersion version{{9, 9, 9, 9}, 9};
     EXPECT_EQ(ParseVersion(text, fill, version), expected) << std::string(text.begin(), text.end());
@@ -39,7 +39,7 @@ struct ParseCase {
     std::int32_t count;
 };
 
-TEST(ParseVersionTest, ReadsEveryShapeOfAVersion) {
+TEST(ParseVersionTest, ReadsEveryFormOfAVersion) {
     const ParseCase cases[] = {
         {L"1.8.0_231", 0, {1, 8, 0, 231}, 4},
         {L"11.0.2", 0, {11, 0, 2, 0}, 3},
@@ -68,15 +68,15 @@ TEST(ParseVersionTest, FailsWithoutADigit) {
     ExpectFails(L"");
     ExpectFails(L"abc");
     ExpectFails(L"._-+ any");
-    // Full-width and Arabic digits are no digits here.
+    // Only ASCII digits count, not full-width and Arabic ones.
     ExpectFails(L"\uFF11\uFF18 \u0661\u0668");
 }
 
-TEST(ParseVersionTest, OtherDigitsOnlySeparate) {
+TEST(ParseVersionTest, OtherDigitsAreSeparators) {
     EXPECT_EQ(Parsed(L"1\u06618").parts, (Parts{1, 8, 0, 0}));
 }
 
-TEST(ParseVersionTest, ANumberThatIsTooLargeForOneMoreDigitFailsTheWholeText) {
+TEST(ParseVersionTest, ATooLargeNumberFailsTheWholeText) {
     ExpectFails(L"2147483651");
     ExpectFails(L"2147483650");
     ExpectFails(L"1.8.0.2147483650");
@@ -89,24 +89,24 @@ TEST(ParseVersionTest, TheTenthDigitMayWrap) {
     EXPECT_EQ(Parsed(L"2147483649.3").parts, (Parts{kMin + 1, 3, 0, 0}));
 }
 
-TEST(ParseVersionTest, AWrappedNumberIsNoLongerTooLarge) {
-    // -2147483648 * 10 is 0 in 32 bits, then come the eleventh digit and those after it.
+TEST(ParseVersionTest, AWrappedNumberAcceptsMoreDigits) {
+    // -2147483648 * 10 is 0 in 32 bits; the eleventh digit is added to it.
     EXPECT_EQ(Parsed(L"21474836487").parts, (Parts{7, 0, 0, 0}));
     // (-2147483647 * 10) mod 2^32 is 10.
     EXPECT_EQ(Parsed(L"21474836495").parts, (Parts{15, 0, 0, 0}));
 }
 
-TEST(ParseVersionTest, LeadingZerosAreNotCountedAsDigitsOfTheNumber) {
+TEST(ParseVersionTest, IgnoresLeadingZeros) {
     EXPECT_EQ(Parsed(std::wstring(1000, L'0') + L"17").parts, (Parts{17, 0, 0, 0}));
 }
 
-TEST(ParseVersionTest, TheFifthGroupIsNotRead) {
+TEST(ParseVersionTest, DoesNotReadTheFifthGroup) {
     const RuntimeVersion version = Parsed(L"1.2.3.4.99999999999");
     EXPECT_EQ(version.parts, (Parts{1, 2, 3, 4}));
     EXPECT_EQ(version.count, 5);
 }
 
-TEST(ParseVersionTest, TakesTextsOfAnyLength) {
+TEST(ParseVersionTest, AcceptsTextsOfAnyLength) {
     ExpectFails(std::wstring(10000, L'x'));
     ExpectFails(std::wstring(10000, L'9'));
     EXPECT_EQ(Parsed(std::wstring(10000, L'x') + L"8").parts, (Parts{8, 0, 0, 0}));
@@ -116,12 +116,12 @@ TEST(ParseVersionTest, TakesTextsOfAnyLength) {
     EXPECT_EQ(Parsed(many).count, 5);
 }
 
-TEST(ParseVersionTest, ReadsNothingBehindTheView) {
+TEST(ParseVersionTest, DoesNotReadBeyondTheView) {
     const std::wstring text = L"1.89";
     EXPECT_EQ(Parsed(std::wstring_view(text).substr(0, 3)).parts, (Parts{1, 8, 0, 0}));
 }
 
-TEST(FormatVersionTest, WritesUpToTheLastPartThatSaysSomething) {
+TEST(FormatVersionTest, WritesUpToTheLastSignificantPart) {
     EXPECT_EQ(FormatVersion(Version(1, 8, 0, 231)), L"1.8.0.231");
     EXPECT_EQ(FormatVersion(Version(11, 0, 0, 0)), L"11.0");
     EXPECT_EQ(FormatVersion(Version(1, 8, 0, 0)), L"1.8");
@@ -133,13 +133,13 @@ TEST(FormatVersionTest, WritesUpToTheLastPartThatSaysSomething) {
     EXPECT_EQ(FormatVersion(Version(kMin, -1, 0, 0)), L"-2147483648.-1");
 }
 
-TEST(FormatVersionTest, NothingSaidIsFourZeros) {
+TEST(FormatVersionTest, WritesABlankVersionAsFourZeros) {
     EXPECT_EQ(FormatVersion(Version(0, 0, 0, 0)), L"0.0.0.0");
     EXPECT_EQ(FormatVersion(Version(kOpenPart, kOpenPart, kOpenPart, kOpenPart)), L"0.0.0.0");
     EXPECT_EQ(FormatVersion(Version(0, kOpenPart, 0, kOpenPart)), L"0.0.0.0");
 }
 
-TEST(CompareVersionsTest, TheFirstPartThatDiffersDecides) {
+TEST(CompareVersionsTest, TheFirstDifferentPartDecides) {
     EXPECT_EQ(CompareVersions(Version(1, 8, 0, 231), Version(1, 8, 0, 231)), 0);
     EXPECT_EQ(CompareVersions(Version(1, 8, 0, 230), Version(1, 8, 0, 231)), -1);
     EXPECT_EQ(CompareVersions(Version(1, 9, 0, 0), Version(1, 8, 9, 9)), 1);
@@ -152,11 +152,11 @@ TEST(CompareVersionsTest, PartsAreSigned) {
     EXPECT_EQ(CompareVersions(Version(kMax, 0, 0, 0), Version(kMin, 9, 9, 9)), 1);
 }
 
-TEST(CompareVersionsTest, TheCountIsNoPartOfIt) {
+TEST(CompareVersionsTest, TheCountIsNotCompared) {
     EXPECT_EQ(CompareVersions({{1, 8, 0, 0}, 2}, {{1, 8, 0, 0}, 5}), 0);
 }
 
-TEST(BoundsTest, AnyIsOpenAndTheWordIsExact) {
+TEST(BoundsTest, OnlyTheExactWordAnyIsOpen) {
     EXPECT_EQ(MinimumBound(L"any").parts, (Parts{0, 0, 0, 0}));
     EXPECT_EQ(MinimumBound(L"any").count, 4);
     EXPECT_EQ(MaximumBound(L"any").parts, (Parts{kOpenPart, kOpenPart, kOpenPart, kOpenPart}));
@@ -169,14 +169,14 @@ TEST(BoundsTest, AnyIsOpenAndTheWordIsExact) {
     }
 }
 
-TEST(BoundsTest, TheUnwrittenTailIsFilledByTheKindOfBound) {
+TEST(BoundsTest, TheKindOfBoundFillsTheUnwrittenTail) {
     EXPECT_EQ(MinimumBound(L"1.8").parts, (Parts{1, 8, 0, 0}));
     EXPECT_EQ(MaximumBound(L"1.8").parts, (Parts{1, 8, kOpenPart, kOpenPart}));
     EXPECT_EQ(MaximumBound(L"any 17").parts, (Parts{17, kOpenPart, kOpenPart, kOpenPart}));
     EXPECT_EQ(MaximumBound(L"2147483651").parts, (Parts{0, 0, 0, 0}));
 }
 
-TEST(BoundsTest, AMaximumReachesEveryUpdateOfItsVersion) {
+TEST(BoundsTest, AMaximumIncludesEveryUpdateOfItsVersion) {
     const RuntimeVersion maximum = MaximumBound(L"1.8");
     EXPECT_LE(CompareVersions(Version(1, 8, 0, 231), maximum), 0);
     EXPECT_GT(CompareVersions(Version(1, 9, 0, 0), maximum), 0);
@@ -206,7 +206,7 @@ TEST(MatchesPreferredTest, TrailingZerosMatchAnything) {
     EXPECT_FALSE(MatchesPreferred(L"0.1", Version(1, 1, 0, 0)));
 }
 
-TEST(MatchesPreferredTest, ATextThatSaysNothingMatchesEverything) {
+TEST(MatchesPreferredTest, ABlankTextMatchesEverything) {
     for (const wchar_t* text : {L"", L"latest", L"0", L"0.0.0.0", L"2147483651"}) {
         EXPECT_TRUE(MatchesPreferred(text, Version(17, 0, 1, 0)));
         EXPECT_TRUE(MatchesPreferred(text, Version(0, 0, 0, 0)));

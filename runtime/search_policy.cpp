@@ -13,7 +13,6 @@ struct SourceRow {
     bool jreWanted;
 };
 
-// Letter case counts here: that is how the key has always been read.
 // clang-format off
 constexpr SourceRow kSources[] = {
     // name         favouring  JDK    JRE
@@ -34,7 +33,7 @@ struct ProviderRow {
     bool ibmFavored;
 };
 
-// There is no plain "sun": it is what the defaults say.
+// Without "sun": docs/developer/compatibility.md.
 // clang-format off
 constexpr ProviderRow kProviders[] = {
     // name             jrockit       sun           ibm
@@ -61,7 +60,7 @@ void ApplyJvmSource(std::wstring_view text, RuntimeSearchPolicy& policy) {
         policy.jreWanted = true;
         return;
     }
-    // What a word that is in no row leaves behind: no root of either kind is searched.
+    // An unknown word excludes all roots: docs/developer/compatibility.md.
     SourceRow found{text, false, false, false};
     for (const SourceRow& row : kSources) {
         if (text == row.name) found = row;

@@ -8,17 +8,17 @@
 
 namespace tarn {
 
-/// Which of a runtime's JVM libraries is wanted.
+/// Selects one of a runtime's JVM libraries.
 enum class JvmType {
-    Default,      ///< any, a client JVM before a server JVM
-    Server,       ///< the server JVM and no other
-    FavorServer,  ///< the server JVM when there is one
+    Default,      ///< any; a client JVM precedes a server JVM
+    Server,       ///< only the server JVM
+    FavorServer,  ///< the server JVM if there is one
 };
 
-/// What the application's author says about the runtimes to look for.
+/// The settings of section "Java Runtime Environment" that control the search for a runtime.
 struct RuntimeSearchPolicy {
     JvmType jvmType = JvmType::Default;
-    /// A runtime of the wanted kind is preferred, but the other kind is searched too.
+    /// Runtimes of the kind that is not wanted are searched too, and ranked below the others.
     bool sourceFavouring = true;
     bool jdkWanted = true;
     bool jreWanted = true;
@@ -31,23 +31,23 @@ struct RuntimeSearchPolicy {
     RuntimeVersion minimum;
     RuntimeVersion maximum;
     std::vector<std::wstring> preferredVersions;
-    /// "JRE Path" as it stands in the settings: nothing expanded, no backslash added.
+    /// "JRE Path" as written in the settings: not expanded, without an added backslash.
     std::wstring jrePath;
 };
 
-/// The JVM type that a "JVM Type" text names; letter case counts.
+/// Returns the type that a "JVM Type" text names (case-sensitive); `Default` for any other text.
 JvmType JvmTypeOf(std::wstring_view text);
 
-/// Sets the source flags from a "JVM Source" text; letter case counts. A text that is none of the
-/// words switches every registry root off.
+/// Sets the source flags from a "JVM Source" text (case-sensitive). An unknown word excludes all
+/// registry roots.
 void ApplyJvmSource(std::wstring_view text, RuntimeSearchPolicy& policy);
 
-/// Sets the provider flags from a "VM Provider" text; letter case does not count. An empty text or
-/// one that is none of the words leaves them alone.
+/// Sets the provider flags from a "VM Provider" text (not case-sensitive). An empty text or an
+/// unknown word leaves them unchanged.
 void ApplyVmProvider(std::wstring_view text, RuntimeSearchPolicy& policy);
 
-/// Whether the policy allows or favours IBM runtimes. Their JVM is not to be left by a thread that
-/// has called `main`.
+/// Whether the policy allows or favours IBM runtimes, whose JVM a thread that has called the
+/// application must not leave.
 inline bool IbmInPolicy(const RuntimeSearchPolicy& policy) {
     return policy.ibmAllowed || policy.ibmFavored;
 }

@@ -12,7 +12,7 @@ std::string Narrow(std::wstring_view text) {
     return {text.begin(), text.end()};
 }
 
-TEST(JvmTypeTest, OnlyTheExactWordsChoose) {
+TEST(JvmTypeTest, OnlyTheExactWordsSelectAType) {
     EXPECT_EQ(JvmTypeOf(L"server"), JvmType::Server);
     EXPECT_EQ(JvmTypeOf(L"favor_server"), JvmType::FavorServer);
     for (const wchar_t* text : {L"", L"Server", L"SERVER", L"server ", L"Favor_Server", L"client",
@@ -38,15 +38,25 @@ TEST(JvmSourceTest, EveryRowSetsItsFlags) {
     EXPECT_EQ(SourceOf(L"only_JRE"), (SourceFlags{false, false, true}));
 }
 
-TEST(JvmSourceTest, AnyOtherTextSwitchesEveryRootOff) {
+TEST(JvmSourceTest, AnyOtherTextExcludesAllRoots) {
     for (const wchar_t* text : {L"Favor_JRE", L"favor_jre", L"FAVOR_JDK", L"only_jdk", L"JRE",
                                 L"favor_JRE ", L" ", L"any"}) {
         EXPECT_EQ(SourceOf(text), (SourceFlags{false, false, false})) << Narrow(text);
     }
 }
 
-TEST(JvmSourceTest, AnEmptyTextLeavesTheFavouringAlone) {
+TEST(JvmSourceTest, AnEmptyTextDoesNotChangeTheFavouring) {
     EXPECT_EQ(SourceOf(L"", false), (SourceFlags{false, true, true}));
+}
+
+TEST(JvmSourceTest, AnEmptyTextWantsBothKindsAgain) {
+    RuntimeSearchPolicy policy;
+    ApplyJvmSource(L"no such word", policy);
+    ASSERT_FALSE(policy.jdkWanted);
+    ASSERT_FALSE(policy.jreWanted);
+    ApplyJvmSource(L"", policy);
+    EXPECT_TRUE(policy.jdkWanted);
+    EXPECT_TRUE(policy.jreWanted);
 }
 
 /// jrockitAllowed, jrockitFavored, sunAllowed, sunFavored, ibmAllowed, ibmFavored.
@@ -64,7 +74,7 @@ ProviderFlags ProvidersOf(std::wstring_view text) {
 TEST(VmProviderTest, EveryRowSetsItsFlagsInAnyLetterCase) {
     const struct {
         std::wstring name;
-        std::wstring shouted;
+        std::wstring otherCase;
         ProviderFlags flags;
     } rows[] = {
         {L"jrockit", L"JROCKIT", {true, true, false, false, false, false}},
@@ -76,17 +86,17 @@ TEST(VmProviderTest, EveryRowSetsItsFlagsInAnyLetterCase) {
     };
     for (const auto& row : rows) {
         EXPECT_EQ(ProvidersOf(row.name), row.flags) << Narrow(row.name);
-        EXPECT_EQ(ProvidersOf(row.shouted), row.flags) << Narrow(row.shouted);
+        EXPECT_EQ(ProvidersOf(row.otherCase), row.flags) << Narrow(row.otherCase);
     }
 }
 
-TEST(VmProviderTest, AnyOtherTextLeavesTheDefaults) {
+TEST(VmProviderTest, AnyOtherTextKeepsTheDefaults) {
     for (const wchar_t* text : {L"", L"sun", L"Sun", L"oracle", L"ibm ", L" any", L"favor"}) {
         EXPECT_EQ(ProvidersOf(text), kDefaults) << Narrow(text);
     }
 }
 
-TEST(VmProviderTest, AnyOtherTextLeavesWhatWasSetBefore) {
+TEST(VmProviderTest, AnyOtherTextKeepsEarlierFlags) {
     RuntimeSearchPolicy policy;
     ApplyVmProvider(L"ibm", policy);
     ApplyVmProvider(L"", policy);
@@ -96,7 +106,7 @@ TEST(VmProviderTest, AnyOtherTextLeavesWhatWasSetBefore) {
     EXPECT_TRUE(policy.ibmFavored);
 }
 
-TEST(IbmInPolicyTest, AllowedOrFavoredCounts) {
+TEST(IbmInPolicyTest, AllowedOrFavoredSuffices) {
     RuntimeSearchPolicy policy;
     EXPECT_FALSE(IbmInPolicy(policy));
     policy.ibmAllowed = true;

@@ -10,73 +10,77 @@
 
 namespace tarn {
 
-/// What became of a registry subkey that was looked at.
+/// The result of examining a registry subkey.
 enum class SubkeyVerdict {
     Chosen,
-    RankedBelow,   ///< would do, but another candidate was chosen
+    RankedBelow,   ///< a candidate, but another one was chosen
     AboveMaximum,  ///< newer than "Maximum Version"
     BelowMinimum,  ///< older than "Minimum Version"
-    NotOpened,     ///< the key cannot be read
+    NotOpened,     ///< the key cannot be opened
     NoJavaHome,    ///< "JavaHome" is missing or empty
     NoJvmLibrary,  ///< the home has no `jvm.dll` of the wanted type
 };
 
+/// One examined subkey.
 struct SubkeyReport {
     std::wstring name;
     SubkeyVerdict verdict = SubkeyVerdict::NotOpened;
-    /// As far as it was looked at: the version always, the home from "JavaHome" on, the flags for
-    /// a candidate only.
+    /// Filled until a test failed: the version always, the home when "JavaHome" is present, the
+    /// flags for a candidate only.
     RuntimeCandidate runtime;
-    /// For a candidate: its place among all of this search, 0 for the best.
+    /// For a candidate: its index in the ranked list of this search, 0 for the best.
     std::size_t rank = 0;
-    /// For a candidate that was not chosen: what put the chosen one before it.
+    /// For a candidate that was not chosen: the rule that put the chosen one before it.
     ChoiceReason reason = ChoiceReason::FoundEarlier;
 };
 
-/// What became of a registry root.
+/// The result of visiting a registry root.
 enum class RootVerdict {
     Searched,
-    KindNotWanted,       ///< "JVM Source" leaves the kind out
-    ProviderNotAllowed,  ///< "VM Provider" leaves the provider out
-    NotOpened,           ///< there is no such key, or it cannot be read
+    KindNotWanted,       ///< "JVM Source" excludes the kind
+    ProviderNotAllowed,  ///< "VM Provider" excludes the provider
+    NotOpened,           ///< the key does not exist or cannot be opened
 };
 
+/// One root with its subkeys in the order of their enumeration.
 struct RootReport {
     const RegistryRoot* root = nullptr;
     RootVerdict verdict = RootVerdict::Searched;
     std::vector<SubkeyReport> subkeys;
 };
 
+/// The sources in the order of the search.
 enum class RuntimeSource {
     Configured,      ///< "JRE Path"
-    Shipped,         ///< beside the launcher, or below the current directory
-    Registry,        ///< the registry as a 64-bit process sees it
-    PairedRegistry,  ///< the registry as a 32-bit process sees it
+    Shipped,         ///< with the launcher, or below the current directory
+    Registry,        ///< the 64-bit view of the registry
+    PairedRegistry,  ///< the 32-bit view of the registry, for the paired launcher
 };
 
-/// What became of a source.
+/// The result of a source.
 enum class SourceVerdict {
     Taken,
     NotConfigured,   ///< "JRE Path" is empty
-    NoModuleFolder,  ///< the launcher's own folder is unknown
+    NoModuleFolder,  ///< the launcher's folder is unknown
     NoJvmLibrary,    ///< the home has no `jvm.dll` of the wanted type
-    NoCandidate,     ///< no registered runtime will do
-    NoPairProduct,   ///< a 32-bit runtime would be of no use
+    NoCandidate,     ///< no registered runtime is a candidate
+    NoPairProduct,   ///< there is no launcher for a 32-bit runtime
 };
 
+/// One source that was searched.
 struct SourceReport {
     RuntimeSource source = RuntimeSource::Configured;
     SourceVerdict verdict = SourceVerdict::Taken;
-    /// The home that was looked at or chosen. Empty for a library below the current directory.
+    /// The home that was tried. Empty for the current directory.
     std::wstring home = {};
-    /// For the registry: every root, in the order of the search.
+    /// For the registry: all roots in the order of the search.
     std::vector<RootReport> roots = {};
-    /// For the registry: which of the policy's preferred versions chose; empty when none did.
+    /// For the registry: index of the preferred version that selected the candidate, if any.
     std::optional<std::size_t> preferred = {};
 };
 
-/// How a search went: each source that was asked, in order. The last one is the one that was taken,
-/// unless nothing was found.
+/// The course of a search: its sources in order. If the search succeeded, the last one is the
+/// source of the runtime.
 struct SearchReport {
     std::vector<SourceReport> sources;
 };

@@ -6,18 +6,19 @@
 
 namespace tarn {
 
-/// Which text of the string table describes two bounds, and what fills its places.
+/// The text that describes two bounds, with its arguments.
 struct VersionPhrase {
+    /// Id in the string table.
     unsigned textId = 0;
     std::wstring first;
     std::wstring second;
 };
 
-/// Chooses the text by which of the bounds say something.
+/// Chooses the text that describes the bounds, by which of them are blank.
 VersionPhrase ChooseVersionPhrase(const RuntimeVersion& minimum, const RuntimeVersion& maximum);
 
-/// The phrase that tells the user which versions will do, from the string table ("minimum version
-/// 1.8", "latest version" when neither bound says anything).
+/// Returns the phrase that tells the user which versions are accepted ("minimum version 1.8"), from
+/// the string table.
 std::wstring DescribeVersionBounds(const RuntimeVersion& minimum, const RuntimeVersion& maximum);
 
 }  // namespace tarn

@@ -13,27 +13,27 @@ void ExpectPhrase(const wchar_t* minimum, const wchar_t* maximum, unsigned id, c
     EXPECT_EQ(phrase.second, second);
 }
 
-TEST(VersionPhraseTest, NoBoundAsksForTheLatest) {
+TEST(VersionPhraseTest, WithoutBoundsTheLatestIsRequested) {
     ExpectPhrase(L"any", L"any", 217, L"", L"");
     ExpectPhrase(L"", L"", 217, L"", L"");
-    // Not the word, but a text that says nothing.
+    // Not the word "any", but a text without digits.
     ExpectPhrase(L"Any", L"Any", 217, L"", L"");
 }
 
-TEST(VersionPhraseTest, OneBoundIsNamed) {
+TEST(VersionPhraseTest, ASingleBoundIsStated) {
     ExpectPhrase(L"any", L"1.8", 218, L"1.8", L"");
     ExpectPhrase(L"", L"1.8.0_231", 218, L"1.8.0.231", L"");
     ExpectPhrase(L"11.0.2", L"any", 219, L"11.0.2", L"");
     ExpectPhrase(L"11", L"", 219, L"11.0", L"");
 }
 
-TEST(VersionPhraseTest, EqualBoundsAreOneVersion) {
+TEST(VersionPhraseTest, EqualBoundsStateOneVersion) {
     ExpectPhrase(L"1.8.0_231", L"1.8.0_231", 220, L"1.8.0.231", L"");
 }
 
-TEST(VersionPhraseTest, DifferentBoundsAreARange) {
+TEST(VersionPhraseTest, DifferentBoundsStateARange) {
     ExpectPhrase(L"1.6", L"1.8", 221, L"1.6", L"1.8");
-    // The tails are filled differently, so the same short text twice is a range.
+    // The unwritten parts of the bounds differ, so equal texts are a range.
     ExpectPhrase(L"1.8", L"1.8", 221, L"1.8", L"1.8");
     ExpectPhrase(L"17", L"11", 221, L"17.0", L"11.65535");
 }

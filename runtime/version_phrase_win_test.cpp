@@ -9,7 +9,7 @@ std::wstring Phrase(const wchar_t* minimum, const wchar_t* maximum) {
     return DescribeVersionBounds(MinimumBound(minimum), MaximumBound(maximum));
 }
 
-TEST(DescribeVersionBoundsTest, ReadsAsTheUserSeesIt) {
+TEST(DescribeVersionBoundsTest, FormatsTheTextOfTheStringTable) {
     EXPECT_EQ(Phrase(L"any", L"any"), L"latest version");
     EXPECT_EQ(Phrase(L"any", L"1.8"), L"maximum version 1.8");
     EXPECT_EQ(Phrase(L"1.8", L"any"), L"minimum version 1.8");

@@ -8,14 +8,14 @@
 
 #include "runtime/fake_registry_fixture.h"
 
-// For tests: the rules of the registry search once more, written for nothing but being read. It
-// shares no code with the search.
+// For unit tests only: a model of the registry search, written for readability. It shares no code
+// with the search.
 
 namespace tarn {
 
 using ModelVersion = std::array<long long, 4>;
 
-/// Versions of the made-up machines have numbers of at most four digits.
+/// Sufficient for the versions of the random machines, whose numbers have four digits at most.
 inline ModelVersion ReadVersion(const std::wstring& text, long long fill) {
     std::wstring spaced;
     for (const wchar_t c : text) spaced += c >= L'0' && c <= L'9' ? c : L' ';
@@ -50,7 +50,7 @@ struct ModelPolicy {
         if (provider == L"") return name == L"sun";
         return provider == name || provider == L"favor_" + name;
     }
-    /// Every text with digits, or the word, bounds; any other one bounds at zero.
+    /// A text without digits other than "any" is a bound of zero.
     ModelVersion Minimum() const { return ReadVersion(minimum, 0); }
     ModelVersion Maximum() const {
         if (maximum == L"any") return {65535, 65535, 65535, 65535};
@@ -83,7 +83,7 @@ struct ModelCandidate {
     bool favored;
 };
 
-/// "server", "client" ... : the folder of the library that is taken, empty when none is.
+/// Returns the folder of the selected library ("server", "client" ...); empty without one.
 inline std::wstring ModelLibrary(const FakeMachine& machine, const std::wstring& home,
                                  const std::wstring& type) {
     const auto has = [&](const std::wstring& folder) {
@@ -101,13 +101,13 @@ inline std::wstring ModelLibrary(const FakeMachine& machine, const std::wstring&
 
 struct ModelOutcome {
     std::wstring home = L"nothing";
-    std::vector<std::wstring> lookUps;
+    std::vector<std::wstring> reads;
 };
 
 inline bool ModelMatches(const ModelVersion& preferred, const ModelVersion& candidate) {
     const ModelVersion zero{};
     for (std::size_t part = 0; part < 4; ++part) {
-        // Nothing but zeros from here on: the rest may be anything.
+        // Only zeros follow, which match anything.
         if (std::equal(preferred.begin() + static_cast<std::ptrdiff_t>(part), preferred.end(),
                        zero.begin())) {
             return true;
@@ -117,24 +117,24 @@ inline bool ModelMatches(const ModelVersion& preferred, const ModelVersion& cand
     return true;
 }
 
-/// What is chosen, and every look on the way to it, in its order.
-inline ModelOutcome AskModel(const FakeMachine& machine, const ModelPolicy& policy) {
+/// Returns the chosen home and everything that the search reads, in order.
+inline ModelOutcome RunModel(const FakeMachine& machine, const ModelPolicy& policy) {
     ModelOutcome outcome;
     std::vector<ModelCandidate> candidates;
     for (const ModelRoot& root : kModelRoots) {
         if (!policy.TakesUnwanted() && !policy.Wants(root.jdk)) continue;
         if (!policy.Allows(root.provider)) continue;
-        outcome.lookUps.push_back(L"root " + root.key);
+        outcome.reads.push_back(L"root " + root.key);
         if (!machine.roots.contains(root.key)) continue;
         for (const FakeSubkey& subkey : machine.roots.at(root.key)) {
             const ModelVersion version = ReadVersion(subkey.name, 0);
             if (version > policy.Maximum() || version < policy.Minimum()) continue;
-            outcome.lookUps.push_back(L"key " + subkey.name);
+            outcome.reads.push_back(L"key " + subkey.name);
             if (!subkey.opens || subkey.javaHome.empty()) continue;
             std::wstring home = subkey.javaHome;
             if (home.back() != L'\\') home += L'\\';
             home += root.below;
-            outcome.lookUps.push_back(L"home " + home);
+            outcome.reads.push_back(L"home " + home);
             const bool plain = root.noFavour && policy.type == L"favor_server";
             const std::wstring library = ModelLibrary(machine, home, plain ? L"" : policy.type);
             if (library.empty()) continue;
@@ -142,7 +142,7 @@ inline ModelOutcome AskModel(const FakeMachine& machine, const ModelPolicy& poli
                                   policy.Wants(root.jdk) && policy.Favors(root.provider)});
         }
     }
-    // The best of those that are left, again and again: the first one that no other one beats.
+    // Repeatedly selects the first of the remaining candidates that no other one beats.
     std::vector<ModelCandidate> ranked;
     const auto beats = [&](const ModelCandidate& a, const ModelCandidate& b) {
         if (policy.TakesUnwanted() && a.favored != b.favored) return a.favored;
