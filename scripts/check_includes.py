@@ -1,14 +1,14 @@
 #!/usr/bin/env python3
-"""Holds the #include lines of our libraries to what their CMakeLists.txt say.
+"""Checks that the #include lines of our libraries match their CMakeLists.txt.
 
 - A library's files include their own folder and those of the libraries that its USES names (and
-  resources/ids.h, which is only numbers). Its tests also include tests/unit_support.
-- PURE sources and TESTS of what ships in the launcher reach no Windows header, however deep, and no
-  C header of the platform.
-- windows.h comes through base/windows.h alone.
+  resources/ids.h, which contains only numbers). Its tests also include tests/unit_support.
+- PURE sources and TESTS of what ships in the launcher include no Windows header and no C header of the
+  platform, directly or indirectly.
+- Only base/windows.h includes windows.h.
 - Every source in a library's folder is named in a CMakeLists.txt.
 
-Prints one line for each break of a rule and exits with 1 if there was one.
+Prints one line for each violation, and exits with 1 if there is one.
 """
 
 import os
@@ -58,13 +58,13 @@ def read_libraries():
 
 
 def includes(path):
-    """What a file includes: (path from the root or None, name in angle brackets or None)."""
+    """The includes of a file: (path from the root or None, name in angle brackets or None)."""
     for match in INCLUDE.finditer(read(path)):
         yield match.group(1), match.group(2)
 
 
 def folder_of(path, folders):
-    """The innermost library folder that holds a file."""
+    """The innermost library folder that contains a file."""
     folder = os.path.dirname(path)
     while folder and folder not in folders:
         folder = os.path.dirname(folder)
@@ -72,7 +72,7 @@ def folder_of(path, folders):
 
 
 def windows_headers_reached(path):
-    """Chains of includes from a pure file to what it must not reach."""
+    """Chains of includes from a pure file to headers that it must not include."""
     seen = {path}
     waiting = [(path, [path])]
     while waiting:
@@ -93,7 +93,7 @@ def check_arrows(libraries):
         owner = by_folder.get(folder_of(path, by_folder))
         for ours, theirs in includes(path):
             if theirs and theirs.lower() == "windows.h" and path != WINDOWS_WRAPPER:
-                yield f"{path}: includes <{theirs}>; it comes through {WINDOWS_WRAPPER}"
+                yield f"{path}: includes <{theirs}>; use {WINDOWS_WRAPPER}"
             if ours is None or owner is None or ours in OPEN_TO_ALL:
                 continue
             if ours.startswith(UNIT_SUPPORT) and path.endswith(("_test.cpp", "_fixture.h")):
@@ -101,27 +101,27 @@ def check_arrows(libraries):
                     yield f"{path}: includes \"{ours}\", which does not exist"
                 continue
             if not os.path.exists(os.path.join(ROOT, ours)):
-                yield f"{path}: includes \"{ours}\", which is no path from the root"
+                yield f"{path}: includes \"{ours}\", which is not a path from the root"
                 continue
             other = by_folder.get(folder_of(ours, by_folder))
             if other is None:
-                yield f"{path}: includes \"{ours}\", which is no library's"
+                yield f"{path}: includes \"{ours}\", which belongs to no library"
             elif other != owner and other not in libraries[owner]["USES"]:
                 yield f"{path}: includes \"{ours}\", but {owner} does not use {other}"
 
 
 def check_lists(libraries):
     for library in libraries.values():
-        # The companion program's sources are portable, not pure.
+        # The companion program's sources are portable, but not pure.
         for name in library["PURE"] + library["TESTS"] if library["ships"] else ():
             for chain in windows_headers_reached(os.path.join(library["folder"], name)):
-                yield "pure, but reaches the platform: " + " -> ".join(chain)
+                yield "pure, but includes the platform: " + " -> ".join(chain)
     named = "\n".join(read(path) for path in find_files(lambda name: name == "CMakeLists.txt"))
     folders = {library["folder"] for library in libraries.values()}
     for path in find_files(lambda name: name.endswith(".cpp")):
         if folder_of(path, folders) and not re.search(
                 rf"(?<![\w]){re.escape(os.path.basename(path))}(?![\w])", named):
-            yield f"{path}: is in no CMakeLists.txt"
+            yield f"{path}: is not in a CMakeLists.txt"
 
 
 def main():
@@ -132,7 +132,7 @@ def main():
     broken = list(check_arrows(libraries)) + list(check_lists(libraries))
     for line in broken:
         print(line)
-    print(f"{len(libraries)} libraries, {len(broken)} breaks of the rules")
+    print(f"{len(libraries)} libraries, {len(broken)} violations of the include rules")
     return 1 if broken else 0
 
 

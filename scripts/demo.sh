@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Shows the launcher at work: scripts/demo.sh [--show]
+# Demonstrates the launcher: scripts/demo.sh [--show]
 #
-# Builds launcher.exe and the companion program, compiles the sample application, lets "tarn wrap"
-# make an application's folder of it in build/demo, with a real Windows Java runtime, and starts it
-# under Wine on a virtual screen with a document and an argument in other letters; then once more
-# with another document, which the running one opens in its window. Ends with what the application printed, the exit codes of both
-# launches and the paths of pictures of the screen, with the splash and with the window. With --show
-# the window opens on your own screen, and the script waits until you close it.
+# Builds launcher.exe and the companion program, compiles the sample application, wraps it with
+# "tarn wrap" and a Java runtime for Windows in build/demo, and starts it under Wine on a virtual
+# screen, with a document and a non-ASCII argument; then a second time with another document, which
+# the running instance opens. Prints the application's output, the exit codes of both launches and the
+# paths of two screenshots, with the splash and with the window. With --show the window opens on your
+# screen, and the script waits until you close it.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT"
@@ -49,7 +49,7 @@ lay_out() {  # folder of the runtime
     cp examples/documents/second.txt "$demo/Second launch.txt"
 }
 
-# Starts the sample from Windows' side, for Wine passes only eight bits of an exit code on.
+# Starts the sample with cmd.exe, because Wine returns only eight bits of an exit code.
 run_sample() {  # name of this launch, argument...
     local launch=$1
     shift
@@ -73,7 +73,7 @@ exit_code_of() {  # name of a launch
 
 count_windows() { xwininfo -root -tree | grep -c 'Tarn Notes": ' || true; }
 
-# Keeps a picture of the screen once the splash stands in the middle of it.
+# Stores a screenshot when the splash is visible in the centre of the screen.
 catch_splash() {
     [ ! -s "$splash_shot" ] || return 0
     local moment=$demo/moment.png different
@@ -95,7 +95,7 @@ wait_for_window() {  # the sample's process
     return 1
 }
 
-tarn_say "installing what is missing"
+tarn_say "installing missing packages"
 scripts/setup.sh demo
 tarn_say "building launcher.exe and tarn"
 quietly cmake --preset release
@@ -113,10 +113,10 @@ tarn_open_wine
 
 tarn_say "starting sample.exe"
 if [ $show = yes ]; then
-    # Your screen has a window manager, unlike the tests' one.
+    # Your screen has a window manager, unlike that of the tests.
     key='HKCU\Software\Wine\AppDefaults\sample.exe\X11 Driver'
     tarn_quiet_wine reg add "$key" /v Managed /d Y /f
-    tarn_say "close its window to go on"
+    tarn_say "close its window to continue"
     run_first || true
     tarn_quiet_wine reg delete "$key" /f || true
 else
@@ -125,12 +125,12 @@ else
     run_first &
     sample=$!
     if wait_for_window $sample; then
-        tarn_say "starting sample.exe once more"
+        tarn_say "starting sample.exe a second time"
         run_second || true
         windows=$(count_windows)
         import -window root "$shot"
         touch "$demo/close"
-        tarn_say "took a picture of its window, closing it"
+        tarn_say "took a screenshot, closing the window"
     fi
     wait $sample || true
 fi
@@ -142,10 +142,10 @@ code=$(exit_code_of first)
 echo "Exit code:  $code"
 if [ $show = no ]; then
     second=$(exit_code_of second)
-    echo "Second launch: exit code $second, its document is in the first one's window;" \
+    echo "Second launch: exit code $second, the first instance has opened its document;" \
         "windows: ${windows:-unknown}"
     [ "$second" = 0 ] && [ "${windows:-}" = 1 ] || code=failed
-    [ -s "$shot" ] || { echo "no picture was taken" >&2; exit 1; }
+    [ -s "$shot" ] || { echo "no screenshot was taken" >&2; exit 1; }
     echo "Screenshot: $shot"
     [ ! -s "$splash_shot" ] || echo "The splash: $splash_shot"
 fi

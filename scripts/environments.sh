@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
-# Runs those end-to-end tests that the surroundings may matter to in surroundings that the test
-# command does not have: other code pages, small and very large screens, a Wine server that goes
-# away. scripts/environments.sh [PART...] with the parts pages, screens, server.
+# Runs end-to-end tests in environments that the test command does not have:
+# scripts/environments.sh [PART...]
 #
-# The other languages of a Wine session need the C library's locales, which Debian's package
-# "locales" has the sources of.
+#     pages        other code pages
+#     screens      small and very large screens
+#     server       a Wine server that ends under the launcher
+#
+# Wine takes the code page from the C library's locale; Debian's package "locales" has the sources.
 # shellcheck disable=SC2317  # the parts are called by their names
 set -uo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
@@ -46,7 +48,7 @@ part_screens() {
     done
 }
 
-# The launcher cannot outlive the server that it hangs on.
+# The launcher must not outlive its server.
 part_server() {
     timeout --kill-after=30 300 scripts/lib/end_of_server.sh || failed=1
 }

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Lets every Windows call of every kind of launch fail once, and writes down what came of it, in
-# tests/failing_calls/outcomes and in docs/reference/failing-calls.md; and lets every allocation fail:
-# scripts/fail_every_call.sh [SCENARIO...]
+# Makes every Windows call of every kind of launch fail once: scripts/fail_every_call.sh [SCENARIO...]
 #
-# The test suite compares a sample with that. What this finds is to be read before it is committed.
+# Writes the outcomes to tests/failing_calls/outcomes and docs/reference/failing-calls.md, and makes
+# every allocation fail once. The test command compares a sample with these files, so review the
+# differences before you commit them.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT"

@@ -1,16 +1,16 @@
 #!/usr/bin/env bash
 # Fuzzes the pure parts: scripts/fuzz.sh [OPTION...] [NAME...]
 #
-#     --seconds N      each fuzzer for so long (default: 60)
-#     --executions N   each fuzzer for so many inputs, however long that takes
-#     --jobs N         so many fuzzers at a time (default: 1)
-#     --report FILE    writes "passed NAME" or "failed NAME" for each
-#     --minimise       no fuzzing: puts what was found since into fuzz/corpus/, and takes out
-#                      whatever adds nothing to the rest
+#     --seconds N      runs each fuzzer for N seconds (default: 60)
+#     --executions N   runs each fuzzer for N inputs, without a time limit
+#     --jobs N         runs N fuzzers at a time (default: 1)
+#     --report FILE    writes a line "passed NAME" or "failed NAME" for each fuzzer
+#     --minimise       does not fuzz: moves new inputs to fuzz/corpus/, and removes inputs that add no
+#                      coverage
 #
-# Without a NAME all of fuzz/*_fuzzer.cpp. They start from fuzz/corpus/NAME; what they find goes to
-# build/fuzz/NAME, an input that breaks a property to build/fuzz/NAME-failures, and running
-# build/host-clang/fuzz/NAME_fuzzer with that file shows it again.
+# Without a NAME all of fuzz/*_fuzzer.cpp run. They start from fuzz/corpus/NAME. New inputs are in
+# build/fuzz/NAME, inputs that violate a property in build/fuzz/NAME-failures; run
+# build/host-clang/fuzz/NAME_fuzzer with such a file to reproduce the failure.
 set -uo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT" || exit 1
@@ -42,10 +42,10 @@ if [ ${#names[@]} -eq 0 ]; then
     done
 fi
 
-# What lengthens the inputs beyond this only slows the fuzzer down.
+# Longer inputs only slow the fuzzer down.
 longest_input() {  # name
     case $1 in
-        argument_area) echo 1200 ;;  # more than what the area holds
+        argument_area) echo 1200 ;;  # more than the area's size
         embedded_settings | jar_manifest) echo 128 ;;
         executable_image) echo 160 ;;
         image_resources) echo 512 ;;
@@ -62,13 +62,13 @@ fuzz_one() {  # name
     local found=build/fuzz/$1 failures=build/fuzz/$1-failures log=build/fuzz/$1.log started=$SECONDS
     rm -rf "$failures"
     mkdir -p "$found" "$failures" "fuzz/corpus/$1"
-    # What is fuzzed is simple: many inputs find more than well chosen ones, and a long list of freed
-    # blocks only costs time.
+    # The fuzzed code is simple: many inputs find more than well-chosen ones, and a large quarantine
+    # of freed blocks only costs time.
     ASAN_OPTIONS=quarantine_size_mb=2:malloc_context_size=4 \
         "build/host-clang/fuzz/$1_fuzzer" "$limit" -entropic=0 -shrink=0 -reduce_inputs=0 \
         -max_len="$(longest_input "$1")" -timeout=20 -print_final_stats=1 \
         -artifact_prefix="$failures/" "$found" "fuzz/corpus/$1" >"$log" 2>&1 </dev/null &
-    # Whoever ends this job ends the fuzzer too.
+    # Ending this job ends the fuzzer, too.
     # shellcheck disable=SC2064  # that very process
     trap "kill $!; exit 1" TERM
     if wait $!; then

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Writes tools/check/vm_flags.inc: which "-XX:" options each Java runtime takes.
+"""Writes tools/check/vm_flags.inc: the "-XX:" options that each Java runtime accepts.
 
-Asks the Windows runtimes of scripts/runtimes.lock themselves, under Wine: once for the flags they
-have, and once with every other runtime's flags, which shows those that they have dropped but still
-put up with. Each row is NAME KIND KNOWN, where KIND is s (switch), n (number), d (decimal) or t
-(text), and KNOWN the set of versions that take it, bit 0 for the first; then pairs of a letter and
-such a set: i (ignored with a warning), d (diagnostic), e (experimental).
+Runs the Windows runtimes of scripts/runtimes.lock under Wine: once to list their flags, and once
+with every flag of the other runtimes, to find removed flags that they still tolerate. Each row is
+NAME KIND KNOWN, where KIND is s (switch), n (number), d (decimal) or t (text), and KNOWN is the set
+of versions that accept it, bit 0 for the first; then pairs of a letter and such a set: i (ignored
+with a warning), d (diagnostic), e (experimental).
 """
 
 import os
@@ -19,7 +19,7 @@ OUTPUT = os.path.join(ROOT, "tools", "check", "vm_flags.inc")
 VERSIONS = ["11", "17", "21", "25"]
 WIDTH = 110
 UNLOCK = ["-XX:+UnlockDiagnosticVMOptions", "-XX:+UnlockExperimentalVMOptions"]
-# Of Java 8 and older: they are in none of these runtimes' own lists.
+# Flags of Java 8 and older, which none of these runtimes lists.
 OLD_SWITCHES = """AggressiveOpts CMSClassUnloadingEnabled CMSIncrementalMode CMSParallelRemarkEnabled
     CMSPermGenSweepingEnabled CreateMinidumpOnCrash FlightRecorder LazyBootClassLoader
     PrintGCApplicationStoppedTime PrintGCCause PrintGCDateStamps PrintGCTimeStamps PrintHeapAtGC

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs cppcheck over our own sources, as the host and as Windows sees them.
+# Runs cppcheck on our own sources.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

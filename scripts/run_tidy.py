@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy over our own sources, tests left out: scripts/run_tidy.py [FILE...]
+"""Runs clang-tidy on our own sources except tests: scripts/run_tidy.py [FILE...]
 
-What the host's build has is checked as the host compiles it, the rest as the Windows build
-does; both trees must be configured (presets "host" and "release"). Prints what clang-tidy found
-and exits with 1 if that was anything. GoogleTest's macros would cost more time than all the rest.
+Sources of the preset "host" are checked as the host compiles them, the others as the preset
+"release" does; both must be configured. Prints the findings, and exits with 1 if there is one. Tests
+are excluded because GoogleTest's macros take more time than everything else.
 """
 
 import concurrent.futures
@@ -18,7 +18,7 @@ TOOLCHAIN = os.path.join(ROOT, "scripts", "lib", "toolchain.sh")
 
 
 def database(preset):
-    """The sources of ours in a build's compile commands."""
+    """Our sources in the compile commands of a preset."""
     folder = os.path.join(ROOT, "build", preset)
     with open(os.path.join(folder, "compile_commands.json"), encoding="utf-8") as file:
         commands = json.load(file)
@@ -29,12 +29,12 @@ def database(preset):
 
 
 def mingw_arguments():
-    """clang knows mingw-w64's target, but not where Debian keeps its C++ library."""
+    """clang knows the target, but not the location of mingw-w64's C++ library on Debian."""
     folders = sorted(glob.glob("/usr/lib/gcc/x86_64-w64-mingw32/*-posix/include/c++"))
     if not folders:
         sys.exit("no C++ library of x86_64-w64-mingw32 found")
     library = folders[-1]
-    # Objects with both kinds of code, which link-time optimisation makes, are gcc's alone.
+    # Only gcc supports objects with both kinds of code (link-time optimisation).
     arguments = ["--target=x86_64-w64-mingw32", "-Wno-ignored-optimization-argument"]
     for folder in (library, library + "/x86_64-w64-mingw32"):
         arguments += ["-isystem", folder]

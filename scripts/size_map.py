@@ -1,9 +1,9 @@
 #!/usr/bin/python3
-"""Prints where the bytes of launcher.exe are: size_map.py [NUMBER]
+"""Prints the size of the parts of launcher.exe: size_map.py [NUMBER]
 
-Sections and resources of the file, its code by folder of the sources, and the NUMBER (20) largest
-functions. Builds the launcher once more with debug information, in build/size-map: the same code,
-for whoever asks where it comes from. What the compiler has put into its caller counts there.
+Lists sections and resources of the file, its code by source folder, and the NUMBER (20) largest
+functions. Builds the launcher with debug information in build/size-map, which does not change the
+code. Inlined functions count for their caller.
 """
 
 import collections

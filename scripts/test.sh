@@ -5,15 +5,15 @@
 #     host-clang   the same with clang
 #     windows      all unit tests as a Windows program under Wine
 #     windows-clang  the launcher's, and the launcher, built by clang
-#     executable   what launcher.exe is made of: sections, imports, resources, reproducibility
-#     tools        the companion program, as built for this machine and under Wine
+#     executable   launcher.exe as a file: sections, imports, resources, reproducibility
+#     tools        the companion program, on this machine and under Wine
 #     endtoend     launcher.exe with scripted and real Java runtimes under Wine
 #     fuzz         each fuzzer for a minute, or for TARN_FUZZ_SECONDS
 #     format       clang-format
-#     lint         clang-tidy, cppcheck, shellcheck, our own check of the #include lines
+#     lint         clang-tidy, cppcheck, shellcheck, the checks of our own rules
 #
-# Without a PART all of them run, whatever fails on the way. The last line counts the tests:
-# "N passed, N failed". GTEST_FILTER in the environment narrows the GoogleTest programs.
+# Without a PART all of them run, also after a failure. The last line is the total:
+# "N passed, N failed". GTEST_FILTER in the environment selects tests of the GoogleTest programs.
 set -uo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT" || exit 1
@@ -42,9 +42,9 @@ for part in "${parts[@]}"; do
 done
 
 scripts/setup.sh test || exit 1
-unset DISPLAY  # never on somebody's real screen
+unset DISPLAY  # never use a real screen
 export LC_ALL=C.UTF-8
-# What runs in the background does not hear Ctrl-C by itself.
+# Background jobs do not receive Ctrl-C.
 trap 'jobs -p | xargs -r kill 2>/dev/null || true' EXIT
 trap 'exit 130' INT TERM
 mkdir -p "$results"

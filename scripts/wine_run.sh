@@ -9,7 +9,7 @@ TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 
 trap tarn_close_wine EXIT
 tarn_open_wine
-# Where the end-to-end tests find the real Java runtimes and applications.
+# The end-to-end tests read the paths of the real Java runtimes and applications from these.
 TARN_RUNTIMES=$(winepath -w "$TARN_RUNTIMES" 2>/dev/null)
 export TARN_RUNTIMES
 TARN_APPLICATIONS=$(winepath -w "$TARN_APPLICATIONS" 2>/dev/null)

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs a command that starts Windows programs by "wine": scripts/wine_session.sh COMMAND [ARGUMENT...]
+# Runs a command that starts Windows programs with "wine": scripts/wine_session.sh COMMAND [ARGUMENT...]
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 # shellcheck source=scripts/lib/wine.sh

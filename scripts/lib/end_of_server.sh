@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Ends the Wine server under a launcher that waits for its application: the launcher must go too.
+# Ends the Wine server while a launcher waits for its application: the launcher must end, too.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/../.." && pwd)
 # shellcheck source=scripts/lib/common.sh
@@ -27,7 +27,7 @@ export FAKE_JVM_SCRIPT FAKE_JVM_LOG
 wine "$folder/sample.exe" {tarn_wine_lock}>&- </dev/null >/dev/null 2>&1 &
 launcher=$!
 
-# A bounded wait for a condition, both times.
+# Waits for a condition, with a time limit.
 wait_until() {
     for _ in $(seq 300); do
         "$@" && return 0
@@ -41,7 +41,7 @@ is_gone() { ! kill -0 "$launcher" 2>/dev/null; }
 wait_until main_runs || { echo "the application did not start"; kill "$launcher"; exit 1; }
 wineserver -k
 if wait_until is_gone; then
-    echo "the launcher went away with its server"
+    echo "the launcher ended with its server"
 else
     echo "the launcher outlived its server"
     kill -KILL "$launcher"

@@ -1,8 +1,8 @@
 """Reads the reports of a GoogleTest program: read_reports.py "EXIT_CODE..." REPORT.xml...
 
-One exit code for each report: a program may run its tests in several processes. Prints "passed
-NUMBER" and one "failed NAME" for each failed test. A test that skipped itself or is disabled counts
-as failed, and so does a process that ended without a report or failed otherwise.
+There is one exit code for each report, because a program may run its tests in several processes.
+Prints "passed NUMBER" and one "failed NAME" for each failed test. A test that is skipped or disabled
+counts as failed, and so does a process that ends without a report or fails otherwise.
 """
 
 import os
@@ -13,9 +13,9 @@ DISABLED = "DISABLED" + "_"
 
 
 def outcome_of(case):
-    """None for a test that this process was not to run, else "" or what is wrong."""
+    """None for a test that this process does not run, otherwise "" or the problem."""
     name = f"{case.get('classname')}.{case.get('name')}"
-    if case.get("result") == "suppressed":  # another process's, or left out by GTEST_FILTER
+    if case.get("result") == "suppressed":  # run by another process, or excluded by GTEST_FILTER
         return name + " (disabled)" if DISABLED in name else None
     if case.find("failure") is not None:
         return name

@@ -10,7 +10,7 @@ import unittest
 
 
 class Recorder(unittest.TextTestResult):
-    """Notes the outcome of each test; a test with several failed parts is one failure."""
+    """Records the outcome of each test; a test with several failed subtests is one failure."""
 
     def __init__(self, *arguments, **options):
         super().__init__(*arguments, **options)
