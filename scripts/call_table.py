@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes docs/reference/failing-calls.md: scripts/call_table.py [--check]
 
-The page is generated from tests/failing_calls/outcomes/*.txt, which scripts/fail_every_call.sh
-writes. With --check nothing is written; the exit code is 1 if the page does not match the files.
+The facts are tests/failing_calls/outcomes/*.txt, which scripts/fail_every_call.sh finds out. With
+--check nothing is written; the exit code is 1 when the page does not say what the files say.
 """
 
 import os
@@ -21,7 +21,7 @@ first thread unless another one is named. Threads are numbered in the order of t
 
 """
 GOES_ON = "goes on"
-# From the most common launch to the rarest.
+# As a reader meets them: from the plainest launch to the rarest.
 ORDER = ("typical", "registered", "redirected", "paired", "own_splash", "native_splash",
          "first_instance", "second_instance", "library_not_loaded", "no_class_path",
          "java_exception", "jre_cancelled", "jre_browsed")
