@@ -1,23 +1,30 @@
 #!/usr/bin/env python3
-"""Packs what was built into a release: pack_release.py VERSION FOLDER
+"""Packs what was built into a release: pack_release.py VERSION FOLDER [PLATFORM...]
 
-Nothing of this machine gets into the zip file: entries are sorted, with one time and no further
-fields.
+Writes into FOLDER the zip file for Windows, for each PLATFORM (linux-x86_64, macos-aarch64 ...) an
+archive with the companion program that the preset companion-PLATFORM built, the list of components
+(sbom.py) and the SHA-256 of each file (SHA256SUMS). Nothing of this machine gets into an archive:
+entries are sorted, with one time and no further fields.
 """
 
+import calendar
+import gzip
 import hashlib
+import io
 import os
 import re
 import shutil
 import subprocess
 import sys
+import tarfile
 import tempfile
 import zipfile
+
+import sbom
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 FILES = {
     "launcher.exe": "build/release/launcher.exe",
-    "tarn.exe": "build/release/tarn.exe",
     "template.ini": "examples/template.ini",
     "README.md": "README.md",
     "CHANGELOG.md": "CHANGELOG.md",
@@ -85,26 +92,71 @@ def release_date(version):
     return (*map(int, heading.groups()), 0, 0, 0)
 
 
-def main():
-    version, folder = sys.argv[1:]
-    date = release_date(version)
-    top = f"tarn-{version}/"
+def write_tar(path, entries, date, programs):
+    """A compressed tar file of these entries: (name, bytes); `programs` are executable."""
+    seconds = int(calendar.timegm(date))
+    packed = io.BytesIO()
+    with tarfile.open(fileobj=packed, mode="w", format=tarfile.USTAR_FORMAT) as file:
+        for name, content in entries:
+            entry = tarfile.TarInfo(name)
+            entry.size = len(content)
+            entry.mtime = seconds
+            entry.mode = 0o755 if name in programs else 0o644
+            file.addfile(entry, io.BytesIO(content))
+    with open(path, "wb") as file:
+        file.write(gzip.compress(packed.getvalue(), mtime=seconds))
+
+
+def common_entries(top):
+    """What every archive holds: {name: bytes}."""
     entries = {top + name: read(path) for name, path in FILES.items()}
     for name, path in FOLDERS.items():
         for below, file in files_below(os.path.join(ROOT, path)):
             entries[f"{top}{name}/{below}"] = read(file)
+    return entries
+
+
+def pack_windows(version, folder, date):
+    top = f"tarn-{version}/"
+    entries = common_entries(top) | {top + "tarn.exe": read("build/release/tarn.exe")}
     with tempfile.TemporaryDirectory() as work:
         for below, file in sample_files(work, date):
             entries[f"{top}sample/{below}"] = read(file)
-
-    os.makedirs(folder, exist_ok=True)
     name = f"tarn-{version}-windows-x64.zip"
-    path = os.path.join(folder, name)
-    write_zip(path + ".new", sorted(entries.items()), date)
-    os.replace(path + ".new", path)
-    digest = hashlib.sha256(open(path, "rb").read()).hexdigest()
-    with open(path + ".sha256", "w", encoding="ascii", newline="\n") as file:
-        file.write(f"{digest}  {name}\n")
+    write_zip(os.path.join(folder, name), sorted(entries.items()), date)
+    return name
+
+
+def pack_companion(version, folder, date, platform):
+    top = f"tarn-{version}/"
+    program = top + "tarn"
+    entries = common_entries(top) | {program: read(f"build/companion-{platform}/tarn")}
+    name = f"tarn-{version}-{platform}.tar.gz"
+    write_tar(os.path.join(folder, name), sorted(entries.items()), date, {program})
+    return name
+
+
+def main():
+    version, target, *platforms = sys.argv[1:]
+    date = release_date(version)
+    os.makedirs(target, exist_ok=True)
+    # Complete or absent: the files are moved to their place when all of them are there.
+    with tempfile.TemporaryDirectory(dir=target) as folder:
+        names = [pack_windows(version, folder, date)]
+        names += [pack_companion(version, folder, date, platform) for platform in platforms]
+        digests = {}
+        for name in names:
+            with open(os.path.join(folder, name), "rb") as file:
+                digests[name] = hashlib.sha256(file.read()).hexdigest()
+        components = f"tarn-{version}.cdx.json"
+        content = sbom.describe_release(ROOT, version, date, digests).encode()
+        with open(os.path.join(folder, components), "wb") as file:
+            file.write(content)
+        digests[components] = hashlib.sha256(content).hexdigest()
+        with open(os.path.join(folder, "SHA256SUMS"), "w", encoding="ascii", newline="\n") as file:
+            file.writelines(f"{digest}  {name}\n" for name, digest in sorted(digests.items()))
+        for name in os.listdir(folder):
+            os.replace(os.path.join(folder, name), os.path.join(target, name))
 
 
 if __name__ == "__main__":

@@ -13,7 +13,8 @@ ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 LAUNCHER = os.path.join(ROOT, "build", "release", "launcher.exe")
 PROGRAMS = {
     "linux": [os.path.join(ROOT, "build", "native", "tarn")],
-    "windows": ["wine", os.path.join(ROOT, "build", "release", "tarn.exe")],
+    "windows": ([] if os.name == "nt" else ["wine"]) +
+               [os.path.join(ROOT, "build", "release", "tarn.exe")],
 }
 RUNTIMES = os.environ.get("TARN_RUNTIMES", os.path.join(
     os.environ.get("XDG_CACHE_HOME", os.path.expanduser("~/.cache")), "tarn", "runtimes"))
