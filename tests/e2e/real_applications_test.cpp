@@ -10,7 +10,11 @@ namespace {
 constexpr std::chrono::milliseconds kLongPatience{120'000};
 
 // Wine has no graphics card to offer on a virtual screen, and the windows would stay black.
-constexpr wchar_t kDrawing[] = L"-Dsun.java2d.d3d=false -Dsun.java2d.noddraw=true";
+// Debian's Wine 10 reports an error instead of the network adapters when a route has a prefix of
+// length 0, as every default route has. Java reads the adapters for random numbers, and those for
+// the names of temporary files. Its IPv4 code asks differently.
+constexpr wchar_t kOnWine[] =
+    L"-Dsun.java2d.d3d=false -Dsun.java2d.noddraw=true -Djava.net.preferIPv4Stack=true";
 
 class RealApplication : public testing::Test {
   protected:
@@ -46,7 +50,7 @@ class RealApplication : public testing::Test {
     /// Wraps the jar into the folder "out", as out\Demo.exe.
     void Wrap(const std::wstring& jar, const std::wstring& options) {
         Tarn(L"wrap \"" + jar + L"\" --launcher \"" + GetPaths().launcher +
-             L"\" --out out --name Demo --vm-parameters \"" + kDrawing +
+             L"\" --out out --name Demo --vm-parameters \"" + kOnWine +
              L" -Duser.home=.\" --set \"Application/Override WorkingDir=Yes\" " + options);
     }
 
