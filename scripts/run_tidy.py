@@ -1,5 +1,10 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy on our own sources except tests: scripts/run_tidy.py [FILE...]
+"""Runs clang-tidy on our own sources except tests: scripts/run_tidy.py [--changed|FILE...]
+
+--changed selects the sources that differ from a base commit or include a header that does, directly
+or indirectly; uncommitted changes count. The base is TARN_BASE; by default the merge base with
+origin/main, or the previous commit on origin/main itself or without that branch. After a change of
+.clang-tidy, cmake/ or this script all sources are selected.
 
 Sources of the preset "host" are checked as the host compiles them, the others as the preset
 "release" does; both must be configured. Prints the findings, and exits with 1 if there is one. Tests
@@ -10,6 +15,7 @@ import concurrent.futures
 import glob
 import json
 import os
+import re
 import subprocess
 import sys
 
@@ -41,6 +47,51 @@ def mingw_arguments():
     return [f"--extra-arg-before={argument}" for argument in arguments]
 
 
+def git(*arguments):
+    done = subprocess.run(["git", *arguments], cwd=ROOT, stdin=subprocess.DEVNULL,
+                          capture_output=True, text=True, check=False)
+    return done.stdout.split() if done.returncode == 0 else None
+
+
+def changed_files():
+    """What differs from the base; None if there is nothing to compare with."""
+    head = git("rev-parse", "HEAD")
+    if os.environ.get("TARN_BASE"):
+        base = git("rev-parse", "--verify", os.environ["TARN_BASE"])
+    else:
+        base = git("merge-base", "HEAD", "origin/main")
+        if not base or base == head:
+            base = git("rev-parse", "--verify", "HEAD~1")
+    if not base:
+        return None
+    return set(git("diff", "--name-only", base[0]) + git("ls-files", "--others", "--exclude-standard"))
+
+
+def includes_of(path):
+    with open(os.path.join(ROOT, path), encoding="utf-8") as file:
+        return set(re.findall(r'^#include "([^"]+)"', file.read(), re.MULTILINE))
+
+
+def affected(sources, changed):
+    """Those of the sources that are changed or include something changed, however far down."""
+    if any(path == ".clang-tidy" or path.startswith("cmake/") or path == "scripts/run_tidy.py"
+           for path in changed):
+        return sources
+    ours = {path for path in git("ls-files", "--cached", "--others", "--exclude-standard")
+            if path.endswith((".cpp", ".h")) and os.path.exists(os.path.join(ROOT, path))}
+    included_by = {}
+    for path in ours:
+        for name in includes_of(path):
+            included_by.setdefault(name, set()).add(path)
+    reached, waiting = set(), list(changed)
+    while waiting:
+        path = waiting.pop()
+        if path not in reached:
+            reached.add(path)
+            waiting += included_by.get(path, ())
+    return sources & reached
+
+
 def check(tidy, preset, extra, sources):
     command = [tidy, "--quiet", "-p", os.path.join(ROOT, "build", preset), *extra, *sources]
     done = subprocess.run(command, cwd=ROOT, stdin=subprocess.DEVNULL, capture_output=True,
@@ -54,9 +105,17 @@ def batches(sources, size=4):
 
 
 def main():
+    if sys.argv[1:] in (["-h"], ["--help"]):
+        print(__doc__)
+        return 0
     host = database("host")
     windows = database("release") - host
-    if sys.argv[1:]:
+    if sys.argv[1:] == ["--changed"]:
+        changed = changed_files()
+        if changed is not None:
+            host = affected(host, changed)
+            windows = affected(windows, changed)
+    elif sys.argv[1:]:
         asked = {os.path.relpath(os.path.abspath(name), ROOT) for name in sys.argv[1:]}
         host &= asked
         windows &= asked

@@ -4,13 +4,14 @@
 #     host         unit tests of the pure sources, g++ with ASan and UBSan
 #     host-clang   the same with clang
 #     windows      all unit tests as a Windows program under Wine
-#     windows-clang  the launcher's, and the launcher, built by clang
+#     windows-clang  the launcher and its unit tests that call Windows, built by clang
 #     executable   launcher.exe as a file: sections, imports, resources, reproducibility
 #     tools        the companion program, on this machine and under Wine
 #     endtoend     launcher.exe with scripted and real Java runtimes under Wine
-#     fuzz         each fuzzer for a minute, or for TARN_FUZZ_SECONDS
+#     fuzz         each fuzzer for ten seconds, or for TARN_FUZZ_SECONDS
 #     format       clang-format
-#     lint         clang-tidy, cppcheck, shellcheck, the checks of our own rules
+#     lint         clang-tidy on the changed sources (run_tidy.py --help), or on all sources with
+#                  TARN_TIDY=all; cppcheck, shellcheck, the checks of our own rules
 #
 # Without a PART all of them run, also after a failure. The last line is the total:
 # "N passed, N failed". GTEST_FILTER in the environment selects tests of the GoogleTest programs.
