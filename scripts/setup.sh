@@ -35,7 +35,7 @@ build_programs=(
 run_programs=('wine: Wine 8 or newer, 64-bit' 'Xvfb: Xvfb' 'import: ImageMagick' 'python3: Python 3.11 or newer with pip')
 check_programs=(
     'git: git' 'cppcheck: cppcheck' 'shellcheck: shellcheck' 'osslsigncode: osslsigncode'
-    'openssl: openssl' 'curl: curl' 'mvn: Maven'
+    'openssl: openssl' 'curl: curl' 'mvn: Maven' 'mvn: Maven'
 )
 
 case ${1:-test} in
