@@ -6,7 +6,7 @@
 #include "base/one_shot_action.h"
 #include "instance/single_instance.h"
 #include "jvm/exit_hooks.h"
-#include "jvm/jvm_instance.h"
+#include "jvm/jvm_loader.h"
 #include "jvm/jvm_options.h"
 #include "runtime/find_runtime.h"
 #include "settings/settings.h"
@@ -42,10 +42,9 @@ class Launcher {
     std::vector<std::wstring> arguments_;
     Settings settings_;
     RuntimeChoice runtime_;
-    JvmOptions jvmOptions_;
     JvmInstance jvmInstance_;
     ExitHooks exitHooks_;
-    SingleInstance singleInstance_{HandOffTarget{settings_, jvmInstance_.vm}};
+    SingleInstance singleInstance_{HandOffTarget{settings_, jvmInstance_.javaVm}};
     Splash splash_;
     ErrorReporter errors_{splash_.splashWindowHandle()};
 };

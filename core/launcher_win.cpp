@@ -5,9 +5,9 @@
 #include "base/windows.h"
 #include "core/command_line.h"
 #include "core/paired_launch.h"
-#include "jvm/build_options.h"
 #include "jvm/java_thread.h"
-#include "jvm/jvm_library.h"
+#include "jvm/jvm_loader.h"
+#include "jvm/jvm_options.h"
 #include "jvm/native_paths.h"
 #include "resources/ids.h"
 #include "settings/settings.h"
@@ -32,17 +32,13 @@ int Launcher::Run() {
     if (singleInstance_.isSecondInstance()) return singleInstance_.WaitForAnswer();
 
     const std::wstring& jvmLibraryPath = runtime_.jvmLibraryPath;
-    PrepareNativePaths(settings_, jvmLibraryPath, jvmOptions_);
+    std::string libraryPathOption = PrepareNativePaths(settings_, jvmLibraryPath);
     if (!SuppressesSplash(arguments_) && !splash_.Show(jvmLibraryPath, launchFailureAction_)) {
         return 0;
     }
     if (!LoadJvmLibrary(errors_, jvmLibraryPath, jvmInstance_.entryPoints)) return kFailedStart;
-    // Without a class path the user has been told, and the JVM may still have something to run.
-    BuildOptions(errors_, jvmOptions_, arguments_);
-    if (jvmOptions_.threadStackSize == 0) {
-        jvmOptions_.threadStackSize = DefaultStackSize(jvmInstance_.entryPoints);
-    }
-    JavaLaunch launch{settings_,    jvmOptions_, arguments_, singleInstance_.readyEvent(),
+    const JvmOptions jvmOptions = BuildOptions(errors_, std::move(libraryPathOption), std::move(arguments_));
+    JavaLaunch launch{settings_,    jvmOptions, singleInstance_.readyEvent(),
                       jvmInstance_, splash_,     errors_};
     if (RunJavaThread(launch) == 0) return 0;
     launchFailureAction_.Invoke();

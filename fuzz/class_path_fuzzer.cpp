@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         joined += entry + L';';
         const bool absolute = NaiveIsAbsolute(entry);
         const bool wildcard = entry.find(L'*') != std::wstring::npos;
-        Require(tarn::IsTakenAsItStands(entry) == (absolute && !wildcard));
+        Require(tarn::IsLiteralEntry(entry) == (absolute && !wildcard));
         Require(tarn::ClassPathPattern(entry, folder) == (absolute ? entry : folder + entry));
     }
     Require(tarn::ClassPathEntries(joined) == entries);

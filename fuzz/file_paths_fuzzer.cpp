@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "fuzz/fuzz_input.h"
-#include "jvm/folder_levels.h"
 #include "jvm/native_paths.h"
+#include "jvm/output_redirection.h"
 #include "settings/settings_paths.h"
 
 namespace {

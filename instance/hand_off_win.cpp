@@ -1,7 +1,7 @@
 #include "instance/hand_off.h"
 
 #include "base/ansi_text.h"
-#include "jvm/java_text.h"
+#include "jvm/jni_util.h"
 
 namespace tarn {
 

@@ -11,7 +11,7 @@ std::vector<std::wstring> ClassPathEntries(std::wstring_view text) {
     return entries;
 }
 
-bool IsTakenAsItStands(std::wstring_view entry) {
+bool IsLiteralEntry(std::wstring_view entry) {
     return entry.find(L'*') == std::wstring_view::npos && IsAbsolutePath(entry);
 }
 

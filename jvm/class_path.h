@@ -6,19 +6,21 @@
 
 namespace tarn {
 
-/// The entries of "Class Path": the pieces between semicolons that are not empty.
+/// Splits the setting "Class Path" at each ";". Empty entries are dropped.
 std::vector<std::wstring> ClassPathEntries(std::wstring_view text);
 
-/// Whether an entry needs no look at the disk: it is absolute and holds no "*".
-bool IsTakenAsItStands(std::wstring_view entry);
+/// Whether an entry goes into the class path unchanged, without a search on the disk: it is an
+/// absolute path and contains no "*".
+bool IsLiteralEntry(std::wstring_view entry);
 
-/// What to look for on the disk for an entry: a relative one is below the launcher's folder.
+/// The `FindFirstFileW` pattern of an entry that is not literal. A relative entry is joined to
+/// `launcherFolder`, which ends in a backslash.
 std::wstring ClassPathPattern(std::wstring_view entry, std::wstring_view launcherFolder);
 
-/// The class path that "Class Path" asks for, each entry followed by ";". Environment variables in
-/// the entries are expanded; wildcards and relative entries give what `FindFirstFileW` and
-/// `FindNextFileW` find, in their order and unfiltered, so that an entry without a match is
-/// dropped.
+/// The class path of the setting "Class Path", each entry followed by ";". Environment variables
+/// are expanded first. Entries that are not literal are replaced by their matches
+/// (`FindFirstFileW`, `FindNextFileW`), unfiltered and in the order of the file system; without a
+/// match an entry is dropped.
 std::wstring ExpandClassPath(std::wstring_view text, std::wstring_view launcherFolder);
 
 }  // namespace tarn

@@ -14,15 +14,15 @@ TEST(ClassPathTest, EmptyEntriesAreDropped) {
               (Entries{L"a.jar", L"lib\\*", L" ", L"b.jar"}));
 }
 
-TEST(ClassPathTest, AnAbsoluteEntryWithoutWildcardIsTakenAsItStands) {
-    EXPECT_TRUE(IsTakenAsItStands(L"C:\\lib\\a.jar"));
-    EXPECT_TRUE(IsTakenAsItStands(L"\\\\server\\share\\a.jar"));
-    EXPECT_TRUE(IsTakenAsItStands(L"C:\\lib\\a?.jar"));
-    EXPECT_FALSE(IsTakenAsItStands(L"C:\\lib\\*.jar"));
-    EXPECT_FALSE(IsTakenAsItStands(L"lib\\a.jar"));
-    EXPECT_FALSE(IsTakenAsItStands(L"\\lib\\a.jar"));
-    EXPECT_FALSE(IsTakenAsItStands(L"a"));
-    EXPECT_FALSE(IsTakenAsItStands(L""));
+TEST(ClassPathTest, AnAbsoluteEntryWithoutWildcardIsLiteralEntry) {
+    EXPECT_TRUE(IsLiteralEntry(L"C:\\lib\\a.jar"));
+    EXPECT_TRUE(IsLiteralEntry(L"\\\\server\\share\\a.jar"));
+    EXPECT_TRUE(IsLiteralEntry(L"C:\\lib\\a?.jar"));
+    EXPECT_FALSE(IsLiteralEntry(L"C:\\lib\\*.jar"));
+    EXPECT_FALSE(IsLiteralEntry(L"lib\\a.jar"));
+    EXPECT_FALSE(IsLiteralEntry(L"\\lib\\a.jar"));
+    EXPECT_FALSE(IsLiteralEntry(L"a"));
+    EXPECT_FALSE(IsLiteralEntry(L""));
 }
 
 TEST(ClassPathTest, RelativeEntriesAreBelowTheLaunchersFolder) {

@@ -4,21 +4,20 @@
 
 namespace tarn {
 
-/// Is told when Java ends the process. The calls come on whatever thread the JVM chooses, while
-/// the rest of the launcher waits.
+/// Receives the end of the Java application. The JVM calls it on any of its threads.
 class ExitListener {
   public:
-    /// `System.exit` or `Runtime.halt`, with its exit code.
+    /// `System.exit` or `Runtime.halt` was called with this exit code.
     virtual void Exit(jint code) = 0;
-    /// The JVM gives up.
+    /// The JVM aborts.
     virtual void Abort() = 0;
 
   protected:
     ~ExitListener() = default;
 };
 
-/// The place where an exit listener is installed. Made once, with the launcher: the JVM hands its
-/// hooks no context, so they find it through a process-wide pointer.
+/// The exit and abort hooks of the JVM, and the listener that they call. The launcher has the one
+/// object; the hooks, which receive no context, find it through a process-wide pointer.
 class ExitHooks {
   public:
     ExitHooks();
@@ -26,10 +25,11 @@ class ExitHooks {
     ExitHooks(const ExitHooks&) = delete;
     ExitHooks& operator=(const ExitHooks&) = delete;
 
-    /// Written before the JVM is created, read by its threads. None is installed by default.
+    /// Not installed by default: docs/developer/compatibility.md. Written before the JVM is
+    /// created, read by its threads.
     ExitListener* listener = nullptr;
 
-    /// What the JVM gets as its options "exit" and "abort".
+    /// The `extraInfo` of the JVM options "exit" and "abort".
     static void JNICALL OnExit(jint code) noexcept;
     static void JNICALL OnAbort() noexcept;
 

@@ -4,18 +4,40 @@
 #include <string>
 #include <vector>
 
-#include "jvm/output_files.h"
-
 namespace tarn {
 
-/// What the settings make of this launch's Java side.
-struct JvmOptions {
-    /// The options for the JVM in their order, in the code page of the thread's locale. One may be
-    /// empty.
-    std::vector<std::string> ansiOptions;
-    /// Bytes of stack for the thread that runs `main`, from "-Xss"; 0 leaves it to the JVM.
-    std::uint64_t threadStackSize = 0;
-    OutputFiles outputFiles;
+class ErrorReporter;
+
+/// Files that replace Java's standard streams. Environment variables are expanded, time stamps are
+/// not. An empty name leaves the stream unchanged.
+struct OutputFiles {
+    std::wstring outputFile;
+    bool outputAppend = false;
+    std::wstring errorFile;
+    bool errorAppend = false;
 };
+
+/// What the Java side of a launch is started with. Made by `BuildOptions` and not changed later.
+struct JvmOptions {
+    /// The JVM's options in their order, in the thread's ANSI code page. An option can be empty.
+    std::vector<std::string> ansiOptions;
+    /// Stack size of the Java thread in bytes, from the last "-Xss"; 0 stands for the runtime's
+    /// default.
+    std::uint64_t javaThreadStackSize = 0;
+    OutputFiles outputFiles;
+    /// The arguments of `main`.
+    std::vector<std::wstring> arguments;
+};
+
+/// Makes the options of a launch. The order of the JVM's options is fixed: `ansiLibraryPathOption`
+/// (from `PrepareNativePaths`; none when it is empty), the class path, the "Virtual Machine
+/// Parameters". The arguments are those of the command line, then those of "Cmd".
+///
+/// Called after `jvm.dll` has been loaded, because a missing class path is reported after a library
+/// that cannot be loaded. Without a class path, or when the settings file cannot be located,
+/// nothing is read from the settings, and the launch continues with the library path and the
+/// command line.
+JvmOptions BuildOptions(const ErrorReporter& errors, std::string&& ansiLibraryPathOption,
+                        std::vector<std::wstring>&& commandLineArguments);
 
 }  // namespace tarn

@@ -1,26 +1,21 @@
 #include "jvm/native_paths.h"
 
-#include "base/ansi_text.h"
-#include "base/environment.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "base/windows.h"
 #include "runtime/jvm_library.h"
 
 namespace tarn {
 
-void PrepareNativePaths(const Settings& settings, const std::wstring& jvmLibraryPath,
-                        JvmOptions& options) {
-    PublishJvmLocation(jvmLibraryPath);
-    if (!settings.libraryPath.empty()) {
-        const std::wstring value = LibraryPathValue(
-            settings.libraryPath, ModuleFolder().value_or(std::wstring()), jvmLibraryPath);
-        options.ansiOptions.push_back(
-            ToThreadAnsi(Concat({L"-Djava.library.path=", ExpandEnvironment(value)})));
-    }
-    const std::wstring path =
-        ExpandEnvironment(ProcessPathValue(settings.systemPath, jvmLibraryPath));
-    SetEnvironmentVariableW(L"Path", path.c_str());
+std::wstring LibraryPathValue(std::wstring_view setting, std::wstring_view launcherFolder,
+                              std::wstring_view jvmLibraryPath) {
+    // No separators: docs/developer/compatibility.md.
+    return Concat(
+        {setting, launcherFolder, L";.;%Path%", FolderOf(RuntimeBinOf(jvmLibraryPath)), L"lib"});
+}
+
+std::wstring ProcessPathValue(std::wstring_view setting, std::wstring_view jvmLibraryPath) {
+    const bool separated = setting.empty() || setting.back() == L';';
+    return Concat({setting, separated ? L"%Path%;" : L";%Path%;", RuntimeBinOf(jvmLibraryPath)});
 }
 
 }  // namespace tarn

@@ -56,7 +56,7 @@ TEST(TimeStamp, OnlyTheCapitalLMeansMilliseconds) {
     EXPECT_EQ(WithMilliseconds(L"", 5), L"");
 }
 
-/// All fields of a picture, and how many characters are copied between them.
+/// The fields of a picture, and the number of characters copied between them.
 std::pair<std::vector<std::wstring>, std::size_t> TakeFields(std::wstring_view picture) {
     std::vector<std::wstring> fields;
     std::size_t copied = 0;
@@ -69,7 +69,7 @@ std::pair<std::vector<std::wstring>, std::size_t> TakeFields(std::wstring_view p
     return {fields, copied};
 }
 
-TEST(TimeStamp, PictureIsFieldsAndWhatStandsBetween) {
+TEST(TimeStamp, PictureConsistsOfFieldsAndTextBetweenThem) {
     const auto [fields, copied] = TakeFields(L"HH:mm:ss tt");
     EXPECT_THAT(fields, testing::ElementsAre(L"HH", L"mm", L"ss", L"tt"));
     EXPECT_EQ(copied, 3U);

@@ -16,7 +16,7 @@ bool IsDigit(wchar_t c) {
     return c >= L'0' && c <= L'9';
 }
 
-// A conversion of a number out of range is undefined, and hostile percentages reach any number.
+// The conversion of a value out of range is undefined, and a setting can contain any percentage.
 std::uint64_t Truncate(double value) {
     constexpr double kLimit = 18446744073709551616.0;  // 2^64
     return value < kLimit ? static_cast<std::uint64_t>(value)
@@ -65,6 +65,7 @@ ScannedNumbers ScanNumbers(std::wstring_view text) {
     result.prefixLength = static_cast<std::size_t>(first - text.begin());
     if (first == text.end()) return result;
     result.numbers.push_back(0);
+    // The last character is the unit: docs/developer/compatibility.md.
     for (auto at = first; at != text.end() - 1; ++at) {
         if (*at == L':') {
             result.numbers.push_back(0);
@@ -98,6 +99,7 @@ std::uint64_t PercentageSize(std::wstring_view option, const MemorySizes& memory
 }
 
 std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory) {
+    // Wraps on purpose: docs/developer/compatibility.md.
     return Concat({option.substr(0, ScanNumbers(option).prefixLength),
                    DecimalText(static_cast<std::int32_t>(PercentageSize(option, memory))), L"K"});
 }

@@ -37,7 +37,7 @@ std::string AdviceForMissing(const std::wstring& entry) {
 void CheckEntries(const std::vector<DiskEntry>& entries, const Setting& classPath,
                   Findings& findings) {
     for (const DiskEntry& entry : entries) {
-        const bool isSearched = !IsTakenAsItStands(entry.written);
+        const bool isSearched = !IsLiteralEntry(entry.written);
         if (isSearched && entry.written.find(L'/') != std::wstring::npos) {
             findings.Error(
                 "slash", classPath.line,
@@ -157,7 +157,7 @@ void CheckClassPath(const CheckedSettings& settings, Findings& findings) {
     CheckEntries(entries, classPath, findings);
 
     const bool isEmpty = std::all_of(entries.begin(), entries.end(), [](const DiskEntry& entry) {
-        return entry.isKnown && entry.found.empty() && !IsTakenAsItStands(entry.written);
+        return entry.isKnown && entry.found.empty() && !IsLiteralEntry(entry.written);
     });
     if (isEmpty && !isEmbedded) {
         findings.Error("no-class-path", classPath.line,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,9 @@ namespace tarn::tools {
 /// current directory. Of several definitions, the last one counts.
 bool HasEmptyClassPathElement(const std::vector<std::string>& options);
 
-/// What Java would get. `options` and `arguments` are what the launcher built; `fromOption` tells
-/// that the stack size came from "-Xss" and not from the runtime.
+/// The Java side of a launch with these options. `defaultStackSize` is the stack size in bytes that
+/// the runtime gives when the options have none.
 JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
-                    const JvmOptions& options, const std::vector<std::wstring>& arguments,
-                    bool fromOption);
+                    const JvmOptions& options, std::uint64_t defaultStackSize);
 
 }  // namespace tarn::tools

@@ -2,9 +2,7 @@
 
 #include "base/ansi_text.h"
 #include "base/windows.h"
-#include "jvm/build_options.h"
 #include "jvm/time_stamp.h"
-#include "jvm/time_stamp_format.h"
 #include "jvm/vm_parameters.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
@@ -41,15 +39,16 @@ void ReportOutput(const char* stream, const std::wstring& name, bool append, con
 }  // namespace
 
 JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
-                    const JvmOptions& options, const std::vector<std::wstring>& arguments,
-                    bool fromOption) {
+                    const JvmOptions& options, std::uint64_t defaultStackSize) {
     JvmReport report;
     report.mainClass = Utf8Of(settings.mainClass);
     for (const std::string& option : options.ansiOptions) {
         report.options.push_back(Utf8Of(FromThreadAnsi(option)));
     }
-    for (const std::wstring& argument : arguments) report.arguments.push_back(Utf8Of(argument));
-    report.stackSize = options.threadStackSize;
+    for (const std::wstring& argument : options.arguments)
+        report.arguments.push_back(Utf8Of(argument));
+    const bool fromOption = options.javaThreadStackSize != 0;
+    report.stackSize = fromOption ? options.javaThreadStackSize : defaultStackSize;
     report.stackSizeFrom = report.stackSize == 0 ? "executable" : fromOption ? "option" : "runtime";
 
     const MemorySizes memory = ReadMemorySizes();

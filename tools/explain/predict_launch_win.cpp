@@ -4,9 +4,8 @@
 #include "base/text.h"
 #include "base/windows.h"
 #include "core/command_line.h"
-#include "jvm/build_options.h"
-#include "jvm/java_thread.h"
-#include "jvm/jvm_library.h"
+#include "jvm/jvm_loader.h"
+#include "jvm/jvm_options.h"
 #include "jvm/native_paths.h"
 #include "resources/ids.h"
 #include "settings/embedded_settings.h"
@@ -138,7 +137,7 @@ class Forecast {
     }
 
     bool LoadLibraries() {
-        PrepareNativePaths(settings_, choice_.jvmLibraryPath, options_);
+        libraryPathOption_ = PrepareNativePaths(settings_, choice_.jvmLibraryPath);
         report_.environment =
             EnvironmentReport{Utf8Of(CurrentDirectory()), Variable(L"Path"),
                               Variable(L"TARN_JVM_PATH"), Variable(L"TARN_JVM_HOME")};
@@ -150,11 +149,12 @@ class Forecast {
     }
 
     void BuildJava() {
-        BuildOptions(errors_, options_, arguments_);
+        const JvmOptions options =
+            BuildOptions(errors_, std::move(libraryPathOption_), std::move(arguments_));
         TakeMessages(true);
-        const bool fromOption = options_.threadStackSize != 0;
-        if (!fromOption) options_.threadStackSize = DefaultStackSize(entryPoints_);
-        report_.jvm = ReportJvm(path_, settings_, options_, arguments_, fromOption);
+        const std::uint64_t defaultStackSize =
+            options.javaThreadStackSize == 0 ? DefaultStackSize(entryPoints_) : 0;
+        report_.jvm = ReportJvm(path_, settings_, options, defaultStackSize);
         if (HasEmptyClassPathElement(report_.jvm->options)) {
             const std::wstring directory = CurrentDirectory();
             report_.jvm->classPathDirectory = Utf8Of(directory);
@@ -169,7 +169,7 @@ class Forecast {
     LaunchReport report_;
     Settings settings_;
     RuntimeChoice choice_;
-    JvmOptions options_;
+    std::string libraryPathOption_;
     JvmEntryPoints entryPoints_;
     /// Owner of message boxes that are not shown.
     const ErrorReporter errors_;

@@ -1,8 +1,10 @@
-#include "jvm/time_stamp_format.h"
+#include "jvm/time_stamp.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "base/windows.h"
 
 namespace tarn {
 namespace {

@@ -1,9 +1,11 @@
-#include "jvm/java_text.h"
+#include "jvm/jni_util.h"
+
+#include <cstdarg>
 
 namespace tarn {
 namespace {
 
-// Java's own width, whatever the width of a wide character is here.
+// A wide character of Windows and a char of Java are the same UTF-16 code unit.
 static_assert(sizeof(wchar_t) == sizeof(jchar));
 
 constexpr char kStringClass[] = "java/lang/String";
@@ -22,7 +24,7 @@ jstring MakeJavaString(JNIEnv* env, std::wstring_view text) {
     jobject string = nullptr;
     if (!env->ExceptionCheck()) string = env->NewObject(stringClass, constructor, characters);
     env->DeleteLocalRef(characters);
-    // One of these for each of a thousand arguments would otherwise stay until `main` returns.
+    // Otherwise each of a thousand arguments would keep one until `main` returns.
     env->DeleteLocalRef(stringClass);
     return static_cast<jstring>(string);
 }
@@ -42,6 +44,39 @@ jobjectArray MakeStringArray(JNIEnv* env, const std::vector<std::wstring>& texts
         if (env->ExceptionCheck()) return nullptr;
     }
     return array;
+}
+
+jobject NewJavaObject(JNIEnv* env, const char* className, const char* signature, ...) {
+    const jclass type = env->FindClass(className);
+    if (type == nullptr) return nullptr;
+    const jmethodID constructor = env->GetMethodID(type, "<init>", signature);
+    if (constructor == nullptr) return nullptr;
+    va_list arguments;
+    va_start(arguments, signature);
+    const jobject object = env->NewObjectV(type, constructor, arguments);
+    va_end(arguments);
+    return env->ExceptionCheck() ? nullptr : object;
+}
+
+jobject NewPrintStream(JNIEnv* env, jobject outputStream) {
+    return NewJavaObject(env, "java/io/PrintStream", "(Ljava/io/OutputStream;)V", outputStream);
+}
+
+void CallSystemMethod(JNIEnv* env, const char* name, const char* signature, ...) {
+    const jclass system = env->FindClass("java/lang/System");
+    if (system == nullptr) return;
+    const jmethodID method = env->GetStaticMethodID(system, name, signature);
+    if (method == nullptr) return;
+    va_list arguments;
+    va_start(arguments, signature);
+    env->CallStaticVoidMethodV(system, method, arguments);
+    va_end(arguments);
+}
+
+bool DescribePending(JNIEnv* env) {
+    if (!env->ExceptionCheck()) return false;
+    env->ExceptionDescribe();
+    return true;
 }
 
 }  // namespace tarn

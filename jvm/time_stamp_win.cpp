@@ -1,21 +1,21 @@
-#include "jvm/time_stamp_format.h"
+#include "jvm/time_stamp.h"
 
 #include "base/text.h"
-#include "jvm/time_stamp.h"
+#include "base/windows.h"
 
 namespace tarn {
 namespace {
 
-// What a part of a file name may come to, its end included: a longer name is none that the old
-// path limit allows, so a picture that does not fit is refused instead of followed.
+// Characters with the terminating zero. A longer text is no file name within the old path limit, so
+// it is refused.
 constexpr int kFormattedSize = 260;
 
-// Shorter pictures cannot come near the buffer's size.
+// A shorter picture cannot fill the buffer.
 constexpr std::size_t kHarmlessLength = 64;
 
 using FormatFunction = int(WINAPI*)(LCID, DWORD, const SYSTEMTIME*, LPCWSTR, LPWSTR, int);
 
-/// One of the two formatting calls, and the letters that it replaces.
+// One of the two formatting functions, and the letters of its pictures.
 struct Formatter {
     FormatFunction format;
     std::wstring_view letters;
@@ -29,8 +29,8 @@ std::wstring FormatPicture(const Formatter& formatter, const std::wstring& pictu
     return size > 0 ? text : std::wstring();
 }
 
-/// Whether the formatted text fits the buffer. Asked beforehand, field by field, because Wine's
-/// formatting overruns a buffer of its own with a longer text instead of refusing it.
+// Whether the formatted text fits the buffer. Measured in advance, field by field, because Wine
+// overruns an internal buffer with a longer text.
 bool Fits(const Formatter& formatter, const std::wstring& picture, const SYSTEMTIME& time) {
     if (picture.size() <= kHarmlessLength) return true;
     std::wstring_view rest = picture;
@@ -54,6 +54,7 @@ std::wstring ExpandTimeStamp(const std::wstring& name, const SYSTEMTIME& time) {
     const auto parts = SplitTimeStamp(name);
     if (!parts) return name;
     const std::wstring picture = WithMilliseconds(parts->picture, time.wMilliseconds);
+    // The date pass formats the result of the time pass: docs/developer/compatibility.md.
     const std::wstring timed = Format({&GetTimeFormatW, L"hHmst"}, picture, time);
     return Concat({parts->before, Format({&GetDateFormatW, L"dMyg"}, timed, time), parts->after});
 }

@@ -1,8 +1,9 @@
+#include "jvm/class_path.h"
+
 #include "base/environment.h"
 #include "base/handles.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "jvm/class_path.h"
 
 namespace tarn {
 namespace {
@@ -23,11 +24,11 @@ void AppendMatches(const std::wstring& pattern, std::wstring& classPath) {
 
 std::wstring ExpandClassPath(std::wstring_view text, std::wstring_view launcherFolder) {
     std::wstring classPath;
-    for (const std::wstring& written : ClassPathEntries(text)) {
-        const std::wstring entry = ExpandEnvironment(written);
-        if (IsTakenAsItStands(entry)) {
+    for (const std::wstring& setting : ClassPathEntries(text)) {
+        const std::wstring entry = ExpandEnvironment(setting);
+        if (IsLiteralEntry(entry)) {
             classPath += entry;
-            classPath += L';';
+            classPath += L';';  // also after the last entry: docs/developer/compatibility.md
         } else {
             AppendMatches(ClassPathPattern(entry, launcherFolder), classPath);
         }

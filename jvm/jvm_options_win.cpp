@@ -1,11 +1,10 @@
-#include "jvm/build_options.h"
+#include "jvm/jvm_options.h"
 
 #include "base/ansi_text.h"
 #include "base/arguments.h"
 #include "base/environment.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "base/windows.h"
 #include "jvm/class_path.h"
 #include "jvm/vm_parameters.h"
 #include "resources/ids.h"
@@ -16,14 +15,6 @@
 
 namespace tarn {
 namespace {
-
-// Builds one option as the JVM gets it, and takes the thread's stack size from it on the way.
-std::wstring TransformVmParameter(std::wstring_view token, std::uint64_t& threadStackSize) {
-    std::wstring option = RemoveQuotes(std::wstring(token));
-    if (HasPercentageForm(option)) option = ResolvePercentage(option, ReadMemorySizes());
-    if (option.starts_with(L"-Xss")) threadStackSize = StackSizeOf(option);
-    return option;
-}
 
 std::wstring ReadClassPath(const LayeredSettings& layered, const std::wstring& program) {
     std::wstring classPath =
@@ -39,7 +30,7 @@ void ReadOutputFiles(const LayeredSettings& layered, OutputFiles& files) {
     const auto application = [&](const wchar_t* key) {
         return layered.GetValue(keys::kApplication, key);
     };
-    // Each value costs a look into the file, so none is read that says nothing without another.
+    // Each value is a profile call, so a flag is read only when its file is set.
     files.outputFile = ExpandEnvironment(application(keys::kOutputFile));
     files.outputAppend = !files.outputFile.empty() && application(keys::kOutputAppend) == L"yes";
     files.errorFile = ExpandEnvironment(application(keys::kErrorFile));
@@ -55,25 +46,24 @@ void AppendDefaultArguments(const LayeredSettings& layered, std::vector<std::wst
 
 }  // namespace
 
-MemorySizes ReadMemorySizes() {
-    // The older call on purpose: its "available" is this process's address space, not a promise.
-    MEMORYSTATUS status;
-    GlobalMemoryStatus(&status);
-    return {status.dwTotalPhys, status.dwAvailVirtual};
-}
+JvmOptions BuildOptions(const ErrorReporter& errors, std::string&& ansiLibraryPathOption,
+                        std::vector<std::wstring>&& commandLineArguments) {
+    JvmOptions options;
+    options.arguments.swap(commandLineArguments);
+    if (!ansiLibraryPathOption.empty()) {
+        options.ansiOptions.push_back(std::move(ansiLibraryPathOption));
+    }
 
-bool BuildOptions(const ErrorReporter& errors, JvmOptions& options,
-                  std::vector<std::wstring>& arguments) {
     const std::optional<std::wstring> program = ModulePath();
-    if (!program) return false;
+    if (!program) return options;
     const std::optional<std::wstring> settingsPath = SettingsPathOf(*program);
-    if (!settingsPath) return false;
+    if (!settingsPath) return options;
     const LayeredSettings layered(*settingsPath);
 
     const std::wstring classPath = ReadClassPath(layered, *program);
     if (classPath.empty()) {
         errors.ShowErrorMessage(IDS_NO_CLASS_PATH);
-        return false;
+        return options;
     }
     const auto add = [&](const std::wstring& option) {
         options.ansiOptions.push_back(ToThreadAnsi(ExpandEnvironment(option)));
@@ -82,11 +72,11 @@ bool BuildOptions(const ErrorReporter& errors, JvmOptions& options,
     const std::wstring parameters =
         layered.GetValue(keys::kJavaRuntimeEnvironment, keys::kVirtualMachineParameters);
     for (const std::wstring& token : SplitVmParameters(parameters)) {
-        add(TransformVmParameter(token, options.threadStackSize));
+        add(TransformVmParameter(token, options.javaThreadStackSize));
     }
     ReadOutputFiles(layered, options.outputFiles);
-    AppendDefaultArguments(layered, arguments);
-    return true;
+    AppendDefaultArguments(layered, options.arguments);
+    return options;
 }
 
 }  // namespace tarn

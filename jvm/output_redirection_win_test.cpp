@@ -1,4 +1,4 @@
-#include "jvm/output_folders.h"
+#include "jvm/output_redirection.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ void MakeFile(const std::wstring& path) {
     ASSERT_TRUE(file);
 }
 
-/// An empty folder of its own for each test, gone with it.
+/// Gives each test an empty folder, which is deleted after it.
 class OutputFolders : public testing::Test {
   protected:
     void SetUp() override {
@@ -79,12 +79,12 @@ TEST_F(OutputFolders, AreCompletedWhereSomeExist) {
     EXPECT_TRUE(IsFolder(folder_ + L"\\a\\b"));
 }
 
-TEST_F(OutputFolders, AreCreatedBehindTheLongPathMarks) {
+TEST_F(OutputFolders, AreCreatedAfterTheLongPathPrefix) {
     CreateOutputFolders(L"\\\\?\\" + folder_ + L"\\long\\out.txt");
     EXPECT_TRUE(IsFolder(folder_ + L"\\long"));
 }
 
-TEST_F(OutputFolders, AreCreatedForANameWithBlanksAndOtherAlphabets) {
+TEST_F(OutputFolders, AreCreatedForNamesWithSpacesAndInOtherAlphabets) {
     CreateOutputFolders(folder_ + L"\\my logs\\\u0416\u4e16\\out.txt");
     EXPECT_TRUE(IsFolder(folder_ + L"\\my logs\\\u0416\u4e16"));
 }

@@ -1,4 +1,4 @@
-#include "ui/java_exception_dialog.h"
+#include "jvm/java_exception_dialog.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ui/java_exception_dialog.h"
+#include "jvm/java_exception_dialog.h"
 
 #include "base/windows.h"
 #include "resources/ids.h"
@@ -7,12 +7,12 @@
 namespace tarn {
 namespace {
 
-// What comctl32.h of newer kits has: an edit control that takes a line feed for a line's end.
+// `EM_SETEXTENDEDSTYLE` and `ES_EX_ALLOWEOL_ALL` of newer SDKs: a line feed alone ends a line.
 constexpr UINT kEmSetExtendedStyle = 0x150A;
 constexpr WPARAM kEsExAllowEolAll = 0x0003;
 
-/// The dialog manager places the controls itself when the monitor's scale changes; this comes
-/// after it.
+// Posted when the monitor's scale changes: the dialog manager then places the controls itself, and
+// the layout must follow it.
 constexpr UINT kLayOutAgain = WM_APP;
 
 class JavaExceptionDialog {
@@ -21,7 +21,7 @@ class JavaExceptionDialog {
     JavaExceptionDialog(const JavaExceptionDialog&) = delete;
     JavaExceptionDialog& operator=(const JavaExceptionDialog&) = delete;
 
-    /// The id of the button that ended it, -1 when it could not be made.
+    // Returns the id of the button that ended the dialog, -1 when it could not be created.
     INT_PTR Show(HWND owner) {
         return DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_JAVA_EXCEPTION),
                                owner, &Procedure, reinterpret_cast<LPARAM>(this));
@@ -33,8 +33,8 @@ class JavaExceptionDialog {
         if (message == WM_INITDIALOG) SetWindowLongPtrW(window, DWLP_USER, lParam);
         auto* const dialog =
             reinterpret_cast<JavaExceptionDialog*>(GetWindowLongPtrW(window, DWLP_USER));
-        // Some messages come before the first one that brings the object along; a dialog that did
-        // not get it then would never end.
+        // Some messages arrive before WM_INITDIALOG, which carries the object. Without the object
+        // the dialog would never end.
         if (dialog == nullptr) return message == WM_INITDIALOG ? EndDialog(window, -1) : FALSE;
         return dialog->Handle(window, message, wParam, lParam) ? TRUE : FALSE;
     }
@@ -45,7 +45,7 @@ class JavaExceptionDialog {
                 Fill(window);
                 return true;
             case WM_COMMAND:
-                // Escape and the close box arrive as the second one.
+                // Escape and the close box send IDCANCEL.
                 if (LOWORD(wParam) != IDOK && LOWORD(wParam) != IDCANCEL) return false;
                 EndDialog(window, LOWORD(wParam));
                 return true;
@@ -67,7 +67,7 @@ class JavaExceptionDialog {
     }
 
     void Fill(HWND window) {
-        // Its button on the taskbar is the application's, not that of a nameless dialog.
+        // The taskbar button shows the application's icon.
         const auto icon = reinterpret_cast<LPARAM>(
             LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_LAUNCHER)));
         SendMessageW(window, WM_SETICON, ICON_BIG, icon);
@@ -75,10 +75,11 @@ class JavaExceptionDialog {
         SendDlgItemMessageW(window, IDC_EXCEPTION_ICON, STM_SETICON,
                             reinterpret_cast<WPARAM>(LoadIconW(nullptr, IDI_ERROR)), 0);
         const HWND edit = GetDlgItem(window, IDC_EXCEPTION_TRACE);
-        SendMessageW(edit, EM_SETLIMITTEXT, 0, 0);  // as much as it can hold
-        // Java ends lines with both characters here, an exception's message need not.
+        SendMessageW(edit, EM_SETLIMITTEXT, 0, 0);  // the largest possible size
+        // Java ends lines with CR and LF on Windows, but an exception's message may contain LF
+        // only.
         SendMessageW(edit, kEmSetExtendedStyle, kEsExAllowEolAll, kEsExAllowEolAll);
-        const UINT tabStop = 16;  // dialog units: less to scroll than the usual 32
+        const UINT tabStop = 16;  // dialog units; the default is 32
         SendMessageW(edit, EM_SETTABSTOPS, 1, reinterpret_cast<LPARAM>(&tabStop));
         SetWindowTextW(edit, trace_.c_str());
         SendMessageW(edit, EM_SETREADONLY, TRUE, 0);
