@@ -15,7 +15,7 @@ std::optional<std::wstring> ModulePath() {
         SetLastError(ERROR_INSUFFICIENT_BUFFER);
         return std::nullopt;
     }
-    wchar_t path[MAX_PATH];  // the limit on purpose, see the declaration
+    wchar_t path[MAX_PATH];  // a fixed limit: docs/developer/compatibility.md
     const DWORD length = GetModuleFileNameW(nullptr, path, MAX_PATH);
     if (length == 0) return std::nullopt;
     if (length >= MAX_PATH) {
