@@ -1,5 +1,5 @@
-// Sections and keys of the settings files, each written once. "Preffer" is how the key is spelt in
-// every settings file in the field.
+// Sections and keys of the settings files, each written once. The spelling "Preffer" is part of the
+// format: docs/developer/compatibility.md.
 #pragma once
 
 namespace tarn::keys {
