@@ -28,6 +28,14 @@ TEST(AnsiTextTest, ConvertsByTheThreadsOwnLocale) {
     SetThreadLocale(before);
 }
 
+TEST(AnsiTextTest, ALookAlikeIsTakenOnlyWhereItMayBe) {
+    const LCID before = GetThreadLocale();
+    SetThreadLocale(MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT));
+    EXPECT_EQ(ToThreadAnsi(L"\u0101\u00E9"), "a\xE9");
+    EXPECT_EQ(ToThreadAnsi(L"\u0101\u00E9", BestFit::No), "?\xE9");
+    SetThreadLocale(before);
+}
+
 TEST(AnsiTextTest, LongTextsAreConvertedWhole) {
     EXPECT_EQ(ToThreadAnsi(std::wstring(40000, L'x')), std::string(40000, 'x'));
 }

@@ -11,7 +11,7 @@
 #include "runtime/find_runtime.h"
 #include "settings/settings.h"
 #include "ui/messages/error_reporter.h"
-#include "ui/splash.h"
+#include "ui/splash/splash.h"
 
 namespace tarn {
 
@@ -35,6 +35,8 @@ class Launcher {
 
   private:
     void UseLauncherFolder() const;
+    /// Lets the user browse for a runtime and remembers it. Returns false when there is none.
+    bool ShowJreNotFound();
 
     // Destroyed from the last to the first: the splash goes, then the listener and the shared
     // objects of a single instance, and last the action, if nobody has invoked it.
@@ -46,7 +48,7 @@ class Launcher {
     ExitHooks exitHooks_;
     SingleInstance singleInstance_{HandOffTarget{settings_, jvmInstance_.javaVm}};
     Splash splash_;
-    ErrorReporter errors_{splash_.splashWindowHandle()};
+    ErrorReporter errors_{splash_.splashWindowHandle};
 };
 
 }  // namespace tarn

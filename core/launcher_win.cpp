@@ -10,8 +10,10 @@
 #include "jvm/jvm_options.h"
 #include "jvm/native_paths.h"
 #include "resources/ids.h"
+#include "runtime/pe_header.h"
+#include "settings/jre_path_store.h"
 #include "settings/settings.h"
-#include "ui/jre_not_found_dialog.h"
+#include "ui/dialogs/jre_not_found_dialog.h"
 
 namespace tarn {
 
@@ -22,7 +24,7 @@ bool Launcher::Init() {
     if (singleInstance_.isSecondInstance()) return true;
     if (settings_.overrideWorkingDir) UseLauncherFolder();
     if (FindRuntime(settings_.policy, settings_.pairProduct, runtime_)) return true;
-    return ShowJreNotFound(settings_, runtime_);
+    return ShowJreNotFound();
 }
 
 int Launcher::Run() {
@@ -33,16 +35,25 @@ int Launcher::Run() {
 
     const std::wstring& jvmLibraryPath = runtime_.jvmLibraryPath;
     std::string libraryPathOption = PrepareNativePaths(settings_, jvmLibraryPath);
-    if (!SuppressesSplash(arguments_) && !splash_.Show(jvmLibraryPath, launchFailureAction_)) {
+    if (!SuppressesSplash(arguments_) &&
+        !splash_.ShowSplash(jvmLibraryPath, launchFailureAction_)) {
         return 0;
     }
     if (!LoadJvmLibrary(errors_, jvmLibraryPath, jvmInstance_.entryPoints)) return kFailedStart;
-    const JvmOptions jvmOptions = BuildOptions(errors_, std::move(libraryPathOption), std::move(arguments_));
+    const JvmOptions jvmOptions =
+        BuildOptions(errors_, std::move(libraryPathOption), std::move(arguments_));
     JavaLaunch launch{settings_,    jvmOptions, singleInstance_.readyEvent(),
-                      jvmInstance_, splash_,     errors_};
+                      jvmInstance_, splash_,    errors_};
     if (RunJavaThread(launch) == 0) return 0;
     launchFailureAction_.Invoke();
     return kFailedStart;
+}
+
+bool Launcher::ShowJreNotFound() {
+    if (!ShowJreNotFoundDialog(settings_.policy, runtime_)) return false;
+    RememberRuntime(settings_, runtime_.runtimeHome);
+    runtime_.pairedLaunch = NeedsPairedLauncher(runtime_.jvmLibraryPath, settings_.pairProduct);
+    return true;
 }
 
 void Launcher::UseLauncherFolder() const {

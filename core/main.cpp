@@ -1,6 +1,6 @@
 #include "base/windows.h"
 #include "core/launcher.h"
-#include "ui/gdi_plus.h"
+#include "ui/splash/gdi_plus.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "fuzz/fuzz_input.h"
-#include "ui/link_color.h"
+#include "ui/hyperlink/link_colors.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "fuzz/fuzz_input.h"
-#include "ui/link_markup.h"
+#include "ui/hyperlink/link_layout.h"
 
 namespace {
 

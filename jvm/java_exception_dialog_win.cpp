@@ -2,7 +2,7 @@
 
 #include "base/windows.h"
 #include "resources/ids.h"
-#include "ui/anchored_controls.h"
+#include "ui/geometry/anchored_controls.h"
 
 namespace tarn {
 namespace {

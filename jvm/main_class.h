@@ -5,7 +5,7 @@
 #include "jvm/jvm_options.h"
 #include "settings/settings.h"
 #include "ui/messages/error_reporter.h"
-#include "ui/splash.h"
+#include "ui/splash/splash.h"
 
 namespace tarn {
 

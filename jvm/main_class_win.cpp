@@ -78,7 +78,7 @@ bool RunMainClass(JNIEnv* env, const JavaLaunch& launch) {
     if (launch.readyEvent != nullptr) SetEvent(launch.readyEvent);
     env->CallStaticVoidMethod(mainClass, mainMethod, arguments);
     if (env->ExceptionCheck()) {
-        launch.splash.Close();
+        launch.splash.CloseSplash();
         HandleUncaughtException(env, launch.settings.failureCheck);
     }
     // For every runtime under such a policy: docs/developer/compatibility.md.

@@ -1,5 +1,8 @@
 // The runtime's own splash library in a launch, played by a scripted splashscreen.dll.
 
+#include <algorithm>
+
+#include "tests/support/hook_log.h"
 #include "tests/support/paths.h"
 #include "tests/support/splash_fixture.h"
 
@@ -8,6 +11,11 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+
+// A Windows 7 without the update for the search flags: it has no AddDllDirectory and refuses the
+// flags as an invalid parameter.
+constexpr wchar_t kWithoutSearchFlags[] =
+    L"GetProcAddress:1:127;GetProcAddress:2:127;LoadLibraryExW:1:87";
 
 class NativeSplashLaunch : public SplashFixture {
   protected:
@@ -23,6 +31,30 @@ class NativeSplashLaunch : public SplashFixture {
         ASSERT_TRUE(CopyFileW((from + variant + L"\\splashscreen.dll").c_str(),
                               (bin + L"splashscreen.dll").c_str(), FALSE));
         ASSERT_TRUE(CopyFileW((from + L"java.dll").c_str(), (bin + L"java.dll").c_str(), FALSE));
+    }
+
+    void MoveNeighbourToSystemPath() {
+        const std::wstring java = app.Path(L"jre\\bin\\java.dll");
+        const std::wstring moved = app.AddFile(L"native\\java.dll");
+        ASSERT_TRUE(MoveFileExW(java.c_str(), moved.c_str(), MOVEFILE_REPLACE_EXISTING));
+        settings.Runtime(L"System Path", app.Path(L"native"));
+    }
+
+    std::int32_t RunWithoutSearchFlags() {
+        LetMainEnd();
+        app.WriteSettings(settings);
+        const std::int32_t code =
+            StartHooked(app, kWithoutSearchFlags)->ExitCode().value_or(kNoExitCode);
+        // The failures have hit the calls that they are meant for.
+        std::vector<std::string> loads;
+        for (const HookedCall& call : ReadHookLog(HookLogFile(app))) {
+            if (call.function == "AddDllDirectory" || call.function == "LoadLibraryExW")
+                loads.push_back(call.function + (call.failed ? " failed" : ""));
+        }
+        // A splash of the launcher's own loads a library afterwards.
+        loads.resize(std::min(loads.size(), std::size_t{2}));
+        EXPECT_THAT(loads, ElementsAre("LoadLibraryExW failed", "LoadLibraryExW"));
+        return code;
     }
 
     std::vector<std::string> SplashCalls() const {
@@ -110,6 +142,14 @@ TEST_F(NativeSplashLaunch, ConvertsTheNameToTheCodePage) {
     EXPECT_EQ(app.Log().After("SplashSetFileJarName("), std::string(ansi) + ", \"\")");
 }
 
+TEST_F(NativeSplashLaunch, NamesNoOtherFileByALetterThatLooksAlike) {
+    AddLibrary(L"full");
+    LetMainEnd();
+    ShowPicture(L"\u0101-\u2260-\u56FE.png");
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(app.Log().After("SplashLoadFile("), R"("?-?-?.png"))");
+}
+
 TEST_F(NativeSplashLaunch, GetsNamesOfAnyLengthWhole) {
     AddLibrary(L"full");
     LetMainEnd();
@@ -181,6 +221,38 @@ TEST_F(NativeSplashLaunch, FallsBackWhenTheLibraryIsNone) {
     EXPECT_NE(WaitForSplash(*process), nullptr);
     EXPECT_TRUE(WindowsOf(process->id(), L"#32770").empty());
     EndWell(*process);
+}
+
+TEST_F(NativeSplashLaunch, FindsALibraryThatOnlyASystemPathFolderHas) {
+    AddLibrary(L"full");
+    MoveNeighbourToSystemPath();
+    LetMainEnd();
+    EXPECT_EQ(Run(), 0);
+    EXPECT_EQ(app.Log().Count("SplashInit() java 1"), 1U);
+    EXPECT_EQ(app.Log().Count("jvm.dll loaded"), 1U);
+}
+
+TEST_F(NativeSplashLaunch, FindsItsNeighboursOnAWindowsWithoutSearchFlags) {
+    AddLibrary(L"full");
+    EXPECT_EQ(RunWithoutSearchFlags(), 0);
+    EXPECT_EQ(app.Log().Count("SplashInit() java 1"), 1U);
+    EXPECT_EQ(app.Log().Count("jvm.dll loaded"), 1U);
+}
+
+TEST_F(NativeSplashLaunch, FindsASystemPathFolderOnAWindowsWithoutSearchFlags) {
+    AddLibrary(L"full");
+    MoveNeighbourToSystemPath();
+    EXPECT_EQ(RunWithoutSearchFlags(), 0);
+    EXPECT_EQ(app.Log().Count("SplashInit() java 1"), 1U);
+}
+
+TEST_F(NativeSplashLaunch, TakesNoNeighbourFromTheCurrentDirectory) {
+    AddLibrary(L"full");
+    ASSERT_TRUE(MoveFileW(app.Path(L"jre\\bin\\java.dll").c_str(), app.Path(L"java.dll").c_str()));
+    settings.Application(L"Override WorkingDir", L"Yes");
+    LetMainEnd();
+    EXPECT_EQ(RunWithoutSearchFlags(), 0);
+    EXPECT_THAT(SplashCalls(), IsEmpty());
 }
 
 TEST_F(NativeSplashLaunch, FallsBackWhenANeighbourIsMissing) {

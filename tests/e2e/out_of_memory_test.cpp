@@ -76,6 +76,56 @@ TEST_F(OutOfMemory, EndsALaunchWithSplash) {
     FailEach(L"");
 }
 
+class OutOfMemoryForABox : public FakeJvmFixture {
+  protected:
+    /// Lets each allocation for the text of the launch's error box fail: no box is shown, and the
+    /// launch ends with the result of the failure that the box would have reported.
+    void FailEach() {
+        {
+            app.WriteSettings(settings);
+            const auto process = StartHooked(app);
+            EXPECT_NE(TakeErrorBox(*process), L"");
+            EXPECT_EQ(process->ExitCode(), -1);
+        }
+        const std::vector<CallPoint> points = AllocationsOfTheBox();
+        EXPECT_FALSE(points.empty());
+        for (const CallPoint& point : points) {
+            const auto process = StartHooked(app, point.Wish(ERROR_NOT_ENOUGH_MEMORY));
+            EXPECT_EQ(process->ExitCode(), -1) << point.Text();
+        }
+    }
+
+  private:
+    /// The first one comes just before the first text is loaded.
+    std::vector<CallPoint> AllocationsOfTheBox() const {
+        std::vector<HookedCall> calls;
+        for (HookedCall& each : ReadHookLog(HookLogFile(app))) {
+            const bool loads = each.function == "LoadStringW";
+            if (loads || IsAllocation(each.function)) calls.push_back(std::move(each));
+        }
+        const auto firstText = std::find_if(calls.begin(), calls.end(), [](const HookedCall& each) {
+            return each.function == "LoadStringW";
+        });
+        if (firstText == calls.begin() || firstText == calls.end()) return {};
+        return Allocations({firstText - 1, calls.end()});
+    }
+};
+
+TEST_F(OutOfMemoryForABox, LeavesOutTheBoxOfAPlainText) {
+    settings.Runtime(L"Main Class", L"");
+    FailEach();
+}
+
+TEST_F(OutOfMemoryForABox, LeavesOutTheBoxOfALibraryThatCannotBeLoaded) {
+    app.AddFile(L"jre\\bin\\server\\jvm.dll", "no library");
+    FailEach();
+}
+
+TEST_F(OutOfMemoryForABox, LeavesOutTheBoxOfAJvmThatCannotBeCreated) {
+    app.WriteScript("create = -1\n");
+    FailEach();
+}
+
 class OutOfMemoryRemembering : public JreNotFoundFixture {
   protected:
     /// A launch in which the user picks a runtime, as far as it comes.

@@ -5,7 +5,7 @@
 #include "tests/unit_support/browser_colors_in_registry.h"
 #include "tests/unit_support/link_parent.h"
 #include "tests/unit_support/picture_of_control.h"
-#include "ui/hyper_link.h"
+#include "ui/hyperlink/hyper_link.h"
 
 namespace tarn {
 

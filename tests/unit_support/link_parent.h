@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "base/windows.h"
-#include "ui/pixel_rect.h"
-#include "ui/tool_tip.h"
+#include "ui/geometry/pixel_rect.h"
+#include "ui/hyperlink/tool_tip.h"
 
 namespace tarn {
 

@@ -18,7 +18,7 @@
 #include "tools/explain/runtime_report.h"
 #include "tools/explain/settings_report.h"
 #include "tools/explain/splash_report.h"
-#include "ui/jre_not_found_dialog.h"
+#include "ui/dialogs/jre_not_found_dialog.h"
 
 namespace tarn::tools {
 namespace {

@@ -3,8 +3,8 @@
 #include "base/paths.h"
 #include "core/command_line.h"
 #include "tools/common/text_encoding.h"
-#include "ui/native_splash.h"
-#include "ui/splash.h"
+#include "ui/splash/native_splash.h"
+#include "ui/splash/splash.h"
 
 namespace tarn::tools {
 
@@ -17,12 +17,12 @@ std::optional<SplashReport> ReportSplash(const std::vector<std::wstring>& argume
     }
     SplashSettings settings;
     if (!ReadSplashSettings(settings)) return std::nullopt;
-    if (settings.imagePath.empty()) return report;
+    if (settings.splashImagePath.empty()) return report;
 
     report.kind = "own";
-    report.image = Utf8Of(settings.imagePath);
-    report.imageExists = FileExists(settings.imagePath);
-    report.shadow = settings.shadow;
+    report.image = Utf8Of(settings.splashImagePath);
+    report.imageExists = FileExists(settings.splashImagePath);
+    report.shadow = settings.hasShadow();
     if (!settings.preferNative) return report;
     const std::wstring library = FindNativeSplash(jvmLibraryPath);
     NativeSplash functions;

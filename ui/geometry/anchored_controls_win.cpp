@@ -1,0 +1,62 @@
+#include "ui/geometry/anchored_controls.h"
+
+namespace tarn {
+namespace {
+
+Rectangle ToRectangle(const RECT& rect) {
+    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+/// The scale of the monitor that the window is on; 0 before Windows 10, where a window keeps the
+/// scale that it was made with.
+int DpiOf(HWND window) {
+    using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
+    const HMODULE user32 = GetModuleHandleW(L"user32.dll");
+    if (user32 == nullptr) return 0;
+    const auto getDpi = reinterpret_cast<GetDpiForWindowFunction>(
+        reinterpret_cast<void*>(GetProcAddress(user32, "GetDpiForWindow")));
+    return getDpi != nullptr ? static_cast<int>(getDpi(window)) : 0;
+}
+
+}  // namespace
+
+void AnchoredControls::Begin(HWND dialog) {
+    dialog_ = dialog;
+    RECT rect;
+    if (GetWindowRect(dialog, &rect)) firstWindow_ = ToRectangle(rect);
+    if (GetClientRect(dialog, &rect)) firstClient_ = ToRectangle(rect);
+    firstDpi_ = DpiOf(dialog);
+}
+
+void AnchoredControls::Add(int controlId, Anchor anchor) {
+    const HWND window = GetDlgItem(dialog_, controlId);
+    RECT rect;
+    if (window == nullptr || !GetWindowRect(window, &rect)) return;
+    MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&rect), 2);
+    controls_.push_back({window, anchor, ToRectangle(rect)});
+}
+
+void AnchoredControls::LayOut() const {
+    RECT client;
+    if (dialog_ == nullptr || !GetClientRect(dialog_, &client)) return;
+    const int dpi = DpiOf(dialog_);
+    const Rectangle first = Scaled(firstClient_, dpi, firstDpi_);
+    const Growth growth = GrowthBetween(first.width, first.height, client.right, client.bottom);
+    for (const Control& control : controls_) {
+        const Rectangle place =
+            Anchored(Scaled(control.first, dpi, firstDpi_), control.anchor, growth);
+        SetWindowPos(control.window, nullptr, place.left, place.top, place.width, place.height,
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    }
+    // A frame lies around other controls: what it leaves behind is theirs to paint.
+    InvalidateRect(dialog_, nullptr, TRUE);
+}
+
+void AnchoredControls::LimitSize(MINMAXINFO& limits) const {
+    if (dialog_ == nullptr) return;
+    const int dpi = DpiOf(dialog_);
+    limits.ptMinTrackSize.x = ScaledLength(firstWindow_.width, dpi, firstDpi_);
+    limits.ptMinTrackSize.y = ScaledLength(firstWindow_.height, dpi, firstDpi_);
+}
+
+}  // namespace tarn

@@ -1,0 +1,127 @@
+#include "ui/splash/splash_screen_window.h"
+
+#include <utility>
+
+#include "ui/geometry/placement.h"
+#include "ui/splash/splash_image.h"
+
+namespace tarn {
+namespace {
+
+constexpr wchar_t kClassName[] = L"SplashScreenWindow";
+
+HINSTANCE ThisModule() {
+    return GetModuleHandleW(nullptr);
+}
+
+PixelSize PrimaryScreen() {
+    return {GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
+}  // namespace
+
+bool SplashScreenWindow::RegisterWindowClass(bool shadow) {
+    // Only the splash thread comes here, and a process has one splash.
+    static ATOM registered = 0;
+    if (registered != 0) return true;
+    WNDCLASSEXW windowClass{};
+    windowClass.cbSize = sizeof(windowClass);
+    windowClass.style = CS_SAVEBITS | CS_DBLCLKS;
+    if (shadow) windowClass.style |= CS_DROPSHADOW;
+    windowClass.lpfnWndProc = StartProcedure;
+    windowClass.hInstance = ThisModule();
+    windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.hbrBackground = reinterpret_cast<HBRUSH>(INT_PTR{COLOR_WINDOW + 1});
+    windowClass.lpszClassName = kClassName;
+    registered = RegisterClassExW(&windowClass);
+    if (registered == 0 && shadow) {
+        // Some systems refuse a class with a shadow.
+        windowClass.style &= ~static_cast<UINT>(CS_DROPSHADOW);
+        registered = RegisterClassExW(&windowClass);
+    }
+    return registered != 0;
+}
+
+HWND SplashScreenWindow::Create(const std::wstring& imagePath, bool shadow) {
+    const bool registered = RegisterWindowClass(shadow);
+    const UniqueGpImage image = DecodeImage(imagePath);
+    const PixelRect place = CenteredOnScreen(PrimaryScreen(), ImageSize(image.get()));
+    bitmap_ = RenderForScreen({.image = image.get()});
+    if (!thunk_.Make(this, GetWindowProcedure())) {
+        SetLastError(ERROR_OUTOFMEMORY);
+        return nullptr;
+    }
+    if (!registered) return nullptr;
+    return CreateWindowExW(WS_EX_TOOLWINDOW, kClassName, nullptr, WS_POPUP, place.left, place.top,
+                           place.width(), place.height(), nullptr, nullptr, ThisModule(), this);
+}
+
+void SplashScreenWindow::Destroy() {
+    if (window_ != nullptr) DestroyWindow(window_);
+}
+
+ObjectProcedure SplashScreenWindow::GetWindowProcedure() const {
+    return WindowProcedure;
+}
+
+// The class's procedure, until the window knows its object: from WM_NCCREATE on the object's own
+// thunk takes over.
+LRESULT CALLBACK SplashScreenWindow::StartProcedure(HWND window, UINT message, WPARAM wParam,
+                                                    LPARAM lParam) noexcept {
+    if (message != WM_NCCREATE) return DefWindowProcW(window, message, wParam, lParam);
+    const auto* const creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    auto* const splash = static_cast<SplashScreenWindow*>(creation->lpCreateParams);
+    splash->Attach(window);
+    return splash->Receive(message, wParam, lParam);
+}
+
+LRESULT CALLBACK SplashScreenWindow::WindowProcedure(void* object, UINT message, WPARAM wParam,
+                                                     LPARAM lParam) noexcept {
+    return static_cast<SplashScreenWindow*>(object)->Receive(message, wParam, lParam);
+}
+
+void SplashScreenWindow::Attach(HWND window) {
+    window_ = window;
+    SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(thunk_.procedure()));
+}
+
+LRESULT SplashScreenWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
+    // A message that comes while another is handled must not change what the outer one reports.
+    const bool outerHandled = std::exchange(messageHandled_, true);
+    LRESULT result = 0;
+    if (!ProcessWindowMessage(message, wParam, lParam, result))
+        result = CallWindowProcW(superProcedure_, window_, message, wParam, lParam);
+    messageHandled_ = outerHandled;
+    if (message == WM_NCDESTROY) OnFinalMessage(std::exchange(window_, nullptr));
+    return result;
+}
+
+bool SplashScreenWindow::ProcessWindowMessage(UINT message, WPARAM, LPARAM, LRESULT& result) {
+    switch (message) {
+        case WM_ERASEBKGND:
+            result = 1;  // the picture covers all; erasing first would flicker
+            return true;
+        case WM_PAINT:
+            Paint();
+            result = 0;
+            return true;
+        default:
+            messageHandled_ = false;
+            return false;
+    }
+}
+
+void SplashScreenWindow::Paint() {
+    PAINTSTRUCT paint;
+    const HDC target = BeginPaint(window_, &paint);
+    {
+        const UniqueMemoryDc source(CreateCompatibleDC(target));
+        BITMAP size{};
+        GetObjectW(bitmap_.get(), sizeof(size), &size);
+        const BitmapSelection selection(source.get(), bitmap_.get());
+        BitBlt(target, 0, 0, size.bmWidth, size.bmHeight, source.get(), 0, 0, SRCCOPY);
+    }
+    EndPaint(window_, &paint);
+}
+
+}  // namespace tarn
