@@ -12,10 +12,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A Windows 7 without the update for the search flags: it has no AddDllDirectory and refuses the
-// flags as an invalid parameter.
-constexpr wchar_t kWithoutSearchFlags[] =
-    L"GetProcAddress:1:127;GetProcAddress:2:127;LoadLibraryExW:1:87";
+// A Windows 7 without the update for the search flags refuses them as an invalid parameter.
+constexpr wchar_t kWithoutSearchFlags[] = L"LoadLibraryExW:1:87";
 
 class NativeSplashLaunch : public SplashFixture {
   protected:
@@ -48,7 +46,7 @@ class NativeSplashLaunch : public SplashFixture {
         // The failures have hit the calls that they are meant for.
         std::vector<std::string> loads;
         for (const HookedCall& call : ReadHookLog(HookLogFile(app))) {
-            if (call.function == "AddDllDirectory" || call.function == "LoadLibraryExW")
+            if (call.function == "LoadLibraryExW")
                 loads.push_back(call.function + (call.failed ? " failed" : ""));
         }
         // A splash of the launcher's own loads a library afterwards.
