@@ -31,14 +31,14 @@ PixelRect PlaceInDialog(HWND dialog, HWND control) {
     return {place.left, place.top, place.right, place.bottom};
 }
 
-/// The dialog, for as long as it is open and its result is read.
+/// The open dialog.
 class JreNotFoundDialog {
   public:
     JreNotFoundDialog(std::wstring message, JvmType jvmType, RuntimeChoice& choice)
         : message_(std::move(message)), jvmType_(jvmType), choice_(choice) {}
 
-    /// Shows the dialog and waits for its end. Returns the number of the button that ended it, -1
-    /// when the dialog could not be made.
+    /// Shows the dialog and waits for its end. Returns the id of the button that ended it, -1 when
+    /// the dialog could not be created.
     INT_PTR Show(HWND owner) {
         return DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDD_JRE_NOT_FOUND),
                                owner, &DialogProc, reinterpret_cast<LPARAM>(this));
@@ -65,7 +65,7 @@ INT_PTR CALLBACK JreNotFoundDialog::DialogProc(HWND dialog, UINT message, WPARAM
     if (message == WM_INITDIALOG) SetWindowLongPtrW(dialog, DWLP_USER, lParam);
     auto* const self = reinterpret_cast<JreNotFoundDialog*>(GetWindowLongPtrW(dialog, DWLP_USER));
     if (message == WM_INITDIALOG) {
-        // Without its object no button of it would do anything.
+        // Without its object none of the buttons would work.
         if (self == nullptr) return EndDialog(dialog, -1);
         self->window_ = dialog;
         self->InitDialog();
@@ -96,8 +96,8 @@ void JreNotFoundDialog::InitDialog() {
     CenterWindow(window_);
 }
 
-// The control is as large as the dialog's font makes it, and the system's icon as large as the
-// screen's scale: it is fitted in rather than cut off.
+// The control's size follows the dialog's font, the system icon's size the screen's scale: the icon
+// is scaled to fit rather than clipped.
 void JreNotFoundDialog::ShowErrorIcon() {
     const HWND control = GetDlgItem(window_, IDC_ERROR_ICON);
     RECT area{};
@@ -109,8 +109,8 @@ void JreNotFoundDialog::ShowErrorIcon() {
     SendMessageW(control, STM_SETICON, reinterpret_cast<WPARAM>(shown), 0);
 }
 
-// With two bounds and a required server JVM the message is a line longer than its place: it then
-// takes the gaps above and below.
+// With two bounds and a required server JVM the message is one line longer than its control, which
+// then grows into the gaps above and below.
 void JreNotFoundDialog::MakeRoomForMessage() {
     const HWND control = GetDlgItem(window_, IDC_JRE_MESSAGE);
     const PixelRect place = PlaceInDialog(window_, control);

@@ -7,19 +7,19 @@
 
 namespace tarn {
 
-/// Keeps the controls of a resizable dialog in their places. The dialog's size when `Add` is
-/// first called is its smallest. Used by the dialog's own thread only.
+/// Lays out the controls of a resizable dialog. The dialog's size at `Begin` is its smallest. Used
+/// on the dialog's thread only.
 class AnchoredControls {
   public:
-    /// Remembers the dialog's first size and its screen's scale. In `WM_INITDIALOG`.
+    /// Records the dialog's size and its monitor's scale, in `WM_INITDIALOG`.
     void Begin(HWND dialog);
-    /// Remembers the first place of a control. Unknown ids are ignored: an application's author
-    /// may have taken a control out of the dialog.
+    /// Records the place of a control. Unknown ids are ignored: the control may have been removed
+    /// from the dialog's resource.
     void Add(int controlId, Anchor anchor);
 
-    /// Puts every control where the dialog's present size and scale want it.
+    /// Moves every control to its place for the dialog's present size and scale.
     void LayOut() const;
-    /// Fills in the smallest size, for `WM_GETMINMAXINFO`.
+    /// Sets the smallest size, in `WM_GETMINMAXINFO`.
     void LimitSize(MINMAXINFO& limits) const;
 
   private:

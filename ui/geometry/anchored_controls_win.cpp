@@ -7,8 +7,8 @@ Rectangle ToRectangle(const RECT& rect) {
     return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
 }
 
-/// The scale of the monitor that the window is on; 0 before Windows 10, where a window keeps the
-/// scale that it was made with.
+/// Returns the scale of the window's monitor in DPI; 0 before Windows 10, where a window keeps the
+/// scale that it was created with.
 int DpiOf(HWND window) {
     using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
     const HMODULE user32 = GetModuleHandleW(L"user32.dll");
@@ -48,7 +48,7 @@ void AnchoredControls::LayOut() const {
         SetWindowPos(control.window, nullptr, place.left, place.top, place.width, place.height,
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     }
-    // A frame lies around other controls: what it leaves behind is theirs to paint.
+    // A group box surrounds other controls, which repaint the area that it uncovers.
     InvalidateRect(dialog_, nullptr, TRUE);
 }
 

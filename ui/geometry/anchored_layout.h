@@ -2,7 +2,7 @@
 
 namespace tarn {
 
-/// In pixels of the window's client area.
+/// A rectangle in pixels of a client area.
 struct Rectangle {
     int left = 0;
     int top = 0;
@@ -10,7 +10,7 @@ struct Rectangle {
     int height = 0;
 };
 
-/// How a control takes part when its window becomes larger than it was at first.
+/// How a control follows the growth of its window.
 struct Anchor {
     bool movesRight = false;
     bool movesDown = false;
@@ -18,8 +18,8 @@ struct Anchor {
     bool growsDown = false;
 };
 
-/// By how many pixels a window is wider and higher than at first. It never is smaller: what a
-/// screen or a monitor's change of scale enforces beyond that counts as its first size.
+/// The growth of a window since its first size, in pixels. Never negative: a window that the screen
+/// or a change of scale makes smaller counts as having its first size.
 struct Growth {
     int right = 0;
     int down = 0;
@@ -28,13 +28,14 @@ struct Growth {
 /// The growth of a client area from its first size to its present one.
 Growth GrowthBetween(int firstWidth, int firstHeight, int width, int height);
 
-/// Where a control belongs whose place was `first` before its window grew.
+/// Returns the place of a control that was at `first` before its window grew.
 Rectangle Anchored(const Rectangle& first, Anchor anchor, Growth growth);
 
-/// A length in pixels of a screen of `firstDpi`, on one of `dpi`, rounded to the nearest.
+/// Converts a length in pixels from a screen of `firstDpi` to one of `dpi`, rounded to the nearest.
+/// An unknown scale (0) changes nothing.
 int ScaledLength(int length, int dpi, int firstDpi);
 
-/// All four lengths of a rectangle, scaled.
+/// Scales all four values of a rectangle.
 Rectangle Scaled(const Rectangle& rectangle, int dpi, int firstDpi);
 
 }  // namespace tarn

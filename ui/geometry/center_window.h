@@ -4,8 +4,8 @@
 
 namespace tarn {
 
-/// Moves a window to the middle of its owner, or of the work area of its monitor when it has no
-/// owner that can be seen. It stays inside the work area.
+/// Centres a window over its owner, or in the work area of its monitor when it has no visible
+/// owner. It stays inside the work area.
 void CenterWindow(HWND window);
 
 }  // namespace tarn

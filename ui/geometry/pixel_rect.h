@@ -10,7 +10,7 @@ struct PixelSize {
     std::int32_t height = 0;
 };
 
-/// A rectangle in pixels; right and bottom lie outside it.
+/// A rectangle in pixels; right and bottom are exclusive.
 struct PixelRect {
     std::int32_t left = 0;
     std::int32_t top = 0;

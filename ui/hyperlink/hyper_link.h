@@ -9,19 +9,19 @@
 
 namespace tarn {
 
-/// Makes a link out of a control that exists already, a static text as a rule: underlined text in
-/// the user's link colours, a hand cursor, a tooltip with the address, mouse and keyboard. A click
-/// opens the address with the shell, or tells the parent.
+/// Turns an existing control, usually a static text, into a link: underlined text in the user's
+/// link colours, a hand cursor, a tooltip with the address, mouse and keyboard. A click opens the
+/// address with the shell or notifies the parent.
 ///
-/// The setters before `Attach` say what it begins with. The object must live as long as the control
-/// or let go of it earlier by its destruction; all on the control's thread.
+/// The setters are called before `Attach`. The destructor releases the control, so the object need
+/// not live as long; everything runs on the control's thread.
 class HyperLink {
   public:
-    /// What happens on a click.
+    /// The effect of a click.
     enum class Mode {
         OpenAddress,    ///< the shell opens the address
-        CommandParent,  ///< the parent gets WM_COMMAND with the control's id
-        NotifyParent,   ///< the parent gets WM_NOTIFY with NM_CLICK
+        CommandParent,  ///< the parent receives WM_COMMAND with the control's id
+        NotifyParent,   ///< the parent receives WM_NOTIFY with NM_CLICK
     };
 
     HyperLink() = default;
@@ -29,20 +29,19 @@ class HyperLink {
     HyperLink& operator=(const HyperLink&) = delete;
     ~HyperLink() { Detach(); }
 
-    /// The text to show, with the link between "<A>" and "</A>"; the control's own text otherwise.
+    /// The text, with the link between "<A>" and "</A>"; by default the control's own text.
     void SetLabel(const std::wstring& label) { label_ = label; }
-    /// The font of plain text, which stays the caller's; that of icon titles otherwise.
+    /// The font of plain text, which the caller owns; by default that of icon titles.
     void SetFont(HFONT font) { ownersFont_ = font; }
-    /// What stands in when the user has set no colours for links.
+    /// The colours for a user who has set none for links.
     void SetDefaultColors(const LinkColors& colors) { colors_ = colors; }
     void SetMode(Mode mode) { mode_ = mode; }
     void SetSingleLine(bool singleLine) { format_.singleLine = singleLine; }
 
-    /// Subclasses the control. Returns false when it cannot be (no window, or one that is a link
-    /// already).
+    /// Subclasses the control. Returns false when it is no window or already a link.
     bool Attach(HWND window);
 
-    /// What a click opens and the tooltip shows; the label otherwise.
+    /// The address that a click opens and the tooltip shows; by default the label.
     void SetUrl(const std::wstring& url);
 
     bool attached() const { return window_ != nullptr; }
@@ -54,15 +53,15 @@ class HyperLink {
     const PixelRect& linkRect() const { return layout_.link; }
 
   private:
-    /// Under which the control's window keeps its object. A property leaves the window's user data
-    /// to whoever uses the control.
+    /// The window property that holds the object; the window's user data stays the application's.
+    /// Why not `SetWindowSubclass`: docs/developer/compatibility.md.
     static constexpr wchar_t kObjectProperty[] = L"Tarn.HyperLink";
 
     static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
                                        LPARAM lParam) noexcept;
     LRESULT HandleMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    /// Painting, and what the control's own procedure would otherwise paint on its own; only asked
-    /// when the control shows text. Returns whether `result` is the answer.
+    /// Handles painting, for a control that shows text. Returns whether the message is handled,
+    /// with its `result`.
     bool HandleTextMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     LRESULT CallPrevious(UINT message, WPARAM wParam, LPARAM lParam);
 

@@ -1,4 +1,4 @@
-// How a link answers the messages of the window that it has taken over.
+// The link's handling of its control's messages.
 #include "ui/hyperlink/hyper_link.h"
 
 namespace tarn {
@@ -51,8 +51,8 @@ LRESULT HyperLink::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             hover_ = false;
             Repaint();
             return 0;
-        // A static with SS_NOTIFY would tell the parent of presses beside the link and of double
-        // clicks, and the parent is to hear of the link only when it has asked for that.
+        // Handled completely: a static with SS_NOTIFY would notify the parent of clicks beside the
+        // link and of double-clicks.
         case WM_LBUTTONDOWN:
             PressButton(PointOf(lParam));
             return 0;
@@ -66,8 +66,8 @@ LRESULT HyperLink::HandleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             Activate();
             return 0;
         case WM_GETDLGCODE: {
-            // A dialog keeps Enter for its default button unless the control asks for that very
-            // key press; the other keys that move about in a dialog stay the dialog's.
+            // A dialog uses Enter for its default button unless the control asks for that key
+            // press; the navigation keys stay the dialog's.
             const auto* const key = reinterpret_cast<const MSG*>(lParam);
             const bool enter =
                 key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_RETURN;
@@ -99,11 +99,11 @@ bool HyperLink::HandleTextMessage(UINT message, WPARAM wParam, LPARAM lParam, LR
         case WM_PRINTCLIENT:
             Paint(reinterpret_cast<HDC>(wParam));
             return true;
-        // A static answers this by painting its own text, and by telling the parent.
+        // A static would paint its own text.
         case WM_ENABLE:
             Repaint();
             return true;
-        // A dialog that moves to a screen of another scale gives its controls another font.
+        // A dialog that moves to a monitor of another scale sets another font.
         case WM_SETFONT:
             CallPrevious(message, wParam, FALSE);
             fonts_.Use(reinterpret_cast<HFONT>(wParam));

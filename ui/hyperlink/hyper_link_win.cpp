@@ -69,7 +69,7 @@ void HyperLink::ReadLabel() {
 void HyperLink::Detach() {
     if (!attached()) return;
     RemovePropW(window_, kObjectProperty);
-    // Somebody who has subclassed the control after us goes on calling us; he is left alone.
+    // A later subclass stays in the chain and goes on calling this procedure.
     if (GetWindowLongPtrW(window_, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&WindowProc))
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previousProc_));
     window_ = nullptr;
@@ -121,7 +121,7 @@ void HyperLink::Paint(HDC dc) {
         SetTextColor(dc, visited_ ? colors_.visited : colors_.link);
     DrawLink(dc, text(), fonts_, format_, layout_);
 
-    // The rectangle is drawn with the text colour in play, so that goes back first.
+    // The focus rectangle depends on the text colour, so the state is restored first.
     RestoreDC(dc, state);
     const auto uiState = SendMessageW(window_, WM_QUERYUISTATE, 0, 0);
     if (GetFocus() == window_ && (uiState & UISF_HIDEFOCUS) == 0) {
@@ -145,7 +145,7 @@ void HyperLink::Activate() {
                          reinterpret_cast<LPARAM>(window_));
             return;
         case Mode::OpenAddress: {
-            // A copy: the control may be gone when the shell comes back.
+            // A copy: the control may be destroyed before the shell returns.
             const std::wstring url = url_;
             if (!OpenWithShell(window_, url) || !attached()) return;
             visited_ = true;

@@ -10,8 +10,8 @@ namespace {
 constexpr std::uint32_t kText = 1;            // REG_SZ
 constexpr std::uint32_t kExpandableText = 2;  // REG_EXPAND_SZ
 
-// As the C library reads a number from the start of a text: blanks, a sign, digits. One that does
-// not fit is held at the nearest that does.
+// Parses a number at the start of a text as the C library does: white space, a sign, digits. A
+// number out of range becomes the nearest in range.
 std::int32_t DecimalOf(std::wstring_view text) {
     while (!text.empty() && std::iswspace(static_cast<std::wint_t>(text.front())) != 0)
         text.remove_prefix(1);
@@ -50,7 +50,7 @@ std::optional<PackedColor> LinkColorOfValue(std::uint32_t type,
     if (data.empty() || data.size() % 2 != 0) return std::nullopt;
     if (data[data.size() - 1] != 0 || data[data.size() - 2] != 0) return std::nullopt;
 
-    // A wide character has another width on other platforms, so the units are put together here.
+    // Assembled from bytes, because a wide character is larger on other platforms.
     std::wstring text;
     for (std::size_t at = 0; at < data.size(); at += 2) {
         const auto unit = static_cast<wchar_t>(data[at] | (data[at + 1] << 8));

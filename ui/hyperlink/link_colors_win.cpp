@@ -6,8 +6,7 @@ namespace tarn {
 namespace {
 
 void ReadColor(HKEY key, const wchar_t* name, PackedColor& color) {
-    // Eleven characters and a terminator are all that "255,255,255" needs; a longer text is no
-    // colour.
+    // Eleven characters and a terminator hold "255,255,255"; a longer text is no colour.
     BYTE data[24];
     DWORD size = sizeof(data);
     DWORD type = REG_NONE;

@@ -5,7 +5,7 @@
 
 namespace tarn {
 
-/// A bitmap of GDI.
+/// A GDI bitmap.
 struct BitmapTraits {
     using Value = HBITMAP;
     static Value None() { return nullptr; }
@@ -13,7 +13,7 @@ struct BitmapTraits {
 };
 using UniqueBitmap = UniqueResource<BitmapTraits>;
 
-/// A device context of one's own (`CreateCompatibleDC`).
+/// A memory device context (`CreateCompatibleDC`).
 struct MemoryContextTraits {
     using Value = HDC;
     static Value None() { return nullptr; }
@@ -21,7 +21,7 @@ struct MemoryContextTraits {
 };
 using UniqueMemoryDc = UniqueResource<MemoryContextTraits>;
 
-/// The screen's device context (`GetDC` of no window).
+/// The screen's device context (`GetDC` with a null window).
 struct ScreenContextTraits {
     using Value = HDC;
     static Value None() { return nullptr; }
@@ -29,8 +29,8 @@ struct ScreenContextTraits {
 };
 using UniqueScreenDc = UniqueResource<ScreenContextTraits>;
 
-/// A bitmap that is selected into a device context as long as this lives: a selected bitmap can
-/// be neither deleted nor selected elsewhere.
+/// Selects a bitmap into a device context while the object lives. A selected bitmap can be neither
+/// deleted nor selected into another context.
 class BitmapSelection {
   public:
     BitmapSelection(HDC context, HBITMAP bitmap)

@@ -1,5 +1,5 @@
-// The part of GDI+'s flat interface that the splash needs. Declared here, for GDI+'s own header
-// brings COM's along, and every function is found at run time anyway.
+// The part of GDI+'s flat interface that the splash uses. It is declared here because GDI+'s own
+// header includes COM's, and every function is found at run time.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace tarn {
 
-// The library's own objects: opaque.
+// Opaque objects of the library.
 struct GpImage;
 struct GpGraphics;
 struct GpImageAttributes;
@@ -22,8 +22,7 @@ enum class GpUnit : std::int32_t { kPixel = 2 };
 using GpStatus = std::int32_t;  ///< 0 is success
 using GpColor = std::uint32_t;  ///< alpha, red, green, blue from the highest byte down
 
-/// GDI+'s functions. Like the library's own they return a status and leave results alone on
-/// failure.
+/// GDI+'s functions. They return a status and do not change their results on failure.
 struct GdiPlus {
     GpStatus(WINAPI* createBitmapFromFile)(const wchar_t* path, GpImage** image);
     GpStatus(WINAPI* disposeImage)(GpImage* image);
@@ -46,14 +45,13 @@ struct GdiPlus {
                                          void* callbackData);
 };
 
-/// GDI+, loaded from the system folder and started on the first call in the process, on any thread;
-/// null when that failed. It stays until `ShutDownGdiPlus`.
+/// Returns GDI+, which the first call in the process loads from the system folder and starts
+/// (`GdiplusStartup`), on any thread. Null when that failed. It runs until `ShutDownGdiPlus`.
 const GdiPlus* GetGdiPlus();
 
-/// Shuts GDI+ down if it was started. For the end of the program, when no other thread of ours
-/// runs: the library may be used no more. A process that somebody else ends, as `System.exit`
-/// does, goes without: its threads are in the middle of anything by then, and Windows takes all
-/// back.
+/// Shuts GDI+ down if it was started (`GdiplusShutdown`), at the end of the program, when no other
+/// thread of the launcher runs; GDI+ must not be used afterwards. A process that ends through
+/// `System.exit` does not shut it down: other threads may be using it.
 void ShutDownGdiPlus();
 
 struct GpImageTraits {

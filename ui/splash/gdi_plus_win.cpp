@@ -16,7 +16,7 @@ using Shutdown = void(WINAPI*)(ULONG_PTR token);
 
 INIT_ONCE startOnce = INIT_ONCE_STATIC_INIT;
 GdiPlus functions{};
-bool available = false;  // written once, inside startOnce
+bool available = false;  // written once, under startOnce
 ULONG_PTR startedToken = 0;
 Shutdown shutdown = nullptr;
 
@@ -43,14 +43,14 @@ bool FindAll(HMODULE library) {
 }
 
 BOOL CALLBACK Start(INIT_ONCE*, void*, void**) noexcept {
-    // Never unloaded: decoders that others registered may hold on to it.
+    // Never unloaded: decoders of other vendors may still use it.
     const HMODULE library = LoadSystemLibrary(L"gdiplus.dll");
     Startup startup = nullptr;
     if (!Find(library, "GdiplusStartup", startup) || !Find(library, "GdiplusShutdown", shutdown) ||
         !FindAll(library))
         return TRUE;
     const StartupInput input;
-    // The result is not looked at: without a start every later call fails by itself.
+    // The result is not tested: without a start every later call fails.
     startup(&startedToken, &input, nullptr);
     available = true;
     return TRUE;

@@ -6,7 +6,7 @@
 
 namespace tarn {
 
-/// The functions of the Java runtime's own splash library that the launcher calls.
+/// The functions of the Java runtime's splash library that the launcher calls.
 struct NativeSplash {
     void (*init)() = nullptr;
     void (*loadFile)(const char* ansiImagePath) = nullptr;
@@ -14,19 +14,19 @@ struct NativeSplash {
     OneShotAction::Function close = nullptr;
 };
 
-/// The path of that library, `splashscreen.dll` in the runtime's `bin` folder; empty when it is not
-/// there.
+/// Returns the path of the library, `splashscreen.dll` in the runtime's `bin` folder; empty when
+/// the file does not exist.
 std::wstring FindNativeSplash(const std::wstring& jvmLibraryPath);
 
-/// Loads the library at `path` and finds its functions, as far as it has them; calls none. Returns
-/// whether it can show a picture.
+/// Loads the library at `path` (`LoadLibraryExW`) and finds those of its functions that it has.
+/// Returns whether it can show a picture. The library is never unloaded.
 bool LoadNativeSplash(const std::wstring& path, const std::wstring& jvmLibraryPath,
                       NativeSplash& splash);
 
-/// Shows the picture through the Java runtime's own splash library, `splashscreen.dll` in its
-/// `bin` folder, when `wanted`. Returns whether the library took it over; it then belongs to the
-/// runtime and the application. The library's close function goes into `launchFailureAction` as
-/// soon as it is known, also when the library turns out unusable. Nothing is reported to the user.
+/// Shows the picture through the Java runtime's splash library when `wanted`. Returns whether the
+/// library has taken it over; it is then the runtime's and the application's. The library's close
+/// function goes into `launchFailureAction` even when another function is missing
+/// (docs/developer/compatibility.md). Nothing is reported to the user.
 bool StartNativeSplash(const std::wstring& imagePath, bool wanted,
                        const std::wstring& jvmLibraryPath, OneShotAction& launchFailureAction);
 

@@ -8,7 +8,7 @@
 
 namespace tarn {
 
-/// What to draw of a decoded image, and how.
+/// Parameters of the drawing of a decoded image.
 struct ImageDrawing {
     GpImage* image = nullptr;
     /// The part to draw, in the image's pixels; all zeros is the whole image.
@@ -17,15 +17,16 @@ struct ImageDrawing {
     const COLORREF* colorKey = nullptr;
 };
 
-/// The size of an image, in pixels; 0 by 0 without an image.
+/// Returns the size of an image in pixels; 0 x 0 without an image.
 PixelSize ImageSize(GpImage* image);
 
-/// The image file, decoded by GDI+ in any format that it knows. Nothing when the file is missing or
-/// cannot be decoded.
+/// Decodes an image file in any format that GDI+ supports (`GdipCreateBitmapFromFile`). Returns
+/// nothing when the file is missing or cannot be decoded.
 UniqueGpImage DecodeImage(const std::wstring& path);
 
-/// A bitmap like the screen's, as large as what is drawn, with the image in it. What is
-/// transparent in the image is black. Null when GDI has no memory for it.
+/// Draws the image into a new screen-compatible bitmap of its size. Transparent parts are black,
+/// because the bitmap is not filled first (docs/developer/compatibility.md). Returns null when
+/// there is not enough memory for the bitmap.
 UniqueBitmap RenderForScreen(const ImageDrawing& drawing);
 
 }  // namespace tarn

@@ -31,7 +31,7 @@ void Draw(const ImageDrawing& drawing, const PixelRect& source, HDC context) {
         gdiPlus->setImageAttributesColorKeys(attributes.get(), GpColorAdjustType::kDefault, TRUE,
                                              key, key);
     }
-    // In pixels on both sides, so that the resolution that an image claims changes nothing.
+    // In pixels of both sides, so that the image's resolution has no effect.
     gdiPlus->drawImageRectRectI(graphics.get(), drawing.image, 0, 0, source.width(),
                                 source.height(), source.left, source.top, source.width(),
                                 source.height(), GpUnit::kPixel, attributes.get(), nullptr,

@@ -7,27 +7,28 @@
 
 namespace tarn {
 
-/// The launcher's own splash window: a borderless picture in the middle of the primary screen.
-/// Created and destroyed by the thread that runs its message loop; the object itself may go
-/// elsewhere once the window is gone.
+/// The launcher's own splash window: a borderless picture centred on the primary screen. The thread
+/// that runs its message loop creates and destroys the window; another thread may destroy the
+/// object afterwards. Virtual on purpose: docs/developer/compatibility.md.
 class SplashScreenWindow {
   public:
     SplashScreenWindow() = default;
     SplashScreenWindow(const SplashScreenWindow&) = delete;
     SplashScreenWindow& operator=(const SplashScreenWindow&) = delete;
 
-    /// Decodes and renders the picture and makes the window for it, not yet visible. A picture that
-    /// cannot be decoded gives a window without extent. Returns null when there is no window, with
-    /// `ERROR_OUTOFMEMORY` as the last error when there is no memory for its procedure.
+    /// Decodes and renders the picture and creates the window for it, not yet visible. A picture
+    /// that cannot be decoded gives a window of 0 x 0 pixels. Returns null when the window could
+    /// not be created, with `ERROR_OUTOFMEMORY` as the last error when there is no memory for its
+    /// thunk.
     HWND Create(const std::wstring& imagePath, bool shadow);
 
-    /// Destroys the window, if there is one. To be called by the thread that created it.
+    /// Destroys the window, if there is one, on the thread that created it.
     void Destroy();
 
-    /// The message map: whether the message is handled, and then its result.
+    /// The message map. Returns whether the message is handled, and then sets `result`.
     virtual bool ProcessWindowMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     virtual ~SplashScreenWindow() = default;
-    /// What the window's messages are brought to.
+    /// Returns the target of the window's messages.
     virtual ObjectProcedure GetWindowProcedure() const;
     /// Called when the window has received its last message.
     virtual void OnFinalMessage(HWND) {}

@@ -21,7 +21,7 @@ PixelSize PrimaryScreen() {
 }  // namespace
 
 bool SplashScreenWindow::RegisterWindowClass(bool shadow) {
-    // Only the splash thread comes here, and a process has one splash.
+    // Called by the splash thread only, and a process has one splash.
     static ATOM registered = 0;
     if (registered != 0) return true;
     WNDCLASSEXW windowClass{};
@@ -35,7 +35,7 @@ bool SplashScreenWindow::RegisterWindowClass(bool shadow) {
     windowClass.lpszClassName = kClassName;
     registered = RegisterClassExW(&windowClass);
     if (registered == 0 && shadow) {
-        // Some systems refuse a class with a shadow.
+        // Some systems reject the style: docs/developer/compatibility.md.
         windowClass.style &= ~static_cast<UINT>(CS_DROPSHADOW);
         registered = RegisterClassExW(&windowClass);
     }
@@ -64,8 +64,8 @@ ObjectProcedure SplashScreenWindow::GetWindowProcedure() const {
     return WindowProcedure;
 }
 
-// The class's procedure, until the window knows its object: from WM_NCCREATE on the object's own
-// thunk takes over.
+// The procedure of the class, for the messages before WM_NCCREATE; then the object's thunk replaces
+// it.
 LRESULT CALLBACK SplashScreenWindow::StartProcedure(HWND window, UINT message, WPARAM wParam,
                                                     LPARAM lParam) noexcept {
     if (message != WM_NCCREATE) return DefWindowProcW(window, message, wParam, lParam);
@@ -86,7 +86,7 @@ void SplashScreenWindow::Attach(HWND window) {
 }
 
 LRESULT SplashScreenWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) {
-    // A message that comes while another is handled must not change what the outer one reports.
+    // Restored afterwards, so that a nested message does not change the outer one's flag.
     const bool outerHandled = std::exchange(messageHandled_, true);
     LRESULT result = 0;
     if (!ProcessWindowMessage(message, wParam, lParam, result))
@@ -99,7 +99,7 @@ LRESULT SplashScreenWindow::Receive(UINT message, WPARAM wParam, LPARAM lParam) 
 bool SplashScreenWindow::ProcessWindowMessage(UINT message, WPARAM, LPARAM, LRESULT& result) {
     switch (message) {
         case WM_ERASEBKGND:
-            result = 1;  // the picture covers all; erasing first would flicker
+            result = 1;  // the picture covers the window; erasing it first would flicker
             return true;
         case WM_PAINT:
             Paint();

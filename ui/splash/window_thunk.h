@@ -5,12 +5,12 @@
 
 namespace tarn {
 
-/// What a window's messages are brought to: the window procedure's arguments with the object in the
-/// place of the window's handle.
+/// The target of a window's messages: a window procedure that receives the object in place of the
+/// window's handle.
 using ObjectProcedure = LRESULT(CALLBACK*)(void* object, UINT message, WPARAM wParam,
                                            LPARAM lParam);
 
-/// Memory of `VirtualAlloc`.
+/// Memory from `VirtualAlloc`.
 struct PagesTraits {
     using Value = void*;
     static Value None() { return nullptr; }
@@ -18,12 +18,12 @@ struct PagesTraits {
 };
 using Pages = UniqueResource<PagesTraits>;
 
-/// A few bytes of machine code that serve as the window procedure of one object. The window must be
-/// gone before this is.
+/// A few bytes of machine code that are the window procedure of one object
+/// (docs/developer/compatibility.md). The object must outlive the window.
 class WindowThunk {
   public:
-    /// Makes the code, or keeps what there is. Returns false when Windows grants no memory for it
-    /// or forbids this process to make code.
+    /// Generates the code, once. Returns false when there is no memory for it or the process must
+    /// not generate code.
     bool Make(void* object, ObjectProcedure target);
 
     /// The window procedure, null before `Make`.
