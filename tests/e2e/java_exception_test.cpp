@@ -105,20 +105,24 @@ TEST_F(JavaExceptionTest, NoDialogWithoutAnException) {
     EXPECT_EQ(app.Log().Count("ExceptionClear"), 0U);
 }
 
-TEST_F(JavaExceptionTest, CallsToJavaComeInTheirOrder) {
+TEST_F(JavaExceptionTest, TraceIsPrintedAndReadBeforeTheExit) {
     PressButton(OpenDialog(), IDCANCEL);
     EXPECT_EQ(ExitCode(), -1);
-    std::vector<std::string> calls;
+    // Lookups of classes and methods may come at any time before their use.
+    const auto isStep = [](const std::string& name) {
+        return name.starts_with("Call") || name.starts_with("NewObject") ||
+               name.starts_with("GetStringUTF");
+    };
+    std::vector<std::string> steps;
     for (const std::string& call : app.Log().Calls()) {
-        if (call.find("ExceptionClear") == 0) calls.clear();
-        if (call.find("ExceptionCheck") != 0) calls.push_back(call.substr(0, call.find('(')));
+        const std::string name = call.substr(0, call.find('('));
+        if (name == "ExceptionClear") steps = {name};
+        if (isStep(name)) steps.push_back(name);
     }
-    EXPECT_THAT(calls, testing::ElementsAre(
-                           "ExceptionClear", "FindClass", "GetMethodID", "NewObject", "FindClass",
-                           "GetMethodID", "NewObject", "GetObjectClass", "GetMethodID",
-                           "CallVoidMethod", "GetObjectClass", "GetMethodID", "CallObjectMethod",
-                           "GetStringUTFChars", "ReleaseStringUTFChars", "FindClass",
-                           "GetStaticMethodID", "CallStaticVoidMethod"));
+    EXPECT_THAT(steps, testing::ElementsAre("ExceptionClear", "NewObject", "NewObject",
+                                            "CallVoidMethod", "CallObjectMethod",
+                                            "GetStringUTFChars", "CallStaticVoidMethod"));
+    EXPECT_EQ(app.Log().Count("ReleaseStringUTFChars"), 1U);
 }
 
 TEST_F(JavaExceptionTest, TraceIsReadInTheSystemsCodePage) {
