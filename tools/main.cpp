@@ -16,9 +16,9 @@ namespace tarn::tools {
 namespace {
 
 constexpr char kDescription[] =
-    "Makes Windows executables of Java applications, and tells why one does not start.";
+    "Builds Windows executables for Java applications and diagnoses their launch.";
 constexpr char kExitCodes[] =
-    "Exit codes: 0 done, 1 warnings where --strict asks for that, 2 failed or wrong arguments.";
+    "Exit codes: 0 success, 1 warnings with --strict, 2 failure or wrong arguments.";
 
 void AddCommands(CLI::App& app, const Console& console, int& exitCode) {
     AddCheckCommand(app, console, exitCode);
@@ -27,25 +27,25 @@ void AddCommands(CLI::App& app, const Console& console, int& exitCode) {
     AddWrapCommand(app, console, exitCode);
 }
 
-// The commands' own exit code comes through `exitCode`; everything else is decided here.
+// Commands report their exit code through `exitCode`.
 int Run(std::vector<std::string> arguments, const Console& console) {
     CLI::App app(kDescription, "tarn");
     app.footer(kExitCodes);
     app.set_version_flag("--version", "tarn " TARN_VERSION);
     app.require_subcommand(1);
-    // The same words everywhere: "/x" is a path, on Windows too.
+    // The same syntax on every platform: "/x" is a path on Windows, too.
     app.allow_windows_style_options(false);
 
     int exitCode = kSuccess;
     AddCommands(app, console, exitCode);
-    // The parser wants them from the last to the first.
+    // The parser takes them in reverse order.
     std::reverse(arguments.begin(), arguments.end());
     try {
         app.parse(arguments);
     } catch (const CLI::Success& request) {
         return app.exit(request);
     } catch (const CLI::ParseError& error) {
-        console.PrintError(std::string(error.what()) + " (tarn --help tells more)");
+        console.PrintError(std::string(error.what()) + "; see tarn --help");
         return kFailed;
     } catch (const std::exception& failure) {
         console.PrintError(failure.what());
@@ -64,7 +64,7 @@ int wmain(int count, wchar_t** words) {
     return tarn::tools::Run(std::move(arguments), tarn::tools::Console::ForProcess());
 }
 #else
-// NOLINTNEXTLINE(bugprone-exception-escape): without memory there is nothing to say
+// NOLINTNEXTLINE(bugprone-exception-escape): without memory no message is possible
 int main(int count, char** words) {
     std::vector<std::string> arguments(words + 1, words + count);
     return tarn::tools::Run(std::move(arguments), tarn::tools::Console::ForProcess());

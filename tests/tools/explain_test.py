@@ -1,4 +1,4 @@
-"""tarn explain, seen from outside: what it refuses, and what it tells of a bare launcher."""
+"""tarn explain from the command line: rejected arguments, and the report on a bare launcher."""
 
 import json
 import os
@@ -37,30 +37,30 @@ class ExplainTest(unittest.TestCase):
             self.assertEqual(0, code)
             self.assertIn("tarn explain sample.exe --json > report.json", output)
 
-    def test_the_program_has_to_be_named(self):
+    def test_the_program_must_be_specified(self):
         for program in (LINUX, WINDOWS):
             self.expect_failure("NAME.exe", program)
 
-    def test_elsewhere_it_tells_where_to_go(self):
+    def test_other_systems_refer_to_windows(self):
         self.expect_failure("sample.exe: a launch can only be explained on the Windows machine",
                             LINUX, "sample.exe")
 
-    def test_bad_files_are_named(self):
+    def test_invalid_files_are_named(self):
         with open(os.path.join(self.folder, "text.exe"), "wb") as file:
             file.write(b"no program at all")
-        self.expect_failure("missing.exe: there is no such file", WINDOWS, "missing.exe")
-        self.expect_failure("text.exe: is no Windows executable", WINDOWS, "text.exe")
+        self.expect_failure("missing.exe: does not exist", WINDOWS, "missing.exe")
+        self.expect_failure("text.exe: is not a readable Windows executable", WINDOWS, "text.exe")
 
-    def test_arguments_stand_behind_dashes(self):
+    def test_arguments_follow_dashes(self):
         self.expect_failure("tarn explain NAME.exe -- ARGS", WINDOWS, "sample.exe", "letter.txt")
 
-    def test_a_program_that_is_no_launcher_is_doubted(self):
+    def test_a_program_that_is_not_a_launcher_gives_a_warning(self):
         shutil.copy(WINDOWS[1], os.path.join(self.folder, "other.exe"))
         code, _, errors = self.explain(WINDOWS, "other.exe")
         self.assertEqual(0, code)
         self.assertIn("is it a launcher?", errors)
 
-    def test_a_launch_without_settings_is_told(self):
+    def test_a_launch_without_settings_is_explained(self):
         shutil.copy(LAUNCHER, os.path.join(self.folder, "sample.exe"))
         code, output, errors = self.explain(WINDOWS, "sample.exe", "--", "a", "b c")
         self.assertEqual((0, ""), (code, errors))

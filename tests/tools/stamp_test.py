@@ -127,27 +127,27 @@ class StampTest(FolderTest):
     def test_warns_of_settings_that_have_no_effect_there(self):
         self.put("splash.ini", b"[Display]\nSplash Screen=a.png\n")
         _, errors = self.expect("stamp", LAUNCHER, "--out", "a.exe", "--settings", "splash.ini")
-        self.assertIn("splash.ini: section [Display] has no effect", errors)
+        self.assertIn("splash.ini: section [Display] only has an effect", errors)
 
 
 class BadInputTest(FolderTest):
     def test_what_is_no_executable(self):
         self.put("text.exe", b"MZ but nothing else" * 100)
-        self.assertIn("text.exe: is no Windows executable",
+        self.assertIn("text.exe: is not a Windows executable",
                       self.expect_failure("stamp", "text.exe", "--out", "app.exe"))
 
     def test_an_executable_that_is_cut_short(self):
         with open(LAUNCHER, "rb") as file:
             content = file.read()
         self.put("half.exe", content[:len(content) // 2])
-        self.assertIn("half.exe: is cut short or broken",
+        self.assertIn("half.exe: is truncated or corrupt",
                       self.expect_failure("stamp", "half.exe", "--out", "app.exe"))
 
     def test_files_that_are_missing_or_of_another_kind(self):
         self.put("a.txt", b"text")
         for option, name, problem in (("--icon", "none.png", "cannot be read"),
                                       ("--icon", "a.txt", "is neither an .ico nor a .png"),
-                                      ("--jar", "a.txt", "is no jar"),
+                                      ("--jar", "a.txt", "is not a jar"),
                                       ("--settings", "none.ini", "cannot be read")):
             with self.subTest(option=option, name=name):
                 message = self.expect_failure("stamp", LAUNCHER, "--out", "app.exe", option, name)

@@ -9,21 +9,21 @@
 namespace tarn::tools {
 namespace {
 
-bool IsThere(const std::filesystem::path& path) {
+bool Exists(const std::filesystem::path& path) {
     std::error_code ignored;
     return std::filesystem::exists(path, ignored);
 }
 
-// The home of the runtime beside the launcher, where the launcher looks for one.
+// The home of the runtime shipped beside the launcher.
 std::optional<std::filesystem::path> ShippedRuntime(const CheckedSettings& settings) {
-    if (!settings.looksAtDisk()) return std::nullopt;
+    if (!settings.checksFiles()) return std::nullopt;
     for (const std::filesystem::path& home : {settings.folder(), settings.folder() / "jre64"}) {
-        if (IsThere(home / "bin" / "java.dll")) return home;
+        if (Exists(home / "bin" / "java.dll")) return home;
     }
     return std::nullopt;
 }
 
-// The newest of the measured versions that is not newer: options seldom go or come in between.
+// The newest measured version up to this one: options rarely change in between.
 VersionSet NearestTo(int feature) {
     VersionSet nearest = 0;
     for (std::size_t at = 0; at < kMeasuredVersions.size(); ++at) {
@@ -47,8 +47,8 @@ VersionSet AdmittedVersions(const CheckedSettings& settings) {
     const RuntimeVersion minimum =
         MinimumBound(settings.Get(keys::kJavaRuntimeEnvironment, keys::kMinimumVersion).text);
     const Setting written = settings.Get(keys::kJavaRuntimeEnvironment, keys::kMaximumVersion);
-    // Without a maximum nothing registered fits: then a runtime of any version may be chosen by
-    // hand.
+    // Without a maximum no registered runtime qualifies, and the user may choose one of any
+    // version.
     const RuntimeVersion maximum =
         MaximumBound(IsBlank(MaximumBound(written.text)) ? L"any" : written.text);
     VersionSet admitted = 0;

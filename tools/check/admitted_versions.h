@@ -7,17 +7,17 @@
 
 namespace tarn::tools {
 
-/// The Java versions whose JVM options are known (see vm_flags.h), oldest first.
+/// The Java versions whose JVM options are known (vm_flags.h), oldest first.
 inline constexpr std::array<int, 4> kMeasuredVersions = {11, 17, 21, 25};
 
-/// Some of those versions: bit 0 is the first one.
+/// A set of these versions; bit 0 is the first one.
 using VersionSet = unsigned;
 
-/// Whether the settings need no registered runtime: one is configured, or shipped beside the file.
+/// Whether a runtime is configured, or shipped beside the settings file, so that none needs to be
+/// registered.
 bool HasOwnRuntime(const CheckedSettings& settings);
 
-/// The versions on which the application may come to run: that of the runtime shipped with it, or
-/// those within the bounds.
+/// The versions that a launch may use: the shipped runtime's, or all within the bounds.
 VersionSet AdmittedVersions(const CheckedSettings& settings);
 
 /// "11, 17".

@@ -12,13 +12,13 @@ namespace tarn::tools {
 namespace {
 
 constexpr char kFooter[] =
-    "What stands beside the settings file (jars, splash picture, jre64) is looked at as well.\n"
+    "The files beside the settings file (jars, splash picture, jre64) are checked as well.\n"
     "\n"
     "Examples:\n"
     "  tarn check build/app/notes.ini\n"
-    "  tarn check --strict notes.ini         in a build: warnings fail it\n"
+    "  tarn check --strict notes.ini         in a build: fails on warnings\n"
     "  tarn check --json notes.ini           for other programs\n"
-    "  tarn check --keys                     every key and what its value looks like\n"
+    "  tarn check --keys                     every key and the form of its value\n"
     "\n"
     "Exit codes: 0 no errors, 1 warnings and --strict, 2 errors.";
 
@@ -27,7 +27,7 @@ struct Options {
     bool isStrict = false;
     bool asJson = false;
     bool listsKeys = false;
-    bool looksAtDisk = true;
+    bool checksFiles = true;
 };
 
 void PrintKeys(const Console& console) {
@@ -44,10 +44,9 @@ int Check(const Options& options, const Console& console) {
         PrintKeys(console);
         return kSuccess;
     }
-    if (options.file.empty())
-        throw Failure("no settings file is named (tarn check --help tells more)");
+    if (options.file.empty()) throw Failure("no settings file is specified; see tarn check --help");
     const std::vector<Finding> findings =
-        CheckSettings(CheckedSettings::Load(PathOf(options.file), options.looksAtDisk));
+        CheckSettings(CheckedSettings::Load(PathOf(options.file), options.checksFiles));
     if (options.asJson) {
         console.Print(JsonReport(options.file, findings));
     } else {
@@ -60,15 +59,14 @@ int Check(const Options& options, const Console& console) {
 }  // namespace
 
 void AddCheckCommand(CLI::App& app, const Console& console, int& exitCode) {
-    CLI::App* const command =
-        app.add_subcommand("check", "Finds mistakes in a settings file, before a user does");
+    CLI::App* const command = app.add_subcommand("check", "Finds mistakes in a settings file");
     const auto options = std::make_shared<Options>();
     command->add_option("file", options->file, "The settings file")->type_name("NAME.ini");
     command->add_flag("--strict", options->isStrict, "Exit with 1 when there are warnings");
     command->add_flag("--json", options->asJson, "Print the findings as JSON");
-    command->add_flag("!--no-files", options->looksAtDisk,
-                      "Look at the text alone, not at the jars and other files that it names");
-    command->add_flag("--keys", options->listsKeys, "Print all keys instead");
+    command->add_flag("!--no-files", options->checksFiles,
+                      "Check the text only, not the jars and other files that it names");
+    command->add_flag("--keys", options->listsKeys, "Print all keys and exit");
     command->footer(kFooter);
     command->callback([options, &console, &exitCode] { exitCode = Check(*options, console); });
 }

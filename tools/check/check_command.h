@@ -6,7 +6,7 @@
 
 namespace tarn::tools {
 
-/// Adds "tarn check NAME.ini".
+/// Adds `tarn check NAME.ini`.
 void AddCheckCommand(CLI::App& app, const Console& console, int& exitCode);
 
 }  // namespace tarn::tools

@@ -10,12 +10,12 @@
 namespace tarn::tools {
 namespace {
 
-// A settings file is a page of text; what is this large is some other file.
+// A larger file is not a settings file.
 constexpr std::uintmax_t kLargestFile = 16U << 20U;
 
 constexpr std::size_t kLongestQuote = 200;
 
-// What no launcher can read leaves nothing built in; that is for others to say.
+// An executable that cannot be read has no built-in settings; reporting it is up to other commands.
 EmbeddedSettings EmbeddedSettingsOf(const std::filesystem::path& executable) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(executable, error)) return {};
@@ -33,16 +33,16 @@ EmbeddedSettings EmbeddedSettingsOf(const std::filesystem::path& executable) {
 
 }  // namespace
 
-CheckedSettings::CheckedSettings(std::filesystem::path file, DecodedIni decoded, bool looksAtDisk)
+CheckedSettings::CheckedSettings(std::filesystem::path file, DecodedIni decoded, bool checksFiles)
     : file_(std::move(file)),
       folder_(file_.has_parent_path() ? file_.parent_path() : std::filesystem::path(".")),
       decoded_(std::move(decoded)),
       document_(decoded_.text),
-      looksAtDisk_(looksAtDisk) {}
+      checksFiles_(checksFiles) {}
 
-CheckedSettings CheckedSettings::Load(const std::filesystem::path& file, bool looksAtDisk) {
-    CheckedSettings settings(file, DecodeIni(ReadWholeFile(file, kLargestFile)), looksAtDisk);
-    if (looksAtDisk) settings.SetEmbedded(EmbeddedSettingsOf(settings.Executable()));
+CheckedSettings CheckedSettings::Load(const std::filesystem::path& file, bool checksFiles) {
+    CheckedSettings settings(file, DecodeIni(ReadWholeFile(file, kLargestFile)), checksFiles);
+    if (checksFiles) settings.SetEmbedded(EmbeddedSettingsOf(settings.Executable()));
     return settings;
 }
 

@@ -10,40 +10,39 @@
 
 namespace tarn::tools {
 
-/// A value as a launch would read it.
+/// A value as a launch reads it.
 struct Setting {
     std::wstring text;
-    /// Where it stands; 0 when it is not there.
+    /// Its line; 0 when it is not in the file.
     std::size_t line = 0;
 
     explicit operator bool() const { return !text.empty(); }
 };
 
-/// A settings file and its place on the disk: what every rule looks at.
+/// A settings file and its folder: the input of every rule.
 class CheckedSettings {
   public:
-    /// `file` need not be there. What it names is looked for in its folder, or, without
-    /// `looksAtDisk`, nowhere.
-    CheckedSettings(std::filesystem::path file, DecodedIni decoded, bool looksAtDisk);
+    /// `file` need not exist. Without `checksFiles`, rules ignore the files that the settings name.
+    CheckedSettings(std::filesystem::path file, DecodedIni decoded, bool checksFiles);
 
-    /// Reads the file, and from the executable beside it, when there is one, the settings that are
-    /// built into it. Throws Failure when the file cannot be read.
-    static CheckedSettings Load(const std::filesystem::path& file, bool looksAtDisk);
+    /// Reads the file and, with `checksFiles`, the built-in settings of the executable beside it.
+    /// Throws Failure when the file cannot be read.
+    static CheckedSettings Load(const std::filesystem::path& file, bool checksFiles);
 
-    bool looksAtDisk() const { return looksAtDisk_; }
+    bool checksFiles() const { return checksFiles_; }
 
     const DecodedIni& decoded() const { return decoded_; }
     const SettingsDocument& document() const { return document_; }
     const std::filesystem::path& file() const { return file_; }
     const std::filesystem::path& folder() const { return folder_; }
 
-    /// The executable that reads this file: the same name with "exe".
+    /// The executable that reads this file: the same name with the extension "exe".
     std::filesystem::path Executable() const;
 
     void SetEmbedded(EmbeddedSettings embedded) { embedded_ = std::move(embedded); }
 
-    /// The value that counts: that of the plain section, or else, for a key that is read through
-    /// the layers, the built-in one and that of the section with "+" behind it.
+    /// The effective value: the plain section's or, for a layered key, the built-in value followed
+    /// by that of the "+" section.
     Setting Get(std::wstring_view section, std::wstring_view key) const;
 
     bool IsOn(std::wstring_view section, std::wstring_view key) const;
@@ -54,10 +53,10 @@ class CheckedSettings {
     DecodedIni decoded_;
     SettingsDocument document_;
     EmbeddedSettings embedded_;
-    bool looksAtDisk_;
+    bool checksFiles_;
 };
 
-/// "text" with double quotes around it, in UTF-8, cut when it is very long.
+/// The text in double quotes, in UTF-8, truncated when very long.
 std::string Quoted(std::wstring_view text);
 
 }  // namespace tarn::tools

@@ -13,7 +13,7 @@
 namespace tarn::tools {
 namespace {
 
-// Whether a name is what the pattern stands for, going back to the last "*" where that fails.
+// Whether a name matches a pattern; on a mismatch the last "*" takes one more character.
 bool Matches(std::wstring_view name, std::wstring_view pattern) {
     std::size_t at = 0, in = 0, star = std::wstring_view::npos, afterStar = 0;
     while (at < name.size()) {
@@ -37,7 +37,7 @@ bool Matches(std::wstring_view name, std::wstring_view pattern) {
 
 std::vector<std::filesystem::path> MatchesIn(const std::filesystem::path& folder,
                                              std::wstring_view pattern) {
-    // For Windows "*.*" is every name, one without a dot as well.
+    // On Windows "*.*" matches every name, even without a dot.
     if (pattern == L"*.*") pattern = L"*";
     std::vector<std::filesystem::path> found;
     std::error_code error;
@@ -65,7 +65,7 @@ std::vector<std::filesystem::path> FindAsWindows(const std::filesystem::path& fo
             at /= "..";
             continue;
         }
-        // Wildcards stand for other names in the last one only.
+        // Wildcards apply to the last name only.
         if (name.find_first_of(L"*?") != std::wstring_view::npos) return {};
         const std::vector<std::filesystem::path> next = MatchesIn(at, name);
         if (next.empty()) return {};
@@ -78,7 +78,7 @@ std::vector<DiskEntry> ClassPathOnDisk(const CheckedSettings& settings) {
     const Setting classPath = settings.Get(keys::kClassPath, keys::kClassPath);
     for (std::wstring& written : ClassPathEntries(classPath.text)) {
         DiskEntry entry;
-        entry.isKnown = settings.looksAtDisk() && IsResolvableHere(written);
+        entry.isKnown = settings.checksFiles() && IsResolvableHere(written);
         if (entry.isKnown) entry.found = FindEntry(settings, written);
         entry.written = std::move(written);
         entries.push_back(std::move(entry));

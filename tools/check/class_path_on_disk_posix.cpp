@@ -1,4 +1,4 @@
-#include "base/text.h"
+#include "base/paths.h"
 #include "jvm/class_path.h"
 #include "tools/check/class_path_on_disk.h"
 #include "tools/check/jvm_options.h"

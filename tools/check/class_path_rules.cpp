@@ -15,19 +15,18 @@ namespace {
 
 constexpr std::wstring_view kWildcards = L"*?";
 
-// A wildcard takes in whatever is there; a file that is named has to be a jar.
+// A wildcard may match any file; a file named explicitly has to be a jar.
 bool IsNamedJar(const DiskEntry& entry) {
     return entry.written.find_first_of(kWildcards) == std::wstring::npos;
 }
 
 std::string AdviceForMissing(const std::wstring& entry) {
-    if (entry != TrimSpaces(entry))
-        return "blanks around \";\" are part of the name: leave them out";
+    if (entry != TrimSpaces(entry)) return "spaces around \";\" are part of the name: remove them";
     if (entry.find(L':', 2) != std::wstring::npos)
         return "separate entries with \";\", not with \":\"";
     const std::size_t name = entry.rfind(L'\\') + 1;
     if (entry.substr(0, name).find_first_of(kWildcards) != std::wstring::npos) {
-        return "wildcards count in the last name only";
+        return "wildcards apply to the last name only";
     }
     if (entry.find(L',') != std::wstring::npos)
         return "separate entries with \";\", not with \",\"";
@@ -39,42 +38,42 @@ void CheckEntries(const std::vector<DiskEntry>& entries, const Setting& classPat
     for (const DiskEntry& entry : entries) {
         const bool isSearched = !IsLiteralEntry(entry.written);
         if (isSearched && entry.written.find(L'/') != std::wstring::npos) {
-            findings.Error(
-                "slash", classPath.line,
-                "of " + Quoted(entry.written) +
-                    " only the part before the last \"\\\" counts as the folder, so that "
-                    "the files are looked for in another one",
-                "write " + Utf8Of(ReplaceAll(entry.written, L'/', L'\\')));
+            findings.Error("slash", classPath.line,
+                           "of " + Quoted(entry.written) +
+                               " only the part before the last \"\\\" is the folder, so the files "
+                               "are searched in another one",
+                           "write " + Utf8Of(ReplaceAll(entry.written, L'/', L'\\')));
         } else if (entry.isKnown && entry.found.empty()) {
             findings.Warning(
                 "no-match", classPath.line,
                 "the class path entry " + Quoted(entry.written) +
-                    (isSearched ? " matches nothing and is dropped silently" : " is not there"),
+                    (isSearched ? " matches nothing and is dropped silently" : " does not exist"),
                 AdviceForMissing(entry.written));
         } else if (entry.written == L"*" || entry.written.ends_with(L"\\*")) {
             findings.Note("all-files", classPath.line,
                           Quoted(entry.written) +
-                              " puts everything there on the class path, folders "
-                              "and \"..\" too",
+                              " puts everything in the folder on the class path, including "
+                              "subfolders and \"..\"",
                           "write " + Utf8Of(entry.written) + ".jar");
         }
     }
 }
 
-// The file's name can be told from what the launcher looks for, even where the class cannot.
+// Mistakes in the class name that are recognised without the jars.
 void CheckClassName(const Setting& mainClass, Findings& findings) {
     const std::wstring& name = mainClass.text;
     if (name.find_first_of(L" \t") != std::wstring::npos) {
-        findings.Error("main-class-name", mainClass.line,
-                       "the main class " + Quoted(name) + " holds a blank",
-                       "write its name alone; comments need a line of their own, with \";\" first");
+        findings.Error(
+            "main-class-name", mainClass.line,
+            "the main class " + Quoted(name) + " contains a space",
+            "write the name only; a comment must be a line of its own that begins with \";\"");
     } else if (name.ends_with(L".class") || name.ends_with(L".java") || name.ends_with(L".jar")) {
         findings.Error("main-class-name", mainClass.line,
-                       Quoted(name) + " is a file's name, \"Main Class\" wants a class",
+                       Quoted(name) + " is a file name; \"Main Class\" expects a class",
                        "write it like com.example.Main");
     } else if (name.find(L'\\') != std::wstring::npos) {
         findings.Error("main-class-name", mainClass.line,
-                       "the main class " + Quoted(name) + " holds a backslash",
+                       "the main class " + Quoted(name) + " contains a backslash",
                        "write " + Utf8Of(ReplaceAll(name, L'\\', L'.')));
     }
 }
@@ -86,7 +85,7 @@ void CheckJavaVersion(const CheckedSettings& settings, const Setting& mainClass,
     const RuntimeVersion minimum = MinimumBound(written.text);
     if (minimum.parts[0] >= javaVersion) return;
     findings.Warning("class-version", written ? written.line : mainClass.line,
-                     "the main class needs Java " + std::to_string(javaVersion) +
+                     "the main class requires Java " + std::to_string(javaVersion) +
                          ", but an older runtime may be chosen",
                      "write Minimum Version=" + std::to_string(javaVersion));
 }
@@ -102,7 +101,7 @@ void CheckMainClass(const CheckedSettings& settings, const Setting& mainClass,
         files.insert(files.end(), entry.found.begin(), entry.found.end());
         if (IsNamedJar(entry)) named.insert(named.end(), entry.found.begin(), entry.found.end());
     }
-    if (!settings.looksAtDisk()) return;
+    if (!settings.checksFiles()) return;
     std::optional<std::filesystem::path> executable;
     std::error_code error;
     if (isEmbedded && std::filesystem::exists(settings.Executable(), error)) {
@@ -119,7 +118,7 @@ void CheckMainClass(const CheckedSettings& settings, const Setting& mainClass,
     if (search.isFound) {
         CheckJavaVersion(settings, mainClass, search.javaVersion, findings);
     } else if (isWhole && (!files.empty() || isEmbedded)) {
-        std::string advice = "write the name as \"Main-Class\" in the jar's manifest has it";
+        std::string advice = "write the name from \"Main-Class\" in the jar's manifest";
         if (!search.similar.empty()) advice = "did you mean " + search.similar.front() + "?";
         findings.Error(
             "no-main-class", mainClass.line,
@@ -161,9 +160,8 @@ void CheckClassPath(const CheckedSettings& settings, Findings& findings) {
     });
     if (isEmpty && !isEmbedded) {
         findings.Error("no-class-path", classPath.line,
-                       entries.empty()
-                           ? "no \"Class Path\": the launch begins with a message"
-                           : "nothing is left of the class path: the launch begins with a message",
+                       entries.empty() ? "no \"Class Path\": the launch shows a message"
+                                       : "the class path is empty: the launch shows a message",
                        "write the application's jar into \"Class Path\" of [Class Path]");
     }
     if (!mainClass) {

@@ -60,16 +60,16 @@ class ClassPathRules : public testing::Test {
          std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
 };
 
-TEST_F(ClassPathRules, AcceptsAJarThatHoldsTheMainClass) {
+TEST_F(ClassPathRules, AcceptsAJarThatContainsTheMainClass) {
     EXPECT_THAT(Ids(Settings(L"app.jar")), IsEmpty());
     EXPECT_THAT(Ids(Settings(L"APP.JAR;lib\\*.jar")), IsEmpty());
     EXPECT_THAT(Ids(Settings(L"lib\\..\\*.jar")), IsEmpty());
 }
 
-TEST_F(ClassPathRules, NoticesEntriesThatMatchNothing) {
+TEST_F(ClassPathRules, WarnsAboutEntriesThatMatchNothing) {
     EXPECT_THAT(Ids(Settings(L"app.jar;nosuch.jar;lib\\*.zip; app.jar")),
                 ElementsAre("2 warning no-match", "2 warning no-match", "2 warning no-match"));
-    EXPECT_THAT(Find(Settings(L"app.jar; app.jar"))[0].advice, HasSubstr("blanks"));
+    EXPECT_THAT(Find(Settings(L"app.jar; app.jar"))[0].advice, HasSubstr("spaces"));
     EXPECT_THAT(Find(Settings(L"app.jar;a.jar:b.jar"))[0].advice, HasSubstr("not with \":\""));
     EXPECT_THAT(Find(Settings(L"app.jar;*\\other.jar"))[0].advice, HasSubstr("last name only"));
     EXPECT_THAT(Ids(Settings(L"nosuch.jar")),
@@ -77,12 +77,12 @@ TEST_F(ClassPathRules, NoticesEntriesThatMatchNothing) {
     EXPECT_THAT(Ids(Settings(L"")), ElementsAre("0 error no-class-path"));
 }
 
-TEST_F(ClassPathRules, SlashesLeadElsewhere) {
+TEST_F(ClassPathRules, RejectsSlashes) {
     EXPECT_THAT(Ids(Settings(L"app.jar;lib/*.jar")), ElementsAre("2 error slash"));
     EXPECT_EQ(Find(Settings(L"app.jar;lib/*.jar"))[0].advice, "write lib\\*.jar");
 }
 
-TEST_F(ClassPathRules, NoticesAMainClassThatIsInNoJar) {
+TEST_F(ClassPathRules, ReportsAMainClassThatIsInNoJar) {
     EXPECT_THAT(Ids(Settings(L"lib\\other.jar")), ElementsAre("4 error no-main-class"));
     PutJar("moved.jar", ZipOf().Add("com/acme/Main.class", kClassFile).Content());
     const std::vector<Finding> findings = Find(Settings(L"moved.jar"));
@@ -90,7 +90,7 @@ TEST_F(ClassPathRules, NoticesAMainClassThatIsInNoJar) {
     EXPECT_EQ(findings[0].advice, "did you mean com.acme.Main?");
 }
 
-TEST_F(ClassPathRules, LooksIntoFoldersAndWhereManifestsPoint) {
+TEST_F(ClassPathRules, SearchesFoldersAndJarsNamedByManifests) {
     PutJar("thin.jar",
            ZipOf().Add("META-INF/MANIFEST.MF", "Class-Path: nosuch.jar app.jar\r\n\r\n").Content());
     EXPECT_THAT(Ids(Settings(L"thin.jar")), IsEmpty());
@@ -99,7 +99,7 @@ TEST_F(ClassPathRules, LooksIntoFoldersAndWhereManifestsPoint) {
     EXPECT_THAT(Ids(Settings(L"classes")), IsEmpty());
 }
 
-TEST_F(ClassPathRules, LooksIntoTheExecutable) {
+TEST_F(ClassPathRules, SearchesTheExecutable) {
     Bytes content = ZipOf().Add("com/example/Main.class", kClassFile).Content();
     content.insert(content.begin(), 1000, std::byte{'M'});
     const std::wstring embedded = L"[Application]\nEmbedded Jar=Yes";
@@ -110,18 +110,18 @@ TEST_F(ClassPathRules, LooksIntoTheExecutable) {
     EXPECT_THAT(Ids(Settings(L"", embedded)), ElementsAre("4 error no-main-class"));
 }
 
-TEST_F(ClassPathRules, SaysNothingAboutWhatOnlyTheUsersMachineKnows) {
+TEST_F(ClassPathRules, IgnoresEntriesThatOnlyTheUsersMachineResolves) {
     EXPECT_THAT(Ids(Settings(L"lib\\other.jar;%APP_HOME%\\main.jar")), IsEmpty());
 }
 
-TEST_F(ClassPathRules, NoticesBrokenJars) {
+TEST_F(ClassPathRules, WarnsAboutCorruptJars) {
     PutJar("app.jar", Bytes(10));
     EXPECT_THAT(Ids(Settings(L"app.jar")),
                 ElementsAre("2 warning bad-jar", "4 error no-main-class"));
     EXPECT_THAT(Ids(Settings(L"*.ja?")), ElementsAre("4 error no-main-class"));
 }
 
-TEST_F(ClassPathRules, AnOlderRuntimeThanTheClassesNeedMustNotBeAdmitted) {
+TEST_F(ClassPathRules, WarnsWhenTheBoundsAdmitAnOlderRuntimeThanTheClassRequires) {
     EXPECT_THAT(
         Ids(CheckedSettings(folder_ / "sample.ini",
                             {IniEncoding::Ascii,

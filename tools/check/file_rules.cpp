@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::uintmax_t kLargestPicture = 64U << 20U;
 
-// Nothing is expanded in these.
+// For paths in which nothing is expanded.
 void CheckNoVariable(const char* name, const Setting& path, Findings& findings) {
     if (!HasVariable(path.text)) return;
     findings.Warning(
@@ -38,15 +38,15 @@ void CheckPicture(const CheckedSettings& settings, const Setting& picture,
         return;
     }
     if (format.empty()) {
-        findings.Warning(
-            "splash", picture.line,
-            "the splash picture " + Quoted(picture.text) + " is in no format that Windows shows",
-            "save it as PNG");
+        findings.Warning("splash", picture.line,
+                         "the splash picture " + Quoted(picture.text) +
+                             " has a format that Windows does not decode",
+                         "save it as PNG");
     } else if (settings.IsOn(keys::kDisplay, keys::kPreferNativeSplashScreen) &&
                !IsForNativeSplash(format)) {
         findings.Warning("splash", picture.line,
-                         "Java's own splash shows PNG, GIF and JPEG, not " + std::string(format),
-                         "save the picture as PNG, or switch \"Preffer Native Splash Screen\" off");
+                         "Java's own splash decodes PNG, GIF and JPEG, not " + std::string(format),
+                         "save the picture as PNG, or turn \"Preffer Native Splash Screen\" off");
     }
 }
 
@@ -56,25 +56,24 @@ void CheckSplash(const CheckedSettings& settings, Findings& findings) {
     CheckNoVariable("Splash Screen", picture, findings);
     if (HasVariable(picture.text) || IsAbsolutePath(picture.text)) return;
     if (!settings.IsOn(keys::kApplication, keys::kOverrideWorkingDir)) {
-        findings.Note(
-            "working-directory", picture.line,
-            "the splash picture is looked for in the current folder, which is wherever the "
-            "user starts the application",
-            "write Override WorkingDir=Yes to make that the executable's folder");
+        findings.Note("working-directory", picture.line,
+                      "the splash picture is relative to the current directory, which is wherever "
+                      "the user starts the application",
+                      "write Override WorkingDir=Yes to make it the executable's folder");
     }
-    if (!settings.looksAtDisk()) return;
+    if (!settings.checksFiles()) return;
     const auto found = FindAsWindows(settings.folder(), picture.text);
     if (found.empty()) {
-        findings.Warning(
-            "splash", picture.line,
-            "the splash picture " + Quoted(picture.text) + " is not beside the settings file",
-            "add it, or leave \"Splash Screen\" out");
+        findings.Warning("splash", picture.line,
+                         "the splash picture " + Quoted(picture.text) +
+                             " does not exist beside the settings file",
+                         "add it, or remove \"Splash Screen\"");
         return;
     }
     CheckPicture(settings, picture, found.front(), findings);
 }
 
-// The characters that end up in the name from the picture's text.
+// Reports characters of the name, and of its time stamp, that file names cannot contain.
 void CheckOutputFile(const CheckedSettings& settings, const wchar_t* key, Findings& findings) {
     const Setting file = settings.Get(keys::kApplication, key);
     if (!file) return;
@@ -85,15 +84,15 @@ void CheckOutputFile(const CheckedSettings& settings, const wchar_t* key, Findin
         picture.find(L":\\") == std::wstring_view::npos) {
         findings.Warning(
             "file-name", file.line,
-            "the \":\" in the time stamp of " + name + " is not allowed in a file's name",
+            "the \":\" in the time stamp of " + name + " is not allowed in a file name",
             "write \"-\" or \".\" instead: %HH-mm-ss%");
     }
     const std::size_t from = IsAbsolutePath(file.text) ? 2 : 0;
     if (file.text.find_first_of(L"<>|?*\"", from) != std::wstring::npos) {
         findings.Warning(
             "file-name", file.line,
-            name + " holds a character that no file's name may have: " + Quoted(file.text),
-            "leave out < > | ? * and \"");
+            name + " contains a character that is not allowed in a file name: " + Quoted(file.text),
+            "remove < > | ? * and \"");
     }
     if (std::count(file.text.begin(), file.text.end(), L'%') == 1) {
         findings.Warning("file-name", file.line, "the single \"%\" in " + name + " is removed",
@@ -101,10 +100,11 @@ void CheckOutputFile(const CheckedSettings& settings, const wchar_t* key, Findin
     }
     const bool isRelative = !IsAbsolutePath(file.text) && file.text.front() != L'%';
     if (isRelative && !settings.IsOn(keys::kApplication, keys::kOverrideWorkingDir)) {
-        findings.Note(
-            "working-directory", file.line,
-            name + " is in the current folder, which is wherever the user starts the application",
-            "write a whole name, such as %TEMP%\\" + Utf8Of(file.text));
+        findings.Note("working-directory", file.line,
+                      name +
+                          " is relative to the current directory, which is wherever the user "
+                          "starts the application",
+                      "write an absolute path, such as %TEMP%\\" + Utf8Of(file.text));
     }
 }
 
@@ -117,7 +117,7 @@ void CheckSharedOutput(const CheckedSettings& settings, Findings& findings) {
         return;
     }
     findings.Warning("shared-output", errors.line,
-                     "both streams go to one file, where they overwrite each other",
+                     "both streams are written to one file, where they overwrite each other",
                      "write Output Append=yes and Error Append=yes, or two names");
 }
 
@@ -127,34 +127,32 @@ void CheckJrePath(const CheckedSettings& settings, Findings& findings) {
     CheckNoVariable("JRE Path", home, findings);
     if (HasVariable(home.text) || IsAbsolutePath(home.text)) return;
     if (!settings.IsOn(keys::kApplication, keys::kOverrideWorkingDir)) {
-        findings.Warning(
-            "working-directory", home.line,
-            "\"JRE Path\" is relative to the current folder, which is wherever the user "
-            "starts the application",
-            "write Override WorkingDir=Yes; a runtime in jre64 beside the executable needs no "
-            "setting at all");
+        findings.Warning("working-directory", home.line,
+                         "\"JRE Path\" is relative to the current directory, which is wherever the "
+                         "user starts the application",
+                         "write Override WorkingDir=Yes; a runtime in jre64 beside the executable "
+                         "requires no setting");
     }
-    if (!settings.looksAtDisk()) return;
+    if (!settings.checksFiles()) return;
     const JvmType type =
         JvmTypeOf(settings.Get(keys::kJavaRuntimeEnvironment, keys::kJvmType).text);
     const std::wstring folder = EnsureTrailing(home.text, L'\\');
     for (const JvmLibraryPlace& place : JvmLibraryPlaces(type)) {
         if (!FindAsWindows(settings.folder(), folder + std::wstring(place.path)).empty()) return;
     }
-    findings.Warning("no-runtime", home.line,
-                     "there is no jvm.dll for these settings in \"JRE Path\" " + Quoted(home.text) +
-                         ": it is passed over",
-                     "name the folder that holds bin");
+    findings.Warning(
+        "no-runtime", home.line,
+        "no jvm.dll for these settings in \"JRE Path\" " + Quoted(home.text) + ": it is ignored",
+        "specify the folder that contains bin");
 }
 
 void CheckLibraryPath(const CheckedSettings& settings, Findings& findings) {
     const Setting path = settings.Get(keys::kJavaRuntimeEnvironment, keys::kLibraryPath);
     if (!path || path.text.ends_with(L';')) return;
-    findings.Warning(
-        "library-path", path.line,
-        "the executable's folder follows the last folder of \"Library Path\" directly, so "
-        "that neither is found",
-        "end it with \";\": " + Utf8Of(path.text) + ';');
+    findings.Warning("library-path", path.line,
+                     "the executable's folder is appended to the last folder of \"Library Path\" "
+                     "without a separator, so neither is found",
+                     "end it with \";\": " + Utf8Of(path.text) + ';');
 }
 
 }  // namespace

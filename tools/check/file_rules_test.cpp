@@ -15,7 +15,7 @@ std::wstring Application(const std::wstring& lines) {
     return L"[Application]\n" + lines;
 }
 
-TEST(FileRulesTest, OutputFilesHaveNamesThatWindowsTakes) {
+TEST(FileRulesTest, WarnsAboutInvalidOutputFileNames) {
     EXPECT_THAT(
         Check(CheckFiles, Application(L"Output File=%TEMP%\\out_%yyyy-MM-dd_HH-mm-ss%.txt")),
         IsEmpty());
@@ -27,21 +27,21 @@ TEST(FileRulesTest, OutputFilesHaveNamesThatWindowsTakes) {
                 ElementsAre("2 warning file-name"));
 }
 
-TEST(FileRulesTest, ARelativeOutputFileIsWhereTheUserHappensToBe) {
+TEST(FileRulesTest, NotesARelativeOutputFile) {
     EXPECT_THAT(Check(CheckFiles, Application(L"Output File=out.txt")),
                 ElementsAre("2 note working-directory"));
     EXPECT_THAT(Check(CheckFiles, Application(L"Output File=out.txt\nOverride WorkingDir=Yes")),
                 IsEmpty());
 }
 
-TEST(FileRulesTest, OneFileForBothStreamsIsAppendedTo) {
+TEST(FileRulesTest, WarnsAboutOneFileForBothStreamsUnlessAppending) {
     const std::wstring both = L"Output File=C:\\a.txt\nError File=c:\\A.txt\n";
     EXPECT_THAT(Check(CheckFiles, Application(both)), ElementsAre("3 warning shared-output"));
     EXPECT_THAT(Check(CheckFiles, Application(both + L"Output Append=yes\nError Append=yes")),
                 IsEmpty());
 }
 
-TEST(FileRulesTest, FoldersThatAreNotExpandedOrRunIntoTheNext) {
+TEST(FileRulesTest, WarnsAboutUnexpandedVariablesAndMissingSeparators) {
     const std::wstring java = L"[Java Runtime Environment]\n";
     EXPECT_THAT(Check(CheckFiles, java + L"JRE Path=%JAVA_HOME%"),
                 ElementsAre("2 warning not-expanded"));
@@ -77,7 +77,7 @@ class FilesBeside : public testing::Test {
          std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
 };
 
-TEST_F(FilesBeside, TheSplashPictureIsThereAndAPicture) {
+TEST_F(FilesBeside, IncludeAReadableSplashPicture) {
     const std::wstring display = L"[Display]\nSplash Screen=";
     EXPECT_THAT(Ids(display + L"a.png"), ElementsAre("splash"));
     WriteWholeFile(folder_ / "a.png", "no picture"sv);
@@ -89,7 +89,7 @@ TEST_F(FilesBeside, TheSplashPictureIsThereAndAPicture) {
     EXPECT_THAT(Ids(display + L"b.bmp\nPreffer Native Splash Screen=Yes"), ElementsAre("splash"));
 }
 
-TEST_F(FilesBeside, TheConfiguredRuntimeIsOne) {
+TEST_F(FilesBeside, IncludeTheConfiguredRuntime) {
     const std::wstring java = L"[Java Runtime Environment]\nJRE Path=jre\n";
     EXPECT_THAT(Ids(java), ElementsAre("no-runtime"));
     WriteWholeFile(folder_ / "jre/bin/server/jvm.dll", "x"sv);
@@ -97,7 +97,7 @@ TEST_F(FilesBeside, TheConfiguredRuntimeIsOne) {
     EXPECT_THAT(Ids(java + L"JVM Type=server"), IsEmpty());
 }
 
-TEST(PictureFormatTest, IsToldByTheFirstBytes) {
+TEST(PictureFormatTest, IsRecognisedByTheFirstBytes) {
     const auto format = [](std::string_view bytes) {
         return PictureFormat(std::as_bytes(std::span(bytes)));
     };

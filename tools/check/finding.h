@@ -16,26 +16,26 @@ enum class Severity {
 /// "note", "warning", "error".
 std::string_view NameOf(Severity severity);
 
-/// One thing that a settings file should say differently.
+/// One problem of a settings file.
 struct Finding {
     Severity severity = Severity::Note;
-    /// What kind of finding it is, for programs: words with "-" between them.
+    /// The kind of finding, for programs: a published name such as "no-main-class".
     std::string id;
-    /// Counted from 1; 0 when it is about the whole file, or about a line that is not there.
+    /// From 1; 0 for the whole file or a missing line.
     std::size_t line = 0;
     std::string message;
-    /// What to write instead, or to do; may be empty.
+    /// The remedy; may be empty.
     std::string advice;
 };
 
-/// Gathers what the rules find.
+/// Collects the findings of the rules.
 class Findings {
   public:
     void Error(std::string id, std::size_t line, std::string message, std::string advice = {});
     void Warning(std::string id, std::size_t line, std::string message, std::string advice = {});
     void Note(std::string id, std::size_t line, std::string message, std::string advice = {});
 
-    /// In the order of their lines; those about the whole file come first.
+    /// Sorted by line; findings about the whole file come first.
     std::vector<Finding> Sorted() const;
 
   private:

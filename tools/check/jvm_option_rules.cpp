@@ -13,21 +13,20 @@ namespace {
 constexpr char kEndsLaunch[] = ": the JVM refuses it, and the launch ends with a message";
 
 void ReportUnknown(std::wstring_view option, std::size_t line, Findings& findings) {
-    // The part before the value is what can be mistyped.
+    // Spelling is compared without the value.
     const std::wstring_view head = option.substr(0, option.find_first_of(L"=:"));
     std::vector<std::wstring> words;
-    for (const TakenOption& taken : TakenOptions()) {
-        std::wstring_view word = taken.option;
+    for (const AcceptedOption& accepted : AcceptedOptions()) {
+        std::wstring_view word = accepted.option;
         if (word.ends_with(L'=') || word.ends_with(L':')) word.remove_suffix(1);
         if (word.size() > 2) words.emplace_back(word);
     }
     const std::wstring closest = ClosestWord(head, words);
-    findings.Error("unknown-option", line,
-                   Quoted(option) + " is no option of the JVM" + kEndsLaunch,
+    findings.Error("unknown-option", line, Quoted(option) + " is not a JVM option" + kEndsLaunch,
                    closest.empty() ? "remove it" : "did you mean " + Utf8Of(closest) + "?");
 }
 
-// A word without "-": what is left of an option that was cut at a blank.
+// A token without "-": the remainder of an option that was split at a space.
 void ReportLoose(const std::vector<std::wstring>& options, std::size_t at, std::size_t line,
                  Findings& findings) {
     const std::wstring& option = options[at];
@@ -38,42 +37,44 @@ void ReportLoose(const std::vector<std::wstring>& options, std::size_t at, std::
         const std::wstring& before = options[at - 1];
         const std::size_t equals = before.find(L'=');
         if (equals != std::wstring::npos) {
-            advice = "a value with blanks needs quotes: " + Utf8Of(before.substr(0, equals + 1)) +
-                     '"' + Utf8Of(before.substr(equals + 1)) + ' ' + Utf8Of(option) + '"';
+            advice =
+                "a value with spaces requires quotes: " + Utf8Of(before.substr(0, equals + 1)) +
+                '"' + Utf8Of(before.substr(equals + 1)) + ' ' + Utf8Of(option) + '"';
         }
     } else if (at > 0 && (options[at - 1] == L"-Xmx" || options[at - 1] == L"-Xms" ||
                           options[at - 1] == L"-Xss")) {
-        advice = "write " + Utf8Of(options[at - 1]) + Utf8Of(option) + " without a blank";
+        advice = "write " + Utf8Of(options[at - 1]) + Utf8Of(option) + " without a space";
     }
-    findings.Error("not-an-option", line, Quoted(option) + " is no option" + kEndsLaunch,
+    findings.Error("not-an-option", line, Quoted(option) + " is not an option" + kEndsLaunch,
                    std::move(advice));
 }
 
-void ReportTooNew(const TakenOption& taken, VersionSet admitted, std::size_t line,
+void ReportTooNew(const AcceptedOption& accepted, VersionSet admitted, std::size_t line,
                   Findings& findings) {
     VersionSet refusing = 0;
     for (std::size_t at = 0; at < kMeasuredVersions.size(); ++at) {
-        if (kMeasuredVersions[at] < taken.since) refusing |= 1U << at;
+        if (kMeasuredVersions[at] < accepted.since) refusing |= 1U << at;
     }
     refusing &= admitted;
     if (refusing == 0) return;
-    const std::string message =
-        "Java before " + std::to_string(taken.since) + " refuses \"" + Utf8Of(taken.option) + '"';
+    const std::string message = "Java before " + std::to_string(accepted.since) + " refuses \"" +
+                                Utf8Of(accepted.option) + '"';
     const std::string advice =
-        "raise \"Minimum Version\" to " + std::to_string(taken.since) + ", or remove it";
+        "raise \"Minimum Version\" to " + std::to_string(accepted.since) + ", or remove it";
     if (refusing == admitted) {
         findings.Error("unknown-option", line, message, advice);
     } else {
-        findings.Warning("unknown-option", line, message + ", which the bounds admit", advice);
+        findings.Warning("unknown-option", line, message + ", which the version bounds admit",
+                         advice);
     }
 }
 
 void CheckOverridden(std::wstring_view option, std::size_t line, Findings& findings) {
     const auto warn = [&](const char* key) {
-        findings.Warning("overrides-launcher", line,
-                         Quoted(option.substr(0, option.find(L'='))) +
-                             " takes the place of what the launcher says",
-                         std::string("use \"") + key + "\" instead");
+        findings.Warning(
+            "overrides-launcher", line,
+            Quoted(option.substr(0, option.find(L'='))) + " overrides the launcher's own option",
+            std::string("use \"") + key + "\" instead");
     };
     if (option.starts_with(L"-Djava.class.path=")) warn("Class Path");
     if (option.starts_with(L"-Djava.library.path=")) warn("Library Path");
@@ -86,18 +87,18 @@ void CheckOption(const std::vector<std::wstring>& options, std::size_t at, Versi
     if (const RefusedOption* const refused = FindRefused(option)) {
         findings.Error("refused-option", line, Quoted(option) + kEndsLaunch,
                        std::string(refused->advice));
-    } else if (const TakenOption* const taken = FindTaken(option)) {
-        if (taken->since != 0) ReportTooNew(*taken, admitted, line, findings);
-    } else if (WantsEqualsSign(option)) {
+    } else if (const AcceptedOption* const accepted = FindAccepted(option)) {
+        if (accepted->since != 0) ReportTooNew(*accepted, admitted, line, findings);
+    } else if (RequiresEqualsSign(option)) {
         const bool hasValue = at + 1 < options.size() && !options[at + 1].starts_with(L"-");
         findings.Error("blank-for-equals", line,
-                       Quoted(option) + " needs a \"=\" before its value" + kEndsLaunch,
+                       Quoted(option) + " requires \"=\" before its value" + kEndsLaunch,
                        "write " + Utf8Of(option) + '=' +
                            (hasValue ? Utf8Of(options[at + 1]) : std::string("<value>")));
     } else if (!option.starts_with(L"-")) {
-        // The value of the option above is reported with it.
+        // The value of the previous option is reported with that option.
         const bool isValue =
-            at > 0 && (WantsEqualsSign(options[at - 1]) || options[at - 1] == L"-cp" ||
+            at > 0 && (RequiresEqualsSign(options[at - 1]) || options[at - 1] == L"-cp" ||
                        options[at - 1] == L"-classpath" || options[at - 1] == L"-jar" ||
                        options[at - 1] == L"-p" || options[at - 1] == L"-m");
         if (!isValue) ReportLoose(options, at, line, findings);
@@ -112,19 +113,19 @@ void CheckJvmOptions(const CheckedSettings& settings, Findings& findings) {
     const Setting text =
         settings.Get(keys::kJavaRuntimeEnvironment, keys::kVirtualMachineParameters);
     if (std::count(text.text.begin(), text.text.end(), L'"') % 2 != 0) {
-        findings.Warning(
-            "unclosed-quote", text.line,
-            "a quote in \"Virtual Machine Parameters\" is not closed: all behind it is one option",
-            "close it");
+        findings.Warning("unclosed-quote", text.line,
+                         "a quote in \"Virtual Machine Parameters\" is not closed: everything "
+                         "after it is one option",
+                         "close it");
     }
     if (text.text.find(L'\t') != std::wstring::npos) {
-        findings.Warning("tab", text.line, "a tab does not separate options", "write a blank");
+        findings.Warning("tab", text.line, "a tab does not separate options", "write a space");
     }
-    if (!HasUsualJvm(settings)) return;
+    if (!AdmitsHotSpot(settings)) return;
     const VersionSet admitted = AdmittedVersions(settings);
     const WrittenOptions written = JvmOptionsOf(settings);
     for (std::size_t at = 0; at < written.options.size(); ++at) {
-        // A variable may stand for anything at the start; behind that it is in a value.
+        // A leading variable may expand to any option; elsewhere it is part of a value.
         if (written.options[at].starts_with(L'%')) continue;
         CheckOption(written.options, at, admitted, written.line, findings);
     }

@@ -14,7 +14,7 @@ std::wstring Options(const std::wstring& options, const std::wstring& lowest = L
            L"\nMinimum Version=" + lowest + L"\nMaximum Version=" + highest;
 }
 
-TEST(JvmOptionRulesTest, AcceptsWhatTheJvmTakes) {
+TEST(JvmOptionRulesTest, AcceptsOptionsOfTheJvm) {
     EXPECT_THAT(
         Check(CheckJvmOptions,
               Options(L"-Da=\"b c\" -D -ea -ea:com... -esa -verbose:gc -Xlog:gc* -Xrs -Xshare:auto "
@@ -24,7 +24,7 @@ TEST(JvmOptionRulesTest, AcceptsWhatTheJvmTakes) {
     EXPECT_THAT(Check(CheckJvmOptions, Options(L"")), IsEmpty());
 }
 
-TEST(JvmOptionRulesTest, KnowsWhatOnlyTheProgramJavaTakes) {
+TEST(JvmOptionRulesTest, RejectsOptionsOfTheProgramJava) {
     for (const wchar_t* option :
          {L"-server", L"-client", L"-d64", L"-cp", L"-jar", L"-splash:x.png", L"-showversion",
           L"-noverify", L"-Xbootclasspath/p:a.jar", L"-Djava.ext.dirs=x", L"--module=a/b.C"}) {
@@ -36,7 +36,7 @@ TEST(JvmOptionRulesTest, KnowsWhatOnlyTheProgramJavaTakes) {
                 ElementsAre("2 error refused-option"));
 }
 
-TEST(JvmOptionRulesTest, AValueFollowsAnEqualsSign) {
+TEST(JvmOptionRulesTest, RequiresAnEqualsSignBeforeAValue) {
     const std::wstring written =
         Options(L"--add-opens java.base/java.lang=ALL-UNNAMED --add-modules");
     EXPECT_THAT(Check(CheckJvmOptions, written),
@@ -45,7 +45,7 @@ TEST(JvmOptionRulesTest, AValueFollowsAnEqualsSign) {
               "write --add-opens=java.base/java.lang=ALL-UNNAMED | write --add-modules=<value>");
 }
 
-TEST(JvmOptionRulesTest, KnowsWhatWasMeant) {
+TEST(JvmOptionRulesTest, SuggestsTheIntendedOption) {
     EXPECT_THAT(Check(CheckJvmOptions, Options(L"-XMX1g")), ElementsAre("2 error unknown-option"));
     EXPECT_THAT(AdviceOf(CheckJvmOptions, Options(L"--add-open=a/b=c")), HasSubstr("--add-opens"));
     EXPECT_THAT(AdviceOf(CheckJvmOptions, Options(L"-Da=b c")), HasSubstr("-Da=\"b c\""));
@@ -55,7 +55,7 @@ TEST(JvmOptionRulesTest, KnowsWhatWasMeant) {
                 ElementsAre("2 error not-an-option"));
 }
 
-TEST(JvmOptionRulesTest, SomeOptionsCameWithAVersion) {
+TEST(JvmOptionRulesTest, RejectsOptionsThatAreTooNew) {
     const wchar_t option[] = L"--enable-native-access=ALL-UNNAMED";
     EXPECT_THAT(Check(CheckJvmOptions, Options(option)), ElementsAre("2 warning unknown-option"));
     EXPECT_THAT(Check(CheckJvmOptions, Options(option, L"17")), IsEmpty());
@@ -63,7 +63,7 @@ TEST(JvmOptionRulesTest, SomeOptionsCameWithAVersion) {
                 ElementsAre("2 error unknown-option"));
 }
 
-TEST(JvmOptionRulesTest, NoticesQuotesTabsAndWhatTheLauncherSays) {
+TEST(JvmOptionRulesTest, WarnsAboutQuotesTabsAndOverriddenOptions) {
     EXPECT_THAT(Check(CheckJvmOptions, Options(L"-Da=\"b")),
                 ElementsAre("2 warning unclosed-quote"));
     EXPECT_THAT(Check(CheckJvmOptions, Options(L"-Da=b\t-Dc=d")), ElementsAre("2 warning tab"));
@@ -71,13 +71,13 @@ TEST(JvmOptionRulesTest, NoticesQuotesTabsAndWhatTheLauncherSays) {
                 ElementsAre("2 warning overrides-launcher"));
 }
 
-TEST(JvmOptionRulesTest, SaysNothingAboutOtherJvms) {
+TEST(JvmOptionRulesTest, IgnoresOtherJvms) {
     EXPECT_THAT(Check(CheckJvmOptions, Options(L"-Xgcpolicy:gencon") + L"\nVM Provider=ibm"),
                 IsEmpty());
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+Odd") + L"\nVM Provider=ibm"), IsEmpty());
 }
 
-TEST(VmFlagRulesTest, AcceptsWhatEveryVersionTakes) {
+TEST(VmFlagRulesTest, AcceptsFlagsOfEveryVersion) {
     EXPECT_THAT(
         Check(CheckVmFlags, Options(L"-XX:+UseG1GC -XX:-UseCompressedOops -XX:MaxMetaspaceSize=64m "
                                     L"-XX:MaxRAMPercentage=50.5 -XX:OnError=x -XX:Flags=f "
@@ -85,7 +85,7 @@ TEST(VmFlagRulesTest, AcceptsWhatEveryVersionTakes) {
         IsEmpty());
 }
 
-TEST(VmFlagRulesTest, RefusedEverywhereIsAnErrorRefusedSomewhereAWarning) {
+TEST(VmFlagRulesTest, ReportsAnErrorWhenEveryVersionRefusesOtherwiseAWarning) {
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseG1CG")), ElementsAre("2 error vm-flag"));
     EXPECT_EQ(AdviceOf(CheckVmFlags, Options(L"-XX:+UseG1CG")), "did you mean UseG1GC?");
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseConcMarkSweepGC")),
@@ -97,7 +97,7 @@ TEST(VmFlagRulesTest, RefusedEverywhereIsAnErrorRefusedSomewhereAWarning) {
                 IsEmpty());
 }
 
-TEST(VmFlagRulesTest, AFlagThatIsIgnoredIsNoError) {
+TEST(VmFlagRulesTest, WarnsAboutIgnoredFlags) {
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxPermSize=64m", L"11", L"11")),
                 ElementsAre("2 warning vm-flag"));
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxPermSize=64m", L"17")),
@@ -107,14 +107,14 @@ TEST(VmFlagRulesTest, AFlagThatIsIgnoredIsNoError) {
         ElementsAre("2 error vm-flag"));
 }
 
-TEST(VmFlagRulesTest, SwitchesAndValuesHaveTheirForms) {
+TEST(VmFlagRulesTest, ChecksTheFormsOfSwitchesAndValues) {
     for (const wchar_t* option : {L"-XX:UseG1GC", L"-XX:UseG1GC=true", L"-XX:+MaxHeapSize",
                                   L"-XX:MaxHeapSize", L"-XX:MaxHeapSize=1x", L"-XX:MaxHeapSize="}) {
         EXPECT_THAT(Check(CheckVmFlags, Options(option)), ElementsAre("2 error vm-flag")) << option;
     }
 }
 
-TEST(VmFlagRulesTest, SomeFlagsAreLocked) {
+TEST(VmFlagRulesTest, ReportsLockedFlags) {
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+PrintAssembly")),
                 ElementsAre("2 error vm-flag"));
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UnlockDiagnosticVMOptions -XX:+PrintAssembly")),
@@ -124,7 +124,7 @@ TEST(VmFlagRulesTest, SomeFlagsAreLocked) {
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseZGC", L"17")), IsEmpty());
 }
 
-TEST(VmFlagsTest, TheTableIsWhole) {
+TEST(VmFlagsTest, HaveACompleteTable) {
     EXPECT_GT(VmFlagNames().size(), 1000U);
     const VmFlag* const flag = FindVmFlag("UseConcMarkSweepGC");
     ASSERT_NE(flag, nullptr);

@@ -12,13 +12,13 @@ namespace {
 constexpr char kUseClassPath[] = "put the jars into \"Class Path\" of [Class Path]";
 constexpr char kRemove[] = "remove it";
 constexpr char kNamedModules[] =
-    "the main class is started from the class path: use \"Class Path\" and \"Main Class\"";
+    "the main class is loaded from the class path: use \"Class Path\" and \"Main Class\"";
 
 constexpr RefusedOption kRefused[] = {
     {L"-server", "write JVM Type=server instead"},
-    {L"-client", "remove it: a client JVM is taken wherever there is one"},
+    {L"-client", "remove it: a client JVM is used where one exists"},
     {L"-d64", "remove it: the launcher is a 64-bit program"},
-    {L"-d32", "remove it; for 32-bit runtimes there is \"Pair Product\""},
+    {L"-d32", "remove it; use \"Pair Product\" for 32-bit runtimes"},
     {L"-cp", kUseClassPath},
     {L"-classpath", kUseClassPath},
     {L"--class-path", kUseClassPath},
@@ -47,14 +47,15 @@ constexpr RefusedOption kRefused[] = {
     {L"-X", kRemove},
     {L"-noverify", "write -XX:-BytecodeVerificationRemote"},
     {L"-Xnoverify", "write -XX:-BytecodeVerificationRemote"},
-    {L"-Xincgc", "remove it; the garbage collector G1 works in small steps"},
-    {L"-Xbootclasspath:", "there is no boot class path any more; -Xbootclasspath/a: adds to it"},
+    {L"-Xincgc", "remove it; the garbage collector G1 is incremental"},
+    {L"-Xbootclasspath:",
+     "the boot class path cannot be replaced; -Xbootclasspath/a: appends to it"},
     {L"-Xbootclasspath/p:", "write --patch-module=<module>=<jar>"},
     {L"-Djava.ext.dirs=", kUseClassPath},
     {L"-Djava.endorsed.dirs=", kUseClassPath},
 };
 
-constexpr TakenOption kTaken[] = {
+constexpr AcceptedOption kAccepted[] = {
     {L"-D", true, 0},
     {L"-XX:", true, 0},
     {L"-Xms", true, 0},
@@ -132,24 +133,26 @@ const RefusedOption* FindRefused(std::wstring_view option) {
     return found == std::end(kRefused) ? nullptr : found;
 }
 
-const TakenOption* FindTaken(std::wstring_view option) {
-    const auto* const found =
-        std::find_if(std::begin(kTaken), std::end(kTaken), [&](const TakenOption& taken) {
-            return taken.mayGoOn ? option.starts_with(taken.option) : option == taken.option;
+const AcceptedOption* FindAccepted(std::wstring_view option) {
+    const auto* const found = std::find_if(
+        std::begin(kAccepted), std::end(kAccepted), [&](const AcceptedOption& accepted) {
+            return accepted.isPrefix ? option.starts_with(accepted.option)
+                                     : option == accepted.option;
         });
-    return found == std::end(kTaken) ? nullptr : found;
+    return found == std::end(kAccepted) ? nullptr : found;
 }
 
-std::span<const TakenOption> TakenOptions() {
-    return kTaken;
+std::span<const AcceptedOption> AcceptedOptions() {
+    return kAccepted;
 }
 
-bool WantsEqualsSign(std::wstring_view option) {
+bool RequiresEqualsSign(std::wstring_view option) {
     return option.starts_with(L"--") &&
-           std::any_of(std::begin(kTaken), std::end(kTaken), [&](const TakenOption& taken) {
-               return taken.option.size() == option.size() + 1 && taken.option.ends_with(L'=') &&
-                      taken.option.starts_with(option);
-           });
+           std::any_of(
+               std::begin(kAccepted), std::end(kAccepted), [&](const AcceptedOption& accepted) {
+                   return accepted.option.size() == option.size() + 1 &&
+                          accepted.option.ends_with(L'=') && accepted.option.starts_with(option);
+               });
 }
 
 WrittenOptions JvmOptionsOf(const CheckedSettings& settings) {
@@ -169,7 +172,7 @@ bool HasVariable(std::wstring_view text) {
     return close != std::wstring_view::npos && close > open + 1;
 }
 
-bool HasUsualJvm(const CheckedSettings& settings) {
+bool AdmitsHotSpot(const CheckedSettings& settings) {
     RuntimeSearchPolicy policy;
     ApplyVmProvider(settings.Get(keys::kJavaRuntimeEnvironment, keys::kVmProvider).text, policy);
     return policy.sunAllowed;

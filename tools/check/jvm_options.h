@@ -1,4 +1,5 @@
-// What the usual JVM takes and refuses through its native interface, apart from "-XX:" options.
+// The options that HotSpot accepts and refuses through its invocation interface, except "-XX:"
+// options, and the options that the settings contain.
 #pragma once
 
 #include <span>
@@ -10,36 +11,36 @@
 
 namespace tarn::tools {
 
-/// An option that only the command-line program java knows, or that none knows any more.
+/// An option that only the program java accepts, or that has been removed.
 struct RefusedOption {
-    /// The whole option; or, when it ends in "=", ":" or "/p", how it begins.
+    /// The option; a prefix when it ends with "=" or ":".
     std::wstring_view option;
     std::string_view advice;
 };
 
-/// An option that the JVM takes.
-struct TakenOption {
+/// An option that the JVM accepts.
+struct AcceptedOption {
     std::wstring_view option;
-    /// Whether something may follow, as in "-Xlog:gc".
-    bool mayGoOn;
-    /// The oldest version that takes it; 0 when all do.
+    /// Whether the option is a prefix, as in "-Xlog:gc".
+    bool isPrefix;
+    /// The oldest version that accepts it; 0 for all.
     int since;
 };
 
-/// The entry that tells why `option` is refused; null when it is not in the list.
+/// The entry for a refused option; null when it is not in the list.
 const RefusedOption* FindRefused(std::wstring_view option);
 
-/// The entry that `option` is an instance of; null when there is none.
-const TakenOption* FindTaken(std::wstring_view option);
+/// The entry that `option` matches; null when there is none.
+const AcceptedOption* FindAccepted(std::wstring_view option);
 
-std::span<const TakenOption> TakenOptions();
+std::span<const AcceptedOption> AcceptedOptions();
 
-/// Whether java takes the option's value as a word of its own, which the JVM does not:
-/// "--add-opens a/b=c".
-bool WantsEqualsSign(std::wstring_view option);
+/// Whether java, unlike the JVM, also accepts the option's value as the next argument: "--add-opens
+/// a/b=c".
+bool RequiresEqualsSign(std::wstring_view option);
 
-/// The tokens of "Virtual Machine Parameters" as the launcher splits them, quotes removed. What
-/// environment variables stand for is not known here: they are left as they are.
+/// The tokens of "Virtual Machine Parameters" as the launcher splits them, without quotes.
+/// Environment variables are not expanded: their values are unknown here.
 struct WrittenOptions {
     std::size_t line = 0;
     std::vector<std::wstring> options;
@@ -47,10 +48,10 @@ struct WrittenOptions {
 
 WrittenOptions JvmOptionsOf(const CheckedSettings& settings);
 
-/// Whether the text holds the name of an environment variable between percent signs.
+/// Whether the text contains an environment variable between percent signs.
 bool HasVariable(std::wstring_view text);
 
-/// Whether the settings lead to runtimes of the usual JVM, whose options are known.
-bool HasUsualJvm(const CheckedSettings& settings);
+/// Whether the settings admit runtimes with HotSpot, whose options are known.
+bool AdmitsHotSpot(const CheckedSettings& settings);
 
 }  // namespace tarn::tools

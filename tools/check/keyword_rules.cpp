@@ -19,33 +19,33 @@ bool MeansOff(std::wstring_view value) {
     return false;
 }
 
-std::string WordFor(SettingForm form) {
+std::string KeywordFor(SettingForm form) {
     return form == SettingForm::Yes ? "Yes" : form == SettingForm::ExactlyTrue ? "true" : "yes";
 }
 
 void CheckFlag(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
     if (FlagValue(key.form, entry.value).value_or(false) || MeansOff(entry.value)) return;
-    const std::string word = WordFor(key.form);
+    const std::string word = KeywordFor(key.form);
     const bool onlyCase =
         EqualsIgnoringCase(entry.value, key.form == SettingForm::ExactlyTrue ? L"true" : L"yes");
     findings.Warning(
         "flag", entry.line,
         '"' + Utf8Of(key.key) + "\" is off: " + Quoted(entry.value) + " is not " + word +
-            (onlyCase ? ", letter case counts" : ""),
-        "write " + Utf8Of(key.key) + '=' + word + " to switch it on, or remove the line");
+            (onlyCase ? " (case-sensitive)" : ""),
+        "write " + Utf8Of(key.key) + '=' + word + " to turn it on, or remove the line");
 }
 
-// What else than the listed words does no harm, because it says what is done without a word.
+// A value that is not a keyword but has the effect of the default.
 bool IsHarmless(const KnownKey& key, std::wstring_view value) {
     return std::wstring_view(key.key) == keys::kVmProvider && EqualsIgnoringCase(value, L"sun");
 }
 
 std::string ConsequenceOf(const KnownKey& key) {
     if (std::wstring_view(key.key) == keys::kJvmSource) return "no registered runtime is searched";
-    return "it counts as empty";
+    return "it is ignored";
 }
 
-void CheckWord(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
+void CheckKeyword(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
     std::vector<std::wstring> words;
     for (const std::wstring_view word : key.keywords) {
         const bool isSame = key.form == SettingForm::KeywordAnyCase
@@ -58,10 +58,10 @@ void CheckWord(const KnownKey& key, const DocumentEntry& entry, Findings& findin
     const std::wstring closest = ClosestWord(entry.value, words);
     std::string advice = closest.empty() ? "write " + DescribeForm(key) + ", or remove the line"
                                          : "did you mean " + Utf8Of(closest) + "?";
-    std::string message = '"' + Utf8Of(key.key) + "\" does not know " + Quoted(entry.value) + ": " +
-                          ConsequenceOf(key);
+    std::string message = '"' + Utf8Of(key.key) + "\" does not accept " + Quoted(entry.value) +
+                          ": " + ConsequenceOf(key);
     if (!closest.empty() && EqualsIgnoringCase(closest, entry.value))
-        message += " (letter case counts)";
+        message += " (case-sensitive)";
     findings.Warning("word", entry.line, std::move(message), std::move(advice));
 }
 
@@ -75,42 +75,42 @@ void CheckEntry(const KnownKey& key, const DocumentEntry& entry, Findings& findi
             return;
         case SettingForm::Keyword:
         case SettingForm::KeywordAnyCase:
-            CheckWord(key, entry, findings);
+            CheckKeyword(key, entry, findings);
             return;
         default:
             return;
     }
 }
 
-// Lists in which quotes have a meaning of their own.
-bool HasQuotesOfItsOwn(SettingForm form) {
+// Lists in which quotes are syntax.
+bool HasQuoteSyntax(SettingForm form) {
     return form == SettingForm::JvmOptions || form == SettingForm::Arguments;
 }
 
 void CheckEntryQuotes(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
     const bool isStripped = entry.value.size() != entry.written.size();
     const std::string name = '"' + Utf8Of(key.key) + '"';
-    if (HasQuotesOfItsOwn(key.form)) {
-        // Without blanks and inner quotes nothing is lost with the pair.
+    if (HasQuoteSyntax(key.form)) {
+        // Without spaces and inner quotes the pair is redundant.
         if (isStripped && entry.value.find_first_of(L" \"") != std::wstring::npos) {
             findings.Warning("quotes-removed", entry.line,
-                             "Windows removes the quotes at both ends of " + name +
-                                 ", which leaves " + Quoted(entry.value),
-                             "put another pair of quotes around the whole value to keep these");
+                             "Windows removes the quotes at both ends of " + name + ", leaving " +
+                                 Quoted(entry.value),
+                             "put another pair of quotes around the whole value");
         }
         return;
     }
     if (entry.value.find(L'"') != std::wstring::npos) {
         findings.Warning("quotes-kept", entry.line,
-                         "the quotes in " + name + " stay part of it: " + Quoted(entry.value),
-                         "leave them out; blanks need no quotes here");
+                         "the quotes in " + name + " become part of it: " + Quoted(entry.value),
+                         "remove them; spaces require no quotes here");
     } else if (isStripped && entry.value != TrimSpaces(entry.value)) {
         findings.Warning("quoted-blanks", entry.line,
-                         "the quotes keep the blanks at the ends of " + name, "leave both out");
+                         "the quotes preserve the spaces at the ends of " + name, "remove both");
     }
 }
 
-// Visits the entries that count, of plain and of additive sections alike.
+// Visits the effective entries of plain and of additive sections.
 template <typename Visitor>
 void ForEachKnown(const SettingsDocument& document, const Visitor& visit) {
     for (const KnownKey& key : KnownKeys()) {

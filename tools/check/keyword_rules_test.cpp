@@ -7,7 +7,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TEST(WordRulesTest, EachFlagHasItsOwnForm) {
+TEST(KeywordRulesTest, EachFlagHasItsOwnForm) {
     EXPECT_THAT(Check(CheckKeywords,
                       L"[Application]\nFailure Check=yes\nEmbedded Jar=YES\n"
                       L"Single Instance=yes\n[Display]\nSplash Screen Shadow=true"),
@@ -20,14 +20,14 @@ TEST(WordRulesTest, EachFlagHasItsOwnForm) {
                             "7 warning flag"));
 }
 
-TEST(WordRulesTest, WhatMeansOffIsOff) {
+TEST(KeywordRulesTest, AcceptsValuesThatMeanOff) {
     EXPECT_THAT(Check(CheckKeywords,
                       L"[Application]\nFailure Check=No\nEmbedded Jar=0\n"
                       L"Single Instance=false\nOutput Append="),
                 IsEmpty());
 }
 
-TEST(WordRulesTest, WordsAreSpeltOut) {
+TEST(KeywordRulesTest, ListsTheKeywords) {
     const std::wstring java = L"[Java Runtime Environment]\n";
     EXPECT_THAT(
         Check(CheckKeywords, java + L"JVM Type=server\nJVM Source=only_JDK\nVM Provider=FAVOR_ibm"),
@@ -41,7 +41,7 @@ TEST(WordRulesTest, WordsAreSpeltOut) {
                 ElementsAre("2 warning word"));
 }
 
-TEST(QuoteRulesTest, QuotesOfArgumentsAreNotThoseOfTheFile) {
+TEST(QuoteRulesTest, WarnsAboutArgumentQuotesThatWindowsRemoves) {
     EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=\"a b\""),
                 ElementsAre("2 warning quotes-removed"));
     EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=\"a b\" \"c\""),
@@ -52,7 +52,7 @@ TEST(QuoteRulesTest, QuotesOfArgumentsAreNotThoseOfTheFile) {
     EXPECT_THAT(Check(CheckQuotes, L"[Application]\nCmd=x \"a b\""), IsEmpty());
 }
 
-TEST(QuoteRulesTest, QuotesInPathsAreNoticed) {
+TEST(QuoteRulesTest, WarnsAboutQuotesInPaths) {
     EXPECT_THAT(Check(CheckQuotes, L"[Class Path]\nClass Path=\"lib\\a b.jar\";c.jar"),
                 ElementsAre("2 warning quotes-kept"));
     EXPECT_THAT(Check(CheckQuotes, L"[Display]\nSplash Screen=\"a b.png\""), IsEmpty());

@@ -14,7 +14,7 @@
 namespace tarn::tools {
 namespace {
 
-constexpr std::string_view kEnding = ".class";
+constexpr std::string_view kExtension = ".class";
 constexpr std::size_t kMostSimilar = 3;
 
 std::string_view SimpleName(std::string_view className) {
@@ -24,30 +24,30 @@ std::string_view SimpleName(std::string_view className) {
 class Search {
   public:
     explicit Search(const std::string& className)
-        : name_(className), entry_(className + std::string(kEnding)) {}
+        : name_(className), entry_(className + std::string(kExtension)) {}
 
-    void LookIn(const std::filesystem::path& file, bool mayBeNoJar) {
+    void SearchIn(const std::filesystem::path& file, bool isOptional) {
         std::error_code error;
         if (result.isFound ||
             !seen_.insert(std::filesystem::weakly_canonical(file, error)).second) {
             return;
         }
         if (std::filesystem::is_directory(file, error)) {
-            LookInFolder(file);
+            SearchFolder(file);
             return;
         }
         if (!std::filesystem::exists(file, error)) return;
         try {
-            LookInJar(file);
+            SearchJar(file);
         } catch (const Failure& failure) {
-            if (!mayBeNoJar) result.badJars.push_back({file, failure.what()});
+            if (!isOptional) result.badJars.push_back({file, failure.what()});
         }
     }
 
     ClassSearch result;
 
   private:
-    void LookInFolder(const std::filesystem::path& folder) {
+    void SearchFolder(const std::filesystem::path& folder) {
         const std::filesystem::path file = folder / PathOf(entry_);
         std::error_code error;
         if (!std::filesystem::is_regular_file(file, error)) return;
@@ -55,7 +55,7 @@ class Search {
         result.javaVersion = JavaFeatureOfClass(ReadWholeFile(file));
     }
 
-    void LookInJar(const std::filesystem::path& file) {
+    void SearchJar(const std::filesystem::path& file) {
         const Bytes content = ReadWholeFile(file);
         const JarFile jar(content, file);
         if (const std::optional<Bytes> classFile = jar.Read(entry_)) {
@@ -68,13 +68,13 @@ class Search {
         if (!text) return;
         const Manifest manifest = Manifest::Parse(AsText(*text));
         for (const std::string& word : manifest.GetWords("Class-Path")) {
-            LookIn(file.parent_path() / PathOf(word), true);
+            SearchIn(file.parent_path() / PathOf(word), true);
         }
     }
 
     void NoteSimilar(std::string_view entry) {
-        if (!entry.ends_with(kEnding) || result.similar.size() >= kMostSimilar) return;
-        entry.remove_suffix(kEnding.size());
+        if (!entry.ends_with(kExtension) || result.similar.size() >= kMostSimilar) return;
+        entry.remove_suffix(kExtension.size());
         const bool isSimilar = ToLowerAscii(entry) == ToLowerAscii(std::string_view(name_)) ||
                                SimpleName(entry) == SimpleName(name_);
         if (!isSimilar) return;
@@ -93,8 +93,8 @@ class Search {
 ClassSearch FindClass(const std::string& className, const std::vector<std::filesystem::path>& files,
                       const std::optional<std::filesystem::path>& executable) {
     Search search(className);
-    if (executable) search.LookIn(*executable, true);
-    for (const std::filesystem::path& file : files) search.LookIn(file, false);
+    if (executable) search.SearchIn(*executable, true);
+    for (const std::filesystem::path& file : files) search.SearchIn(file, false);
     return std::move(search.result);
 }
 

@@ -7,14 +7,14 @@
 
 namespace tarn::tools {
 
-/// What looking for a class in the files of a class path came to.
+/// The result of searching a class path for a class.
 struct ClassSearch {
     bool isFound = false;
-    /// The Java version that its class file is made for; 0 when it is not one.
+    /// The Java feature that its class file requires; 0 when it is not a class file.
     int javaVersion = 0;
-    /// Classes that may have been meant: of that name in other letter case or in another package.
+    /// Similar classes: the same name in another case or package.
     std::vector<std::string> similar;
-    /// Files that are no jars, with the reason.
+    /// Files that are not readable jars, with the reason.
     struct BadJar {
         std::filesystem::path file;
         std::string problem;
@@ -22,9 +22,8 @@ struct ClassSearch {
     std::vector<BadJar> badJars;
 };
 
-/// Looks for a class ("com/example/Main") in the jars and folders, and in the jars that those name
-/// in their manifests. `executable`, when it is there, may have a jar behind it; it is no bad jar
-/// when it has none.
+/// Searches for a class ("com/example/Main") in the jars and folders, and in the jars that their
+/// manifests name. `executable`, if any, may have an appended jar; without one it is not reported.
 ClassSearch FindClass(const std::string& className, const std::vector<std::filesystem::path>& files,
                       const std::optional<std::filesystem::path>& executable);
 

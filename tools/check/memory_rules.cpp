@@ -14,13 +14,13 @@ constexpr std::uint64_t kMiB = kKiB * kKiB;
 constexpr std::uint64_t kGiB = kMiB * kKiB;
 constexpr std::size_t kPrefixLength = 4;
 
-// The launcher prints the KiB of a percentage as a signed 32-bit number.
+// The launcher formats the KiB of a percentage as a signed 32-bit number.
 constexpr std::uint64_t kWrapsAtKiB = std::uint64_t{1} << 31U;
 
-// What a 64-bit process has for its own on Windows 8.1 and later; the machine is a modest one.
+// A machine with 8 GiB, and the address space of a 64-bit process on Windows 8.1 and later.
 constexpr MemorySizes kUsualMachine{8 * kGiB, (kGiB * kKiB) * 128};
 
-// What the usual JVM refuses: less than this for a heap, and for a thread's stack.
+// HotSpot's limits for the heap and for a thread's stack.
 constexpr std::uint64_t kSmallestHeap = 2 * kMiB;
 constexpr std::uint64_t kSmallestStack = 100 * kKiB;
 constexpr std::uint64_t kLargestStack = kGiB;
@@ -34,7 +34,7 @@ bool IsDigit(wchar_t letter) {
     return letter >= L'0' && letter <= L'9';
 }
 
-// A size as the JVM reads it: digits and at most one unit.
+// A size in bytes as the JVM reads it: digits and at most one unit.
 std::optional<std::uint64_t> SizeOf(std::wstring_view text) {
     std::uint64_t size = 0;
     std::size_t at = 0;
@@ -55,7 +55,7 @@ std::optional<std::uint64_t> SizeOf(std::wstring_view text) {
 std::string AdviceForSize(std::wstring_view option) {
     const std::string prefix = Utf8Of(option.substr(0, kPrefixLength));
     const std::wstring_view size = option.substr(kPrefixLength);
-    if (size.empty()) return "write the size without a blank before it: " + prefix + "512m";
+    if (size.empty()) return "write the size without a space before it: " + prefix + "512m";
     if (size.front() == L'=' || size.front() == L':') {
         return "write " + prefix + Utf8Of(size.substr(1));
     }
@@ -79,14 +79,15 @@ std::string AdviceForSize(std::wstring_view option) {
 void CheckStack(std::wstring_view option, std::uint64_t size, std::size_t line,
                 Findings& findings) {
     if (size != 0 && (size < kSmallestStack || size > kLargestStack)) {
-        findings.Error("stack-size", line,
-                       "the JVM refuses " + Quoted(option) +
-                           (size < kSmallestStack ? ": too small a stack" : ": more than 1 GiB"),
-                       "write a size with its unit, such as -Xss1m");
+        findings.Error(
+            "stack-size", line,
+            "the JVM refuses " + Quoted(option) +
+                (size < kSmallestStack ? ": the stack is too small" : ": more than 1 GiB"),
+            "write a size with its unit, such as -Xss1m");
     } else if (IsDigit(option.back())) {
         findings.Warning("stack-size", line,
                          "the last character of " + Quoted(option) +
-                             " counts as its unit: the main thread is made with " +
+                             " is read as its unit: the main thread is created with " +
                              std::to_string(StackSizeOf(option)) + " bytes",
                          "write a size with its unit, such as -Xss1m");
     }
@@ -95,14 +96,15 @@ void CheckStack(std::wstring_view option, std::uint64_t size, std::size_t line,
 void CheckAbsolute(std::wstring_view option, std::size_t line, Findings& findings) {
     const std::optional<std::uint64_t> size = SizeOf(option.substr(kPrefixLength));
     if (!size) {
-        findings.Error("size", line, Quoted(option) + " is no size: the JVM refuses it",
+        findings.Error("size", line, Quoted(option) + " is not a size: the JVM refuses it",
                        AdviceForSize(option));
         return;
     }
     const std::wstring_view prefix = option.substr(0, kPrefixLength);
     if (prefix == L"-Xss") CheckStack(option, *size, line, findings);
     if (prefix == L"-Xmx" && *size < kSmallestHeap) {
-        findings.Error("size", line, "the JVM refuses " + Quoted(option) + ": too small a heap",
+        findings.Error("size", line,
+                       "the JVM refuses " + Quoted(option) + ": the heap is too small",
                        "write a size with its unit, such as -Xmx512m");
     }
 }
@@ -115,21 +117,21 @@ void CheckBounds(std::wstring_view option, const ScannedNumbers& scanned, std::s
     if (scanned.numbers.size() > 3) {
         findings.Warning(
             "percentage", line,
-            "only the percent, the minimum and the maximum of " + Quoted(option) + " count");
+            "only the percentage, minimum and maximum of " + Quoted(option) + " are used");
     }
     if (number(2) != 0 && number(1) > number(2)) {
-        findings.Warning("percentage", line,
-                         "in " + Quoted(option) + " the minimum is above the maximum, and wins",
-                         "write -Xmx<percent>:<at least MiB>:<at most MiB>p");
+        findings.Warning(
+            "percentage", line,
+            "in " + Quoted(option) + " the minimum is above the maximum and takes precedence",
+            "write -Xmx<percent>:<at least MiB>:<at most MiB>p");
     }
     if (number(0) == 0 && number(1) == 0) {
-        findings.Error("percentage", line, Quoted(option) + " comes to 0, which the JVM refuses",
+        findings.Error("percentage", line, Quoted(option) + " is 0, which the JVM refuses",
                        "write a percent, such as -Xmx25p");
     }
     const bool ofPhysical = option.back() == L'p' || option.back() == L'P';
     if (ofPhysical && number(0) > 100 && number(2) == 0) {
-        findings.Warning("percentage", line,
-                         Quoted(option) + " asks for more than the machine's memory",
+        findings.Warning("percentage", line, Quoted(option) + " exceeds the machine's memory",
                          "write a percent up to 100; for a size, the unit k, m or g");
     }
 }
@@ -139,34 +141,34 @@ void CheckPercentage(std::wstring_view option, std::size_t line, Findings& findi
     if (scanned.prefixLength != kPrefixLength) {
         findings.Error(
             "percentage", line,
-            "the percent of " + Quoted(option) + " does not follow its first four letters",
+            "the percentage of " + Quoted(option) + " does not follow its first four characters",
             "write it like -Xmx25p or -Xmx25:64:512p");
         return;
     }
     const std::wstring_view inner = option.substr(kPrefixLength, option.size() - kPrefixLength - 1);
     if (std::any_of(inner.begin(), inner.end(),
                     [](wchar_t letter) { return !IsDigit(letter) && letter != L':'; })) {
-        findings.Warning("percentage", line,
-                         "what is neither a digit nor \":\" in " + Quoted(option) + " is skipped",
-                         "minimum and maximum are in MiB, without a unit: -Xmx25:64:512p");
+        findings.Warning(
+            "percentage", line,
+            "characters other than digits and \":\" in " + Quoted(option) + " are skipped",
+            "minimum and maximum are in MiB, without a unit: -Xmx25:64:512p");
     }
     CheckBounds(option, scanned, line, findings);
     const std::uint64_t size = PercentageSize(option, kUsualMachine);
     const bool ofAddresses = option.back() == L't' || option.back() == L'T';
     if (size >= kWrapsAtKiB) {
-        findings.Error("percentage-wraps", line,
-                       Quoted(option) + " comes to " + std::to_string(size) +
-                           " KiB, which wraps at 2^31 KiB to " +
-                           Utf8Of(ResolvePercentage(option, kUsualMachine)),
-                       ofAddresses
-                           ? "\"t\" is percent of the address space (usually 128 TiB), no unit: "
-                             "give a maximum, such as -Xmx1:64:4096t, or write p"
-                           : "minimum and maximum are in MiB: make them smaller");
+        findings.Error(
+            "percentage-wraps", line,
+            Quoted(option) + " is " + std::to_string(size) + " KiB, which wraps at 2^31 KiB to " +
+                Utf8Of(ResolvePercentage(option, kUsualMachine)),
+            ofAddresses ? "\"t\" is percent of the address space (usually 128 TiB), not a unit: "
+                          "give a maximum, such as -Xmx1:64:4096t, or write p"
+                        : "minimum and maximum are in MiB: make them smaller");
     } else if (ofAddresses && scanned.numbers.size() < 3) {
         findings.Warning(
             "percentage", line,
             "\"t\" in " + Quoted(option) +
-                " is percent of the address space, usually 128 TiB, and no unit",
+                " is percent of the address space, usually 128 TiB, not a unit",
             "give a maximum, such as -Xmx1:64:4096t, or write p for percent of the memory");
     }
 }
@@ -184,7 +186,7 @@ void CheckMemorySizes(const CheckedSettings& settings, Findings& findings) {
             CheckAbsolute(option, written.line, findings);
         }
         const bool isAbsolute = !HasPercentageForm(option);
-        // The last one of a kind counts.
+        // The last option of a kind takes effect.
         if (option.starts_with(L"-Xms"))
             initial = isAbsolute ? SizeOf(option.substr(kPrefixLength)) : std::nullopt;
         if (option.starts_with(L"-Xmx"))
@@ -194,7 +196,7 @@ void CheckMemorySizes(const CheckedSettings& settings, Findings& findings) {
         findings.Error(
             "heap-order", written.line,
             "the JVM refuses an initial heap (-Xms) that is larger than the maximum (-Xmx)",
-            "make -Xms smaller, or leave it out");
+            "make -Xms smaller, or remove it");
     }
 }
 

@@ -18,7 +18,7 @@ TEST(MemoryRulesTest, AcceptsSizesAndPercentages) {
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xmx536870912")), IsEmpty());
 }
 
-TEST(MemoryRulesTest, KnowsWhatASizeLooksLike) {
+TEST(MemoryRulesTest, RejectsMalformedSizes) {
     const struct {
         const wchar_t* written;
         const char* advice;
@@ -28,7 +28,7 @@ TEST(MemoryRulesTest, KnowsWhatASizeLooksLike) {
         {L"-Xmx=512m", "write -Xmx512m"},
         {L"-Xmx50%", "write -Xmx50p for percent of the machine's memory"},
         {L"-Xmx0.5g", "write a whole number and k, m or g: -Xmx512m"},
-        {L"-Xmx", "write the size without a blank before it: -Xmx512m"},
+        {L"-Xmx", "write the size without a space before it: -Xmx512m"},
         {L"-Xmx512", "write a size with its unit, such as -Xmx512m"},
         {L"-Xmn1x", "write a whole number and k, m or g: -Xmn512m"},
     };
@@ -39,7 +39,7 @@ TEST(MemoryRulesTest, KnowsWhatASizeLooksLike) {
     }
 }
 
-TEST(MemoryRulesTest, AStackSizeNeedsItsUnit) {
+TEST(MemoryRulesTest, WarnsAboutAStackSizeWithoutUnit) {
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xss1024")), ElementsAre("2 error stack-size"));
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xss1048576")),
                 ElementsAre("2 warning stack-size"));
@@ -47,7 +47,7 @@ TEST(MemoryRulesTest, AStackSizeNeedsItsUnit) {
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xss0")), ElementsAre("2 warning stack-size"));
 }
 
-TEST(MemoryRulesTest, PercentagesThatWrapAreErrors) {
+TEST(MemoryRulesTest, RejectsPercentagesThatWrap) {
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xmx50t")),
                 ElementsAre("2 error percentage-wraps"));
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xmx2T")),
@@ -58,7 +58,7 @@ TEST(MemoryRulesTest, PercentagesThatWrapAreErrors) {
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xmx1t")), ElementsAre("2 warning percentage"));
 }
 
-TEST(MemoryRulesTest, OddPercentagesAreNoticed) {
+TEST(MemoryRulesTest, WarnsAboutMisreadPercentages) {
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xmx=50p")), ElementsAre("2 error percentage"));
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xmxp")), ElementsAre("2 error percentage"));
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xmx0p")), ElementsAre("2 error percentage"));
@@ -71,7 +71,7 @@ TEST(MemoryRulesTest, OddPercentagesAreNoticed) {
                 ElementsAre("2 warning percentage"));
 }
 
-TEST(MemoryRulesTest, TheLastSizeOfAKindCounts) {
+TEST(MemoryRulesTest, ComparesTheLastSizeOfEachKind) {
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xms2g -Xmx1g")),
                 ElementsAre("2 error heap-order"));
     EXPECT_THAT(Check(CheckMemorySizes, Options(L"-Xms2g -Xmx1g -Xmx4g")), IsEmpty());

@@ -8,11 +8,11 @@
 
 namespace tarn::tools {
 
-/// Prints "FILE:LINE: severity: message" for each finding, what to do below it, and a summary.
+/// Prints "FILE:LINE: severity: message" and the advice for each finding, and a summary.
 void PrintReport(const Console& console, const std::string& file,
                  const std::vector<Finding>& findings);
 
-/// The same for programs (docs/user/check.md tells the schema), ended by a line end.
+/// The same as JSON (docs/user/check.md), with a final line end.
 std::string JsonReport(const std::string& file, const std::vector<Finding>& findings);
 
 }  // namespace tarn::tools

@@ -13,7 +13,7 @@ std::vector<Finding> Example() {
     return findings.Sorted();
 }
 
-TEST(CheckReportTest, IsInTheOrderOfTheLines) {
+TEST(CheckReportTest, IsSortedByLine) {
     std::FILE* const file = std::tmpfile();
     PrintReport(Console(file, file, false, false), "a.ini", Example());
     std::rewind(file);
@@ -28,7 +28,7 @@ TEST(CheckReportTest, IsInTheOrderOfTheLines) {
               "a.ini: 1 error, 1 warning, 1 note\n");
 }
 
-TEST(CheckReportTest, IsReadByPrograms) {
+TEST(CheckReportTest, IsAlsoWrittenAsJson) {
     Findings findings;
     findings.Warning("word", 7, "odd \"word\"", "write another");
     EXPECT_EQ(JsonReport("a.ini", findings.Sorted()), R"({

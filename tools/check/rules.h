@@ -1,4 +1,4 @@
-// What a settings file is checked for, one function a subject. Each adds what it finds.
+// The rules for settings files, one function for each subject. Each adds its findings.
 #pragma once
 
 #include "tools/check/checked_settings.h"
@@ -6,34 +6,34 @@
 
 namespace tarn::tools {
 
-/// Encodings that Windows reads otherwise than they are meant, zero characters, endless lines.
+/// Encodings that Windows misreads, null characters, overlong lines.
 void CheckEncoding(const CheckedSettings& settings, Findings& findings);
 
-/// Sections and keys that nobody reads: unknown, misplaced, repeated, outside any section.
+/// Sections and keys that are never read: unknown, misplaced, repeated, outside any section.
 void CheckStructure(const CheckedSettings& settings, Findings& findings);
 
-/// Sections with "+": what they do to values that are no lists, and what takes precedence.
+/// "+" sections: their effect on values that are not lists, and precedence.
 void CheckAdditiveSections(const CheckedSettings& settings, Findings& findings);
 
-/// Flags and words in a form that does not count.
+/// Flags and keywords with values that have no effect.
 void CheckKeywords(const CheckedSettings& settings, Findings& findings);
 
-/// Quotes that Windows removes, or that stay where none are wanted.
+/// Quotes that Windows removes, and quotes that become part of a value.
 void CheckQuotes(const CheckedSettings& settings, Findings& findings);
 
 /// Version bounds and preferred versions.
 void CheckVersions(const CheckedSettings& settings, Findings& findings);
 
-/// The tokens of "Virtual Machine Parameters": options that no JVM takes through its interface.
+/// "Virtual Machine Parameters": options that no JVM accepts through its interface.
 void CheckJvmOptions(const CheckedSettings& settings, Findings& findings);
 
-/// Heap and stack sizes among them, percentages included.
+/// Heap and stack sizes in "Virtual Machine Parameters", including percentages.
 void CheckMemorySizes(const CheckedSettings& settings, Findings& findings);
 
-/// "-XX:" options among them, for the versions that the settings admit.
+/// "-XX:" options in "Virtual Machine Parameters", for the versions that the settings admit.
 void CheckVmFlags(const CheckedSettings& settings, Findings& findings);
 
-/// The main class's name, the class path's entries, and whether the one is in the others.
+/// The entries of the class path, the main class's name, and whether the class exists.
 void CheckClassPath(const CheckedSettings& settings, Findings& findings);
 
 /// The current directory on the class path: Java takes the empty element for it.
@@ -42,7 +42,7 @@ void CheckCurrentDirectory(const CheckedSettings& settings, Findings& findings);
 /// Splash picture, output files, runtime and library folders.
 void CheckFiles(const CheckedSettings& settings, Findings& findings);
 
-/// All of them.
+/// Applies all rules.
 std::vector<Finding> CheckSettings(const CheckedSettings& settings);
 
 }  // namespace tarn::tools

@@ -1,4 +1,4 @@
-// For tests: what is found in a settings text that stands on no disk.
+// For tests: the findings for a settings text without files.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ inline std::vector<std::string> Check(Rule rule, std::wstring text) {
     return lines;
 }
 
-/// What the rule advises, joined by " | ".
+/// The advice of the rule's findings, joined by " | ".
 inline std::string AdviceOf(Rule rule, std::wstring text) {
     Findings findings;
     rule(SettingsOf(std::move(text)), findings);

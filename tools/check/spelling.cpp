@@ -7,7 +7,7 @@
 namespace tarn::tools {
 namespace {
 
-// Longer texts are no mistyped words, and the distance takes the product of both lengths.
+// Longer texts are not misspelt words, and the cost is the product of both lengths.
 constexpr std::size_t kLongestWord = 64;
 
 }  // namespace

@@ -6,12 +6,13 @@
 
 namespace tarn::tools {
 
-/// How many letters have to be put in, left out, changed or exchanged with their neighbour to make
-/// one word of the other. The case of ASCII letters does not count.
+/// The number of insertions, deletions, substitutions and transpositions of adjacent characters
+/// that turn one word into the other (optimal string alignment). ASCII letters are compared
+/// case-insensitively.
 std::size_t EditDistance(std::wstring_view a, std::wstring_view b);
 
-/// The word that was probably meant: the first of those with the smallest distance, when that is at
-/// most a third of the written word's letters. Empty when none is that close.
+/// The first word with the smallest distance, if that is at most a third of the length of
+/// `written`; otherwise empty.
 std::wstring ClosestWord(std::wstring_view written, const std::vector<std::wstring>& words);
 
 }  // namespace tarn::tools

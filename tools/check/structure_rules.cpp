@@ -14,7 +14,7 @@ std::string LineNumber(std::size_t line) {
     return "line " + std::to_string(line);
 }
 
-// The name without the "+" that makes a section an additive one.
+// The name of a section without the "+" of an additive one.
 std::wstring_view PlainName(std::wstring_view section) {
     if (!section.empty() && section.back() == L'+') section.remove_suffix(1);
     return section;
@@ -27,7 +27,7 @@ bool IsKnownSection(std::wstring_view name) {
     return false;
 }
 
-// A comment of another kind of file, which Windows takes for a key.
+// Comment syntax of other formats, which Windows reads as a key.
 bool LooksLikeComment(std::wstring_view text) {
     return text.starts_with(L"#") || text.starts_with(L"//") || text.starts_with(L"--");
 }
@@ -38,14 +38,14 @@ void CheckSectionName(const DocumentSection& section, Findings& findings) {
     const std::wstring trimmed(TrimSpaces(PlainName(TrimSpaces(section.name))));
     std::string advice;
     if (IsKnownSection(trimmed)) {
-        advice = "blanks inside the brackets count: write [" + Utf8Of(trimmed) + "]";
+        advice = "spaces inside the brackets are significant: write [" + Utf8Of(trimmed) + "]";
     } else if (const std::wstring closest = ClosestWord(plain, KnownSections()); !closest.empty()) {
         advice = "did you mean [" + Utf8Of(closest) + "]?";
     } else {
-        advice = "remove it, or put a \";\" before its lines";
+        advice = "remove it, or begin its lines with \";\"";
     }
     findings.Warning("unknown-section", section.line,
-                     "no section " + Quoted(section.name) + " is ever read", std::move(advice));
+                     "section " + Quoted(section.name) + " is never read", std::move(advice));
 }
 
 void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Findings& findings) {
@@ -53,14 +53,14 @@ void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Fi
     if (FindKnownKey(plain, entry.key) != nullptr) return;
     if (LooksLikeComment(entry.key)) {
         findings.Warning("not-a-comment", entry.line,
-                         Quoted(entry.key) + " is no comment for Windows, but a key",
+                         Quoted(entry.key) + " is a key for Windows, not a comment",
                          "begin a comment with \";\"");
         return;
     }
     if (const KnownKey* const elsewhere = FindKnownKey(entry.key)) {
         findings.Warning("misplaced-key", entry.line,
                          Quoted(entry.key) + " is not read from [" + Utf8Of(plain) + "]",
-                         "put it into [" + Utf8Of(elsewhere->section) + "]");
+                         "move it to [" + Utf8Of(elsewhere->section) + "]");
         return;
     }
     std::vector<std::wstring> here, anywhere;
@@ -70,7 +70,7 @@ void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Fi
     }
     std::wstring closest = ClosestWord(entry.key, here);
     if (closest.empty()) closest = ClosestWord(entry.key, anywhere);
-    std::string advice = "remove it, or put a \";\" before it";
+    std::string advice = "remove it, or begin the line with \";\"";
     if (const KnownKey* const meant = closest.empty() ? nullptr : FindKnownKey(closest)) {
         advice = "did you mean \"" + Utf8Of(closest) + '"';
         if (!EqualsIgnoringCase(meant->section, plain)) {
@@ -80,7 +80,7 @@ void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Fi
     }
     findings.Warning(
         "unknown-key", entry.line,
-        "no key " + Quoted(entry.key) + " is ever read in [" + Utf8Of(section.name) + ']',
+        "key " + Quoted(entry.key) + " is never read in [" + Utf8Of(section.name) + ']',
         std::move(advice));
 }
 
@@ -90,8 +90,8 @@ void CheckRepeatedKeys(const DocumentSection& section, Findings& findings) {
         const auto [first, isNew] = seen.emplace(ToLowerAscii(entry.key), entry.line);
         if (isNew) continue;
         findings.Warning("repeated-key", entry.line,
-                         Quoted(entry.key) + " stands in " + LineNumber(first->second) +
-                             " already; only the first one counts",
+                         Quoted(entry.key) + " is already in " + LineNumber(first->second) +
+                             "; only the first one is read",
                          "remove one of the two");
     }
 }
@@ -105,9 +105,8 @@ void CheckStructure(const CheckedSettings& settings, Findings& findings) {
         const auto [first, isNew] = seen.emplace(ToLowerAscii(section.name), section.line);
         if (!isNew) {
             findings.Warning("repeated-section", section.line,
-                             "the section " + Quoted(section.name) + " begins in " +
-                                 LineNumber(first->second) +
-                                 " already; Windows reads only that one",
+                             "section " + Quoted(section.name) + " already begins in " +
+                                 LineNumber(first->second) + "; Windows reads only that one",
                              "move the keys there");
         }
         CheckSectionName(section, findings);
@@ -116,18 +115,16 @@ void CheckStructure(const CheckedSettings& settings, Findings& findings) {
         for (const DocumentEntry& entry : section.entries) CheckKeyName(section, entry, findings);
     }
     for (const DocumentEntry& entry : document.entriesAboveSections()) {
-        findings.Warning(
-            "outside-section", entry.line,
-            Quoted(entry.key) + " stands above the first section, where nothing is read",
-            "put it below its [section]");
+        findings.Warning("outside-section", entry.line,
+                         Quoted(entry.key) + " is above the first section, where nothing is read",
+                         "move it below its [section]");
     }
     for (const StrayLine& stray : document.strayLines()) {
         const bool isSection = stray.text.starts_with(L"[");
         findings.Warning(
             "stray-line", stray.line,
             Quoted(stray.text) + (isSection ? " has no closing \"]\"" : " has no \"=\""),
-            isSection ? "close the bracket; the keys below it belong to the section "
-                        "above otherwise"
+            isSection ? "close the bracket; otherwise the keys below it belong to the section above"
                       : "write key=value, or begin a comment with \";\"");
     }
 }
@@ -144,18 +141,17 @@ void CheckAdditiveSections(const CheckedSettings& settings, Findings& findings) 
             if (known->source == SettingSource::MainFile) {
                 findings.Warning("additive-unread", entry.line,
                                  Quoted(entry.key) + " is read from [" + Utf8Of(plain) + "] only",
-                                 "put it there");
+                                 "move it there");
             } else if (overriding != nullptr && !overriding->value.empty()) {
                 findings.Warning("additive-overridden", entry.line,
                                  Quoted(entry.key) + " has a value in [" + Utf8Of(plain) + "] (" +
-                                     LineNumber(overriding->line) +
-                                     "), so that this one is not asked for",
-                                 "put both into one of the two sections");
+                                     LineNumber(overriding->line) + "), so this one is not read",
+                                 "move both to one of the two sections");
             } else if (!AllowsLeadingSpace(known->form)) {
                 findings.Warning("additive-blank", entry.line,
-                                 "a value of a \"+\" section comes with a blank before it, which " +
-                                     Quoted(entry.key) + " does not bear",
-                                 "put it into [" + Utf8Of(plain) + "]");
+                                 "the value of a \"+\" section has a leading space, which " +
+                                     Quoted(entry.key) + " does not allow",
+                                 "move it to [" + Utf8Of(plain) + "]");
             }
         }
     }

@@ -7,13 +7,13 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-TEST(StructureRulesTest, AcceptsWhatTheLauncherReads) {
+TEST(StructureRulesTest, AcceptsKnownSectionsAndKeys) {
     EXPECT_THAT(
         Check(CheckStructure, L"[application]\nFAILURE CHECK=Yes\n[Display+]\nSplash Screen=x"),
         IsEmpty());
 }
 
-TEST(StructureRulesTest, KnowsWhichSectionWasMeant) {
+TEST(StructureRulesTest, SuggestsTheIntendedSection) {
     EXPECT_THAT(Check(CheckStructure, L"[Aplication]\nx=y"),
                 ElementsAre("1 warning unknown-section"));
     EXPECT_EQ(AdviceOf(CheckStructure, L"[Aplication]"), "did you mean [Application]?");
@@ -23,7 +23,7 @@ TEST(StructureRulesTest, KnowsWhichSectionWasMeant) {
     EXPECT_THAT(AdviceOf(CheckStructure, L"[Colours]"), HasSubstr("remove it"));
 }
 
-TEST(StructureRulesTest, KnowsWhichKeyWasMeant) {
+TEST(StructureRulesTest, SuggestsTheIntendedKey) {
     EXPECT_THAT(Check(CheckStructure, L"[Application]\n\nFailure Chek=Yes"),
                 ElementsAre("3 warning unknown-key"));
     EXPECT_EQ(AdviceOf(CheckStructure, L"[Application]\nFailure Chek=Yes"),
@@ -35,25 +35,25 @@ TEST(StructureRulesTest, KnowsWhichKeyWasMeant) {
               "did you mean \"JVM Type\" of [Java Runtime Environment]?");
 }
 
-TEST(StructureRulesTest, TellsWhereAKeyBelongs) {
+TEST(StructureRulesTest, SuggestsTheRightSectionOfAKey) {
     EXPECT_THAT(Check(CheckStructure, L"[Application]\nMain Class=a.B"),
                 ElementsAre("2 warning misplaced-key"));
     EXPECT_EQ(AdviceOf(CheckStructure, L"[Application]\nMain Class=a.B"),
-              "put it into [Java Runtime Environment]");
+              "move it to [Java Runtime Environment]");
 }
 
-TEST(StructureRulesTest, OnlyTheFirstOfTwoCounts) {
+TEST(StructureRulesTest, WarnsAboutRepeatedSectionsAndKeys) {
     EXPECT_THAT(Check(CheckStructure, L"[Application]\nCmd=1\ncmd=2\n[APPLICATION]\nCmd=3"),
                 ElementsAre("3 warning repeated-key", "4 warning repeated-section"));
 }
 
-TEST(StructureRulesTest, NoticesWhatIsNoSetting) {
+TEST(StructureRulesTest, WarnsAboutLinesThatAreNotSettings) {
     EXPECT_THAT(Check(CheckStructure, L"Cmd=1\n[Application]\n# x=y\nword\n[Open"),
                 ElementsAre("1 warning outside-section", "3 warning not-a-comment",
                             "4 warning stray-line", "5 warning stray-line"));
 }
 
-TEST(AdditiveRulesTest, AreForLists) {
+TEST(AdditiveRulesTest, WarnAboutValuesThatAreNotLists) {
     EXPECT_THAT(
         Check(CheckAdditiveSections,
               L"[Java Runtime Environment+]\nVirtual Machine Parameters=-Xmx1g\n[Class Path+]\n"
@@ -65,14 +65,14 @@ TEST(AdditiveRulesTest, AreForLists) {
                 ElementsAre("2 warning additive-blank"));
 }
 
-TEST(AdditiveRulesTest, GiveWayToPlainOnes) {
+TEST(AdditiveRulesTest, WarnAboutOverriddenValues) {
     EXPECT_THAT(Check(CheckAdditiveSections, L"[Application]\nCmd=x\n[Application+]\nCmd=y"),
                 ElementsAre("4 warning additive-overridden"));
     EXPECT_THAT(Check(CheckAdditiveSections, L"[Application]\nCmd=\n[Application+]\nCmd=y"),
                 IsEmpty());
 }
 
-TEST(AdditiveRulesTest, DoNotExistForWhatIsReadFromTheFileAlone) {
+TEST(AdditiveRulesTest, WarnAboutKeysThatAreReadFromTheMainFileOnly) {
     EXPECT_THAT(Check(CheckAdditiveSections, L"[Display+]\nSplash Screen=a.png"),
                 ElementsAre("2 warning additive-unread"));
 }

@@ -18,7 +18,7 @@ std::string TextOf(const RuntimeVersion& version) {
     return Utf8Of(FormatVersion(version));
 }
 
-// "8" for a runtime that is registered as "1.8".
+// For example "8" for a runtime that is registered as "1.8".
 bool IsOldNumberWithoutOne(const RuntimeVersion& version) {
     return version.count > 0 && version.parts[0] >= 2 && version.parts[0] <= kLastOfOldNumbering;
 }
@@ -30,16 +30,16 @@ void CheckBound(const std::string& name, const Setting& bound, Findings& finding
         const bool isAny = EqualsIgnoringCase(TrimSpaces(bound.text), L"any");
         findings.Warning(
             "version", bound.line,
-            Quoted(bound.text) + " is no version: \"" + name + "\" counts as 0.0.0.0",
-            isAny ? "write any, in small letters" : "write a version such as 17, or any");
+            Quoted(bound.text) + " is not a version: \"" + name + "\" is read as 0.0.0.0",
+            isAny ? "write any, in lower case" : "write a version such as 17, or any");
     } else if (!ParseVersion(bound.text, 0, version)) {
         findings.Warning("version", bound.line,
                          "a number of " + Quoted(bound.text) + " is too large: \"" + name +
-                             "\" counts as 0.0.0.0",
+                             "\" is read as 0.0.0.0",
                          "write a version such as 17, or any");
     } else if (version.count > 4) {
         findings.Note("version", bound.line,
-                      "only the first four numbers of " + Quoted(bound.text) + " count");
+                      "only the first four numbers of " + Quoted(bound.text) + " are used");
     }
 }
 
@@ -60,14 +60,15 @@ void CheckOrder(const CheckedSettings& settings, const Setting& minimum, const S
     if (HasDigit(maximum.text) && CompareVersions(lowest, highest) > 0) {
         findings.Error("no-version-fits", maximum.line,
                        "the minimum " + TextOf(lowest) + " is above the maximum " +
-                           TextOf(highest) + ": no registered runtime fits",
+                           TextOf(highest) + ": no registered runtime qualifies",
                        "exchange the two, or write Maximum Version=any");
         return;
     }
     if (maximum.text == L"any" || HasDigit(maximum.text) || HasOwnRuntime(settings)) return;
-    findings.Warning("no-maximum", maximum.line,
-                     "without a \"Maximum Version\" no registered runtime fits that has a version",
-                     "write Maximum Version=any");
+    findings.Warning(
+        "no-maximum", maximum.line,
+        "without a \"Maximum Version\" no registered runtime with a version number qualifies",
+        "write Maximum Version=any");
 }
 
 void CheckPreferred(const Setting& preferred, const Setting& minimum, const Setting& maximum,
@@ -79,9 +80,9 @@ void CheckPreferred(const Setting& preferred, const Setting& minimum, const Sett
         if (!ParseVersion(piece, 0, first)) {
             findings.Warning("preferred-version", preferred.line,
                              Quoted(piece) +
-                                 " among \"Preferred versions\" stands for any version, "
-                                 "so that nothing behind it counts",
-                             "write versions with \";\" between them, and none at the end");
+                                 " among \"Preferred versions\" matches any version, so nothing "
+                                 "after it is used",
+                             "write versions separated by \";\", without one at the end");
             continue;
         }
         ParseVersion(piece, kOpenPart, last);
@@ -89,7 +90,7 @@ void CheckPreferred(const Setting& preferred, const Setting& minimum, const Sett
             (HasDigit(maximum.text) && CompareVersions(first, highest) > 0)) {
             findings.Warning("preferred-version", preferred.line,
                              "the preferred version " + Quoted(piece) + " is outside the bounds",
-                             "widen \"Minimum Version\" and \"Maximum Version\", or leave it out");
+                             "widen \"Minimum Version\" and \"Maximum Version\", or remove it");
         }
     }
 }

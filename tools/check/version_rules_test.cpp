@@ -11,14 +11,14 @@ std::wstring Java(const std::wstring& lines) {
     return L"[Java Runtime Environment]\n" + lines;
 }
 
-TEST(VersionRulesTest, AcceptsBoundsThatAdmitSomething) {
+TEST(VersionRulesTest, AcceptsBoundsThatAdmitARuntime) {
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=1.8\nMaximum Version=any")), IsEmpty());
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=11\nMaximum Version=11")), IsEmpty());
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=any\nMaximum Version=17.0.2")),
                 IsEmpty());
 }
 
-TEST(VersionRulesTest, AMinimumAboveTheMaximumAdmitsNothing) {
+TEST(VersionRulesTest, RejectsAMinimumAboveTheMaximum) {
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=17\nMaximum Version=11")),
                 ElementsAre("3 error no-version-fits"));
     // 8 is above 1.8 for everybody who compares numbers.
@@ -26,7 +26,7 @@ TEST(VersionRulesTest, AMinimumAboveTheMaximumAdmitsNothing) {
                 ElementsAre("2 warning old-numbering", "3 error no-version-fits"));
 }
 
-TEST(VersionRulesTest, AMissingMaximumShutsRegisteredRuntimesOut) {
+TEST(VersionRulesTest, WarnsAboutAMissingMaximum) {
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=11")),
                 ElementsAre("0 warning no-maximum"));
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=11\nMaximum Version=Any")),
@@ -34,7 +34,7 @@ TEST(VersionRulesTest, AMissingMaximumShutsRegisteredRuntimesOut) {
     EXPECT_THAT(Check(CheckVersions, Java(L"JRE Path=C:\\jre")), IsEmpty());
 }
 
-TEST(VersionRulesTest, WhatIsNoVersionIsNoticed) {
+TEST(VersionRulesTest, WarnsAboutInvalidVersions) {
     const std::wstring open = L"\nMaximum Version=any";
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=latest" + open)),
                 ElementsAre("2 warning version"));
@@ -44,7 +44,7 @@ TEST(VersionRulesTest, WhatIsNoVersionIsNoticed) {
                 ElementsAre("2 note version"));
 }
 
-TEST(VersionRulesTest, PreferredVersionsLieWithinTheBounds) {
+TEST(VersionRulesTest, WarnsAboutPreferredVersionsOutsideTheBounds) {
     const std::wstring bounds = L"Minimum Version=11\nMaximum Version=17\n";
     EXPECT_THAT(Check(CheckVersions, Java(bounds + L"Preferred versions=17;11.0.2")), IsEmpty());
     EXPECT_THAT(Check(CheckVersions, Java(bounds + L"Preferred versions=21;1.8")),

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::wstring_view kStart = L"-XX:";
 
-// A flag as it is written: "-XX:+Name", "-XX:-Name", "-XX:Name=value".
+// A flag in one of its forms: "-XX:+Name", "-XX:-Name", "-XX:Name=value".
 struct WrittenFlag {
     std::string name;
     bool isSwitch = false;
@@ -33,7 +33,7 @@ WrittenFlag ReadFlag(std::wstring_view option) {
     return flag;
 }
 
-// What the JVM reads itself before it knows any flag.
+// Flags that the JVM processes before the flag table, where they are not listed.
 bool IsReadEarly(const std::string& name) {
     return name == "Flags" || name == "VMOptionsFile" || name == "IgnoreUnrecognizedVMOptions" ||
            name.starts_with("StartFlightRecording") || name.starts_with("FlightRecorderOptions") ||
@@ -67,7 +67,7 @@ class FlagChecker {
         if (written.name == "IgnoreUnrecognizedVMOptions") ignoresUnknown_ = true;
     }
 
-    // An error where no admitted version would start, a warning where some would.
+    // Reports an error when no admitted version would start, otherwise a warning.
     void Report(VersionSet refusing, std::string message, std::string advice) {
         if (ignoresUnknown_ || refusing == 0) return;
         if (refusing == admitted_) {
@@ -83,7 +83,8 @@ class FlagChecker {
         if (advice.empty()) {
             advice = closest.empty() ? "remove it" : "did you mean " + Utf8Of(closest) + "?";
         }
-        Report(admitted_, "no JVM from 11 to 25 knows " + Quoted(option) + ", and refuses to start",
+        Report(admitted_,
+               "no JVM from 11 to 25 accepts " + Quoted(option) + ": it refuses to start",
                std::move(advice));
     }
 
@@ -92,7 +93,7 @@ class FlagChecker {
         const VersionSet ignoring = admitted_ & flag.ignored;
         std::string advice(SuccessorOf(flag.name));
         if (refusing != 0) {
-            if (advice.empty()) advice = "remove it, or bound the versions";
+            if (advice.empty()) advice = "remove it, or restrict the versions";
             Report(refusing, "Java " + NameVersions(refusing) + " refuses " + Quoted(option),
                    advice);
         } else if (ignoring != 0) {
@@ -110,11 +111,11 @@ class FlagChecker {
             Report(admitted_, Quoted(option) + " is a switch, which the JVM refuses in this form",
                    "write -XX:+" + name + " or -XX:-" + name);
         } else if (written.isSwitch || !written.hasValue) {
-            Report(admitted_, Quoted(option) + " wants a value, the JVM refuses it in this form",
+            Report(admitted_, Quoted(option) + " requires a value: the JVM refuses it in this form",
                    "write -XX:" + name + "=<value>");
         } else if (flag.kind == FlagKind::Number && !HasVariable(option) &&
                    !IsNumber(written.value)) {
-            Report(admitted_, Quoted(option) + " wants a number, the JVM refuses it",
+            Report(admitted_, Quoted(option) + " requires a number: the JVM refuses it",
                    "write a whole number, with k, m or g for a size");
         }
     }
@@ -134,13 +135,13 @@ class FlagChecker {
     void CheckLock(std::wstring_view option, const VmFlag& flag) {
         if (!hasDiagnostic_) {
             Report(admitted_ & flag.diagnostic,
-                   Quoted(option) + " is a diagnostic option, which is refused by itself",
+                   Quoted(option) + " is a diagnostic option, which is locked by default",
                    "write -XX:+UnlockDiagnosticVMOptions before it, or remove it");
         }
         if (!hasExperimental_) {
             Report(admitted_ & flag.experimental,
                    Quoted(option) + " is experimental in Java " +
-                       NameVersions(admitted_ & flag.experimental) + ", and refused by itself",
+                       NameVersions(admitted_ & flag.experimental) + ", and locked by default",
                    "write -XX:+UnlockExperimentalVMOptions before it, or remove it");
         }
     }
@@ -156,7 +157,7 @@ class FlagChecker {
 }  // namespace
 
 void CheckVmFlags(const CheckedSettings& settings, Findings& findings) {
-    if (!HasUsualJvm(settings)) return;
+    if (!AdmitsHotSpot(settings)) return;
     const WrittenOptions written = JvmOptionsOf(settings);
     FlagChecker checker(AdmittedVersions(settings), written.line, findings);
     for (const std::wstring& option : written.options) {

@@ -15,7 +15,7 @@ void Store(Bytes& content, std::size_t at, std::uint32_t value, std::size_t byte
 
 ByteSpan ByteReader::Part(std::size_t at, std::size_t size) const {
     if (at > content_.size() || content_.size() - at < size) {
-        throw Failure("is cut short or broken");
+        throw Failure("is truncated or corrupt");
     }
     return content_.subspan(at, size);
 }

@@ -12,8 +12,8 @@ namespace tarn::tools {
 
 using ByteSpan = std::span<const std::byte>;
 
-/// Reads little-endian numbers at offsets that a file claims. What reaches outside throws Failure,
-/// whose message says only that the file is cut short: the caller knows the file's name.
+/// Reads little-endian numbers at offsets taken from untrusted data. Access out of bounds throws a
+/// Failure without the file's name, which the caller knows.
 class ByteReader {
   public:
     explicit ByteReader(ByteSpan content) : content_(content) {}
@@ -33,7 +33,7 @@ class ByteReader {
     ByteSpan content_;
 };
 
-/// Puts little-endian numbers behind each other.
+/// Appends little-endian numbers and bytes.
 class ByteWriter {
   public:
     std::size_t Size() const { return content_.size(); }
@@ -43,10 +43,10 @@ class ByteWriter {
     void Put(ByteSpan bytes) { content_.insert(content_.end(), bytes.begin(), bytes.end()); }
     void Text(std::u16string_view text);
 
-    /// Zeros up to the next multiple of `step`.
+    /// Appends zeros up to the next multiple of `step`.
     void Align(std::size_t step);
 
-    /// Changes a number that was written before.
+    /// Overwrites a number written before.
     void SetU16(std::size_t at, std::uint32_t value);
     void SetU32(std::size_t at, std::uint32_t value);
 
@@ -58,7 +58,7 @@ class ByteWriter {
     Bytes content_;
 };
 
-/// Changes a number inside existing bytes, which hold it for certain.
+/// Overwrites a number in existing bytes; the offset must be valid.
 void StoreU16(Bytes& content, std::size_t at, std::uint32_t value);
 void StoreU32(Bytes& content, std::size_t at, std::uint32_t value);
 

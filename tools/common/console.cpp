@@ -7,7 +7,7 @@
 namespace tarn::tools {
 namespace {
 
-bool WantsColors() {
+bool AllowsColors() {
     const char* value = std::getenv("NO_COLOR");
     return value == nullptr || *value == '\0';
 }
@@ -51,8 +51,8 @@ Console::Console(std::FILE* output, std::FILE* errors, bool outputIsTerminal,
                  bool errorsAreTerminal)
     : output_(output),
       errors_(errors),
-      outputHasColors_(outputIsTerminal && WantsColors()),
-      errorsHaveColors_(errorsAreTerminal && WantsColors()),
+      outputHasColors_(outputIsTerminal && AllowsColors()),
+      errorsHaveColors_(errorsAreTerminal && AllowsColors()),
       errorsAreTerminal_(errorsAreTerminal) {}
 
 void Console::Print(std::string_view text) const {

@@ -32,7 +32,7 @@ TEST_F(ConsoleOutput, HasNeitherColorsNorProgressInAFile) {
     EXPECT_EQ(TextOf(errors_), "tarn: error: broken\n");
 }
 
-TEST_F(ConsoleOutput, TakesTheProgressLineAwayBeforeAnError) {
+TEST_F(ConsoleOutput, ErasesTheProgressLineBeforeAnError) {
     const Console console(output_, errors_, true, true);
     console.ShowProgress("half");
     console.PrintWarning("odd");

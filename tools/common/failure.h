@@ -22,8 +22,8 @@ class Failure : public std::runtime_error {
     Failure(const std::filesystem::path& file, std::string_view problem);
 };
 
-/// Calls `function`, which works on a file's bytes, and puts the file's name in front of the
-/// message of a Failure.
+/// Calls `function`, which works on a file's bytes, and prefixes the message of a Failure with the
+/// file's name.
 template <typename Function>
 auto WithFileName(const std::filesystem::path& file, const Function& function) {
     try {

@@ -10,7 +10,7 @@
 
 namespace tarn::tools {
 
-/// For tests: a folder of its own for each, gone afterwards.
+/// For tests: a folder for each test, removed afterwards.
 class FolderTest : public testing::Test {
   protected:
     void SetUp() override {

@@ -21,6 +21,9 @@ UniqueStream OpenRegularFile(const std::filesystem::path& file);
 /// failure the result is null and `errno` says why.
 UniqueStream CreateNewFile(const std::filesystem::path& file);
 
+/// Whether a path is a symbolic link or, on Windows, a junction. False when it does not exist.
+bool IsLink(const std::filesystem::path& path);
+
 /// The folder of this program's executable; empty when the system does not report it.
 std::filesystem::path ProgramFolder();
 

@@ -28,6 +28,11 @@ UniqueStream CreateNewFile(const std::filesystem::path& file) {
     return UniqueStream(descriptor < 0 ? nullptr : fdopen(descriptor, "wb"));
 }
 
+bool IsLink(const std::filesystem::path& path) {
+    std::error_code error;
+    return std::filesystem::is_symlink(path, error);
+}
+
 std::filesystem::path ProgramFolder() {
     std::error_code error;
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();

@@ -74,6 +74,17 @@ UniqueStream CreateNewFile(const std::filesystem::path& file) {
     return StreamOf(handle, _O_WRONLY | _O_BINARY, L"wb");
 }
 
+bool IsLink(const std::filesystem::path& path) {
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW(path.c_str(), &found);
+    if (search == INVALID_HANDLE_VALUE) return false;
+    FindClose(search);
+    // Files in cloud storage are reparse points, too.
+    return (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
+           (found.dwReserved0 == IO_REPARSE_TAG_SYMLINK ||
+            found.dwReserved0 == IO_REPARSE_TAG_MOUNT_POINT);
+}
+
 std::filesystem::path ProgramFolder() {
     return std::filesystem::path(ModuleFolder().value_or(std::wstring()));
 }

@@ -13,8 +13,9 @@ bool IsHighSurrogate(char32_t character) {
     return character >= 0xD800 && character <= 0xDBFF;
 }
 
-// Takes the next character off the front of `text`; of a broken sequence, its first byte.
-char32_t TakeCharacter(std::string_view& text) {
+// Removes and returns the first character of `text`; of an invalid sequence, its first byte as
+// U+FFFD.
+char32_t ConsumeCharacter(std::string_view& text) {
     const auto byte = [&](std::size_t at) { return static_cast<unsigned char>(text[at]); };
     const unsigned char first = byte(0);
     const std::size_t length = first < 0x80             ? 1
@@ -48,7 +49,7 @@ std::basic_string<Unit> FromUtf8(std::string_view utf8) {
     std::basic_string<Unit> text;
     text.reserve(utf8.size());
     while (!utf8.empty()) {
-        char32_t character = TakeCharacter(utf8);
+        char32_t character = ConsumeCharacter(utf8);
         if (sizeof(Unit) == 2 && character > 0xFFFF) {
             character -= 0x10000;
             text += static_cast<Unit>(0xD800 + (character >> 10));

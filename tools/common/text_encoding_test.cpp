@@ -5,13 +5,13 @@
 namespace tarn::tools {
 namespace {
 
-TEST(TextEncoding, GoesThereAndBack) {
+TEST(TextEncoding, IsConvertedInBothDirections) {
     const std::string text = "a \xC3\xA4 \xE2\x82\xAC \xF0\x9F\x98\x80";
     EXPECT_EQ(WideOf(text), L"a \u00E4 \u20AC \U0001F600");
     EXPECT_EQ(Utf8Of(WideOf(text)), text);
 }
 
-TEST(TextEncoding, ReplacesBytesThatAreNoUtf8) {
+TEST(TextEncoding, ReplacesInvalidUtf8) {
     EXPECT_EQ(WideOf("\xFF"
                      "a"),
               L"\uFFFDa");
@@ -33,7 +33,7 @@ TEST(TextEncoding, WritesUtf16InSurrogatePairs) {
     EXPECT_EQ(Utf8Of(Utf16Of(text)), text);
 }
 
-TEST(TextEncoding, KeepsLettersOfAPath) {
+TEST(TextEncoding, PreservesThePath) {
     const std::string typed = "caf\xC3\xA9/\xD0\xB6.ini";
     EXPECT_EQ(Utf8OfPath(PathOf(typed)), typed);
 }

@@ -5,8 +5,8 @@
 
 namespace tarn::tools {
 
-/// While it lives, the launcher's own steps tell their messages here instead of showing them. One
-/// at a time.
+/// Collects the launcher's messages instead of showing them, during its lifetime. One instance at a
+/// time.
 class CapturedMessages {
   public:
     CapturedMessages();
@@ -15,7 +15,7 @@ class CapturedMessages {
     CapturedMessages(const CapturedMessages&) = delete;
     CapturedMessages& operator=(const CapturedMessages&) = delete;
 
-    /// The messages since the last call, in UTF-8.
+    /// Returns and removes the messages since the last call, in UTF-8.
     static std::vector<std::string> Take();
 };
 

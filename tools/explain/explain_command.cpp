@@ -12,20 +12,20 @@ constexpr char kFooter[] =
     "  tarn explain C:\\Apps\\sample.exe\n"
     "  tarn explain sample.exe --json > report.json\n"
     "  tarn explain sample.exe -- -nosplash \"C:\\My Files\\letter.txt\"\n"
-    "What stands behind -- is the rest of the launch's command line, taken as it is typed.\n"
-    "No JVM is created and nothing is written. The runtime's jvm.dll is loaded to be asked for\n"
-    "its default stack size. Run it as the user, and in the folder, of the launch in question.";
+    "Everything after -- is the rest of the launch's command line, taken verbatim.\n"
+    "No JVM is created and nothing is written. The runtime's jvm.dll is loaded to query "
+    "its\ndefault stack size. Run the command as the user and in the directory of the launch.";
 
 }  // namespace
 
 void AddExplainCommand(CLI::App& app, const Console& console, int& exitCode) {
     CLI::App* const command =
-        app.add_subcommand("explain", "Tells what a launch would do here and now, and why");
+        app.add_subcommand("explain", "Explains what a launch would do on this machine, and why");
     command->footer(kFooter);
     const auto request = std::make_shared<ExplainRequest>();
     command->add_option("NAME.exe", request->program, "The application's executable")->required();
-    command->add_option("ARGS", request->arguments, "Arguments of the launch, behind --");
-    command->add_flag("--json", request->json, "Report for programs (docs/user/explain.md)");
+    command->add_option("ARGS", request->arguments, "Arguments of the launch, after --");
+    command->add_flag("--json", request->json, "Print the report as JSON (docs/user/explain.md)");
     command->callback([request, &console, &exitCode] {
         Explain(*request, console);
         exitCode = kSuccess;

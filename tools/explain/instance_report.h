@@ -8,12 +8,12 @@
 
 namespace tarn::tools {
 
-/// What single instance would come to for a launch with these arguments: looks for the block of a
-/// running instance and reads it; makes nothing and asks nobody.
+/// What "Single Instance" would do for a launch with these arguments. Reads the shared block of a
+/// running instance; creates nothing and sends no message.
 InstanceReport ReportInstance(const std::wstring& programPath, const Settings& settings,
                               const std::vector<std::wstring>& arguments);
 
-/// What a second instance would do: the outcome of the whole launch.
+/// The outcome of a launch that is a second instance.
 OutcomeReport OutcomeOfSecond(const InstanceReport& instance);
 
 }  // namespace tarn::tools

@@ -45,7 +45,7 @@ void ReadBlock(const SharedBlock& block, const std::vector<std::wstring>& argume
     if (!EncodeArguments(arguments, area)) {
         report.reason = "the arguments are too long to hand over";
     } else if (!ThreadRuns(block.listenerThreadId)) {
-        report.reason = "nobody listens any more";
+        report.reason = "its listener has ended";
     }
 }
 
@@ -69,19 +69,19 @@ InstanceReport ReportInstance(const std::wstring& programPath, const Settings& s
         if (GetLastError() == ERROR_FILE_NOT_FOUND) {
             report.state = "first";
         } else {
-            MarkUnusable(report, "something else bears the name of the shared block");
+            MarkUnusable(report, "another object has the name of the shared block");
         }
         return report;
     }
     const UniqueFileView view(
         MapViewOfFile(mapping.get(), FILE_MAP_WRITE, 0, 0, sizeof(SharedBlock)));
     if (!view) {
-        MarkUnusable(report, "the shared block is smaller than it should be");
+        MarkUnusable(report, "the shared block is too small");
         return report;
     }
     MEMORY_BASIC_INFORMATION region;
     if (VirtualQuery(view.get(), &region, sizeof region) == 0 || region.State != MEM_COMMIT) {
-        MarkUnusable(report, "the shared block has no memory behind it");
+        MarkUnusable(report, "the shared block is not committed");
         return report;
     }
     ReadBlock(*static_cast<const SharedBlock*>(view.get()), arguments, report);
@@ -91,18 +91,18 @@ InstanceReport ReportInstance(const std::wstring& programPath, const Settings& s
 OutcomeReport OutcomeOfSecond(const InstanceReport& instance) {
     if (!instance.reason.empty()) {
         return {"fails", -1,
-                "Another instance runs, but " + instance.reason + "; nothing is shown."};
+                "Another instance is running, but " + instance.reason + "; nothing is shown."};
     }
     OutcomeReport outcome;
     outcome.kind = "hands-over";
     const std::string process = "process " + std::to_string(instance.processId);
     if (UniqueHandle(OpenProcess(PROCESS_QUERY_INFORMATION, FALSE, instance.processId))) {
-        outcome.summary = "Hands its arguments to the instance that runs already (" + process +
-                          ") and ends with its answer.";
+        outcome.summary = "Hands its arguments to the running instance (" + process +
+                          ") and exits with its answer.";
     } else {
         outcome.exitCode = 0;
         outcome.summary = "Hands its arguments to an instance whose process (" + process +
-                          ") cannot be opened, and ends.";
+                          ") cannot be opened, and exits.";
     }
     return outcome;
 }

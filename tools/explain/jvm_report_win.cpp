@@ -12,8 +12,8 @@
 namespace tarn::tools {
 namespace {
 
-// Each parameter becomes one option, and they are the last ones. Without a class path the launcher
-// has read none of them.
+// Each parameter becomes one option, after all others. Without a class path the launcher does not
+// read the parameters.
 void ReportPercentages(const std::wstring& parameters, JvmReport& report) {
     const std::vector<std::wstring> tokens = SplitVmParameters(parameters);
     if (tokens.size() >= report.options.size()) return;

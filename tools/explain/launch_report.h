@@ -1,5 +1,5 @@
-// What a launch would do, as plain facts in UTF-8. Words that stand for one of a few cases are the
-// ones that docs/user/explain.md lists; support tools read them.
+// What a launch would do, as plain data in UTF-8. Keywords and field names are a published
+// contract, listed in docs/user/explain.md.
 #pragma once
 
 #include <cstddef>
@@ -12,26 +12,26 @@ namespace tarn::tools {
 
 struct ProgramReport {
     std::string path;
-    /// Empty when the path does not lead to one.
+    /// Empty when it cannot be derived from the path.
     std::string settingsFile;
     bool settingsFileExists = false;
     std::string perUserFile;
     bool perUserFileExists = false;
     bool hasBuiltInSettings = false;
     std::string commandLine;
-    /// Of the command line alone, as the launcher splits it.
+    /// The command line as the launcher splits it, without "Cmd".
     std::vector<std::string> arguments;
 };
 
 struct SettingReport {
     std::string section;
     std::string key;
-    /// As the launch gets it, all layers taken together.
+    /// The effective value of all layers.
     std::string value;
-    /// Where it comes from: "file", "additive", "built-in", "built-in+additive", "per-user",
+    /// The layer of the value: "file", "additive", "built-in", "built-in+additive", "per-user",
     /// "none".
     std::string layer;
-    /// What the launch makes of it, where that is not the text as it stands.
+    /// How the launch interprets the value, unless it uses the text itself.
     std::string meaning;
 };
 
@@ -42,10 +42,10 @@ struct InstanceReport {
     std::string blockName;
     std::string messageName;
     std::string eventName;
-    /// Of the instance that runs; 0 when there is none.
+    /// Of the running instance; 0 without one.
     std::uint32_t processId = 0;
     std::uint32_t listenerThreadId = 0;
-    /// Room that the arguments take in the shared block, in bytes, and how much there is.
+    /// Bytes that the arguments take in the shared block, and its capacity.
     std::size_t argumentBytes = 0;
     std::size_t argumentRoom = 0;
 };
@@ -54,7 +54,7 @@ struct SubkeyLine {
     std::string name;
     std::string version;
     std::string home;
-    /// For a candidate only.
+    /// The following fields are for candidates only.
     bool isCandidate = false;
     bool server = false;
     bool favored = false;
@@ -73,7 +73,7 @@ struct SourceLine {
     std::string source;
     std::string verdict;
     std::string home;
-    /// The preferred version that chose, if one did.
+    /// The preferred version that decided, if any.
     std::optional<std::string> preferred;
     std::vector<RootLine> roots;
 };
@@ -83,9 +83,9 @@ struct RuntimeReport {
     std::vector<SourceLine> sources;
     std::string home;
     std::string jvmLibrary;
-    /// From the registry; empty when it did not come from there.
+    /// From the registry; empty for other sources.
     std::string registeredVersion;
-    /// What the runtime's own file `release` says; empty when there is none.
+    /// From the runtime's file `release`; empty when there is none.
     std::string releaseVersion;
     /// From the version information of `jvm.dll`; empty when it has none.
     std::string libraryVersion;
@@ -113,12 +113,13 @@ struct SplashReport {
     std::string image;
     bool imageExists = false;
     bool shadow = false;
-    /// For the own window although the runtime's library was wanted: "no-library", "unusable".
+    /// Why the launcher's own window is used although the native splash is preferred: "no-library",
+    /// "unusable".
     std::string nativeFailure;
 };
 
 struct PercentageReport {
-    /// As written in the settings, and as the JVM gets it.
+    /// As written in the settings, and as passed to the JVM.
     std::string written;
     std::string option;
 };
@@ -126,9 +127,9 @@ struct PercentageReport {
 struct OutputReport {
     /// "output" or "error".
     std::string stream;
-    /// With its time-stamp picture.
+    /// With its time stamp format.
     std::string name;
-    /// As it would be at the moment of the report.
+    /// As it would be at the time of the report.
     std::string file;
     bool hasPicture = false;
     bool append = false;
@@ -139,9 +140,9 @@ struct JvmReport {
     /// The directory that the class path's empty element stands for; empty without such an element.
     std::string classPathDirectory;
     bool classPathDirectoryIsOwn = false;  ///< whether that is the executable's folder
-    /// In their order, as the JVM reads their bytes. "abort" and "exit" follow them.
+    /// In order, as the JVM decodes their bytes. The hooks "abort" and "exit" follow.
     std::vector<std::string> options;
-    /// For `main`: the launch's and those of "Cmd".
+    /// The arguments of `main`: the command line's and those of "Cmd".
     std::vector<std::string> arguments;
     std::uint64_t stackSize = 0;
     /// "option", "runtime" or "executable".
@@ -157,20 +158,20 @@ struct JvmReport {
 
 struct MessageReport {
     std::string text;
-    /// The launch goes on once the user has closed it.
+    /// Whether the launch continues after the user closes the message.
     bool launchGoesOn = false;
 };
 
 struct OutcomeReport {
     /// "starts-java", "fails", "asks-for-runtime", "starts-paired-program" or "hands-over".
     std::string kind = "fails";
-    /// Empty where it is decided elsewhere.
+    /// Empty when Java, another program or the user decides it.
     std::optional<std::int32_t> exitCode;
     /// One sentence.
     std::string summary;
 };
 
-/// What was not reached before the launch ends is absent.
+/// Parts that the launch does not reach are absent.
 struct LaunchReport {
     OutcomeReport outcome;
     std::vector<MessageReport> messages;

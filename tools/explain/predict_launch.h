@@ -8,10 +8,10 @@
 
 namespace tarn::tools {
 
-/// Goes through a launch of the program up to where the JVM would be created, and tells what it
-/// came to. `argumentText` is what would stand behind the program's name on its command line. No
-/// JVM is created and no window, file, registry value or shared object is made; this process's own
-/// environment, directory and locale become the launch's, and the runtime's libraries are loaded.
+/// Runs the steps of a launch up to the creation of the JVM and reports their results.
+/// `argumentText` is the command line after the program's name. Creates no JVM, window, file,
+/// registry value or shared object. Changes this process's environment, current directory and
+/// locale to those of the launch, and loads the runtime's libraries.
 LaunchReport PredictLaunch(const ProgramFile& program, std::wstring_view argumentText);
 
 }  // namespace tarn::tools

@@ -39,10 +39,11 @@ std::wstring CurrentDirectory() {
     return folder;
 }
 
-/// The steps of one launch, in the launcher's order. Each returns false when the launch ends there.
-class Forecast {
+/// The steps of one launch, in the launcher's order. Each returns false when it ends the launch.
+class LaunchPrediction {
   public:
-    Forecast(const ProgramFile& program, std::wstring_view argumentText) : path_(program.path()) {
+    LaunchPrediction(const ProgramFile& program, std::wstring_view argumentText)
+        : path_(program.path()) {
         std::wstring commandLine = L'"' + path_ + L'"';
         if (!argumentText.empty()) commandLine += L' ' + std::wstring(argumentText);
         arguments_ = ArgumentsOf(commandLine);
@@ -67,7 +68,7 @@ class Forecast {
         return false;
     }
 
-    /// Takes over the messages that the last step has told.
+    /// Moves the messages of the last step into the report.
     bool TakeMessages(bool launchGoesOn) {
         bool any = false;
         for (std::string& text : CapturedMessages::Take()) {
@@ -78,8 +79,8 @@ class Forecast {
     }
 
     bool Fail(const char* why) {
-        const bool told = TakeMessages(false);
-        return End("fails", kFailedStart, told ? why : std::string(why) + " Nothing is shown.");
+        const bool isShown = TakeMessages(false);
+        return End("fails", kFailedStart, isShown ? why : std::string(why) + " Nothing is shown.");
     }
 
     bool ReadAllSettings() {
@@ -123,7 +124,7 @@ class Forecast {
         report_.paired = std::move(paired);
         return End("starts-paired-program",
                    codeIsKnown ? std::optional<std::int32_t>(0) : std::nullopt,
-                   "Leaves the 32-bit runtime to the paired program.");
+                   "Starts the paired program for the 32-bit runtime.");
     }
 
     bool AskForRuntime() {
@@ -131,7 +132,7 @@ class Forecast {
                                            MAKEINTRESOURCEW(5));  // RT_DIALOG
         if (dialog == nullptr) return Fail("No runtime was found, and the dialog is missing.");
         report_.messages.push_back({Utf8Of(JreNotFoundMessage(settings_.policy)), false});
-        // What the user answers, nobody knows; a cancelled dialog is a failed start.
+        // The outcome depends on the user; cancelling the dialog fails the launch.
         return End("asks-for-runtime", std::nullopt,
                    "No runtime was found: the user is asked for one.");
     }
@@ -171,7 +172,7 @@ class Forecast {
     RuntimeChoice choice_;
     std::string libraryPathOption_;
     JvmEntryPoints entryPoints_;
-    /// Owner of message boxes that are not shown.
+    /// Without an owner window: the messages are captured.
     const ErrorReporter errors_;
 };
 
@@ -179,11 +180,11 @@ class Forecast {
 
 LaunchReport PredictLaunch(const ProgramFile& program, std::wstring_view argumentText) {
     const CapturedMessages messages;
-    // As the launcher does first of all: options are converted in the thread's code page.
+    // Like the launcher's first step: options are converted to the thread's code page.
     SetThreadLocale(GetSystemDefaultLCID());
-    // A library that cannot be loaded is to be told here, not in a box of the system's.
+    // A library that cannot be loaded is reported here, not in a message box of the system.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-    return Forecast(program, argumentText).Run();
+    return LaunchPrediction(program, argumentText).Run();
 }
 
 }  // namespace tarn::tools

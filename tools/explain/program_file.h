@@ -7,20 +7,21 @@
 
 namespace tarn::tools {
 
-/// A launcher's executable, opened for its resources. While it lives, this process acts for it.
+/// A launcher's executable, mapped for its resources. During its lifetime this process acts as that
+/// program.
 class ProgramFile {
   public:
-    /// Throws Failure for a file that is missing or no executable.
+    /// Throws Failure for a missing file and for anything but an executable.
     explicit ProgramFile(const std::filesystem::path& path);
     ~ProgramFile();
 
     ProgramFile(const ProgramFile&) = delete;
     ProgramFile& operator=(const ProgramFile&) = delete;
 
-    /// The path as the program would have it when it runs.
+    /// The full path, as the running program would report it.
     const std::wstring& path() const { return program_.path; }
 
-    /// Whether it has the launcher's texts.
+    /// Whether it has the launcher's string table.
     bool IsLauncher() const;
 
   private:

@@ -23,10 +23,10 @@ ProgramFile::ProgramFile(const std::filesystem::path& path) {
     if (!image_) {
         const DWORD error = GetLastError();
         if (error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND) {
-            throw Failure(path, "there is no such file; name the application's executable");
+            throw Failure(path, "does not exist; specify the application's executable");
         }
-        throw Failure(path, "is no Windows executable that can be read (error " +
-                                std::to_string(error) + "); name the application's executable");
+        throw Failure(path, "is not a readable Windows executable (error " + std::to_string(error) +
+                                "); specify the application's executable");
     }
     program_.module = image_.get();
     OverrideProgram(&program_);

@@ -5,7 +5,7 @@
 namespace tarn::tools {
 namespace {
 
-TEST(RawArgumentsTest, AreWhatStandsBehindTheDashes) {
+TEST(RawArgumentsTest, FollowTheDashes) {
     EXPECT_EQ(RawArguments(L"tarn explain a.exe -- one  \"two words\" "), L"one  \"two words\" ");
     EXPECT_EQ(RawArguments(L"\"C:\\My Tools\\tarn.exe\" explain a.exe --json --   x"), L"x");
 }
@@ -17,22 +17,22 @@ TEST(RawArgumentsTest, MayBeEmptyOrMissing) {
     EXPECT_EQ(RawArguments(L""), std::nullopt);
 }
 
-TEST(RawArgumentsTest, DashesInsideAWordAreNone) {
+TEST(RawArgumentsTest, IgnoreDashesInsideAnArgument) {
     EXPECT_EQ(RawArguments(L"tarn explain \"a -- b.exe\" -- c"), L"c");
     EXPECT_EQ(RawArguments(L"\"C:\\a -- b\\tarn.exe\" explain a--.exe --x"), std::nullopt);
 }
 
-TEST(RawArgumentsTest, ABackslashKeepsAQuoteFromOpening) {
+TEST(RawArgumentsTest, AcceptAnEscapedQuote) {
     EXPECT_EQ(RawArguments(L"tarn explain a\\\".exe -- c"), L"c");
     EXPECT_EQ(RawArguments(L"tarn explain \"a\\\" -- b\" -- c"), L"c");
     EXPECT_EQ(RawArguments(L"tarn explain \"a\\\\\" -- c"), L"c");
 }
 
-TEST(RawArgumentsTest, TheProgramsOwnNameMayEndInABackslash) {
+TEST(RawArgumentsTest, AcceptAProgramNameThatEndsInABackslash) {
     EXPECT_EQ(RawArguments(L"\"C:\\tools\\\" -- c"), L"c");
 }
 
-TEST(RawArgumentsTest, OnlyTheFirstDashesCount) {
+TEST(RawArgumentsTest, BeginAfterTheFirstDashes) {
     EXPECT_EQ(RawArguments(L"tarn explain a.exe -- b -- c"), L"b -- c");
     EXPECT_EQ(RawArguments(L"tarn explain a.exe \"--\" b"), L"b");
 }

@@ -4,7 +4,7 @@
 
 namespace tarn::tools {
 
-/// A report in which every part is there.
+/// A report with every part.
 inline LaunchReport FullReport() {
     LaunchReport report;
     report.outcome = {"starts-java", std::nullopt, "Creates the JVM and calls main."};

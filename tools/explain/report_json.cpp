@@ -25,7 +25,7 @@ Json Array(const std::vector<Record>& records) {
 
 }  // namespace
 
-// Not in the nameless namespace, where the template above would not find them.
+// Not in the unnamed namespace, where the template above would not find them.
 static Json ToJson(const MessageReport& message) {
     return {{"text", message.text}, {"launchGoesOn", message.launchGoesOn}};
 }

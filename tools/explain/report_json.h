@@ -6,10 +6,10 @@
 
 namespace tarn::tools {
 
-/// Goes up whenever a field changes its meaning or goes away; new fields may come without that.
+/// Incremented when a field changes its meaning or is removed; not for new fields.
 inline constexpr int kReportSchema = 1;
 
-/// The report for programs, as docs/user/explain.md tells. Ends in a line end.
+/// The report as JSON (docs/user/explain.md), with a final line end.
 std::string ReportJson(const LaunchReport& report);
 
 }  // namespace tarn::tools

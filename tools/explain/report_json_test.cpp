@@ -11,13 +11,13 @@ namespace {
 
 using nlohmann::json;
 
-TEST(ReportJsonTest, TellsItsFormatAndSchemaFirst) {
+TEST(ReportJsonTest, BeginsWithFormatAndSchema) {
     const std::string text = ReportJson(FullReport());
     EXPECT_EQ(text.find("{\n  \"format\": \"tarn-explain\",\n  \"schema\": 1,\n"), 0U);
     EXPECT_EQ(text.back(), '\n');
 }
 
-TEST(ReportJsonTest, WhatTheLaunchDoesNotComeToIsNull) {
+TEST(ReportJsonTest, HasNullForPartsThatAreNotReached) {
     const json report = json::parse(ReportJson(LaunchReport()));
     for (const char* const part :
          {"singleInstance", "runtime", "pairedProgram", "environment", "splash", "jvm"}) {
@@ -49,7 +49,7 @@ TEST(ReportJsonTest, HasEveryPartOfALaunchThatStarts) {
     EXPECT_EQ(report["jvm"]["afterMain"]["staysUntilExit"], true);
 }
 
-TEST(ReportJsonTest, TellsOfCandidatesOnlyWhatTheyHave) {
+TEST(ReportJsonTest, HasRanksForCandidatesOnly) {
     const json report = json::parse(ReportJson(FullReport()));
     const json& sources = report["runtime"]["sources"];
     EXPECT_EQ(sources[0]["preferredVersion"], nullptr);
@@ -62,7 +62,7 @@ TEST(ReportJsonTest, TellsOfCandidatesOnlyWhatTheyHave) {
     EXPECT_EQ(subkeys[2]["home"], nullptr);
 }
 
-TEST(ReportJsonTest, ASwitchedOffInstanceHasNoNames) {
+TEST(ReportJsonTest, OmitsTheNamesOfADisabledInstance) {
     LaunchReport report;
     report.instance.emplace();
     report.instance->reason = "not set";

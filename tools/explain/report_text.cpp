@@ -16,7 +16,7 @@ void PrintOutcome(const LaunchReport& report, TextPage& page) {
     for (const MessageReport& message : report.messages) {
         const bool isDialog = outcome.kind == "asks-for-runtime" && !message.launchGoesOn;
         page.Line(isDialog               ? "The user sees the dialog:"
-                  : message.launchGoesOn ? "The user sees first, and the launch then goes on:"
+                  : message.launchGoesOn ? "The user sees, before the launch continues:"
                                          : "The user sees:");
         page.Line(message.text, 2);
     }
@@ -24,7 +24,7 @@ void PrintOutcome(const LaunchReport& report, TextPage& page) {
 
 void PrintProgram(const ProgramReport& program, TextPage& page) {
     const auto file = [&page](const char* name, const std::string& path, bool exists) {
-        page.Value(name, path.empty() ? "none" : path + (exists ? "" : " (not there)"));
+        page.Value(name, path.empty() ? "none" : path + (exists ? "" : " (not found)"));
     };
     page.Heading("Program");
     page.Value("command line", program.commandLine);
@@ -40,7 +40,7 @@ void PrintSettings(const std::vector<SettingReport>& settings, TextPage& page) {
     for (const SettingReport& setting : settings) {
         if (setting.layer == "none") {
             notSet += (notSet.empty() ? "" : ", ") + setting.key;
-            // That a flag which is not set is off goes without saying.
+            // A flag that is not set is off.
             if (!setting.meaning.empty() && setting.meaning != "off") {
                 notSet += " (" + setting.meaning + ')';
             }
@@ -100,7 +100,7 @@ void PrintSource(const SourceLine& source, TextPage& page) {
     if (!source.home.empty()) {
         page.Line(page.Styled(Style::Dim, source.home), 2);
     } else if (source.source == "shipped" && source.verdict != "no-launcher-folder") {
-        page.Line(page.Styled(Style::Dim, "none there; looked below the current directory"), 2);
+        page.Line(page.Styled(Style::Dim, "none found; searched below the current directory"), 2);
     }
     if (source.preferred) page.Line("by the preferred version \"" + *source.preferred + '"', 2);
     for (const RootLine& root : source.roots) {
@@ -131,7 +131,7 @@ void PrintRuntime(const RuntimeReport& runtime, TextPage& page) {
 
 void PrintPaired(const PairedReport& paired, TextPage& page) {
     page.Heading("Paired program");
-    page.Value("program", paired.program + (paired.programExists ? "" : " (not there)"));
+    page.Value("program", paired.program + (paired.programExists ? "" : " (not found)"));
     page.Value("waits for it", YesOrNo(paired.waits));
 }
 
@@ -150,10 +150,10 @@ void PrintSplash(const SplashReport& splash, TextPage& page) {
         return;
     }
     if (splash.kind == "suppressed") {
-        page.Line("none: an argument switches it off");
+        page.Line("none: suppressed by an argument");
         return;
     }
-    page.Value("picture", splash.image + (splash.imageExists ? "" : " (not there)"));
+    page.Value("picture", splash.image + (splash.imageExists ? "" : " (not found)"));
     page.Value("shown by", splash.kind == "native" ? "the Java runtime" : "the launcher");
     if (splash.kind == "own") page.Value("shadow", YesOrNo(splash.shadow));
     if (splash.nativeFailure == "no-library") {

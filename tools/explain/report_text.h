@@ -7,7 +7,7 @@
 
 namespace tarn::tools {
 
-/// The report for people, with styles where the console has them.
+/// The report as text, with styles on a terminal.
 std::string ReportText(const LaunchReport& report, const Console& console);
 
 }  // namespace tarn::tools

@@ -24,9 +24,9 @@ TEST_F(ReportTextTest, BeginsWithTheProgramAndTheOutcome) {
               0U);
 }
 
-TEST_F(ReportTextTest, TellsWhatTheUserSees) {
+TEST_F(ReportTextTest, ShowsWhatTheUserSees) {
     LaunchReport report = FullReport();
-    EXPECT_THAT(Text(report), HasSubstr("sees first, and the launch then goes on:\n    No class"));
+    EXPECT_THAT(Text(report), HasSubstr("sees, before the launch continues:\n    No class"));
     report.outcome = {"fails", -1, "The settings cannot be used."};
     report.messages = {{"Two\nlines\n", false}};
     EXPECT_THAT(Text(report),
@@ -48,9 +48,11 @@ TEST_F(ReportTextTest, ShowsTheSearchWithItsReasons) {
                                 "    by the preferred version \"17\"\n"));
     EXPECT_THAT(text,
                 HasSubstr("    Software\\JavaSoft\\JDK: searched\n      17 (17.0): chosen\n"));
-    EXPECT_THAT(text, HasSubstr("11 (11.0): would do, but another is better; that one is newer\n"));
+    EXPECT_THAT(
+        text,
+        HasSubstr("11 (11.0): qualifies, but another one is preferred; the other is newer\n"));
     EXPECT_THAT(text, HasSubstr("1.8 (1.8): older than \"Minimum Version\"\n"));
-    EXPECT_THAT(text, HasSubstr("JRE: not searched: \"JVM Source\" leaves this kind out\n"));
+    EXPECT_THAT(text, HasSubstr("JRE: not searched: excluded by \"JVM Source\"\n"));
 }
 
 TEST_F(ReportTextTest, ShowsWhatJavaGets) {
@@ -73,25 +75,25 @@ TEST_F(ReportTextTest, ShowsTheDirectoryOnTheClassPath) {
     EXPECT_THAT(Text(report), Not(HasSubstr("classes also in")));
 }
 
-TEST_F(ReportTextTest, LeavesOutWhatIsNotReached) {
+TEST_F(ReportTextTest, OmitsPartsThatAreNotReached) {
     const std::string text = Text(LaunchReport());
     for (const char* const heading : {"Java", "Splash", "Single instance", "Settings"}) {
         EXPECT_THAT(text, Not(HasSubstr(std::string("\n") + heading + '\n')));
     }
 }
 
-TEST_F(ReportTextTest, TellsWhyThereIsNoSplash) {
+TEST_F(ReportTextTest, ShowsWhyThereIsNoSplash) {
     LaunchReport report;
     report.splash = SplashReport{};
     EXPECT_THAT(Text(report), HasSubstr("none: \"Splash Screen\" is not set\n"));
     report.splash->kind = "suppressed";
-    EXPECT_THAT(Text(report), HasSubstr("none: an argument switches it off\n"));
+    EXPECT_THAT(Text(report), HasSubstr("none: suppressed by an argument\n"));
     report.splash = SplashReport{"own", "s.png", false, false, "no-library"};
-    EXPECT_THAT(Text(report), HasSubstr("s.png (not there)\n"));
+    EXPECT_THAT(Text(report), HasSubstr("s.png (not found)\n"));
     EXPECT_THAT(Text(report), HasSubstr("it has no splashscreen.dll\n"));
 }
 
-TEST(SizeTextTest, NamesTheExactNumberToo) {
+TEST(SizeTextTest, IncludesTheExactNumber) {
     EXPECT_EQ(SizeText(0), "0 bytes");
     EXPECT_EQ(SizeText(10'239), "10239 bytes");
     EXPECT_EQ(SizeText(10'240), "10 KiB (10240 bytes)");

@@ -8,7 +8,8 @@
 
 namespace tarn::tools {
 
-/// Searches a runtime as a launch does, into `choice`, and tells how that went and what was found.
+/// Searches for a runtime as a launch does, stores it in `choice`, and reports the search and its
+/// result.
 RuntimeReport ReportRuntime(const Settings& settings, RuntimeChoice& choice);
 
 }  // namespace tarn::tools

@@ -8,8 +8,8 @@
 
 namespace tarn::tools {
 
-/// Every setting that a launch of the program at `programPath` reads, whether it is there or not,
-/// in the order of the table. `settings` is what the launcher made of them, as far as it got.
+/// Every setting that a launch of the program at `programPath` reads, set or not, in the order of
+/// `KnownKeys`. `settings` is the launcher's interpretation, as far as it was read.
 std::vector<SettingReport> ReportSettings(const std::wstring& programPath,
                                           const Settings& settings);
 

@@ -11,7 +11,7 @@
 namespace tarn::tools {
 namespace {
 
-/// The files of one launch, each layer open by itself.
+/// The settings of one launch, with access to each layer.
 struct Layers {
     explicit Layers(const std::wstring& mainPath)
         : file(mainPath), layered(mainPath), builtIn(LoadEmbeddedText()) {}
@@ -81,7 +81,7 @@ std::string MaximumOf(const RuntimeVersion& maximum) {
                                  : "no maximum";
 }
 
-/// What the launcher made of a setting that is more than its text or a flag.
+/// The launcher's interpretation of a setting that is neither a plain text nor a flag.
 std::string InterpretationOf(const std::wstring& key, const Settings& settings) {
     const RuntimeSearchPolicy& policy = settings.policy;
     if (key == keys::kMinimumVersion) {

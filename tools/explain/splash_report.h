@@ -8,9 +8,9 @@
 
 namespace tarn::tools {
 
-/// Whether a launch with these arguments would show a splash, and how. Where the runtime's own
-/// library is wanted it is loaded, as the launch would, but asked for nothing. Nothing when the
-/// settings file's path cannot be derived.
+/// Whether and how a launch with these arguments would show a splash. Loads the runtime's splash
+/// library when it is preferred, as a launch does, but calls none of its functions. Nothing when
+/// the path of the settings file cannot be derived.
 std::optional<SplashReport> ReportSplash(const std::vector<std::wstring>& arguments,
                                          const std::wstring& jvmLibraryPath);
 

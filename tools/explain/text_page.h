@@ -7,14 +7,14 @@
 
 namespace tarn::tools {
 
-/// A text in the making: headings, and below them lines of a name and a value.
+/// Builds a text of headings, lines, and names with values.
 class TextPage {
   public:
     explicit TextPage(const Console& console) : console_(console) {}
 
     void Heading(std::string_view text);
 
-    /// One line. A value of several lines goes on below its first.
+    /// A line. Further lines of the text get the same indent.
     void Line(std::string_view text, int depth = 1);
     void Value(std::string_view name, std::string_view value, int depth = 1);
 
@@ -32,7 +32,7 @@ class TextPage {
 /// "yes" or "no".
 std::string_view YesOrNo(bool value);
 
-/// Bytes in a unit that reads well, with the exact number behind: "512 MiB (536870912 bytes)".
+/// Bytes in a readable unit, followed by the exact number: "512 MiB (536870912 bytes)".
 std::string SizeText(unsigned long long bytes);
 
 }  // namespace tarn::tools

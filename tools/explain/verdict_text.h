@@ -9,13 +9,11 @@
 
 namespace tarn::tools {
 
-/// How the launcher's search went, in the words of the report. `preferredVersions` are the
-/// policy's.
+/// The launcher's search in the keywords of the report. `preferredVersions` are the policy's.
 std::vector<SourceLine> DescribeSearch(const SearchReport& search,
                                        const std::vector<std::wstring>& preferredVersions);
 
-/// The sentence part for people that belongs to one of those words; the word itself when it has
-/// none.
+/// The readable text for a keyword; the keyword itself when there is none.
 std::string_view SentenceFor(std::string_view word);
 
 }  // namespace tarn::tools

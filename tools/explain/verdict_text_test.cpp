@@ -33,7 +33,7 @@ SearchReport RegistrySearch() {
     return search;
 }
 
-TEST(SearchWordsTest, TellEachSourceInOrder) {
+TEST(VerdictTextTest, ListsTheSourcesInOrder) {
     const auto lines = DescribeSearch(RegistrySearch(), {L"9", L"17"});
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].source, "configured");
@@ -45,7 +45,7 @@ TEST(SearchWordsTest, TellEachSourceInOrder) {
     EXPECT_EQ(lines[1].preferred, "17");
 }
 
-TEST(SearchWordsTest, TellEachSubkeyAsFarAsItWasLookedAt) {
+TEST(VerdictTextTest, DescribesEachSubkeyAsFarAsItWasRead) {
     const auto lines = DescribeSearch(RegistrySearch(), {L"9", L"17"});
     ASSERT_EQ(lines.at(1).roots.size(), 1U);
     EXPECT_EQ(lines[1].roots[0].key, "Software\\JavaSoft\\JDK");
@@ -63,7 +63,7 @@ TEST(SearchWordsTest, TellEachSubkeyAsFarAsItWasLookedAt) {
     EXPECT_EQ(subkeys[2].reason, "");
 }
 
-TEST(SearchWordsTest, EveryVerdictHasAWordAndASentenceOfItsOwn) {
+TEST(VerdictTextTest, HasADistinctKeywordAndTextForEachVerdict) {
     std::set<std::string> words;
     for (int each = 0; each <= static_cast<int>(SubkeyVerdict::NoJvmLibrary); ++each) {
         SearchReport search = RegistrySearch();
@@ -82,7 +82,7 @@ TEST(SearchWordsTest, EveryVerdictHasAWordAndASentenceOfItsOwn) {
     EXPECT_EQ(words.size(), 6U);
 }
 
-TEST(SearchWordsTest, AWordWithoutASentenceStandsForItself) {
+TEST(VerdictTextTest, ReturnsAnUnknownKeywordUnchanged) {
     EXPECT_EQ(SentenceFor("taken"), "taken");
     EXPECT_EQ(SentenceFor("never heard of"), "never heard of");
 }

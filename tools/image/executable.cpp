@@ -9,7 +9,7 @@
 namespace tarn::tools {
 namespace {
 
-constexpr char kNoExecutable[] = "is no Windows executable";
+constexpr char kNoExecutable[] = "is not a Windows executable";
 
 bool IsPowerOfTwo(std::uint32_t value) {
     return value != 0 && (value & (value - 1)) == 0;
@@ -40,19 +40,19 @@ void Executable::ReadHeaders(const ByteReader& file) {
     sectionTable_ = optionalHeader_ + optionalSize;
     if (directoryCount_ <= kDirectoryDebug || directoryCount_ > kMostDirectories ||
         directories_ + directoryCount_ * kDirectorySize > sectionTable_) {
-        throw Failure("is an executable with unusual headers, which cannot be changed");
+        throw Failure("is an executable with unsupported headers");
     }
     sectionAlignment_ = file.U32(optionalHeader_ + kSectionAlignment);
     fileAlignment_ = file.U32(optionalHeader_ + kFileAlignment);
     if (!IsPowerOfTwo(sectionAlignment_) || !IsPowerOfTwo(fileAlignment_) ||
         sectionAlignment_ < fileAlignment_ || sectionAlignment_ > kLargestAlignment) {
-        throw Failure("has a broken header (its alignments)");
+        throw Failure("has a corrupt header (alignments)");
     }
 }
 
 void Executable::ReadSections(const ByteReader& file) {
     const std::size_t count = file.U16(peHeader_ + kSectionCount);
-    if (count == 0 || count > kMostSections) throw Failure("has a broken header (its sections)");
+    if (count == 0 || count > kMostSections) throw Failure("has a corrupt header (sections)");
     std::uint64_t nextAddress = 0;
     for (std::size_t number = 0; number < count; ++number) {
         const std::size_t header = sectionTable_ + number * kSectionHeaderSize;
@@ -63,14 +63,14 @@ void Executable::ReadSections(const ByteReader& file) {
         section.characteristics = file.U32(header + kSectionCharacteristics);
         section.oldOffset = file.U32(header + kSectionOffset);
         const std::uint32_t rawSize = file.U32(header + kSectionRawSize);
-        // The loader, too, takes the one where the other is missing.
+        // The loader also substitutes the raw size.
         if (section.virtualSize == 0) section.virtualSize = rawSize;
         if (section.address < nextAddress || section.address % sectionAlignment_ != 0) {
-            throw Failure("has a broken header (sections that overlap)");
+            throw Failure("has a corrupt header (overlapping sections)");
         }
         nextAddress = std::uint64_t{section.address} +
                       AlignedUp(std::max<std::uint64_t>(section.virtualSize, 1), sectionAlignment_);
-        if (nextAddress > UINT32_MAX) throw Failure("has a broken header (its sections)");
+        if (nextAddress > UINT32_MAX) throw Failure("has a corrupt header (sections)");
         if (rawSize != 0 && section.oldOffset != 0) {
             const ByteSpan raw = file.Part(section.oldOffset, rawSize);
             section.raw.assign(raw.begin(), raw.end());
@@ -78,19 +78,19 @@ void Executable::ReadSections(const ByteReader& file) {
         }
         sections_.push_back(std::move(section));
     }
-    if (fileOrder_.empty()) throw Failure("has a broken header (its sections)");
+    if (fileOrder_.empty()) throw Failure("has a corrupt header (sections)");
     std::stable_sort(fileOrder_.begin(), fileOrder_.end(),
                      [&](std::size_t left, std::size_t right) {
                          return sections_[left].oldOffset < sections_[right].oldOffset;
                      });
-    std::size_t behind = sectionTable_ + count * kSectionHeaderSize;
+    std::size_t end = sectionTable_ + count * kSectionHeaderSize;
     for (const std::size_t number : fileOrder_) {
-        if (sections_[number].oldOffset < behind) {
-            throw Failure("has a broken header (sections that overlap)");
+        if (sections_[number].oldOffset < end) {
+            throw Failure("has a corrupt header (overlapping sections)");
         }
-        behind = sections_[number].oldOffset + sections_[number].raw.size();
+        end = sections_[number].oldOffset + sections_[number].raw.size();
     }
-    // What lies between two sections belongs to nobody, but stays where it is.
+    // Data between two sections is kept with the first one.
     for (std::size_t place = 0; place + 1 < fileOrder_.size(); ++place) {
         Section& section = sections_[fileOrder_[place]];
         const ByteSpan whole = file.Part(
@@ -99,18 +99,18 @@ void Executable::ReadSections(const ByteReader& file) {
     }
     const ByteSpan headers = file.Part(0, sections_[fileOrder_.front()].oldOffset);
     headers_.assign(headers.begin(), headers.end());
-    oldOverlayOffset_ = behind;
+    oldOverlayOffset_ = end;
 }
 
 void Executable::ReadOverlay(const ByteReader& file) {
     std::size_t end = file.Size();
-    // The one directory whose address is an offset in the file.
+    // The only directory whose address is a file offset.
     const std::size_t signature = Directory(kDirectorySignature, kDirectoryAddress);
     const std::size_t size = Directory(kDirectorySignature, kDirectoryLength);
     if (signature != 0 || size != 0) {
         if (signature < oldOverlayOffset_ || size == 0 || signature > end ||
             end - signature < size || end - signature > AlignedUp(size, kSignatureAlignment)) {
-            throw Failure("has a broken signature, or other data behind it");
+            throw Failure("has a corrupt signature, or other data after it");
         }
         isSigned_ = true;
         end = signature;
@@ -147,12 +147,12 @@ ResourceTree Executable::Resources() const {
     const std::uint32_t address = Directory(kDirectoryResources, kDirectoryAddress);
     if (address == 0) return {};
     const Section* const section = SectionAt(address);
-    if (section == nullptr) throw Failure("has resources outside of its sections");
+    if (section == nullptr) throw Failure("has resources outside its sections");
     return ReadResourceSection(ByteSpan(section->raw).subspan(address - section->address), address);
 }
 
 Bytes Executable::Content() const {
-    if (isSigned_) throw Failure("is signed; a changed file cannot keep its signature");
+    if (isSigned_) throw Failure("is signed; a change invalidates the signature");
     Bytes content = headers_;
     for (const std::size_t number : fileOrder_) {
         content.insert(content.end(), sections_[number].raw.begin(), sections_[number].raw.end());

@@ -1,4 +1,4 @@
-// How an executable makes room for other resources.
+// Resizes the resource section of an executable and moves what follows it.
 #include <algorithm>
 #include <cstring>
 
@@ -26,9 +26,9 @@ void Executable::SetResources(const ResourceTree& tree) {
     WriteSectionHeaders();
 }
 
-// Nothing but the resources' own directory may refer into the section or behind it. The relocations
-// are the one section that can be moved along: nothing but its directory refers to it.
-bool Executable::MayChangeItsSize(const Section& section) const {
+// Only the resource directory may refer to addresses in or after the section. The relocation
+// section is the exception that can be moved, because only its directory refers to it.
+bool Executable::CanBeResized(const Section& section) const {
     bool isFollowed = false;
     for (const Section& other : sections_) {
         if (other.address <= section.address) continue;
@@ -43,13 +43,13 @@ bool Executable::MayChangeItsSize(const Section& section) const {
     return true;
 }
 
-// The present resource section, if it holds nothing else and may change its size.
+// The resource section, if it contains nothing else and can be resized; otherwise null.
 Executable::Section* Executable::ResourceSectionToExchange() {
     const std::uint32_t address = Directory(kDirectoryResources, kDirectoryAddress);
     for (Section& section : sections_) {
         if (address == 0 || section.address != address || section.raw.empty()) continue;
         const bool isNamedSo = std::memcmp(&headers_[section.header], ".rsrc\0\0", 8) == 0;
-        return isNamedSo && MayChangeItsSize(section) ? &section : nullptr;
+        return isNamedSo && CanBeResized(section) ? &section : nullptr;
     }
     return nullptr;
 }
@@ -61,7 +61,7 @@ Executable::Section& Executable::AppendSection() {
     const auto isZero = [](std::byte value) { return value == std::byte{0}; };
     if (sections_.size() >= kMostSections || header + kSectionHeaderSize > end ||
         !std::all_of(&headers_[header], &headers_[header] + kSectionHeaderSize, isZero)) {
-        throw Failure("has no room for another section in its headers");
+        throw Failure("has no room for another section header");
     }
     const Section& last = sections_.back();
     Section section;
@@ -71,11 +71,11 @@ Executable::Section& Executable::AppendSection() {
     for (std::size_t number = 0; number < directoryCount_; ++number) {
         if (number == kDirectorySignature) continue;
         if (Directory(number, kDirectoryAddress) >= section.address) {
-            throw Failure("has a broken header (a directory outside of its sections)");
+            throw Failure("has a corrupt header (a directory outside the sections)");
         }
     }
     section.characteristics = kReadableData;
-    // Behind every other one in the file.
+    // Last in the file.
     section.oldOffset = oldOverlayOffset_;
     std::memcpy(&headers_[header], ".rsrc\0\0", 8);
     Section& lastInFile = sections_[fileOrder_.back()];
@@ -86,7 +86,7 @@ Executable::Section& Executable::AppendSection() {
     return sections_.back();
 }
 
-// Sections lie without a gap in memory, or the loader refuses the file.
+// The loader requires sections without gaps in memory.
 void Executable::PlaceFollowing(const Section& changed) {
     std::uint64_t next = std::uint64_t{changed.address} +
                          AlignedUp(std::max(changed.virtualSize, 1U), sectionAlignment_);
@@ -101,7 +101,7 @@ void Executable::PlaceFollowing(const Section& changed) {
     StoreU32(headers_, optionalHeader_ + kImageSize, static_cast<std::uint32_t>(next));
 }
 
-// The offsets of the sections in file order, and behind them that of the overlay.
+// The offsets of the sections in file order, followed by that of the overlay.
 std::vector<std::size_t> Executable::Offsets() const {
     std::vector<std::size_t> offsets = {headers_.size()};
     for (const std::size_t number : fileOrder_) {
@@ -124,7 +124,7 @@ std::size_t Executable::MovedOffset(std::size_t oldOffset) const {
     return oldOffset;
 }
 
-// What else in the file says where something lies in the file.
+// Updates the other fields that contain file offsets: the symbol table's and the debug directory's.
 void Executable::MoveFileOffsets() {
     const std::size_t symbols = ByteReader(headers_).U32(peHeader_ + kSymbolsOffset);
     if (symbols != 0) {
@@ -155,7 +155,7 @@ void Executable::WriteSectionHeaders() {
                  static_cast<std::uint32_t>(section.raw.size()));
         StoreU32(headers_, section.header + kSectionOffset,
                  static_cast<std::uint32_t>(offsets[place]));
-        // From now on this is where the sections were.
+        // Later changes start from these offsets.
         section.oldOffset = offsets[place];
     }
     oldOverlayOffset_ = offsets.back();

@@ -41,7 +41,7 @@ bool IsRefused(const Bytes& content) {
     return false;
 }
 
-TEST(ExecutableTest, LetsResourcesGrowInFrontOfTheRelocations) {
+TEST(ExecutableTest, GrowsResourcesBeforeTheRelocations) {
     const Bytes old = SmallExecutable({".text", ".rsrc", ".reloc"}).Content();
     const Bytes grown = WithResources(old, 2 * kPage);
     EXPECT_EQ(SizeOfSettings(grown), 2 * kPage);
@@ -59,14 +59,14 @@ TEST(ExecutableTest, LetsResourcesGrowInFrontOfTheRelocations) {
     EXPECT_TRUE(std::equal(&old[kUnit], &old[2 * kUnit], &grown[kUnit]));
 }
 
-TEST(ExecutableTest, GivesTheSameBytesHoweverOftenItIsChanged) {
+TEST(ExecutableTest, GivesTheSameBytesForRepeatedChanges) {
     const Bytes old = SmallExecutable({".text", ".rsrc", ".reloc"}).Content();
     const Bytes once = WithResources(old, 5000);
     EXPECT_EQ(WithResources(once, 5000), once);
     EXPECT_EQ(WithResources(WithResources(once, 100000), 5000), once);
 }
 
-TEST(ExecutableTest, AppendsASectionWhereOthersAreInTheWay) {
+TEST(ExecutableTest, AppendsASectionWhenOthersFollow) {
     for (const auto& sections :
          {std::vector<std::string_view>{".text"}, {".rsrc", ".text"}, {".text", ".reloc"}}) {
         const SmallExecutable executable(sections);
@@ -84,7 +84,7 @@ TEST(ExecutableTest, AppendsASectionWhereOthersAreInTheWay) {
     }
 }
 
-TEST(ExecutableTest, LeavesASectionThatOthersReferInto) {
+TEST(ExecutableTest, KeepsASectionThatOtherDirectoriesReferTo) {
     // Debug data among the resources: its offset is corrected there, and not in what is new.
     SmallExecutable made({".text", ".rsrc"});
     made.Set32(SmallExecutable::Directory(6), 2 * kPage + 0x40)
@@ -96,14 +96,14 @@ TEST(ExecutableTest, LeavesASectionThatOthersReferInto) {
     EXPECT_EQ(ByteReader(changed).U16(SmallExecutable::kPeHeader + 6), 3);
 }
 
-TEST(ExecutableTest, RefusesADirectoryOutsideOfTheSections) {
+TEST(ExecutableTest, RejectsADirectoryOutsideTheSections) {
     SmallExecutable made({".text"});
     made.Set32(SmallExecutable::Directory(6), 2 * kPage)
         .Set32(SmallExecutable::Directory(6) + 4, 28);
     EXPECT_THROW(WithResources(made.Content(), kUnit), Failure);
 }
 
-TEST(ExecutableTest, KeepsWhatLiesBehindTheSections) {
+TEST(ExecutableTest, KeepsTheOverlay) {
     const Bytes old = SmallExecutable({".text", ".rsrc"}).Append("appended").Content();
     Executable executable(old);
     EXPECT_EQ(executable.Overlay().size(), 8U);
@@ -126,7 +126,7 @@ TEST(ExecutableTest, MovesTheOffsetsOfSymbolsAndDebugData) {
     EXPECT_EQ(reader.U32(kUnit + 24), reader.U32(SmallExecutable::Header(2) + 20) + 16);
 }
 
-TEST(ExecutableTest, KnowsASignatureAndGoesOnWithoutIt) {
+TEST(ExecutableTest, RemovesASignatureOnRequest) {
     SmallExecutable small({".text", ".rsrc"});
     small.Append("jarsignature....").Set32(SmallExecutable::Directory(4), 3 * kUnit + 3);
     small.Set32(SmallExecutable::Directory(4) + 4, 13);
@@ -140,7 +140,7 @@ TEST(ExecutableTest, KnowsASignatureAndGoesOnWithoutIt) {
     EXPECT_EQ(ByteReader(content).U32(SmallExecutable::Directory(4)), 0U);
 }
 
-TEST(ExecutableTest, RefusesWhatIsNoExecutable) {
+TEST(ExecutableTest, RejectsOtherFiles) {
     EXPECT_TRUE(IsRefused({}));
     EXPECT_TRUE(IsRefused(Bytes(1000)));
     EXPECT_TRUE(IsRefused(SmallExecutable({".text"}).Set32(0x3C, 0xFFFFFFF0).Content()));
@@ -149,7 +149,7 @@ TEST(ExecutableTest, RefusesWhatIsNoExecutable) {
         IsRefused(SmallExecutable({".text"}).Set16(SmallExecutable::Optional(0), 7).Content()));
 }
 
-TEST(ExecutableTest, RefusesHeadersThatContradictTheFile) {
+TEST(ExecutableTest, RejectsHeadersThatContradictTheFile) {
     using Small = SmallExecutable;
     const auto broken = [](std::size_t at, std::size_t value) {
         return IsRefused(Small({".text", ".rsrc"}).Set32(at, value).Content());
@@ -166,7 +166,7 @@ TEST(ExecutableTest, RefusesHeadersThatContradictTheFile) {
     EXPECT_TRUE(broken(Small::kPeHeader + 6, 0x0000FFFF)) << "number of sections";
 }
 
-TEST(ExecutableTest, RefusesEveryFileThatWasCutShort) {
+TEST(ExecutableTest, RejectsEveryTruncatedFile) {
     const Bytes whole = WithResources(SmallExecutable({".text", ".rsrc"}).Content(), 600);
     for (std::size_t size = 0; size < whole.size(); ++size) {
         EXPECT_TRUE(IsRefused(Bytes(whole.begin(), whole.begin() + static_cast<long>(size))))
@@ -174,13 +174,13 @@ TEST(ExecutableTest, RefusesEveryFileThatWasCutShort) {
     }
 }
 
-TEST(ExecutableTest, SaysThatThereIsNoRoomInTheHeaders) {
+TEST(ExecutableTest, ReportsAMissingSectionHeaderSlot) {
     // Three section headers fill the first 512 bytes.
     Executable executable(SmallExecutable({".rsrc", ".text", ".data"}).Content());
     EXPECT_THROW(executable.SetResources(TreeOf(10)), Failure);
 }
 
-TEST(ImageChecksumTest, CountsTheFieldAsZeroAndAddsTheLength) {
+TEST(ImageChecksumTest, TreatsTheFieldAsZeroAndAddsTheLength) {
     const Bytes content = {std::byte{1}, std::byte{2}, std::byte{9}, std::byte{9},
                            std::byte{9}, std::byte{9}, std::byte{3}};
     EXPECT_EQ(ImageChecksum(content, 2), 0x0201U + 0x0003U + 7U);

@@ -13,15 +13,15 @@ constexpr std::array<std::uint8_t, 4> kPngMark = {0x89, 'P', 'N', 'G'};
 constexpr std::size_t kHeadSize = 6;
 constexpr std::size_t kFileEntrySize = 16;
 constexpr std::size_t kGroupEntrySize = 14;
-constexpr std::size_t kSmallestPicture = 40;  // a bitmap's header; a PNG file is no smaller
+constexpr std::size_t kSmallestPicture = 40;  // a DIB header; a PNG file is larger
 constexpr std::uint16_t kFirstGroup = 1;
 
-// 256 does not fit into its byte and is written as 0.
+// 256 does not fit into a byte and is stored as 0.
 std::uint32_t SizeOf(std::uint8_t byte) {
     return byte == 0 ? 256 : byte;
 }
 
-// The numbers of the pictures that a group consists of.
+// The resource ids of a group's images.
 std::set<std::uint16_t> PicturesOf(const Bytes& group) {
     const ByteReader reader(group);
     std::set<std::uint16_t> numbers;
@@ -83,7 +83,7 @@ std::vector<IconPicture> ReadIconFile(ByteSpan file) {
         picture.planes = reader.U16(entry + 4);
         picture.bits = reader.U16(entry + 6);
         const ByteSpan content = reader.Part(reader.U32(entry + 12), reader.U32(entry + 8));
-        if (content.size() < kSmallestPicture) throw Failure("has a broken picture");
+        if (content.size() < kSmallestPicture) throw Failure("has a corrupt image");
         picture.content.assign(content.begin(), content.end());
         pictures.push_back(std::move(picture));
     }
@@ -103,10 +103,10 @@ void SetIcon(ResourceTree& tree, const std::vector<IconPicture>& pictures) {
             if (taken.count(number) == 0) RemoveResource(tree, kResourceIcon, number);
         }
     }
-    // Pictures that no group shows keep their numbers, too.
+    // Images without a group keep their ids, too.
     for (const auto& [name, languages] : tree[kResourceIcon]) taken.insert(name.id);
     if (taken.size() + pictures.size() > UINT16_MAX) {
-        throw Failure("has no number left for another icon");
+        throw Failure("has no free id for another icon");
     }
     std::vector<std::uint16_t> numbers;
     std::uint16_t next = 1;

@@ -1,11 +1,11 @@
-// Turns one picture into an icon's.
+// Converts a PNG file to the images of an icon.
 #include <algorithm>
 #include <memory>
 
 #include "tools/common/failure.h"
 #include "tools/image/icon.h"
 
-// Others' sources: only this file has their code.
+// Single-file libraries: their code is compiled here only.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wunused-function"
 #pragma GCC diagnostic ignored "-Wunused-but-set-variable"
@@ -29,11 +29,11 @@ namespace {
 
 constexpr int kChannels = 4;
 constexpr int kBitmapSizes[] = {16, 24, 32, 48, 64};
-// Windows reads pictures of this size from PNG files, which are much smaller.
+// Windows reads this size as PNG, which is much smaller than a DIB.
 constexpr int kPngSize = 256;
 constexpr std::uint32_t kBitmapHeaderSize = 40;
 
-// A square picture: red, green, blue and opacity of each pixel, from the top.
+// A square image: red, green, blue and alpha of each pixel, from the top.
 struct Picture {
     int size = 0;
     std::vector<unsigned char> pixels;
@@ -59,7 +59,7 @@ Picture DecodeSquare(ByteSpan file) {
         stbi_load_from_memory(bytes, static_cast<int>(std::min<std::size_t>(file.size(), INT_MAX)),
                               &width, &height, &channels, kChannels),
         &stbi_image_free);
-    if (!decoded) throw Failure("is no PNG picture that can be read");
+    if (!decoded) throw Failure("is not a readable PNG image");
     Picture square = EmptyPicture(std::max(width, height));
     const int left = (square.size - width) / 2;
     const int top = (square.size - height) / 2;
@@ -78,12 +78,12 @@ Picture Resized(const Picture& picture, int size) {
     if (stbir_resize_uint8_srgb(picture.pixels.data(), picture.size, picture.size, 0,
                                 resized.pixels.data(), size, size, 0, kChannels, kChannels - 1,
                                 0) == 0) {
-        throw Failure("cannot be made smaller");
+        throw Failure("cannot be resized");
     }
     return resized;
 }
 
-// The colours from the bottom, then a bit a pixel for those who know no opacity.
+// A DIB: the colours from the bottom row up, then the 1-bit mask for readers without alpha.
 Bytes BitmapOf(const Picture& picture) {
     const auto size = static_cast<std::uint32_t>(picture.size);
     ByteWriter writer;
@@ -118,7 +118,7 @@ Bytes PngOf(const Picture& picture) {
     int size = 0;
     unsigned char* const written = stbi_write_png_to_mem(picture.pixels.data(), 0, picture.size,
                                                          picture.size, kChannels, &size);
-    if (written == nullptr) throw Failure("cannot be written as a PNG picture");
+    if (written == nullptr) throw Failure("cannot be written as a PNG image");
     const auto* const first = reinterpret_cast<const std::byte*>(written);
     Bytes content(first, first + size);
     STBIW_FREE(written);

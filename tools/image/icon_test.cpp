@@ -37,7 +37,7 @@ Bytes IconFileOf(const std::vector<std::size_t>& sizes) {
     return writer.Take();
 }
 
-TEST(Icon, ReadsThePicturesOfAnIconFile) {
+TEST(Icon, ReadsTheImagesOfAnIconFile) {
     const auto pictures = ReadIcon(IconFileOf({40, 50}));
     ASSERT_EQ(pictures.size(), 2U);
     EXPECT_EQ(pictures[0].width, 16U);
@@ -45,7 +45,7 @@ TEST(Icon, ReadsThePicturesOfAnIconFile) {
     EXPECT_EQ(pictures[1].content.size(), 50U);
 }
 
-TEST(Icon, RefusesOtherFilesAndBrokenOnes) {
+TEST(Icon, RejectsOtherAndCorruptFiles) {
     EXPECT_THROW(ReadIcon({}), Failure);
     EXPECT_THROW(ReadIcon(Bytes(100)), Failure);
     const Bytes whole = IconFileOf({40, 50});
@@ -57,7 +57,7 @@ TEST(Icon, RefusesOtherFilesAndBrokenOnes) {
     }
 }
 
-TEST(Icon, MakesAllSizesOfOnePicture) {
+TEST(Icon, ResizesAPngToAllSizes) {
     const auto pictures = ReadIcon(TwoPixels());
     std::vector<std::uint32_t> sizes;
     for (const IconPicture& picture : pictures) sizes.push_back(picture.width);
@@ -71,7 +71,7 @@ TEST(Icon, MakesAllSizesOfOnePicture) {
     EXPECT_EQ(ByteReader(pictures.back().content).U32(0), 0x474E5089U) << "a PNG file";
 }
 
-TEST(Icon, KeepsColorsAndOpacityAndCentresWhatIsNotSquare) {
+TEST(Icon, KeepsColorsAndAlphaAndCentresTheImage) {
     const Bytes content = ReadIcon(TwoPixels()).front().content;
     const ByteReader bitmap(content);
     // Rows are stored from the bottom. The picture's one row of two is the upper half.
@@ -88,7 +88,7 @@ TEST(Icon, KeepsColorsAndOpacityAndCentresWhatIsNotSquare) {
     EXPECT_EQ(bitmap.U8(bits + 15 * 4), 0) << "the highest";
 }
 
-TEST(Icon, TakesThePlaceOfTheFirstGroup) {
+TEST(Icon, ReplacesTheFirstGroup) {
     ResourceTree tree;
     SetIcon(tree, ReadIcon(IconFileOf({40, 50, 60})));
     EXPECT_EQ(tree[kResourceIcon].size(), 3U);
@@ -101,7 +101,7 @@ TEST(Icon, TakesThePlaceOfTheFirstGroup) {
     EXPECT_EQ(FindResource(tree, kResourceIcon, group.U16(6 + 12))->size(), 44U);
 }
 
-TEST(Icon, KeepsThePicturesOfOtherGroups) {
+TEST(Icon, KeepsTheImagesOfOtherGroups) {
     ResourceTree tree;
     SetIcon(tree, ReadIcon(IconFileOf({40, 50})));
     // A second group that shows the first one's second picture.
@@ -114,7 +114,7 @@ TEST(Icon, KeepsThePicturesOfOtherGroups) {
     EXPECT_EQ(FindResource(tree, kResourceIcon, 9)->size(), 99U);
 }
 
-TEST(Icon, IsRefusedWhereAllNumbersAreTaken) {
+TEST(Icon, IsRejectedWhenAllIdsAreUsed) {
     ResourceTree tree;
     for (unsigned number = 1; number <= UINT16_MAX; ++number) {
         tree[kResourceIcon][static_cast<std::uint16_t>(number)][7] = {};

@@ -3,23 +3,23 @@
 #include <cstddef>
 #include <cstdint>
 
-// Where the fields of an executable's headers stand.
+// Offsets of the fields of a PE file's headers, and their values.
 namespace tarn::tools {
 
 inline constexpr std::uint16_t kDosMark = 0x5A4D;
 inline constexpr std::size_t kDosHeaderSize = 64;
 inline constexpr std::size_t kPeHeaderOffset = 0x3C;
 
-// From "PE".
+// Relative to the signature "PE".
 inline constexpr std::uint32_t kPeMark = 0x00004550;
 inline constexpr std::size_t kMachine = 4;
 inline constexpr std::size_t kSectionCount = 6;
 inline constexpr std::size_t kSymbolsOffset = 12;
 inline constexpr std::size_t kOptionalHeaderSize = 20;
 inline constexpr std::size_t kFileHeaderEnd = 24;
-inline constexpr std::size_t kMostSections = 96;  // the loader's own limit
+inline constexpr std::size_t kMostSections = 96;  // the loader's limit
 
-// From the optional header.
+// Relative to the optional header.
 inline constexpr std::uint16_t kPe32 = 0x10B;
 inline constexpr std::uint16_t kPe32Plus = 0x20B;
 inline constexpr std::size_t kInitializedDataSize = 8;
@@ -42,7 +42,7 @@ inline constexpr std::size_t kDirectoryRelocations = 5;
 inline constexpr std::size_t kDirectoryDebug = 6;
 inline constexpr std::size_t kSignatureAlignment = 8;
 
-// From a section's header.
+// Relative to a section header.
 inline constexpr std::size_t kSectionHeaderSize = 40;
 inline constexpr std::size_t kSectionVirtualSize = 8;
 inline constexpr std::size_t kSectionAddress = 12;
@@ -51,7 +51,7 @@ inline constexpr std::size_t kSectionOffset = 20;
 inline constexpr std::size_t kSectionCharacteristics = 36;
 inline constexpr std::uint32_t kReadableData = 0x40000040;
 
-// From an entry of the debug directory.
+// Relative to an entry of the debug directory.
 inline constexpr std::size_t kDebugEntrySize = 28;
 inline constexpr std::size_t kDebugOffset = 24;
 

@@ -8,16 +8,16 @@
 namespace tarn::tools {
 namespace {
 
-constexpr std::uint32_t kHighBit = 0x80000000;  // a name, or a directory below
+constexpr std::uint32_t kHighBit = 0x80000000;  // marks a name, or a subdirectory
 constexpr std::size_t kDirectorySize = 16;
 constexpr std::size_t kEntrySize = 8;
 constexpr std::size_t kDataAlignment = 8;
-// Far above what any program has: a broken file must not keep us busy for ever.
+// Far more than any program has; bounds the time for corrupt files.
 constexpr std::size_t kMostResources = 100000;
 
 struct Entry {
     ResourceName name;
-    std::uint32_t target;  // where its directory or data entry lies in the section
+    std::uint32_t target;  // offset of its directory or data entry in the section
 };
 
 class SectionReader {
@@ -42,11 +42,11 @@ class SectionReader {
             std::size_t{reader_.U16(directory + 12)} + std::size_t{reader_.U16(directory + 14)};
         std::vector<Entry> entries;
         for (std::size_t number = 0; number < count; ++number) {
-            if (++read_ > kMostResources) throw Failure("has broken resources");
+            if (++read_ > kMostResources) throw Failure("has corrupt resources");
             const std::size_t at = directory + kDirectorySize + number * kEntrySize;
             const std::uint32_t target = reader_.U32(at + 4);
             if (((target & kHighBit) != 0) != hasDirectories) {
-                throw Failure("has resources that are not nested as usual");
+                throw Failure("has resources that are not nested in three levels");
             }
             entries.push_back({NameOf(reader_.U32(at)), target & ~kHighBit});
         }
@@ -64,10 +64,10 @@ class SectionReader {
     Resource ReadData(std::uint32_t entry) {
         const std::uint32_t data = reader_.U32(entry);
         const std::uint32_t size = reader_.U32(std::size_t{entry} + 4);
-        if (data < address_) throw Failure("has a resource outside of its resource section");
-        // Resources that share their bytes a thousand times would fill the memory.
+        if (data < address_) throw Failure("has a resource outside the resource section");
+        // Entries that share their bytes could exhaust the memory.
         taken_ += size;
-        if (taken_ / 4 > reader_.Size()) throw Failure("has broken resources");
+        if (taken_ / 4 > reader_.Size()) throw Failure("has corrupt resources");
         const ByteSpan content = reader_.Part(data - address_, size);
         return {Bytes(content.begin(), content.end()), reader_.U32(std::size_t{entry} + 8)};
     }
@@ -78,7 +78,7 @@ class SectionReader {
     std::size_t taken_ = 0;
 };
 
-// Directories come level by level, then the data entries, the names and the data itself.
+// Writes the directories level by level, then the data entries, the names and the data.
 class SectionWriter {
   public:
     SectionWriter(const ResourceTree& tree, std::uint32_t address) : address_(address) {
@@ -134,7 +134,7 @@ class SectionWriter {
         std::uint32_t named = 0;
         for (const auto& [name, ignored] : children) named += IsText(name) ? 1U : 0U;
         writer_.U32(0);
-        writer_.U32(0);  // the time, which would make no two files alike
+        writer_.U32(0);  // time stamp: 0 for reproducible files
         writer_.U32(0);
         writer_.U16(named);
         writer_.U16(static_cast<std::uint32_t>(children.size()) - named);
@@ -142,7 +142,7 @@ class SectionWriter {
 
     static bool IsText(const ResourceName& name) { return !name.name.empty(); }
 
-    // Where the entry's target is to be written.
+    // Returns the offset of the field for the entry's target.
     std::size_t PutEntry(const ResourceName& name) {
         if (IsText(name)) names_.emplace_back(writer_.Size(), &name.name);
         writer_.U32(name.id);

@@ -7,12 +7,12 @@
 
 namespace tarn::tools {
 
-/// Reads the resources out of the bytes of their section, which is loaded at `address` (counted
-/// from the image's base). Throws Failure, without a file's name, for anything that is not three
-/// levels of directories with their data inside the section.
+/// Reads a resource section that is loaded at `address` (relative to the image base). Throws
+/// Failure, without the file's name, for anything but three levels of directories with their data
+/// inside the section.
 ResourceTree ReadResourceSection(ByteSpan section, std::uint32_t address);
 
-/// The same bytes from the same tree, for a section at `address`.
+/// Writes the section for loading at `address`. The same tree gives the same bytes.
 Bytes WriteResourceSection(const ResourceTree& tree, std::uint32_t address);
 
 }  // namespace tarn::tools

@@ -25,7 +25,7 @@ ResourceTree SomeTree() {
     return tree;
 }
 
-TEST(ResourceSection, IsReadAsItWasWritten) {
+TEST(ResourceSection, ReadsBackWhatWasWritten) {
     const ResourceTree tree = SomeTree();
     const Bytes section = WriteResourceSection(tree, kAddress);
     const ResourceTree read = ReadResourceSection(section, kAddress);
@@ -47,7 +47,7 @@ TEST(ResourceSection, SortsNamesBeforeNumbers) {
     EXPECT_EQ(reader.U32(32), kResourceVersion);
 }
 
-TEST(ResourceSection, NamesAreInOrderWhateverTheirLetterCase) {
+TEST(ResourceSection, SortsNamesCaseInsensitively) {
     const ResourceName a(std::u16string(u"alpha"));
     const ResourceName b(std::u16string(u"BETA"));
     EXPECT_TRUE(a < b);
@@ -56,7 +56,7 @@ TEST(ResourceSection, NamesAreInOrderWhateverTheirLetterCase) {
     EXPECT_TRUE(ResourceName(1) < ResourceName(2));
 }
 
-TEST(ResourceSection, RefusesWhatReachesOutside) {
+TEST(ResourceSection, RejectsOffsetsOutOfBounds) {
     const Bytes section = WriteResourceSection(SomeTree(), kAddress);
     EXPECT_THROW(ReadResourceSection({}, kAddress), Failure);
     EXPECT_THROW(ReadResourceSection(section, kAddress + 0x10000), Failure);
@@ -66,7 +66,7 @@ TEST(ResourceSection, RefusesWhatReachesOutside) {
     }
 }
 
-TEST(ResourceSection, RefusesCirclesAndOtherDepths) {
+TEST(ResourceSection, RejectsCyclesAndOtherDepths) {
     ResourceTree tree;
     ReplaceResource(tree, kResourceData, 1, BytesOf("x"));
     Bytes section = WriteResourceSection(tree, kAddress);
@@ -77,7 +77,7 @@ TEST(ResourceSection, RefusesCirclesAndOtherDepths) {
     EXPECT_THROW(ReadResourceSection(section, kAddress), Failure);
 }
 
-TEST(ResourceSection, RefusesResourcesThatShareTheirBytesOverAndOver) {
+TEST(ResourceSection, RejectsResourcesThatShareTheirBytesExcessively) {
     ResourceTree tree;
     for (std::uint16_t number = 0; number < 100; ++number) {
         ReplaceResource(tree, kResourceData, number, Bytes(100));

@@ -5,7 +5,7 @@
 namespace tarn::tools {
 namespace {
 
-std::u16string InCapitals(std::u16string text) {
+std::u16string ToUpperAscii(std::u16string text) {
     for (char16_t& letter : text) {
         if (letter >= u'a' && letter <= u'z') letter = static_cast<char16_t>(letter - u'a' + u'A');
     }
@@ -17,9 +17,9 @@ std::u16string InCapitals(std::u16string text) {
 bool operator<(const ResourceName& left, const ResourceName& right) {
     if (left.name.empty() != right.name.empty()) return right.name.empty();
     if (left.name.empty()) return left.id < right.id;
-    const std::u16string leftCapitals = InCapitals(left.name);
-    const std::u16string rightCapitals = InCapitals(right.name);
-    if (leftCapitals != rightCapitals) return leftCapitals < rightCapitals;
+    const std::u16string leftUpper = ToUpperAscii(left.name);
+    const std::u16string rightUpper = ToUpperAscii(right.name);
+    if (leftUpper != rightUpper) return leftUpper < rightUpper;
     return left.name < right.name;
 }
 

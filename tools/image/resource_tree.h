@@ -15,10 +15,10 @@ inline constexpr std::uint16_t kResourceIconGroup = 14;
 inline constexpr std::uint16_t kResourceVersion = 16;
 inline constexpr std::uint16_t kResourceManifest = 24;
 
-/// What the launcher's own resources are written in.
+/// The language of the launcher's own resources.
 inline constexpr std::uint16_t kEnglishUnitedStates = 0x409;
 
-/// A type or name of resources: a number, or a text.
+/// The type or name of a resource: a number or a text.
 struct ResourceName {
     ResourceName(std::uint16_t number) : id(number) {}            // NOLINT: a name is a number
     ResourceName(std::u16string text) : name(std::move(text)) {}  // NOLINT: or a text
@@ -27,7 +27,8 @@ struct ResourceName {
     std::uint16_t id = 0;
 };
 
-/// In the order in which the loader searches: texts first, letter case aside, then numbers.
+/// The order that the loader's binary search requires: texts first, compared in upper case, then
+/// numbers.
 bool operator<(const ResourceName& left, const ResourceName& right);
 
 struct Resource {
@@ -41,14 +42,15 @@ using ResourceNames = std::map<ResourceName, ResourceLanguages>;
 /// The resources of an executable by type, name and language.
 using ResourceTree = std::map<ResourceName, ResourceNames>;
 
-/// Makes this the only resource of its type and name, in the language of the launcher's own.
+/// Makes this the only resource with its type and name, in the language of the launcher's
+/// resources.
 void ReplaceResource(ResourceTree& tree, const ResourceName& type, const ResourceName& name,
                      Bytes content);
 
-/// Removes all languages of a resource, if it is there.
+/// Removes a resource in all languages, if it exists.
 void RemoveResource(ResourceTree& tree, const ResourceName& type, const ResourceName& name);
 
-/// A resource's content in its first language, or nothing.
+/// The content of a resource in its first language; null when there is none.
 const Bytes* FindResource(const ResourceTree& tree, const ResourceName& type,
                           const ResourceName& name);
 

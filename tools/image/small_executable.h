@@ -7,8 +7,8 @@
 
 namespace tarn::tools {
 
-/// For tests: an executable with the sections it is told, made by hand. They have 512 bytes in the
-/// file and a page in memory each.
+/// For tests: builds an executable with the given sections, each with 512 bytes in the file and one
+/// page in memory.
 class SmallExecutable {
   public:
     static constexpr std::size_t kUnit = 0x200;
@@ -67,7 +67,7 @@ class SmallExecutable {
         Set32(header + 16, kUnit);
         Set32(header + 20, offset);
         Set32(header + 36, 0x40000040);
-        // Each section is full of its own number, the resources aside: none to begin with.
+        // Each section is filled with its number, except an initially empty resource section.
         const bool isResources = name == ".rsrc";
         for (std::size_t at = offset; at < offset + kUnit; ++at) {
             content_[at] = isResources ? std::byte{0} : static_cast<std::byte>(number + 1);

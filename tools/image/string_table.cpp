@@ -2,14 +2,15 @@
 
 #include <array>
 
+#include "tools/common/byte_io.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
-#include "tools/common/byte_io.h"
 
 namespace tarn::tools {
 namespace {
 
-// Texts are stored in blocks of sixteen, each text behind its length, and block 1 begins with 0.
+// Strings are stored in blocks of sixteen, each preceded by its length; block 1 holds the ids from
+// 0.
 constexpr std::size_t kBlockTexts = 16;
 using Block = std::array<std::u16string, kBlockTexts>;
 

@@ -7,7 +7,7 @@
 namespace tarn::tools {
 namespace {
 
-TEST(StringTable, KeepsTheOtherTextsOfABlock) {
+TEST(StringTable, KeepsTheOtherStringsOfABlock) {
     ResourceTree tree;
     SetString(tree, 208, "first");
     SetString(tree, 223, "last \xE2\x82\xAC\n");
@@ -22,7 +22,7 @@ TEST(StringTable, KeepsTheOtherTextsOfABlock) {
     EXPECT_EQ(StringOf(tree, 210), "");
 }
 
-TEST(StringTable, ReachesFromTheFirstNumberToTheLast) {
+TEST(StringTable, AcceptsEveryId) {
     ResourceTree tree;
     SetString(tree, 0, "zero");
     SetString(tree, 65535, "most");
@@ -40,7 +40,7 @@ TEST(StringTable, ChangesEveryLanguage) {
               tree[kResourceString][14][kEnglishUnitedStates].content);
 }
 
-TEST(StringTable, RefusesABrokenBlockAndATextThatIsTooLong) {
+TEST(StringTable, RejectsACorruptBlockAndAnOverlongText) {
     ResourceTree tree;
     ReplaceResource(tree, kResourceString, 14, Bytes(5));
     EXPECT_THROW(StringOf(tree, 210), Failure);

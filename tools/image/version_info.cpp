@@ -19,13 +19,13 @@ constexpr std::uint32_t kTranslation = 0x04B00409;
 constexpr std::size_t kHeadSize = 6;
 constexpr std::size_t kLargestNode = 0xFFFF;
 
-// A node is its size, its value's size and kind, its name, its value and the nodes below it, each
-// part at a multiple of 4.
+// A node consists of its size, its value's size and kind, its name, its value and its children,
+// each aligned to 4 bytes.
 struct Node {
     ByteSpan whole;
     std::u16string name;
     bool isText = false;
-    std::size_t value = 0;  // where it begins
+    std::size_t value = 0;  // offset in `whole`
     std::size_t valueUnits = 0;
     std::size_t children = 0;
 
@@ -53,7 +53,8 @@ struct Node {
     }
 
     std::string Text() const {
-        // Some compilers give the value's size in bytes: what counts is the zero at its end.
+        // Some compilers store the value's size in bytes, so the text is read up to its terminating
+        // zero.
         const ByteReader reader(whole);
         std::u16string text;
         for (std::size_t at = value; at + 2 <= whole.size() && reader.U16(at) != 0; at += 2) {

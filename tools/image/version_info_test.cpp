@@ -17,7 +17,7 @@ VersionInfo SomeInfo() {
     return info;
 }
 
-TEST(VersionInfoTest, IsReadAsItWasWritten) {
+TEST(VersionInfoTest, ReadsBackWhatWasWritten) {
     const Bytes written = WriteVersionInfo(SomeInfo());
     const VersionInfo read = ReadVersionInfo(written);
     EXPECT_EQ(read.fileVersion, SomeInfo().fileVersion);
@@ -35,7 +35,7 @@ TEST(VersionInfoTest, AnEmptyTextRemovesOne) {
     EXPECT_EQ(info.Text("FileVersion"), "1.2.3.4");
 }
 
-TEST(VersionInfoTest, RefusesOneThatIsCutShort) {
+TEST(VersionInfoTest, RejectsTruncatedResources) {
     const Bytes written = WriteVersionInfo(SomeInfo());
     for (std::size_t size = 0; size < written.size(); ++size) {
         EXPECT_THROW(ReadVersionInfo(ByteSpan(written).first(size)), Failure) << size;
@@ -45,14 +45,14 @@ TEST(VersionInfoTest, RefusesOneThatIsCutShort) {
     EXPECT_THROW(WriteVersionInfo(large), Failure);
 }
 
-TEST(VersionInfoTest, ANodeThatSaysItHasNoSizeIsNoCircle) {
+TEST(VersionInfoTest, EndsAtANodeWithoutSize) {
     Bytes written = WriteVersionInfo(SomeInfo());
     // The size of the first node below the root.
     StoreU16(written, 40 + 52, 0);
     EXPECT_THROW(ReadVersionInfo(written), Failure);
 }
 
-TEST(VersionNumber, TakesTheFirstFourNumbersOfAText) {
+TEST(VersionNumber, IsTheFirstFourNumbersOfAText) {
     using Number = VersionInfo::Number;
     EXPECT_EQ(VersionNumberOf("2.1.0"), (Number{2, 1, 0, 0}));
     EXPECT_EQ(VersionNumberOf("v2.1-beta3"), (Number{2, 1, 3, 0}));

@@ -16,7 +16,7 @@ namespace {
 constexpr uLong kEncrypted = 1;              // bit of an entry's flags
 constexpr std::size_t kLongestName = 65536;  // a name's length has 16 bits
 constexpr std::size_t kMostEntries = 0xFFFF;
-constexpr std::string_view kBrokenDirectory = "has a broken directory; build or download it again";
+constexpr std::string_view kBrokenDirectory = "has a corrupt directory; build or download it again";
 
 // Bytes in memory as minizip's input file. Outlives every unzFile opened with it.
 class MemoryStream {
@@ -76,7 +76,7 @@ long ZCALLBACK MemoryStream::Seek(voidpf opaque, voidpf /*stream*/, ZPOS64_T off
     const std::uint64_t base = origin == ZLIB_FILEFUNC_SEEK_CUR   ? self.position_
                                : origin == ZLIB_FILEFUNC_SEEK_END ? self.content_.size()
                                                                   : 0;
-    // An offset of a broken file may lie anywhere.
+    // The offset comes from the file and may be out of range.
     const std::uint64_t target = base + offset;
     if (target < base || target > self.content_.size()) return -1;
     self.position_ = target;
@@ -111,10 +111,11 @@ struct JarFile::Reader {
 JarFile::JarFile(std::span<const std::byte> content, std::filesystem::path path)
     : path_(std::move(path)) {
     const std::optional<ZipPlace> place = FindZip(content);
-    if (!place) Fail("is no jar or zip file, or was cut short; build or download it again");
-    // minizip takes one without entries for none at all.
+    if (!place) Fail("is not a jar or zip file, or is truncated; build or download it again");
+    // minizip rejects a file without entries.
     if (place->entries == 0) return;
-    // It gets the zip file alone: its search for the end is less strict than Java's.
+    // minizip gets the zip file without other data, because its search for the end record is less
+    // strict than Java's.
     content = content.first(place->end);
     if (!place->hasAbsoluteOffsets) content = content.subspan(place->begin);
     reader_ = std::make_unique<Reader>(content);
@@ -143,13 +144,14 @@ void JarFile::ReadDirectory() {
         }
         std::string text(name.data(), std::min<std::size_t>(info.size_filename, kLongestName));
         if ((info.flag & kEncrypted) != 0) {
-            Fail("is encrypted (" + text + "), which Java cannot read; pack it without a password");
+            Fail("is encrypted (" + text +
+                 "), which Java cannot read; create it without a password");
         }
-        // Of two entries with one name, Java takes the last.
+        // Java uses the last of several entries with the same name.
         positions_[text] = {position.pos_in_zip_directory, position.num_of_file};
         names_.push_back(std::move(text));
     }
-    // This number stands for more than that too, and minizip then reads until there are no more.
+    // 0xFFFF also stands for a larger number, which minizip finds by reading to the end.
     const bool isMany = global.number_entry == kMostEntries && names_.size() >= kMostEntries;
     if (!isMany && (outcome != UNZ_END_OF_LIST_OF_FILE || names_.size() != global.number_entry)) {
         Fail(kBrokenDirectory);
@@ -160,7 +162,7 @@ std::optional<Bytes> JarFile::Read(std::string_view name, std::size_t limit) con
     const auto found = positions_.find(name);
     if (found == positions_.end()) return std::nullopt;
     const std::string broken =
-        "its entry " + std::string(name) + " is broken or cannot be unpacked";
+        "its entry " + std::string(name) + " is corrupt or cannot be decompressed";
     unz64_file_pos position = {found->second.inDirectory, found->second.number};
     unz_file_info64 info = {};
     if (unzGoToFilePos64(reader_->file, &position) != UNZ_OK ||
@@ -173,7 +175,7 @@ std::optional<Bytes> JarFile::Read(std::string_view name, std::size_t limit) con
         unzCloseCurrentFile(reader_->file);
         Fail("its entry " + std::string(name) + " is too large");
     }
-    // In steps, for the size that the directory claims need not be true.
+    // Read in steps: the size in the directory is not trusted.
     constexpr unsigned kStep = 1U << 16;
     Bytes content;
     int count = 0;

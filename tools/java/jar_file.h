@@ -15,27 +15,28 @@
 
 namespace tarn::tools {
 
-inline constexpr std::size_t kLargestJarEntry = 256U << 20;  // read whole into memory
+/// Entries are read into memory as a whole.
+inline constexpr std::size_t kLargestJarEntry = 256U << 20;
 
-/// The entries of a jar (any zip file, zip64 included, other data in front of it or behind it
-/// allowed), read from bytes that outlive it.
+/// The entries of a jar: any zip file, including zip64, with other data before or after it. Reads
+/// from bytes that the caller keeps alive.
 class JarFile {
   public:
-    /// `path` is for the messages. Throws Failure when the bytes are no zip file, are cut short or
-    /// broken, or when an entry is encrypted, which Java cannot read.
+    /// `path` appears in messages. Throws Failure when the bytes are not a zip file, are truncated
+    /// or corrupt, or when an entry is encrypted, which Java cannot read.
     JarFile(std::span<const std::byte> content, std::filesystem::path path);
     ~JarFile();
     JarFile(const JarFile&) = delete;
     JarFile& operator=(const JarFile&) = delete;
 
-    /// Names of all entries in the order of the directory, as their bytes stand there (UTF-8 for
-    /// what Java's tools write); folders end in "/".
+    /// The names of all entries in directory order, as stored (Java's tools write UTF-8); folders
+    /// end in "/".
     const std::vector<std::string>& Names() const { return names_; }
 
     bool Has(std::string_view name) const { return positions_.count(name) != 0; }
 
-    /// An entry's content, or nothing when there is none of that name (letter case counts). Throws
-    /// Failure when it is broken, compressed in an unknown way or larger than `limit` bytes.
+    /// The content of the entry with that name (case-sensitive), or nothing. Throws Failure when it
+    /// is corrupt, compressed by an unknown method or larger than `limit` bytes.
     std::optional<Bytes> Read(std::string_view name, std::size_t limit = kLargestJarEntry) const;
 
     const std::filesystem::path& Path() const { return path_; }
@@ -56,7 +57,7 @@ class JarFile {
     std::map<std::string, Position, std::less<>> positions_;
 };
 
-/// The name of a class's entry: "a.b.C" and "a/b/C" are in "a/b/C.class".
+/// The entry of a class: "a/b/C.class" for "a.b.C" and "a/b/C".
 std::string EntryOfClass(std::string_view className);
 
 }  // namespace tarn::tools

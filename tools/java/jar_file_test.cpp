@@ -38,7 +38,7 @@ TEST(JarFileTest, ReadsEntriesByName) {
     EXPECT_EQ(TextOf(jar.Read("a/c.txt")), "(absent)");
 }
 
-TEST(JarFileTest, IsFoundBehindOtherBytesAndBeforeOthers) {
+TEST(JarFileTest, IsFoundBetweenOtherData) {
     Bytes content = ZipOf().Add("a", "text").Content();
     content.insert(content.begin(), 1000, std::byte{'x'});
     content.insert(content.end(), 5000, std::byte{'y'});
@@ -50,12 +50,12 @@ TEST(JarFileTest, MayBeEmpty) {
     EXPECT_TRUE(JarFile(content, "app.jar").Names().empty());
 }
 
-TEST(JarFileTest, SaysWhichFileIsNoZip) {
-    EXPECT_THAT(ProblemOf({}), HasSubstr("app.jar: is no jar"));
-    EXPECT_THAT(ProblemOf(Bytes(100000, std::byte{'P'})), HasSubstr("app.jar: is no jar"));
+TEST(JarFileTest, NamesAFileThatIsNotAZip) {
+    EXPECT_THAT(ProblemOf({}), HasSubstr("app.jar: is not a jar"));
+    EXPECT_THAT(ProblemOf(Bytes(100000, std::byte{'P'})), HasSubstr("app.jar: is not a jar"));
 }
 
-TEST(JarFileTest, RefusesEveryFileThatWasCutShort) {
+TEST(JarFileTest, RejectsEveryTruncatedFile) {
     const Bytes whole = ZipOf().Add("a", "text").Add("b", "more").Content();
     for (std::size_t size = 0; size < whole.size(); ++size) {
         EXPECT_NE(ProblemOf(Bytes(whole.begin(), whole.begin() + static_cast<long>(size))), "")
@@ -63,12 +63,12 @@ TEST(JarFileTest, RefusesEveryFileThatWasCutShort) {
     }
 }
 
-TEST(JarFileTest, RefusesEncryptedEntries) {
+TEST(JarFileTest, RejectsEncryptedEntries) {
     EXPECT_THAT(ProblemOf(ZipOf().Add("a", "text").Add("secret", "text", 1).Content()),
                 HasSubstr("app.jar: is encrypted (secret)"));
 }
 
-TEST(JarFileTest, NoticesABrokenEntryWhenItIsRead) {
+TEST(JarFileTest, ReportsACorruptEntryWhenItIsRead) {
     Bytes content = ZipOf().Add("a", "text").Content();
     const char text[] = {'t', 'e', 'x', 't'};
     const auto place =
@@ -79,14 +79,14 @@ TEST(JarFileTest, NoticesABrokenEntryWhenItIsRead) {
     EXPECT_THROW(jar.Read("a"), Failure);
 }
 
-TEST(JarFileTest, RefusesAnEntryAboveTheLimit) {
+TEST(JarFileTest, RejectsAnEntryAboveTheLimit) {
     const Bytes content = ZipOf().Add("a", "12345").Content();
     const JarFile jar(content, "app.jar");
     EXPECT_THROW(jar.Read("a", 4), Failure);
     EXPECT_EQ(TextOf(jar.Read("a", 5)), "12345");
 }
 
-TEST(JarFileTest, ClassesLieInTheFolderOfTheirPackage) {
+TEST(JarFileTest, DerivesTheEntryOfAClass) {
     EXPECT_EQ(EntryOfClass("a.b.C$D"), "a/b/C$D.class");
     EXPECT_EQ(EntryOfClass("a/b/C"), "a/b/C.class");
 }

@@ -6,8 +6,8 @@
 namespace tarn::tools {
 namespace {
 
-// Takes the next line off the front of `text`, without its end.
-std::string_view TakeLine(std::string_view& text) {
+// Removes and returns the first line of `text`, without its line end.
+std::string_view ConsumeLine(std::string_view& text) {
     const std::size_t end = text.find_first_of("\r\n");
     const std::string_view line = text.substr(0, end);
     if (end == std::string_view::npos) {
@@ -29,7 +29,7 @@ Manifest Manifest::Parse(std::string_view text) {
     Manifest manifest;
     std::string* last = nullptr;
     while (!text.empty()) {
-        const std::string_view line = TakeLine(text);
+        const std::string_view line = ConsumeLine(text);
         if (line.empty()) break;
         if (line.front() == ' ') {
             if (last != nullptr) *last += line.substr(1);

@@ -12,27 +12,27 @@ namespace tarn::tools {
 
 inline constexpr std::string_view kManifestEntry = "META-INF/MANIFEST.MF";
 
-/// The main attributes of a jar's manifest; the sections of single entries are left out.
+/// The main attributes of a jar's manifest, without the per-entry sections.
 class Manifest {
   public:
-    /// Parses a manifest: lines ended by CR LF, LF or CR, each continued by lines that begin with a
-    /// blank (also within a character's bytes). Lines without ": " are passed over.
+    /// Parses a manifest. Lines end with CR LF, LF or CR and are continued by lines that begin with
+    /// a space, even inside a character. Lines without ": " are ignored.
     static Manifest Parse(std::string_view text);
 
-    /// The manifest of a jar. Throws Failure when it has none.
+    /// Reads the manifest of a jar. Throws Failure when there is none.
     static Manifest Of(const JarFile& jar);
 
-    /// An attribute's value in UTF-8, empty when it is absent. Letter case of names does not count.
+    /// The value of an attribute in UTF-8; empty when absent. Names are case-insensitive.
     std::string Get(std::string_view name) const;
 
-    /// The first of these attributes that has a value.
+    /// The value of the first of these attributes that is present.
     std::string GetFirst(std::initializer_list<std::string_view> names) const;
 
-    /// An attribute's words, which blanks separate ("Class-Path", "Add-Opens").
+    /// The space-separated words of an attribute such as "Class-Path" or "Add-Opens".
     std::vector<std::string> GetWords(std::string_view name) const;
 
   private:
-    std::map<std::string, std::string, std::less<>> attributes_;  // names in small letters
+    std::map<std::string, std::string, std::less<>> attributes_;  // keys in lower case
 };
 
 }  // namespace tarn::tools

@@ -12,14 +12,14 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-TEST(ManifestTest, FindsAttributesInAnyLetterCase) {
+TEST(ManifestTest, FindsAttributesInAnyCase) {
     const Manifest manifest = Manifest::Parse("Manifest-Version: 1.0\r\nMain-Class: a.Main \r\n");
     EXPECT_EQ(manifest.Get("Main-Class"), "a.Main");
     EXPECT_EQ(manifest.Get("MAIN-class"), "a.Main");
     EXPECT_EQ(manifest.Get("Class-Path"), "");
 }
 
-TEST(ManifestTest, JoinsContinuedLinesAlsoWithinACharacter) {
+TEST(ManifestTest, JoinsContinuationLinesEvenInsideACharacter) {
     const Manifest manifest = Manifest::Parse(
         "Class-Path: lib/a.jar lib\n /b.jar\n  lib/c.jar\nImplementation-Title: \xC3\n \xA4\n");
     EXPECT_THAT(manifest.GetWords("Class-Path"),
@@ -27,19 +27,19 @@ TEST(ManifestTest, JoinsContinuedLinesAlsoWithinACharacter) {
     EXPECT_EQ(manifest.Get("Implementation-Title"), "\xC3\xA4");
 }
 
-TEST(ManifestTest, EndsLinesInThreeWays) {
+TEST(ManifestTest, AcceptsThreeLineEnds) {
     const Manifest manifest = Manifest::Parse("A: 1\rB: 2\nC: 3\r\nD: 4");
     EXPECT_EQ(manifest.Get("A") + manifest.Get("B") + manifest.Get("C") + manifest.Get("D"),
               "1234");
 }
 
-TEST(ManifestTest, LeavesTheSectionsOfEntriesOut) {
+TEST(ManifestTest, OmitsPerEntrySections) {
     const Manifest manifest = Manifest::Parse("A: 1\n\nName: x/\nA: 2\nMain-Class: b.Other\n");
     EXPECT_EQ(manifest.Get("A"), "1");
     EXPECT_EQ(manifest.Get("Main-Class"), "");
 }
 
-TEST(ManifestTest, PassesOverWhatIsNoAttribute) {
+TEST(ManifestTest, IgnoresInvalidLines) {
     const Manifest manifest = Manifest::Parse(
         "\xEF\xBB\xBF"
         "A: 1\nnonsense\n continued\nB:2\nC: 3");
@@ -50,7 +50,7 @@ TEST(ManifestTest, PassesOverWhatIsNoAttribute) {
     EXPECT_EQ(Manifest::Parse(" \n \n").Get(""), "");
 }
 
-TEST(ManifestTest, TakesTheFirstAttributeThatHasAValue) {
+TEST(ManifestTest, ReturnsTheFirstAttributeWithAValue) {
     const Manifest manifest = Manifest::Parse("A: \nB: 2\nC: 3\n");
     EXPECT_EQ(manifest.GetFirst({"Z", "A", "B", "C"}), "2");
 }

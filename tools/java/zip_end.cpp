@@ -28,7 +28,7 @@ class ZipReader {
 
     std::uint64_t Size() const { return content_.size(); }
 
-    // 0 outside the file: no mark and no useful number.
+    // 0 out of bounds, which is neither a signature nor a valid size.
     std::uint64_t Number(std::uint64_t at, unsigned bytes) const {
         if (at > content_.size() || content_.size() - at < bytes) return 0;
         std::uint64_t value = 0;
@@ -45,7 +45,7 @@ class ZipReader {
 };
 
 struct Directory {
-    std::uint64_t end = 0;  // where it ends: at the first of the end records
+    std::uint64_t end = 0;  // its end: the start of the first end record
     std::uint64_t size = 0;
     std::uint64_t offset = 0;
     std::uint64_t entries = 0;
@@ -57,13 +57,14 @@ Directory DirectoryOf(const ZipReader& zip, std::uint64_t end) {
     if (end < kLocatorSize + kEnd64Size) return plain;
     const std::uint64_t locator = end - kLocatorSize;
     if (!zip.HasMark(locator, kLocatorMark)) return plain;
-    // The locator's offset does not know of data in front; the record usually lies right here.
+    // The locator's offset ignores data before the zip file; the record usually precedes the
+    // locator.
     std::uint64_t end64 = zip.Number(locator + 8, 8);
     if (!zip.HasMark(end64, kEnd64Mark) || end64 > locator) end64 = locator - kEnd64Size;
     if (!zip.HasMark(end64, kEnd64Mark)) return plain;
     const Directory large = {end64, zip.Number(end64 + 40, 8), zip.Number(end64 + 48, 8),
                              zip.Number(end64 + 32, 8)};
-    // A record that contradicts the plain one is data that happens to look like it.
+    // A record that contradicts the plain one is arbitrary data that looks like a record.
     const bool isSame = (large.size == plain.size || plain.size == 0xFFFFFFFF) &&
                         (large.offset == plain.offset || plain.offset == 0xFFFFFFFF) &&
                         (large.entries == plain.entries || plain.entries == 0xFFFF);
@@ -76,15 +77,15 @@ std::optional<ZipPlace> PlaceAt(const ZipReader& zip, std::uint64_t end) {
     const std::uint64_t start = directory.end - directory.size;
     if (directory.offset > start) return std::nullopt;
     const std::uint64_t begin = start - directory.offset;
-    const std::uint64_t behind = end + kEndSize + zip.Number(end + kCommentSize, 2);
-    if (behind > zip.Size()) return std::nullopt;
+    const std::uint64_t after = end + kEndSize + zip.Number(end + kCommentSize, 2);
+    if (after > zip.Size()) return std::nullopt;
     const bool isWhole = directory.size == 0 || zip.HasMark(start, kDirectoryMark);
     const bool startsWithEntry = directory.size != 0 && zip.HasMark(begin, kEntryMark);
-    if (!isWhole || (behind != zip.Size() && !startsWithEntry)) return std::nullopt;
+    if (!isWhole || (after != zip.Size() && !startsWithEntry)) return std::nullopt;
     const bool isAbsolute = begin == 0 && directory.size != 0 && !zip.HasMark(0, kEntryMark);
     ZipPlace place;
     place.begin = static_cast<std::size_t>(begin);
-    place.end = static_cast<std::size_t>(behind);
+    place.end = static_cast<std::size_t>(after);
     place.entries = directory.entries;
     place.directorySize = directory.size;
     place.directoryEnd = static_cast<std::size_t>(directory.end);
@@ -110,7 +111,7 @@ std::optional<ZipPlace> FindZip(std::span<const std::byte> content) {
 
 Bytes WithoutZip64Records(std::span<const std::byte> zip) {
     const std::optional<ZipPlace> place = FindZip(zip);
-    if (!place) throw Failure("is no jar or zip file");
+    if (!place) throw Failure("is not a jar or zip file");
     Bytes content(zip.begin(), zip.end());
     if (place->directoryEnd == place->endRecord) return content;
     const auto put = [&](std::size_t at, std::uint64_t value, unsigned bytes) {

@@ -18,7 +18,7 @@ TEST(ZipEnd, FindsTheWholeFile) {
     EXPECT_FALSE(place->hasAbsoluteOffsets);
 }
 
-TEST(ZipEnd, FindsItBetweenOtherBytes) {
+TEST(ZipEnd, FindsAZipBetweenOtherData) {
     Bytes content = ZipOf().Add("a", "text").Content();
     const std::size_t size = content.size();
     content.insert(content.begin(), 300, std::byte{1});
@@ -29,7 +29,7 @@ TEST(ZipEnd, FindsItBetweenOtherBytes) {
     EXPECT_EQ(place->end, 300 + size);
 }
 
-TEST(ZipEnd, AnEmptyZipHasToReachToTheEnd) {
+TEST(ZipEnd, AcceptsAnEmptyZipOnlyAtTheEnd) {
     Bytes content = ZipOf().Content();
     content.insert(content.begin(), 10, std::byte{1});
     EXPECT_TRUE(FindZip(content));
@@ -37,7 +37,7 @@ TEST(ZipEnd, AnEmptyZipHasToReachToTheEnd) {
     EXPECT_FALSE(FindZip(content));
 }
 
-TEST(ZipEnd, IsNotTakenInByItsMarkAlone) {
+TEST(ZipEnd, RequiresMoreThanTheSignature) {
     EXPECT_FALSE(FindZip({}));
     Bytes content = ZipOf().Add("a", "text").Content();
     // The directory's size, which then reaches over the file's begin.
@@ -45,7 +45,7 @@ TEST(ZipEnd, IsNotTakenInByItsMarkAlone) {
     EXPECT_FALSE(FindZip(content));
 }
 
-TEST(ZipEnd, LooksNoFurtherBackThanTheLongestCommentReaches) {
+TEST(ZipEnd, SearchesAsFarAsTheLongestComment) {
     Bytes content = ZipOf().Add("a", "text").Content();
     content.insert(content.end(), 65535, std::byte{2});
     EXPECT_TRUE(FindZip(content));
@@ -85,7 +85,7 @@ TEST(ZipEnd, ReadsTheNumbersOfZip64) {
     EXPECT_EQ(FindZip(behind)->begin, 50U);
 }
 
-TEST(ZipEnd, DoesWithoutZip64) {
+TEST(ZipEnd, RemovesZip64Records) {
     const Bytes plain = ZipOf().Add("a", "text").Add("b", "").Content();
     EXPECT_EQ(WithoutZip64Records(plain), plain);
     EXPECT_EQ(WithoutZip64Records(WithZip64Records(plain)), plain);

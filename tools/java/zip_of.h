@@ -9,7 +9,7 @@
 
 namespace tarn::tools {
 
-/// For tests: a zip file of stored entries, made by hand.
+/// For tests: builds a zip file with stored entries.
 class ZipOf {
   public:
     ZipOf& Add(std::string_view name, std::string_view content, unsigned flags = 0) {
@@ -39,7 +39,7 @@ class ZipOf {
         return text;
     }
 
-    // From "version needed" to the length of the extra field, which both headers share.
+    // The fields that both headers share: from "version needed" to the length of the extra field.
     static std::string EntryHead(std::string_view name, std::string_view content, unsigned flags,
                                  unsigned sum) {
         return Number(20, 2) + Number(flags, 2) + Number(0, 2 + 4) + Number(sum, 4) +

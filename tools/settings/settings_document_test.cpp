@@ -19,7 +19,7 @@ TEST(SettingsDocumentTest, KeepsTheLinesOfSectionsAndKeys) {
     EXPECT_EQ(document.sections()[1].entries[0].value, L"1=2");
 }
 
-TEST(SettingsDocumentTest, FindsTheFirstKeyOfTheFirstSectionWhateverTheLetterCase) {
+TEST(SettingsDocumentTest, FindsTheFirstKeyOfTheFirstSectionInAnyCase) {
     const SettingsDocument document(L"[a]\nk=1\nK=2\n[A]\nk=3\nonly=4");
     EXPECT_EQ(document.Find(L"A", L"K")->value, L"1");
     EXPECT_EQ(document.Find(L"A", L"only"), nullptr);
@@ -39,7 +39,7 @@ TEST(SettingsDocumentTest, RemovesOnePairOfQuotesAroundAValue) {
     EXPECT_EQ(document.Find(L"a", L"1")->written, L"\"x y\"");
 }
 
-TEST(SettingsDocumentTest, SetsAsideWhatIsNoSettingAtAll) {
+TEST(SettingsDocumentTest, SeparatesLinesThatAreNotSettings) {
     const SettingsDocument document(L"above=1\n[open\nword\n[A]trailing\nk=1");
     EXPECT_EQ(document.entriesAboveSections().size(), 1U);
     ASSERT_EQ(document.strayLines().size(), 2U);
@@ -48,7 +48,7 @@ TEST(SettingsDocumentTest, SetsAsideWhatIsNoSettingAtAll) {
     EXPECT_EQ(document.Find(L"A", L"k")->value, L"1");
 }
 
-TEST(SettingsDocumentTest, TakesAnythingWithoutTrouble) {
+TEST(SettingsDocumentTest, AcceptsAnyText) {
     for (const wchar_t* text : {L"", L"\n", L"\r", L"=", L"[]", L"]", L"[", L"[]\n=", L"\r\n\r"}) {
         EXPECT_LE(SettingsDocument(text).sections().size(), 1U) << text;
     }

@@ -12,7 +12,7 @@ namespace tarn::tools {
 namespace {
 
 constexpr std::uint16_t kVersionNumber = 1;
-constexpr std::uint16_t kManifestNumber = 1;  // the one that counts for a new process
+constexpr std::uint16_t kManifestNumber = 1;  // the id that the loader uses for a process
 constexpr std::size_t kSignatureAlignment = 8;
 
 const ResourceName kSettingsName(std::u16string(u"SETTINGS"));
@@ -30,7 +30,7 @@ void SetVersion(ResourceTree& tree, const StampChanges& changes) {
     ReplaceResource(tree, kResourceVersion, kVersionNumber, WriteVersionInfo(info));
 }
 
-// "%s" and "%d" in their order: what the launcher fills in.
+// The placeholders "%s" and "%d" in order, which the launcher replaces.
 std::string PlaceholdersOf(std::string_view text) {
     std::string found;
     for (std::size_t at = text.find('%'); at != std::string_view::npos;
@@ -48,13 +48,13 @@ void SetStrings(ResourceTree& tree, const StampChanges& changes,
         if (PlaceholdersOf(text) != present) {
             warnings.push_back("text " + std::to_string(id) + " had " +
                                (present.empty() ? "no placeholders" : present) +
-                               ", the new one has others: details will be missing or misplaced");
+                               ", the new one differs: details will be missing or misplaced");
         }
         SetString(tree, id, text);
     }
 }
 
-// In front of a jar: the file then ends at a place where a signature can follow at once.
+// Padding before a jar, so that the file ends where a signature can follow.
 std::size_t PaddingFor(std::size_t offset, std::size_t size) {
     return AlignedUp(offset + size, kSignatureAlignment) - offset - size;
 }
@@ -67,8 +67,7 @@ bool IsOnlyPadding(const Bytes& overlay) {
 
 void SetJar(Executable& executable, const std::optional<Bytes>& jar) {
     Bytes overlay = executable.Overlay();
-    // A signature that was dropped leaves up to seven zeros in front of it, and a jar here has them
-    // in front, too.
+    // A removed signature and an appended jar leave up to seven zeros of padding.
     const std::optional<ZipPlace> place = FindZip(overlay);
     Bytes present;
     if (place) {
@@ -93,8 +92,8 @@ Bytes Stamp(ByteSpan content, const StampChanges& changes, std::vector<std::stri
     if (executable.IsSigned()) {
         if (!changes.dropsSignature) {
             throw Failure(
-                "is signed, and a changed file loses its signature; stamp first and sign then, or "
-                "give --drop-signature");
+                "is signed, and a change invalidates the signature; sign after stamping, or use "
+                "--drop-signature");
         }
         executable.DropSignature();
     }

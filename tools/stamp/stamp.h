@@ -11,35 +11,35 @@
 
 namespace tarn::tools {
 
-/// What an executable gets. What is left out stays as it is.
+/// The changes to an executable. Members that are not set leave it unchanged.
 struct StampChanges {
     std::vector<IconPicture> icon;
 
-    /// Version of the file and the product: its numbers and its text.
+    /// The version of file and product, as a text; its numbers are derived from it.
     std::string version;
 
-    /// Texts of the version information by name; an empty one is removed.
+    /// Texts of the version information by name; an empty text removes the entry.
     std::vector<std::pair<std::string, std::string>> versionTexts;
 
-    /// Entries of the string table.
+    /// Entries of the string table by id.
     std::vector<std::pair<std::uint16_t, std::string>> strings;
 
-    /// Built-in settings, as EmbeddedSettingsText gives them; an empty text removes them.
+    /// Built-in settings from `EmbeddedSettingsText`; an empty text removes them.
     std::optional<std::string> settings;
 
-    /// Whole XML text of the manifest.
+    /// The complete manifest (XML).
     std::optional<Bytes> manifest;
 
-    /// A jar to append, in place of one that is appended already.
+    /// A jar to append; replaces an appended one.
     std::optional<Bytes> jar;
 
-    /// Goes on with a signed file, without its signature.
+    /// Removes the signature of a signed executable instead of failing.
     bool dropsSignature = false;
 };
 
-/// The executable with these changes: the same bytes from the same input on every machine. Throws
-/// Failure, without the file's name, when it is no executable, is signed or is broken. Adds to
-/// `warnings` what is probably not meant.
+/// Returns the changed executable: the same bytes for the same input on every machine. Throws
+/// Failure, without the file's name, when it is not an executable, is signed or is corrupt. Adds
+/// probable mistakes to `warnings`.
 Bytes Stamp(ByteSpan executable, const StampChanges& changes, std::vector<std::string>& warnings);
 
 }  // namespace tarn::tools

@@ -19,9 +19,9 @@ constexpr char kExamples[] =
     "  tarn stamp launcher.exe --out app.exe --icon app.png --version 2.1.0 \\\n"
     "      --product \"My App\" --company \"My Company\"\n"
     "  tarn stamp launcher.exe --out app.exe --settings app.ini --jar app.jar\n"
-    "      A single file: app.ini has \"Embedded Jar=Yes\" in its section [Application].\n"
+    "      Creates a single file; app.ini sets \"Embedded Jar=Yes\" in [Application].\n"
     "  tarn stamp app.exe --out app.exe --set-string 210=\"Keine Hauptklasse in der INI-Datei.\"\n"
-    "Sign the executable afterwards: a change would break its signature.";
+    "Sign the executable afterwards: a change invalidates the signature.";
 
 struct Arguments {
     std::string launcher, out, icon, settings, jar, manifest;
@@ -35,12 +35,12 @@ std::pair<std::string, std::string> SplitAtEquals(const std::string& option,
                                                   const std::string& text) {
     const std::size_t equals = text.find('=');
     if (equals == std::string::npos || equals == 0) {
-        throw Failure(option + " " + text + ": NAME=TEXT is needed");
+        throw Failure(option + " " + text + ": NAME=TEXT is required");
     }
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-// "\n", "\t" and "\\" in what was typed.
+// Resolves the escapes "\n", "\t" and "\\".
 std::string Unescaped(std::string_view text) {
     std::string plain;
     for (std::size_t at = 0; at < text.size(); ++at) {
@@ -61,7 +61,7 @@ std::pair<std::uint16_t, std::string> ParseString(const std::string& option) {
     const auto parsed = std::from_chars(id.data(), id.data() + id.size(), number);
     if (parsed.ec != std::errc() || parsed.ptr != id.data() + id.size()) {
         throw Failure("--set-string " + option +
-                      ": a number from 0 to 65535 is needed before \"=\"");
+                      ": the id before \"=\" must be a number from 0 to 65535");
     }
     return {number, Unescaped(text)};
 }
@@ -121,39 +121,42 @@ void RunStamp(const Arguments& arguments, const Console& console) {
 void AddStampCommand(CLI::App& app, const Console& console, int& exitCode) {
     auto arguments = std::make_shared<Arguments>();
     CLI::App& command = *app.add_subcommand(
-        "stamp", "Gives an executable its icon, version information, texts, settings and jar");
+        "stamp", "Sets icon, version information, strings, settings and jar of an executable");
     command.footer(kExamples);
-    command.add_option("launcher", arguments->launcher, "The executable to begin with")
+    command
+        .add_option("launcher", arguments->launcher,
+                    "The executable to change; it remains untouched")
         ->required()
         ->type_name("LAUNCHER.exe");
     const auto option = [&](const char* name, std::string& value, const char* type,
                             const char* help) {
         return command.add_option(name, value, help)->type_name(type);
     };
-    option("--out,-o", arguments->out, "FILE", "Where the new executable goes")->required();
+    option("--out,-o", arguments->out, "FILE", "The new executable")->required();
     option("--icon", arguments->icon, "FILE", "Icon: an .ico file, or a .png (256 pixels or more)");
-    option("--version", arguments->version, "TEXT", "Version of file and product, such as 2.1.0");
-    option("--product", arguments->product, "TEXT", "Name of the product");
+    option("--version", arguments->version, "TEXT",
+           "Version of file and product, for example 2.1.0");
+    option("--product", arguments->product, "TEXT", "Product name");
     option("--description", arguments->description, "TEXT",
-           "What the task manager shows (else the product's name)");
-    option("--company", arguments->company, "TEXT", "Maker");
+           "Description, shown by the task manager (default: the product name)");
+    option("--company", arguments->company, "TEXT", "Company name");
     option("--copyright", arguments->copyright, "TEXT", "Copyright notice");
     command
         .add_option("--version-text", arguments->texts,
-                    "Any other text of the version information; may be repeated")
+                    "Another text of the version information; may be repeated")
         ->type_name("NAME=TEXT")
         ->allow_extra_args(false);
-    option("--settings", arguments->settings, "FILE", "Settings file to build in");
-    option("--jar", arguments->jar, "FILE", "Jar to append, for \"Embedded Jar\"");
+    option("--settings", arguments->settings, "FILE", "Settings file to embed");
+    option("--jar", arguments->jar, "FILE", "Jar to append, for \"Embedded Jar=Yes\"");
     command
         .add_option("--set-string", arguments->strings,
-                    "Text of the string table, with \\n for a new line; may be repeated")
+                    "String table entry, with \\n for a line break; may be repeated")
         ->type_name("ID=TEXT")
         ->allow_extra_args(false);
     option("--manifest", arguments->manifest, "FILE",
-           "Manifest (XML) to take the present one's place");
+           "Manifest (XML) that replaces the existing one");
     command.add_flag("--drop-signature", arguments->dropsSignature,
-                     "Go on with a signed executable, without its signature");
+                     "Remove the signature of a signed executable");
     command.callback([arguments, &console, &exitCode] {
         RunStamp(*arguments, console);
         exitCode = kSuccess;

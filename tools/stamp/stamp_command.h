@@ -6,7 +6,7 @@
 
 namespace tarn::tools {
 
-/// Adds "tarn stamp" to the command line.
+/// Adds `tarn stamp`.
 void AddStampCommand(CLI::App& app, const Console& console, int& exitCode);
 
 }  // namespace tarn::tools

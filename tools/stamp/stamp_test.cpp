@@ -39,7 +39,7 @@ std::string EntryOf(const Bytes& executable) {
     return std::string(reinterpret_cast<const char*>(entry.data()), entry.size());
 }
 
-TEST(StampTest, ChangesNothingThatItWasNotAskedFor) {
+TEST(StampTest, ChangesOnlyWhatIsRequested) {
     StampChanges changes;
     changes.settings = "[A]\r\n";
     changes.strings = {{210, "text"}};
@@ -60,7 +60,7 @@ TEST(StampTest, ChangesNothingThatItWasNotAskedFor) {
     EXPECT_EQ(tree.count(kResourceData), 0U);
 }
 
-TEST(StampTest, AppendsAJarThatEndsWhereASignatureMayFollow) {
+TEST(StampTest, AlignsAnAppendedJarForASignature) {
     for (const char* const text : {"", "1", "12", "123", "1234", "12345", "123456", "1234567"}) {
         StampChanges changes;
         changes.jar = Jar(text);
@@ -71,7 +71,7 @@ TEST(StampTest, AppendsAJarThatEndsWhereASignatureMayFollow) {
     }
 }
 
-TEST(StampTest, ReplacesAJarAndKeepsItWithOtherResources) {
+TEST(StampTest, ReplacesAJarAndKeepsItOnOtherChanges) {
     StampChanges changes;
     changes.jar = Jar("first one, which is longer");
     const Bytes first = Stamped(Launcher(), changes);
@@ -86,7 +86,7 @@ TEST(StampTest, ReplacesAJarAndKeepsItWithOtherResources) {
     EXPECT_EQ(third, Stamped(Launcher(), settings));
 }
 
-TEST(StampTest, RefusesASignedFileUnlessToldToDropTheSignature) {
+TEST(StampTest, RejectsASignedFileWithoutTheOption) {
     StampChanges changes;
     changes.jar = Jar("text");
     const Bytes unsignedFile = Stamped(Launcher(), changes);
@@ -108,7 +108,7 @@ TEST(StampTest, RefusesASignedFileUnlessToldToDropTheSignature) {
     EXPECT_EQ(Stamped(signedFile, drop), unsignedFile);
 }
 
-TEST(StampTest, WarnsOfATextThatLostItsPlaceholders) {
+TEST(StampTest, WarnsAboutLostPlaceholders) {
     StampChanges changes;
     changes.strings = {{222, "Cannot load %s (%d)"}};
     std::vector<std::string> warnings;

@@ -21,18 +21,18 @@ std::string AsWindowsPath(std::string path) {
 void AddApplication(const WrapRequest& request, SettingsWriter& settings) {
     if (request.endsWith == EndsWith::Threads) {
         settings.Add(keys::kApplication, keys::kApplicationType, "service",
-                     "The program runs until its last thread has ended, as with java -jar. Without "
-                     "this line\nit ends when main returns.");
+                     "The process ends with its last thread, like java -jar. Without this line it "
+                     "ends when main\nreturns.");
     }
     if (request.singleInstance) {
         settings.Add(keys::kApplication, keys::kSingleInstance, "yes",
                      "A second start hands its arguments to secondaryMain(String[]) of the main "
-                     "class in the\nrunning program.");
+                     "class in the\nrunning instance.");
     } else if (request.endsWith != EndsWith::Threads) {
-        settings.AddSuggestion(keys::kApplication, keys::kSingleInstance, "yes",
-                               "Take the semicolon away to let one program run at a time; a second "
-                               "start then hands its\narguments to secondaryMain(String[]) of the "
-                               "main class.");
+        settings.AddSuggestion(
+            keys::kApplication, keys::kSingleInstance, "yes",
+            "Remove the semicolon to run a single instance: a second start then hands its "
+            "arguments to\nsecondaryMain(String[]) of the main class.");
     }
     const char* const kOwnFolder =
         "The application starts in its own folder. Without this line it starts in the caller's\n"
@@ -43,15 +43,15 @@ void AddApplication(const WrapRequest& request, SettingsWriter& settings) {
         settings.Add(keys::kApplication, keys::kOverrideWorkingDir, "Yes", kOwnFolder);
     }
     settings.Add(keys::kApplication, keys::kFailureCheck, "Yes",
-                 "An exception that ends main is shown in a dialog.");
+                 "Shows an uncaught exception of main in a dialog.");
     if (request.singleFile) settings.Add(keys::kApplication, keys::kEmbeddedJar, "Yes");
     if (request.arguments.empty()) {
         settings.AddSuggestion(
             keys::kApplication, keys::kCmd, "--example",
-            "Arguments that main always gets, behind those of the command line.");
+            "Arguments that main always receives, after those of the command line.");
     } else {
         settings.Add(keys::kApplication, keys::kCmd, request.arguments,
-                     "Arguments that main always gets, behind those of the command line.");
+                     "Arguments that main always receives, after those of the command line.");
     }
     settings.AddSuggestion(keys::kApplication, keys::kOutputFile,
                            "%LOCALAPPDATA%\\" + request.name + "\\output.txt",
@@ -65,20 +65,19 @@ void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsWrite
     settings.Add(section, keys::kMainClass, facts.mainClass);
     settings.Add(section, keys::kMinimumVersion,
                  facts.minimumVersion.empty() ? "any" : facts.minimumVersion,
-                 "Which installed Java runtimes will do, \"any\" for no bound. A runtime in the "
-                 "folder jre64\nbeside the executable comes first.");
+                 "Versions of the installed Java runtimes that are accepted; \"any\" is no bound. "
+                 "A runtime in\nthe folder jre64 beside the executable takes precedence.");
     settings.Add(section, keys::kMaximumVersion,
                  request.maximumVersion.empty() ? "any" : request.maximumVersion);
     if (request.endsWith == EndsWith::Exit) {
-        settings.Add(
-            section, keys::kVmProvider, "any",
-            "The program runs until it calls System.exit, and not only until main returns.");
+        settings.Add(section, keys::kVmProvider, "any",
+                     "The process runs until it calls System.exit, not only until main returns.");
     }
     std::vector<std::string> parameters = facts.vmParameters;
     if (!request.vmParameters.empty()) parameters.push_back(request.vmParameters);
     const char* const kHeap =
-        "Options for the Java virtual machine. -Xmx25:256:4096p is a quarter of the machine's "
-        "memory,\nbut at least 256 and at most 4096 MiB.";
+        "JVM options. -Xmx25:256:4096p is a quarter of the machine's memory, but at least 256 and "
+        "at\nmost 4096 MiB.";
     if (parameters.empty()) {
         settings.AddSuggestion(section, keys::kVirtualMachineParameters, "-Xmx25:256:4096p", kHeap);
     } else {
@@ -92,19 +91,19 @@ SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& f
                                    const std::vector<std::string>& classPath,
                                    const std::string& splash) {
     SettingsWriter settings("Settings of " + request.name +
-                            ".exe. Lines that begin with a semicolon have no effect.");
+                            ".exe. Lines that begin with a semicolon are comments.");
     settings.Add(keys::kProductInformation, keys::kProductName, request.title,
-                 "The folder of the user's own settings below %APPDATA%.");
+                 "Folder of the per-user settings below %APPDATA%.");
     AddApplication(request, settings);
     AddRuntime(request, facts, settings);
     if (!classPath.empty()) {
         settings.Add(keys::kClassPath, keys::kClassPath, AsWindowsPath(Concat(classPath, ";")),
-                     "Relative to the executable's folder; lib\\*.jar is all jars in lib.");
+                     "Relative to the executable's folder; lib\\*.jar is every jar in lib.");
     }
     if (!splash.empty()) {
         settings.Add(keys::kDisplay, keys::kSplashScreen, splash);
         settings.Add(keys::kDisplay, keys::kPreferNativeSplashScreen, "Yes",
-                     "The picture goes when the program's first window opens.");
+                     "The picture closes when the application's first window opens.");
     }
     for (const auto& [name, value] : request.settings) {
         const std::size_t slash = name.find('/');

@@ -9,8 +9,8 @@
 
 namespace tarn::tools {
 
-/// The settings of a wrapped application. `classPath` are the entries of its class path with "/",
-/// `splash` is the picture's file beside the executable or empty.
+/// The settings of a wrapped application. `classPath` lists the entries with "/"; `splash` is the
+/// picture's file name beside the executable, or empty.
 SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
                                    const std::vector<std::string>& classPath,
                                    const std::string& splash);

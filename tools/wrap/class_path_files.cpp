@@ -7,6 +7,7 @@
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/java/manifest.h"
+#include "tools/wrap/result_names.h"
 
 namespace tarn::tools {
 namespace {
@@ -22,7 +23,7 @@ int HexDigit(char letter) {
     return -1;
 }
 
-// Below the application's folder, or empty when it would lie elsewhere.
+// The path below the application's folder; empty when the URL leads out of it.
 std::string TargetBelow(const fs::path& base, const std::string& url) {
     const fs::path joined = (base / PathOf(url)).lexically_normal();
     std::string target = Utf8OfPath(fs::path(joined.generic_string()));
@@ -50,10 +51,10 @@ class Collector {
                 const std::string extension = Utf8OfPath(entry.path().extension());
                 if (ToLowerAscii(extension) == ".jar") jars.push_back(entry.path());
             }
-            if (error || jars.empty()) throw Failure(path, "has no jars in it");
+            if (error || jars.empty()) throw Failure(path, "contains no jars");
             std::sort(jars.begin(), jars.end());
         } else if (!fs::exists(path, error)) {
-            throw Failure(path, "was not found; --class-path takes a jar, or a folder of jars");
+            throw Failure(path, "was not found; --class-path takes a jar or a folder of jars");
         }
         for (const fs::path& jar : jars) {
             AddJar({jar, kLibraries + Utf8OfPath(jar.filename()), false});
@@ -63,16 +64,12 @@ class Collector {
     std::vector<ClassPathFile> Take() { return std::move(files_); }
 
   private:
-    // False when it is on the class path already.
+    // False when the file is on the class path already.
     bool Add(ClassPathFile file) {
         std::error_code error;
         const fs::path canonical = fs::weakly_canonical(file.source, error);
         if (!sources_.insert(error ? file.source : canonical).second) return false;
-        CheckWindowsName(file.target);
-        if (!targets_.insert(ToLowerAscii(file.target)).second) {
-            throw Failure(file.source, "and another file of the class path would both become " +
-                                           file.target + "; rename one");
-        }
+        CheckClassPathName(file.target, Utf8OfPath(file.source));
         files_.push_back(std::move(file));
         return true;
     }
@@ -95,7 +92,7 @@ class Collector {
                 const fs::path& targetFolder) {
         const std::string from = Utf8OfPath(jar.Path()) + ": Class-Path names " + url;
         if (url.find(':') != std::string::npos) {
-            warnings_.push_back(from + ", which is no file beside it; it is left out");
+            warnings_.push_back(from + ", which is not a relative file name; it is omitted");
             return;
         }
         ClassPathFile file;
@@ -105,14 +102,14 @@ class Collector {
         file.isFolder = fs::is_directory(file.source, error);
         if (file.target.empty()) {
             file.target = kLibraries + Utf8OfPath(file.source.lexically_normal().filename());
-            // The folder itself, or one above it: that is everything there is.
+            // The jar's own folder or one above it would copy everything there.
             if (file.isFolder) {
-                warnings_.push_back(from + ", a folder outside of the jar's; it is left out");
+                warnings_.push_back(from + ", a folder that is not below the jar's; it is omitted");
                 return;
             }
         }
         if (!fs::exists(file.source, error)) {
-            warnings_.push_back(from + ", which does not exist; it is left out");
+            warnings_.push_back(from + ", which does not exist; it is omitted");
         } else if (file.isFolder) {
             Add(file);
         } else {
@@ -123,7 +120,6 @@ class Collector {
     std::vector<std::string>& warnings_;
     std::vector<ClassPathFile> files_;
     std::set<fs::path> sources_;
-    std::set<std::string> targets_;
 };
 
 }  // namespace
@@ -151,15 +147,12 @@ std::string DecodedUrl(std::string_view url) {
     return text;
 }
 
-void CheckWindowsName(const std::string& target) {
-    for (const char letter : target) {
-        const bool isControl = static_cast<unsigned char>(letter) < ' ';
-        if (isControl || std::string_view("<>:\"|?*;\\").find(letter) != std::string_view::npos) {
-            throw Failure(target +
-                          ": has a character that no name on a Windows class path can have"
-                          " (one of < > : \" | ? * ; \\); rename it");
-        }
-    }
+void CheckClassPathName(const std::string& target, const std::string& origin) {
+    CheckWindowsPath(target, origin);
+    const std::size_t found = target.find_first_of(";%");
+    if (found == std::string::npos) return;
+    throw Failure(origin + ": the name contains \"" + target[found] +
+                  "\", which a class path cannot contain; rename it");
 }
 
 }  // namespace tarn::tools

@@ -8,25 +8,26 @@
 
 namespace tarn::tools {
 
-/// A file or folder that the class path needs.
+/// A file or folder on the class path.
 struct ClassPathFile {
     std::filesystem::path source;
-    std::string target;  // where it goes below the application's folder, with "/" and UTF-8
+    std::string target;  // relative to the application's folder, with "/", in UTF-8
     bool isFolder = false;
 };
 
-/// The application's jar and all that its manifest's Class-Path names, the Class-Path of those
-/// included, each once and in Java's order; then `more`: jars, or folders whose jars are meant.
-/// What does not lie below the jar's own folder goes into "lib". Adds to `warnings` what is missing
-/// or no file. Throws Failure for a broken jar, and when two files would get one name.
+/// Collects the application's jar and, recursively, everything that the Class-Path of its manifest
+/// names, each once and in Java's order; then `more`: jars, or folders of jars. Files outside the
+/// jar's own folder are placed in "lib". Adds missing entries and entries that are not files to
+/// `warnings`. Throws Failure for a corrupt jar.
 std::vector<ClassPathFile> CollectClassPath(const JarFile& jar,
                                             const std::vector<std::filesystem::path>& more,
                                             std::vector<std::string>& warnings);
 
-/// A relative URL's text with its "%20" and the like decoded.
+/// Decodes the percent escapes of a relative URL.
 std::string DecodedUrl(std::string_view url);
 
-/// Throws Failure when a name cannot be a file's on Windows or a class path's entry.
-void CheckWindowsName(const std::string& target);
+/// Throws Failure unless a path is possible on Windows and as an entry of "Class Path", where ";"
+/// separates entries and "%" begins a variable. `origin` is for the message.
+void CheckClassPathName(const std::string& target, const std::string& origin);
 
 }  // namespace tarn::tools

@@ -14,8 +14,7 @@ Manifest ManifestOf(const JarFile& jar, const std::string& mainClass) {
         return Manifest::Of(jar);
     } catch (const Failure& failure) {
         if (!mainClass.empty() && !jar.Has(kManifestEntry)) return {};
-        throw Failure(std::string(failure.what()) +
-                      "; the main class can be given by --main-class");
+        throw Failure(std::string(failure.what()) + "; specify the main class with --main-class");
     }
 }
 
@@ -39,15 +38,16 @@ class Options {
     }
 
   private:
-    // A runtime that does not know an option does not start.
+    // A runtime refuses to start with an unknown option.
     void Add(const std::string& attribute, const std::string& option, int first) {
         if (feature_ >= first) {
             facts_.vmParameters.push_back(option);
             return;
         }
         const std::string oldest = std::to_string(first);
-        warnings_.push_back(attribute + " of the manifest is left out, for Java knows " + option +
-                            " from " + oldest + " on; --min-version " + oldest + " lets it in");
+        warnings_.push_back(attribute + " of the manifest is omitted, because Java supports " +
+                            option + " from version " + oldest + " on; use --min-version " +
+                            oldest + " to include it");
     }
 
     const Manifest& manifest_;
@@ -64,7 +64,7 @@ JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
     JarFacts facts;
     facts.mainClass = mainClass.empty() ? manifest.Get("Main-Class") : mainClass;
     if (facts.mainClass.empty()) {
-        throw Failure(jar.Path(), "has no Main-Class in its manifest; give --main-class");
+        throw Failure(jar.Path(), "has no Main-Class in its manifest; specify --main-class");
     }
     facts.title = manifest.GetFirst({"Implementation-Title", "Bundle-Name"});
     facts.version = manifest.GetFirst({"Implementation-Version", "Bundle-Version"});
@@ -83,8 +83,8 @@ JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
     options.AddNativeAccess();
     if (!manifest.Get("Launcher-Agent-Class").empty()) {
         warnings.push_back(
-            "Launcher-Agent-Class of the manifest is for \"java -jar\" alone: give --vm-parameters "
-            "\"-javaagent:JAR\" for an agent");
+            "Launcher-Agent-Class of the manifest applies to \"java -jar\" only; use "
+            "--vm-parameters \"-javaagent:JAR\" for an agent");
     }
     return facts;
 }

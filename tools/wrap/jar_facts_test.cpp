@@ -25,7 +25,7 @@ JarFacts FactsOf(const ZipOf& zip, std::vector<std::string>& warnings,
     return ReadJarFacts(JarFile(content, "app.jar"), mainClass, minimum, warnings);
 }
 
-TEST(JarFactsTest, TellsWhatTheManifestSays) {
+TEST(JarFactsTest, ReadsTheManifest) {
     std::vector<std::string> warnings;
     const JarFacts facts =
         FactsOf(ZipOf()
@@ -49,7 +49,7 @@ TEST(JarFactsTest, TellsWhatTheManifestSays) {
     EXPECT_THAT(warnings, IsEmpty());
 }
 
-TEST(JarFactsTest, LeavesOutOptionsThatTheOldestRuntimeWouldRefuse) {
+TEST(JarFactsTest, OmitsOptionsThatTheOldestRuntimeRefuses) {
     const ZipOf zip = ZipOf()
                           .Add("META-INF/MANIFEST.MF",
                                "Main-Class: a.Main\nAdd-Opens: java.base/java.lang\n"
@@ -65,7 +65,7 @@ TEST(JarFactsTest, LeavesOutOptionsThatTheOldestRuntimeWouldRefuse) {
     EXPECT_THAT(warnings, ElementsAre(HasSubstr("--min-version 17"), HasSubstr("-javaagent")));
 }
 
-TEST(JarFactsTest, NeedsAMainClassFromSomewhere) {
+TEST(JarFactsTest, RequiresAMainClass) {
     std::vector<std::string> warnings;
     EXPECT_THROW(FactsOf(ZipOf().Add("a", "b"), warnings), Failure);
     EXPECT_THROW(FactsOf(ZipOf().Add("META-INF/MANIFEST.MF", "A: b\n"), warnings), Failure);

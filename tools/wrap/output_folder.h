@@ -1,43 +1,68 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "tools/common/whole_file.h"
+#include "tools/wrap/result_names.h"
 
 namespace tarn::tools {
 
-/// A folder that appears when it is complete, or not at all: it is filled under another name beside
-/// its place.
+/// A folder that appears complete or not at all: it is filled under a unique temporary name beside
+/// its final place. Every file is created exclusively, so nothing is overwritten and no link is
+/// followed.
 class OutputFolder {
   public:
-    /// Throws Failure when something is at `folder` already, unless that is an empty folder, or
-    /// `replaces` is set and the file `mark` lies in it, which tells it for one made earlier.
+    /// Throws Failure when `folder` is a link, or exists, unless it is empty, or `replaces` is set
+    /// and it contains the file `mark`, as a folder created by this program does.
     OutputFolder(std::filesystem::path folder, bool replaces, const std::string& mark);
 
-    /// Takes away what was written, unless it was finished.
+    /// Removes the files unless `Finish` succeeded.
     ~OutputFolder();
+
     OutputFolder(const OutputFolder&) = delete;
     OutputFolder& operator=(const OutputFolder&) = delete;
 
-    /// Writes a file below the folder (`target` in UTF-8 with "/"). Throws Failure.
-    void Write(const std::string& target, std::span<const std::byte> content) const;
+    /// Writes a file below the folder; `target` is UTF-8 with "/", `origin` names it in messages.
+    /// Throws Failure.
+    void Write(const std::string& target, std::span<const std::byte> content,
+               const std::string& origin);
 
-    /// Copies a file, or a folder with all that is in it.
-    void Copy(const std::filesystem::path& source, const std::string& target) const;
+    /// Called with the size in bytes of each file that was copied.
+    using Progress = std::function<void(std::uintmax_t)>;
 
-    /// Gives the folder its name.
+    /// Copies a file, or a folder with its contents, including empty folders. Links are followed.
+    /// Throws Failure, also for anything but files and folders.
+    void Copy(const std::filesystem::path& source, const std::string& target,
+              const Progress& progress = {});
+
+    /// Moves the folder to its final place.
     void Finish();
 
   private:
+    void CheckReplaceable() const;
+    void CopyFile(const std::filesystem::path& source, const std::string& target,
+                  const Progress& progress);
+
     std::filesystem::path folder_;
+    std::string mark_;
+    bool replaces_;
     std::filesystem::path unfinished_;
+    ResultNames names_;
     bool isFinished_ = false;
 };
 
-/// All files below a folder, links followed, as paths relative to it, sorted.
-std::vector<std::filesystem::path> FilesBelow(const std::filesystem::path& folder);
+struct TreeEntry {
+    std::filesystem::path path;  // relative
+    bool isFolder = false;
+};
+
+/// Everything below a folder, sorted by path; links are followed. Throws Failure when the folder
+/// cannot be read or contains a link to a folder above it.
+std::vector<TreeEntry> ListTree(const std::filesystem::path& folder);
 
 }  // namespace tarn::tools

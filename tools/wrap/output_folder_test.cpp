@@ -2,6 +2,10 @@
 
 #include <gmock/gmock.h>
 
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
+
 #include "tools/common/failure.h"
 #include "tools/common/folder_fixture.h"
 
@@ -12,13 +16,15 @@ using testing::ElementsAre;
 
 class OutputFolderTest : public FolderTest {
   protected:
-    static void WriteText(const OutputFolder& output, const char* target, std::string_view text) {
-        output.Write(target, std::as_bytes(std::span(text)));
+    static void WriteText(OutputFolder& output, const char* target, std::string_view text) {
+        output.Write(target, AsBytes(text), "test");
     }
 
     std::vector<std::string> Names() const {
         std::vector<std::string> names;
-        for (const auto& file : FilesBelow(folder_)) names.push_back(file.generic_string());
+        for (const TreeEntry& entry : ListTree(folder_)) {
+            if (!entry.isFolder) names.push_back(entry.path.generic_string());
+        }
         return names;
     }
 };
@@ -32,12 +38,15 @@ TEST_F(OutputFolderTest, AppearsWhenItIsComplete) {
     EXPECT_THAT(Names(), ElementsAre("deep/app/app.exe", "deep/app/lib/sub/a.jar"));
 }
 
-TEST_F(OutputFolderTest, LeavesNothingBehindWhenItIsGivenUp) {
-    { WriteText(OutputFolder(folder_ / "app", false, "app.exe"), "app.exe", "x"); }
+TEST_F(OutputFolderTest, LeavesNothingBehindWhenUnfinished) {
+    {
+        OutputFolder output(folder_ / "app", false, "app.exe");
+        WriteText(output, "app.exe", "x");
+    }
     EXPECT_TRUE(std::filesystem::is_empty(folder_));
 }
 
-TEST_F(OutputFolderTest, TakesThePlaceOfAnEmptyFolder) {
+TEST_F(OutputFolderTest, ReplacesAnEmptyFolder) {
     std::filesystem::create_directories(folder_ / "app");
     OutputFolder output(folder_ / "app", false, "app.exe");
     WriteText(output, "app.exe", "x");
@@ -45,7 +54,7 @@ TEST_F(OutputFolderTest, TakesThePlaceOfAnEmptyFolder) {
     EXPECT_THAT(Names(), ElementsAre("app/app.exe"));
 }
 
-TEST_F(OutputFolderTest, ReplacesOnlyWhatWasMadeBefore) {
+TEST_F(OutputFolderTest, ReplacesOnlyItsOwnFolders) {
     Put("app/app.exe", "old");
     Put("app/other", "old");
     EXPECT_THROW(OutputFolder(folder_ / "app", false, "app.exe"), Failure);
@@ -59,7 +68,7 @@ TEST_F(OutputFolderTest, ReplacesOnlyWhatWasMadeBefore) {
     EXPECT_EQ(TextOf(folder_ / "app/app.exe"), "new");
 }
 
-TEST_F(OutputFolderTest, CopiesFoldersWithAllThatIsInThem) {
+TEST_F(OutputFolderTest, CopiesFoldersWithTheirContents) {
     Put("in/a.txt", "a");
     Put("in/sub/b.txt", "b");
     OutputFolder output(folder_ / "app", false, "app.exe");
@@ -71,11 +80,68 @@ TEST_F(OutputFolderTest, CopiesFoldersWithAllThatIsInThem) {
                                      "in/a.txt", "in/sub/b.txt"));
 }
 
-TEST_F(OutputFolderTest, SaysWhereNothingCanBeMade) {
+TEST_F(OutputFolderTest, NamesAFolderThatCannotBeCreated) {
     Put("file", "x");
     EXPECT_THROW(OutputFolder(folder_ / "file/app", false, "app.exe"), Failure);
-    EXPECT_THROW(FilesBelow(folder_ / "none"), Failure);
+    EXPECT_THROW(ListTree(folder_ / "none"), Failure);
 }
+
+TEST_F(OutputFolderTest, CopiesEmptyFolders) {
+    std::filesystem::create_directories(folder_ / "in/empty/deeper");
+    OutputFolder output(folder_ / "app", false, "app.exe");
+    output.Copy(folder_ / "in", "data");
+    output.Finish();
+    EXPECT_TRUE(std::filesystem::is_directory(folder_ / "app/data/empty/deeper"));
+}
+
+TEST_F(OutputFolderTest, RejectsTwoFilesWithOneName) {
+    Put("in/APP.EXE", "x");
+    OutputFolder output(folder_ / "app", false, "app.exe");
+    WriteText(output, "app.exe", "y");
+    EXPECT_THROW(WriteText(output, "app.exe", "z"), Failure);
+    EXPECT_THROW(output.Copy(folder_ / "in/APP.EXE", "APP.EXE"), Failure);
+}
+
+TEST_F(OutputFolderTest, PreservesFilesWithNamesLikeItsOwn) {
+    for (const char* const name : {"app.unfinished/x", "app.old/x", "app.new", "app.tmp"}) {
+        Put(name, "kept");
+    }
+    Put("app/app.exe", "old");
+    OutputFolder output(folder_ / "app", true, "app.exe");
+    WriteText(output, "app.exe", "new");
+    WriteText(output, "app.exe.new", "other");
+    output.Finish();
+    EXPECT_THAT(Names(), ElementsAre("app/app.exe", "app/app.exe.new", "app.new", "app.old/x",
+                                     "app.tmp", "app.unfinished/x"));
+}
+
+TEST_F(OutputFolderTest, PreservesAFolderThatAppearedInTheMeantime) {
+    OutputFolder output(folder_ / "app", false, "app.exe");
+    WriteText(output, "app.exe", "new");
+    Put("app/precious", "kept");
+    EXPECT_THROW(output.Finish(), Failure);
+    EXPECT_EQ(TextOf(folder_ / "app/precious"), "kept");
+}
+
+#ifndef _WIN32
+TEST_F(OutputFolderTest, IsNotALink) {
+    std::filesystem::create_directories(folder_ / "target");
+    std::filesystem::create_symlink("target", folder_ / "app");
+    std::filesystem::create_symlink("nowhere", folder_ / "dangling");
+    EXPECT_THROW(OutputFolder(folder_ / "app", true, "app.exe"), Failure);
+    EXPECT_THROW(OutputFolder(folder_ / "app/", true, "app.exe"), Failure);
+    EXPECT_THROW(OutputFolder(folder_ / "dangling", true, "app.exe"), Failure);
+}
+
+TEST_F(OutputFolderTest, RejectsNamedPipesAndCycles) {
+    Put("in/a", "x");
+    std::filesystem::create_symlink("..", folder_ / "in/cycle");
+    ASSERT_EQ(mkfifo((folder_ / "pipe").c_str(), 0600), 0);
+    OutputFolder output(folder_ / "app", false, "app.exe");
+    EXPECT_THROW(output.Copy(folder_ / "in", "data"), Failure);
+    EXPECT_THROW(output.Copy(folder_ / "pipe", "pipe"), Failure);
+}
+#endif
 
 }  // namespace
 }  // namespace tarn::tools

@@ -1,7 +1,6 @@
 #include "tools/wrap/runtime_folder.h"
 
 #include "tools/common/failure.h"
-#include "tools/common/text_encoding.h"
 #include "tools/image/executable.h"
 
 namespace tarn::tools {
@@ -22,30 +21,27 @@ void CheckRuntime(const fs::path& runtime) {
         const std::uint16_t machine =
             WithFileName(library, [&] { return Executable(ReadWholeFile(library)).Machine(); });
         if (machine == kMachineAmd64) return;
-        throw Failure(library, "is not for 64-bit Windows on x64; such a runtime is needed");
+        throw Failure(library, "is not for 64-bit Windows on x64, which is required");
     }
     const bool isOther = fs::exists(runtime / "lib" / "server" / "libjvm.so", error) ||
                          fs::exists(runtime / "lib" / "server" / "libjvm.dylib", error);
     if (isOther)
-        throw Failure(runtime, "is a Java runtime of another system; one for Windows is needed");
-    throw Failure(runtime, "holds no Java runtime (bin/server/jvm.dll was not found in it)");
+        throw Failure(runtime, "is a Java runtime for another system; one for Windows is required");
+    throw Failure(runtime, "contains no Java runtime (bin/server/jvm.dll was not found)");
 }
 
-void CopyRuntime(const fs::path& runtime, const OutputFolder& output, const Console& console) {
-    const std::vector<fs::path> files = FilesBelow(runtime);
+void CopyRuntime(const fs::path& runtime, OutputFolder& output, const Console& console) {
     std::uintmax_t whole = 0;
     std::error_code error;
-    for (const fs::path& file : files) whole += fs::file_size(runtime / file, error);
+    for (const TreeEntry& entry : ListTree(runtime)) {
+        if (!entry.isFolder) whole += fs::file_size(runtime / entry.path, error);
+    }
     std::uintmax_t done = 0;
-    for (const fs::path& file : files) {
+    output.Copy(runtime, kShippedRuntime, [&](std::uintmax_t size) {
+        done += size;
         console.ShowProgress("copying the runtime: " + std::to_string(done / kMebibyte) + " of " +
                              std::to_string(whole / kMebibyte) + " MiB");
-        const Bytes content = ReadWholeFile(runtime / file);
-        output.Write(
-            std::string(kShippedRuntime) + "/" + Utf8OfPath(fs::path(file.generic_string())),
-            content);
-        done += content.size();
-    }
+    });
     console.ShowProgress("");
 }
 

@@ -8,14 +8,14 @@
 
 namespace tarn::tools {
 
-/// The folder beside the executable in which the launcher looks for a shipped runtime.
+/// The folder beside the executable where the launcher expects a shipped runtime.
 inline constexpr char kShippedRuntime[] = "jre64";
 
-/// Throws Failure unless the folder holds a Java runtime for 64-bit Windows.
+/// Throws Failure unless the folder contains a Java runtime for 64-bit Windows.
 void CheckRuntime(const std::filesystem::path& runtime);
 
-/// Copies a runtime to its place below the application's folder, with a line of progress.
-void CopyRuntime(const std::filesystem::path& runtime, const OutputFolder& output,
+/// Copies a runtime into the application's folder and shows progress.
+void CopyRuntime(const std::filesystem::path& runtime, OutputFolder& output,
                  const Console& console);
 
 }  // namespace tarn::tools

@@ -23,23 +23,23 @@ class RuntimeFolder : public FolderTest {
     }
 };
 
-TEST_F(RuntimeFolder, WillDoForWindowsOn64Bits) {
-    EXPECT_THAT(Problem(), HasSubstr("holds no Java runtime"));
+TEST_F(RuntimeFolder, IsAcceptedFor64BitWindows) {
+    EXPECT_THAT(Problem(), HasSubstr("contains no Java runtime"));
     SmallExecutable library({".text"});
     Put("bin/client/jvm.dll", library.Content());
     EXPECT_EQ(Problem(), "");
     Put("bin/server/jvm.dll", library.Set16(SmallExecutable::kPeHeader + 4, 0x14C).Content());
     EXPECT_THAT(Problem(), HasSubstr("64-bit"));
     Put("bin/server/jvm.dll", "text");
-    EXPECT_THAT(Problem(), HasSubstr("no Windows executable"));
+    EXPECT_THAT(Problem(), HasSubstr("not a Windows executable"));
 }
 
-TEST_F(RuntimeFolder, OfAnotherSystemWillNot) {
+TEST_F(RuntimeFolder, IsRejectedForAnotherSystem) {
     Put("lib/server/libjvm.so", "x");
     EXPECT_THAT(Problem(), HasSubstr("another system"));
 }
 
-TEST_F(RuntimeFolder, IsCopiedWhole) {
+TEST_F(RuntimeFolder, IsCopiedCompletely) {
     Put("runtime/bin/java.exe", "x");
     Put("runtime/release", "y");
     OutputFolder output(folder_ / "app", false, "app.exe");

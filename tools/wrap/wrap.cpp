@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 constexpr char kUnknownVersion[] = "0.0.0";
 
 struct Splash {
-    std::string file;  // empty for none
+    std::string file;  // empty without a splash
     Bytes picture;
 };
 
@@ -38,7 +38,7 @@ Splash ReadSplash(const WrapRequest& request, const JarFile& jar, const JarFacts
         where = Utf8OfPath(jar.Path()) + ": SplashScreen-Image " + facts.splashEntry;
         const auto picture = jar.Read(facts.splashEntry);
         if (!picture) {
-            warnings.push_back(where + " is not in the jar; there will be no splash");
+            warnings.push_back(where + " is not in the jar; the application gets no splash");
             return {};
         }
         if (request.singleFile || request.keepsWorkingDirectory) {
@@ -65,7 +65,7 @@ StampChanges ChangesFor(const WrapRequest& request, const JarFacts& facts) {
                       : !facts.version.empty() ? facts.version
                                                : kUnknownVersion;
     const std::string vendor = request.vendor.empty() ? facts.vendor : request.vendor;
-    // The launcher's own makers are not the application's.
+    // Company and copyright never default to the launcher's.
     changes.versionTexts = {
         {"CompanyName", vendor},        {"LegalCopyright", vendor},
         {"ProductName", request.title}, {"FileDescription", request.title},
@@ -96,13 +96,15 @@ bool HasMainClass(const JarFile& jar, const std::vector<ClassPathFile>& files,
 }
 
 void CheckName(const std::string& name) {
-    CheckWindowsName(name);
-    const bool isUsable = !name.empty() && name.find('/') == std::string::npos &&
-                          name.back() != '.' && name.back() != ' ';
-    if (!isUsable) throw Failure("--name " + name + ": is no name for a Windows executable");
+    if (name.find('/') != std::string::npos) {
+        throw Failure("--name " + name + ": is not a valid name for a Windows executable");
+    }
+    // The name is also used without an extension, for folders.
+    CheckWindowsPath(name, "--name " + name);
+    CheckWindowsPath(name + ".exe", "--name " + name);
 }
 
-// What was not said follows from the jar.
+// Fills in the defaults from the jar.
 WrapRequest Completed(WrapRequest request, const JarFacts& facts) {
     if (request.name.empty()) request.name = Utf8OfPath(request.jar.stem());
     CheckName(request.name);
@@ -111,7 +113,7 @@ WrapRequest Completed(WrapRequest request, const JarFacts& facts) {
     return request;
 }
 
-// The launcher takes the shipped runtime whatever its version is.
+// The launcher uses a shipped runtime of any version.
 void CheckShippedRuntime(const WrapRequest& request, const JarFacts& facts,
                          std::vector<std::string>& warnings) {
     CheckRuntime(request.runtime);
@@ -119,7 +121,7 @@ void CheckShippedRuntime(const WrapRequest& request, const JarFacts& facts,
     const int feature = JavaFeatureOf(version);
     if (feature != 0 && feature < JavaFeatureOf(facts.minimumVersion)) {
         warnings.push_back(Utf8OfPath(request.runtime) + ": is Java " + version +
-                           ", but the application needs " + facts.minimumVersion);
+                           ", but the application requires " + facts.minimumVersion);
     }
 }
 
@@ -127,8 +129,8 @@ void WarnAboutNames(const std::vector<ClassPathFile>& files, std::vector<std::st
     for (const ClassPathFile& file : files) {
         if (!IsAscii(std::string_view(file.target))) {
             warnings.push_back(file.target +
-                               ": Java gets the class path in the user's 8-bit code "
-                               "page, which may not have all of these letters");
+                               ": Java receives the class path in the user's 8-bit code page, "
+                               "which may lack some of these characters");
         }
     }
 }
@@ -151,7 +153,7 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     if (request.singleFile) {
         files.erase(files.begin());
         if (!files.empty()) {
-            warnings.push_back("the single file needs the " + std::to_string(files.size()) +
+            warnings.push_back("the single file requires the " + std::to_string(files.size()) +
                                " other files of the class path beside it");
         }
     }
@@ -162,7 +164,7 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
 
     StampChanges changes = ChangesFor(request, facts);
     if (request.singleFile) {
-        std::vector<std::string> ignored;  // sections that only a file can have
+        std::vector<std::string> ignored;  // sections without effect in an executable
         changes.settings = EmbeddedSettingsText(SettingsDocument(WideOf(settings.Text())), ignored);
         changes.jar = jarContent;
     }
@@ -170,10 +172,11 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
 
     const std::string executableName = request.name + ".exe";
     OutputFolder output(request.out, request.replaces, executableName);
-    output.Write(executableName, executable);
-    if (!request.singleFile) output.Write(request.name + ".ini", settings.Content());
+    output.Write(executableName, executable, "the executable");
+    if (!request.singleFile)
+        output.Write(request.name + ".ini", settings.Content(), "the settings file");
     for (const ClassPathFile& file : files) output.Copy(file.source, file.target);
-    if (!splash.file.empty()) output.Write(splash.file, splash.picture);
+    if (!splash.file.empty()) output.Write(splash.file, splash.picture, "the splash picture");
     for (const fs::path& added : request.added) {
         const fs::path named = added.has_filename() ? added : added.parent_path();
         output.Copy(added, Utf8OfPath(named.filename()));

@@ -9,14 +9,14 @@
 
 namespace tarn::tools {
 
-/// When the process of the application ends.
+/// When the application's process ends.
 enum class EndsWith {
-    Threads,  // with its last thread that is no daemon, as with "java -jar"
-    Exit,     // when it calls System.exit
+    Threads,  // with the last non-daemon thread, like "java -jar"
+    Exit,     // on System.exit
     Main,     // when main returns
 };
 
-/// What "tarn wrap" was asked for. Texts are UTF-8; empty ones leave the choice to the jar.
+/// The options of `tarn wrap`. Texts are UTF-8; empty ones default to what the jar specifies.
 struct WrapRequest {
     std::filesystem::path jar;
     std::filesystem::path launcher;
@@ -26,7 +26,7 @@ struct WrapRequest {
     std::filesystem::path splash;
     std::filesystem::path runtime;
     std::vector<std::filesystem::path> classPath;
-    std::vector<std::filesystem::path> added;  // files and folders that come along
+    std::vector<std::filesystem::path> added;  // additional files and folders
     std::string mainClass;
     std::string version;
     std::string title;
@@ -39,13 +39,13 @@ struct WrapRequest {
     bool singleInstance = false;
     bool singleFile = false;
     bool noSplash = false;
-    bool keepsWorkingDirectory = false;  // starts in the caller's directory, not the application's
+    bool keepsWorkingDirectory = false;  // instead of the application's folder
     bool replaces = false;
     std::vector<std::pair<std::string, std::string>> settings;  // "Section/Key" and value
 };
 
-/// Makes the application's folder and gives the path of its executable. The same request gives the
-/// same bytes on every machine. Throws Failure, and then no folder is left behind.
+/// Creates the application's folder and returns the path of its executable. The same request gives
+/// the same bytes on every machine. Throws Failure and then leaves no folder behind.
 std::filesystem::path Wrap(const WrapRequest& request, const Console& console);
 
 }  // namespace tarn::tools

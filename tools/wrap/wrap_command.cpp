@@ -14,12 +14,12 @@ namespace {
 constexpr char kExamples[] =
     "Examples:\n"
     "  tarn wrap app.jar\n"
-    "      makes the folder app with app.exe, app.ini, app.jar and the jars of its Class-Path\n"
+    "      creates the folder app with app.exe, app.ini, app.jar and the jars of its Class-Path\n"
     "  tarn wrap target/app.jar --class-path target/lib --out dist/App --name App \\\n"
     "      --icon app.png --splash splash.png --runtime jre --version 2.1.0\n"
     "  tarn wrap app.jar --single-file\n"
-    "      makes one executable that has the jar and the settings in it\n"
-    "The settings in NAME.ini are explained there; tarn check finds mistakes in them.";
+    "      creates one executable that contains the jar and the settings\n"
+    "Comments in NAME.ini explain the settings; tarn check finds mistakes in them.";
 
 struct Arguments {
     std::string jar, out, icon, splash, runtime, launcher, endsWith;
@@ -39,7 +39,7 @@ std::filesystem::path LauncherFor(const std::string& typed) {
     std::filesystem::path launcher = ProgramFolder() / "launcher.exe";
     std::error_code error;
     if (!std::filesystem::exists(launcher, error)) {
-        throw Failure(launcher, "was not found; say with --launcher where launcher.exe is");
+        throw Failure(launcher, "was not found; specify launcher.exe with --launcher");
     }
     return launcher;
 }
@@ -49,8 +49,8 @@ EndsWith EndOf(const Arguments& arguments) {
     if (arguments.endsWith.empty()) return isSingle ? EndsWith::Exit : EndsWith::Threads;
     if (arguments.endsWith == "threads" && isSingle) {
         throw Failure(
-            "--single-instance and --ends-with threads exclude each other; use exit, or "
-            "main for a main method that waits");
+            "--single-instance and --ends-with threads exclude each other; use exit, or main for a "
+            "main method that waits");
     }
     static const std::map<std::string, EndsWith> kWords = {
         {"threads", EndsWith::Threads}, {"exit", EndsWith::Exit}, {"main", EndsWith::Main}};
@@ -61,7 +61,7 @@ std::pair<std::string, std::string> ParseSetting(const std::string& text) {
     const std::size_t equals = text.find('=');
     const std::size_t slash = text.find('/');
     if (equals == std::string::npos || slash == 0 || slash >= equals) {
-        throw Failure("--set " + text + ": SECTION/KEY=VALUE is needed");
+        throw Failure("--set " + text + ": SECTION/KEY=VALUE is required");
     }
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
@@ -80,7 +80,9 @@ void RunWrap(const Arguments& arguments, const Console& console) {
         request.settings.push_back(ParseSetting(text));
     }
     if (request.singleFile && !request.splash.empty()) {
-        throw Failure("--splash needs files beside the executable; leave it or --single-file out");
+        throw Failure(
+            "--splash and --single-file exclude each other: a splash requires files beside the "
+            "executable");
     }
     if (request.keepsWorkingDirectory && !request.splash.empty()) {
         throw Failure(
@@ -96,40 +98,41 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
     const auto option = [&](const char* name, auto& value, const char* type, const char* help) {
         command.add_option(name, value, help)->type_name(type)->allow_extra_args(false);
     };
-    option("--out,-o", arguments.out, "FOLDER", "Folder to make (else NAME, here)");
-    option("--name", request.name, "NAME", "Name of the executable (else the jar's)");
+    option("--out,-o", arguments.out, "FOLDER",
+           "Folder to create (default: NAME in the current directory)");
+    option("--name", request.name, "NAME", "Name of the executable (default: the jar's)");
     option("--icon", arguments.icon, "FILE", "Icon: an .ico file, or a .png (256 pixels or more)");
     option("--splash", arguments.splash, "FILE", "Splash picture: PNG, GIF or JPEG");
-    command.add_flag("--no-splash", request.noSplash, "Leave the jar's own splash picture out");
+    command.add_flag("--no-splash", request.noSplash, "Ignore the jar's own splash picture");
     option("--runtime", arguments.runtime, "FOLDER", "Java runtime for Windows to copy to jre64");
     option("--class-path", arguments.classPath, "JAR",
-           "Another jar, or a folder of jars, copied to lib; may be repeated");
-    option("--add", arguments.added, "PATH", "File or folder that comes along; may be repeated");
-    option("--main-class", request.mainClass, "CLASS", "Main class (else the manifest's)");
+           "Additional jar, or folder of jars, copied to lib; may be repeated");
+    option("--add", arguments.added, "PATH", "Additional file or folder; may be repeated");
+    option("--main-class", request.mainClass, "CLASS", "Main class (default: from the manifest)");
     option("--version", request.version, "TEXT", "Version of the application");
-    option("--title", request.title, "TEXT", "Name of the application as users see it");
-    option("--vendor", request.vendor, "TEXT", "Maker of the application");
+    option("--title", request.title, "TEXT", "Application name shown to users");
+    option("--vendor", request.vendor, "TEXT", "Company name");
     option("--min-version", request.minimumVersion, "VERSION",
-           "Oldest Java that will do, or \"any\" (else what the main class was compiled for)");
-    option("--max-version", request.maximumVersion, "VERSION", "Newest Java that will do");
-    option("--vm-parameters", request.vmParameters, "TEXT", "Options for the Java virtual machine");
-    option("--arguments", request.arguments, "TEXT", "Arguments that main always gets");
+           "Oldest Java version, or \"any\" (default: what the main class was compiled for)");
+    option("--max-version", request.maximumVersion, "VERSION", "Newest Java version");
+    option("--vm-parameters", request.vmParameters, "TEXT", "JVM options");
+    option("--arguments", request.arguments, "TEXT", "Arguments that main always receives");
     command.add_flag("--single-instance", request.singleInstance,
-                     "Hand a second start's arguments to the running program");
+                     "Hand the arguments of a second start to the running instance");
     command
-        .add_option(
-            "--ends-with", arguments.endsWith,
-            "When the program ends: with its last thread (as java -jar does it; the default),"
-            " at System.exit (the default with --single-instance) or when main returns")
+        .add_option("--ends-with", arguments.endsWith,
+                    "When the process ends: with its last thread, like java -jar (the default), on "
+                    "System.exit (the default with --single-instance) or when main returns")
         ->check(CLI::IsMember({"threads", "exit", "main"}));
     command.add_flag("--single-file", request.singleFile,
-                     "Put the jar and the settings into the executable");
+                     "Embed the jar and the settings in the executable");
     command.add_flag("--keep-working-dir", request.keepsWorkingDirectory,
                      "Start in the caller's directory instead of the application's folder; Java "
                      "then also loads classes and resources from there");
-    option("--set", arguments.settings, "SECTION/KEY=VALUE", "Any other setting; may be repeated");
-    option("--launcher", arguments.launcher, "FILE", "launcher.exe (else the one beside tarn)");
-    command.add_flag("--replace", request.replaces, "Replace a folder that was made before");
+    option("--set", arguments.settings, "SECTION/KEY=VALUE", "Another setting; may be repeated");
+    option("--launcher", arguments.launcher, "FILE", "launcher.exe (default: the one beside tarn)");
+    command.add_flag("--replace", request.replaces,
+                     "Replace an existing folder of the same application");
 }
 
 }  // namespace
@@ -137,7 +140,7 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
 void AddWrapCommand(CLI::App& app, const Console& console, int& exitCode) {
     auto arguments = std::make_shared<Arguments>();
     CLI::App& command = *app.add_subcommand(
-        "wrap", "Makes a folder that users can double-click, or a single file, from a jar");
+        "wrap", "Creates an application folder or a single executable from a jar");
     command.footer(kExamples);
     command.add_option("jar", arguments->jar, "The application's jar")
         ->required()

@@ -6,7 +6,7 @@
 
 namespace tarn::tools {
 
-/// Adds "tarn wrap" to the command line.
+/// Adds `tarn wrap`.
 void AddWrapCommand(CLI::App& app, const Console& console, int& exitCode);
 
 }  // namespace tarn::tools
