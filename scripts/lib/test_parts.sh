@@ -86,38 +86,10 @@ run_googletest() {  # name, seconds, processes, command...
             failed) failed_tests+=("$what") ;;
         esac
     done < <("$TARN_PYTHON" scripts/lib/read_reports.py "${codes[*]}" "${reports[@]}")
-    [ "${#failed_tests[@]}" -eq 0 ] || [ -z "${TARN_RUN_AGAIN:-}" ] || run_again "$name" "$seconds" "$@"
     for what in "${failed_tests[@]}"; do
         count_failure "$name: $what"
     done
     echo "    $name: $part_passed passed, $part_failed failed ($((SECONDS - started)) s)"
-}
-
-# A start under Wine fails now and then by itself (CreateProcessW's error 1359, a JVM that dies as it
-# ends) when much goes on beside it. A few failed tests get a second chance, alone; what passes only
-# then is said. Many failures, or a test that did not come to its end, are no such thing.
-run_again() {  # name, seconds, command...
-    local name=$1 seconds=$2
-    shift 2
-    local filter what outcome code=0 report="build/test-results/$name-again.xml"
-    for what in "${failed_tests[@]}"; do
-        case $what in *' '* | '('*) return ;; esac
-    done
-    [ "${#failed_tests[@]}" -le 5 ] || return 0
-    filter=$(IFS=: && echo "${failed_tests[*]}")
-    echo "    $name: once more: $filter"
-    rm -f "$report"
-    timeout --kill-after=30 "$seconds" "$@" "--gtest_filter=$filter" "--gtest_output=xml:$report" \
-        >"$results/$name-again.log" 2>&1 </dev/null || code=$?
-    failed_tests=()
-    while read -r outcome what; do
-        case $outcome in
-            passed) part_passed=$((part_passed + what)) ;;
-            failed) failed_tests+=("$what") ;;
-        esac
-    done < <("$TARN_PYTHON" scripts/lib/read_reports.py "$code" "$report")
-    echo "    $name: passed only the second time: all of them but ${#failed_tests[@]}"
-    [ "${#failed_tests[@]}" -eq 0 ] || grep -hE -B 40 '^\[  FAILED  \] .* \(' "$results/$name-again.log"
 }
 
 # A line every half minute while any of the processes runs.
@@ -165,7 +137,7 @@ part_endtoend() {
         esac
         found=1
         # Mostly waiting: two at a time take half as long.
-        TARN_RUN_AGAIN=1 run_googletest "$(basename "$program" .exe)" 2400 2 \
+        run_googletest "$(basename "$program" .exe)" 2400 2 \
             env TARN_RUNTIMES="$runtimes" scripts/wine_run.sh "$program"
     done
     [ $found -eq 1 ] || count_failure "no end-to-end test program was built"

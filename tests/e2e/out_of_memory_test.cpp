@@ -17,16 +17,17 @@ namespace {
 constexpr auto kOutOfMemoryCode = static_cast<std::int32_t>(0x80004005);
 constexpr std::size_t kSample = 12;
 
-/// The calls that ask for memory.
+/// The calls that allocate memory.
 std::vector<CallPoint> Allocations(const std::vector<HookedCall>& calls) {
     std::vector<CallPoint> points;
     for (const HookedCall& each : calls) {
-        if (IsAllocation(each.function)) points.push_back({each.function, each.role, each.number});
+        if (!IsAllocation(each.function)) continue;
+        points.push_back({each.function, {}, each.role, each.number, each.number});
     }
     return points;
 }
 
-/// Evenly taken ones, with the first and the last, or all.
+/// An even sample with the first and the last, or all of them if TARN_EVERY_CALL is set.
 std::vector<CallPoint> Sample(const std::vector<CallPoint>& all) {
     if (GetEnvironmentVariableW(L"TARN_EVERY_CALL", nullptr, 0) != 0) return all;
     std::vector<CallPoint> some;
@@ -55,7 +56,8 @@ class OutOfMemory : public SplashFixture {
         for (const CallPoint& point : Sample(all)) {
             // An output file that is there already takes fewer allocations.
             DeleteFileW(app.Path(L"out_x.txt").c_str());
-            const auto process = StartHooked(app, point.Wish(ERROR_NOT_ENOUGH_MEMORY), arguments);
+            const auto process =
+                StartHooked(app, point.FailureSpec(ERROR_NOT_ENOUGH_MEMORY), arguments);
             EXPECT_EQ(process->ExitCode(), kOutOfMemoryCode) << point.Text();
             EXPECT_EQ(ReadFileBytes(app.SettingsFile()), before) << point.Text();
         }
@@ -171,7 +173,8 @@ TEST_F(OutOfMemoryRemembering, LeavesTheUsersFileWhole) {
     // What comes before the dialog is no different from another launch.
     all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(all.size() / 2));
     for (const CallPoint& point : Sample(all)) {
-        EXPECT_EQ(Browse(point.Wish(ERROR_NOT_ENOUGH_MEMORY)), kOutOfMemoryCode) << point.Text();
+        EXPECT_EQ(Browse(point.FailureSpec(ERROR_NOT_ENOUGH_MEMORY)), kOutOfMemoryCode)
+            << point.Text();
         EXPECT_THAT(ReadFileBytes(PerUserFile()), testing::AnyOf(kBefore, after)) << point.Text();
     }
 }

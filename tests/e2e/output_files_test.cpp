@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,7 @@ namespace tarn::test {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsSupersetOf;
 using testing::MatchesRegex;
 using testing::SizeIs;
 
@@ -53,36 +55,25 @@ TEST_F(OutputFiles, OneStreamAloneCanBeRedirected) {
     EXPECT_EQ(ReadFileBytes(app.OutputFile()), "to output\r\n");
 }
 
-TEST_F(OutputFiles, CallsToJavaComeInTheirOrderBeforeTheMainClass) {
+TEST_F(OutputFiles, StreamIsSetBeforeTheMainClassIsLoaded) {
     settings.Application(L"Output File", OutputPath());
     settings.Application(L"Output Append", L"yes");
     EXPECT_EQ(Run(), 0);
-    const std::string name = TextInLog(OutputPath());
-    std::vector<std::string> calls;
-    for (const std::string& call : app.Log().Calls()) {
-        if (call.find("ExceptionCheck") == 0) continue;
-        if (call.find("LauncherHelper") != std::string::npos) break;
-        calls.push_back(call);
-    }
-    const std::string length = std::to_string(OutputPath().size());
+    std::vector<std::string> calls = app.Log().Calls();
+    calls.erase(std::find_if(calls.begin(), calls.end(),
+                             [](const std::string& each) {
+                                 return each.find("LauncherHelper") != std::string::npos;
+                             }),
+                calls.end());
     EXPECT_THAT(
         calls,
-        ElementsAre(
-            "FindClass(\"java/lang/String\")",
-            "GetMethodID(class java/lang/String, \"<init>\", \"([C)V\")",
-            "NewCharArray(" + length + ")", "SetCharArrayRegion(0, " + length + ", " + name + ")",
-            "NewObject(java/lang/String.<init>([C)V, char[" + length + "])",
-            "FindClass(\"java/io/FileOutputStream\")",
-            "GetMethodID(class java/io/FileOutputStream, \"<init>\", \"(Ljava/lang/String;Z)V\")",
-            "NewObject(java/io/FileOutputStream.<init>(Ljava/lang/String;Z)V, " + name + ", true)",
-            "FindClass(\"java/io/PrintStream\")",
-            "GetMethodID(class java/io/PrintStream, \"<init>\", \"(Ljava/io/OutputStream;)V\")",
-            "NewObject(java/io/PrintStream.<init>(Ljava/io/OutputStream;)V, object "
-            "java/io/FileOutputStream)",
-            "FindClass(\"java/lang/System\")",
-            "GetStaticMethodID(class java/lang/System, \"setOut\", \"(Ljava/io/PrintStream;)V\")",
-            "CallStaticVoidMethod(java/lang/System.setOut(Ljava/io/PrintStream;)V, object "
-            "java/io/PrintStream)"));
+        IsSupersetOf(
+            {"NewObject(java/io/FileOutputStream.<init>(Ljava/lang/String;Z)V, " +
+                 TextInLog(OutputPath()) + ", true)",
+             std::string("NewObject(java/io/PrintStream.<init>(Ljava/io/OutputStream;)V, object "
+                         "java/io/FileOutputStream)"),
+             std::string("CallStaticVoidMethod(java/lang/System.setOut(Ljava/io/PrintStream;)V, "
+                         "object java/io/PrintStream)")}));
 }
 
 TEST_F(OutputFiles, FileIsTruncated) {

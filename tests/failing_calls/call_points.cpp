@@ -9,7 +9,7 @@ namespace tarn::test {
 
 namespace {
 
-// They have no result that tells of a failure, or none that they could give.
+// Their results never report a failure.
 constexpr std::string_view kCannotFail[] = {
     "AcquireSRWLockExclusive",
     "AcquireSRWLockShared",
@@ -44,39 +44,49 @@ bool IsOfCLibrary(const std::string& library) {
            library == "ucrtbase.dll";
 }
 
-using Group = std::pair<std::string, unsigned>;
+/// Identifies the calls of a launch, one after the other.
+class Identification {
+  public:
+    explicit Identification(const Normalizer& normalize) : normalize_(normalize) {}
 
-std::vector<CallPoint> Choose(const std::vector<HookedCall>& calls, std::size_t atFront) {
-    std::map<Group, std::vector<unsigned>> groups;
+    CallPoint Next(const HookedCall& call) {
+        CallPoint point{call.function, normalize_(call.subject), call.role, 1, call.number};
+        unsigned& occurrence = occurrences_[{point.function, point.subject, point.role}];
+        occurrence = std::min(occurrence + 1, kLaterOccurrence);
+        point.occurrence = occurrence;
+        return point;
+    }
+
+  private:
+    const Normalizer& normalize_;
+    std::map<std::tuple<std::string, std::string, unsigned>, unsigned> occurrences_;
+};
+
+/// The calls of each function in each thread, in the order of the calls.
+std::vector<std::vector<CallPoint>> Groups(const std::vector<HookedCall>& calls,
+                                           const Normalizer& normalize) {
+    std::map<std::pair<std::string, unsigned>, std::vector<CallPoint>> groups;
+    Identification identification(normalize);
     for (const HookedCall& each : calls) {
         if (IsOfCLibrary(each.library) || !CanFail(each.function)) continue;
-        groups[{each.function, each.role}].push_back(each.number);
+        groups[{each.function, each.role}].push_back(identification.Next(each));
     }
-    std::vector<CallPoint> points;
-    for (const auto& [group, numbers] : groups) {
-        const auto add = [&, function = std::get<0>(group),
-                          role = std::get<1>(group)](unsigned number) {
-            points.push_back({function, role, number});
-        };
-        for (std::size_t i = 0; i < numbers.size() && i < atFront; ++i) add(numbers[i]);
-        if (numbers.size() > atFront) add(numbers.back());
-    }
-    std::sort(points.begin(), points.end(), [](const CallPoint& left, const CallPoint& right) {
-        return std::tie(left.function, left.role, left.number) <
-               std::tie(right.function, right.role, right.number);
-    });
+    std::vector<std::vector<CallPoint>> points;
+    for (auto& [group, all] : groups) points.push_back(std::move(all));
     return points;
 }
 
 }  // namespace
 
-std::wstring CallPoint::Wish(unsigned error) const {
+std::wstring CallPoint::FailureSpec(unsigned error) const {
     return std::wstring(function.begin(), function.end()) + L'@' + std::to_wstring(role) + L':' +
            std::to_wstring(number) + L':' + std::to_wstring(error);
 }
 
 std::string CallPoint::Text() const {
-    std::string text = function + ' ' + std::to_string(number);
+    std::string text = function;
+    if (!subject.empty()) text += " [" + subject + ']';
+    if (occurrence != 1) text += ' ' + std::to_string(occurrence);
     if (role != 1) text += " in thread " + std::to_string(role);
     return text;
 }
@@ -94,15 +104,38 @@ bool CanFail(const std::string& function) {
            !IsAllocation(function) && function != "HeapFree";
 }
 
-std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls) {
-    return Choose(calls, 100);
+std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
+                                    const Normalizer& normalize) {
+    Identification identification(normalize);
+    for (const HookedCall& each : calls) {
+        const CallPoint point = identification.Next(each);
+        if (each.failed) return point;
+    }
+    return std::nullopt;
 }
 
-std::vector<CallPoint> SomeCalls(const std::vector<HookedCall>& calls, std::size_t most) {
-    const std::vector<CallPoint> all = Choose(calls, 1);
-    if (all.size() <= most) return all;
+std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls,
+                                 const Normalizer& normalize) {
+    std::vector<CallPoint> points;
+    for (const std::vector<CallPoint>& group : Groups(calls, normalize)) {
+        for (const CallPoint& each : group) {
+            const bool isLast = each.number == group.back().number;
+            if (each.occurrence < kLaterOccurrence || isLast) points.push_back(each);
+        }
+    }
+    return points;
+}
+
+std::vector<CallPoint> SomeCalls(const std::vector<HookedCall>& calls, const Normalizer& normalize,
+                                 std::size_t most) {
+    std::vector<CallPoint> ends;
+    for (const std::vector<CallPoint>& group : Groups(calls, normalize)) {
+        ends.push_back(group.front());
+        if (group.size() > 1) ends.push_back(group.back());
+    }
+    if (ends.size() <= most) return ends;
     std::vector<CallPoint> some;
-    for (std::size_t i = 0; i < most; ++i) some.push_back(all[i * all.size() / most]);
+    for (std::size_t i = 0; i < most; ++i) some.push_back(ends[i * ends.size() / most]);
     return some;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -7,30 +9,45 @@
 
 namespace tarn::test {
 
-/// One call that is made to fail.
+/// A call that is made to fail. Function, subject, thread and occurrence identify it; its number
+/// among all calls of the function only addresses it for the hook.
 struct CallPoint {
     std::string function;
-    unsigned role = 1;
-    unsigned number = 1;
+    std::string subject;      ///< of `HookedCall`, normalized
+    unsigned role = 1;        ///< thread
+    unsigned occurrence = 1;  ///< among the thread's calls of the function with this subject
+    unsigned number = 1;      ///< among the thread's calls of the function
 
-    /// As HOOK_FAIL has it.
-    std::wstring Wish(unsigned error) const;
-    /// For a reader: "CreateFileW 2", "GetMessageW 1 in thread 2".
+    /// The value of HOOK_FAIL that fails this call with that last error.
+    std::wstring FailureSpec(unsigned error) const;
+    /// `CreateFileW [C:\a.txt]`, or `GetMessageW 2 in thread 2` for a later occurrence.
     std::string Text() const;
 };
 
-/// Whether the function can fail at all; memory has a test of its own.
+/// A loop that polls makes the same call as often as it takes. Calls after this occurrence count as
+/// one.
+inline constexpr unsigned kLaterOccurrence = 9;
+
+/// Replaces the parts of a subject that differ between runs.
+using Normalizer = std::function<std::string(const std::string& subject)>;
+
+/// Whether the function can fail at all. Allocations have a test of their own.
 bool CanFail(const std::string& function);
 
-/// Whether the function is one that a program gets its memory from.
+/// Whether the function allocates memory.
 bool IsAllocation(const std::string& function);
 
-/// The calls to fail, of all those of a launch. Of very many to one function in one thread, the
-/// last stands for those after the first hundred.
-std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls);
+/// The call of a launch that the hook failed; none if the launch did not come that far.
+std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
+                                    const Normalizer& normalize);
 
-/// A sample of them: of each function's first call in each thread, and its last one, at most that
-/// many, evenly taken.
-std::vector<CallPoint> SomeCalls(const std::vector<HookedCall>& calls, std::size_t most);
+/// The calls of a launch to fail: each up to its eighth occurrence, and the last one of each
+/// function in each thread.
+std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls, const Normalizer& normalize);
+
+/// A sample of at most `most` of them, evenly taken from the first and the last call of each
+/// function in each thread.
+std::vector<CallPoint> SomeCalls(const std::vector<HookedCall>& calls, const Normalizer& normalize,
+                                 std::size_t most);
 
 }  // namespace tarn::test

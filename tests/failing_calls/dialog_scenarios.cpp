@@ -51,6 +51,7 @@ class JreBrowsed : public Scenario {
         settings.Runtime(L"JVM Source", L"none").Runtime(L"Maximum Version", L"any");
         settings.Set(L"Product Information", L"Product Name", product_);
         settings.Set(L"Product Information", L"Product Code", L"Code");
+        replacements.emplace_back(product_, L"PRODUCT");
     }
     ~JreBrowsed() override { RemoveFolder(withoutAppData_); }
 
@@ -58,7 +59,8 @@ class JreBrowsed : public Scenario {
     void Prepare() override {
         RemoveFolder(withoutAppData_);
         MakeFolders(app.AppDataFolder());
-        looks_ = 0;
+        quietLooks_ = 0;
+        lastCalls_ = 0;
         browserCame_ = false;
     }
 
@@ -68,12 +70,8 @@ class JreBrowsed : public Scenario {
             PickRuntime(process, window);
             return;
         }
-        // A folder browser that is there disables the dialog. One that has not come within a few
-        // looks, of which there is one in a second, will not come.
-        constexpr int kMostLooks = 4;
-        const int look = looks_++;
-        if (look == 0) PressButton(window, kBrowse);
-        if (!IsWindowEnabled(window) || (!browserCame_ && look < kMostLooks)) return;
+        if (quietLooks_ == 0) PressButton(window, kBrowse);
+        if (!IsWindowEnabled(window) || !BrowserIsOver()) return;
         const bool usable = IsWindowEnabled(Child(window, kOk)) != FALSE;
         PressButton(window, usable ? kOk : kCancel);
     }
@@ -84,6 +82,18 @@ class JreBrowsed : public Scenario {
     }
 
   private:
+    /// Whether the folder browser has come and gone, or will not come because a call failed that
+    /// it needs: the launcher, whose dialog is enabled, then makes no calls for some looks, of
+    /// which there is one in a second.
+    bool BrowserIsOver() {
+        if (browserCame_) return true;
+        const std::size_t calls = Calls().size();
+        quietLooks_ = calls == lastCalls_ ? quietLooks_ + 1 : 1;
+        lastCalls_ = calls;
+        constexpr int kMostQuietLooks = 4;
+        return quietLooks_ > kMostQuietLooks;
+    }
+
     void PickRuntime(const LaunchedProcess& process, HWND browser) {
         constexpr std::chrono::seconds kPatienceHere{5};
         if (!SelectInBrowser(process.id(), browser, app.Path(L"jre"), kPatienceHere)) return;
@@ -94,7 +104,8 @@ class JreBrowsed : public Scenario {
     const std::wstring product_ = L"TarnFaults" + std::to_wstring(GetCurrentProcessId());
     // Where the user's file is when nobody knows APPDATA.
     const std::wstring withoutAppData_ = app.directory.substr(0, 2) + L'\\' + product_;
-    int looks_ = 0;
+    int quietLooks_ = 0;
+    std::size_t lastCalls_ = 0;
     bool browserCame_ = false;
 };
 

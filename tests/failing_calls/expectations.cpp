@@ -1,5 +1,8 @@
 #include "tests/failing_calls/expectations.h"
 
+#include <sstream>
+#include <tuple>
+
 #include "tests/support/paths.h"
 #include "tests/support/text.h"
 
@@ -7,7 +10,19 @@ namespace tarn::test {
 
 namespace {
 
-constexpr char kMark = '\t';
+constexpr char kTab = '\t';
+
+std::string CallText(unsigned role, unsigned occurrence) {
+    const std::string text = std::to_string(occurrence);
+    return role == 1 ? text : std::to_string(role) + '/' + text;
+}
+
+std::vector<std::string> Fields(const std::string& line) {
+    std::vector<std::string> fields;
+    std::istringstream text(line);
+    for (std::string field; std::getline(text, field, kTab);) fields.push_back(field);
+    return fields;
+}
 
 }  // namespace
 
@@ -15,31 +30,39 @@ Expectations::Expectations(const std::string& scenario) {
     const std::wstring file =
         GetPaths().callOutcomes + L'\\' + std::wstring(scenario.begin(), scenario.end()) + L".txt";
     for (const std::string& line : SplitLines(ReadFileBytes(file))) {
-        const std::size_t first = line.find(kMark);
-        const std::size_t second = line.find(kMark, first + 1);
-        if (second == std::string::npos) continue;
-        outcomes_[line.substr(0, first)].insert(line.substr(second + 1));
+        const std::vector<std::string> fields = Fields(line);
+        if (fields.size() != 4) continue;
+        std::istringstream calls(fields[2]);
+        for (std::string call; calls >> call;) {
+            outcomes_[fields[0] + kTab + fields[1] + kTab + call].insert(fields[3]);
+        }
     }
 }
 
-const std::set<std::string>& Expectations::OutcomesOf(const std::string& function) const {
-    static const std::set<std::string> none;
-    const auto found = outcomes_.find(function);
-    return found != outcomes_.end() ? found->second : none;
+std::set<std::string> Expectations::OutcomesOf(const CallPoint& point) const {
+    const auto found = outcomes_.find(point.function + kTab + point.subject + kTab +
+                                      CallText(point.role, point.occurrence));
+    return found != outcomes_.end() ? found->second : std::set<std::string>();
 }
 
 void WriteOutcomes(const std::wstring& file, const std::string& title,
                    const std::vector<std::pair<CallPoint, std::string>>& outcomes) {
-    std::map<std::pair<std::string, std::string>, std::string> lines;
+    // A set of calls, for two turns of a loop may count as one.
+    using Calls = std::set<std::pair<unsigned, unsigned>>;
+    std::map<std::tuple<std::string, std::string, std::string>, Calls> lines;
     for (const auto& [point, outcome] : outcomes) {
-        std::string& calls = lines[{point.function, outcome}];
-        if (!calls.empty()) calls += ' ';
-        if (point.role != 1) calls += std::to_string(point.role) + '/';
-        calls += std::to_string(point.number);
+        lines[{point.function, point.subject, outcome}].insert({point.role, point.occurrence});
     }
     std::string text = "# " + title + '\n';
     for (const auto& [key, calls] : lines) {
-        text += key.first + kMark + calls + kMark + key.second + '\n';
+        const auto& [function, subject, outcome] = key;
+        text += function + kTab + subject + kTab;
+        const char* separator = "";
+        for (const auto& [role, occurrence] : calls) {
+            text += separator + CallText(role, occurrence);
+            separator = " ";
+        }
+        text += kTab + outcome + '\n';
     }
     WriteFileBytes(file, text);
 }

@@ -3,26 +3,29 @@
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/failing_calls/call_points.h"
 
 namespace tarn::test {
 
-/// What failed calls of a scenario come to: the committed file of that name in
-/// tests/failing_calls/outcomes, which lies beside the test program.
+/// The recorded outcomes of a scenario's failing calls: the file of the scenario's name in
+/// tests/failing_calls/outcomes, which the build copies beside the test program.
 class Expectations {
   public:
     explicit Expectations(const std::string& scenario);
 
-    /// Empty when nothing is known of the function.
-    const std::set<std::string>& OutcomesOf(const std::string& function) const;
+    /// The outcomes recorded for exactly this call: one, or more for the later turns of a loop.
+    std::set<std::string> OutcomesOf(const CallPoint& point) const;
 
   private:
+    // By function, subject and "THREAD/OCCURRENCE".
     std::map<std::string, std::set<std::string>> outcomes_;
 };
 
-/// Writes such a file: a line for each function and outcome, with the calls that come to it.
+/// Writes such a file. Its lines have four fields separated by tabs: function, subject, calls
+/// ("OCCURRENCE" in the first thread, "THREAD/OCCURRENCE" in others, separated by spaces), outcome.
 void WriteOutcomes(const std::wstring& file, const std::string& title,
                    const std::vector<std::pair<CallPoint, std::string>>& outcomes);
 

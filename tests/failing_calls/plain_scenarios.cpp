@@ -102,7 +102,7 @@ class Paired : public Scenario {
 
 std::vector<NamedScenario> PlainScenarios() {
     return {
-        {"typical", "A launch without splash", Make<Typical>, 40},
+        {"typical", "A launch without splash", Make<Typical>, kEveryCall},
         {"registered", "A runtime from the registry", Make<Registered>, 30},
         {"redirected", "Output into files", Make<Redirected>, 20},
         {"paired", "A paired launcher that is waited for", Make<Paired>, 20},

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "tests/support/paths.h"
 #include "tests/support/text.h"
 #include "tests/support/windows_of_process.h"
 
@@ -12,7 +13,7 @@ namespace tarn::test {
 
 namespace {
 
-constexpr std::chrono::seconds kHang{20};
+constexpr std::chrono::seconds kHang{60};
 // The control id of a message box's text.
 constexpr int kMessageText = 0xFFFF;
 
@@ -37,6 +38,12 @@ std::string ExitText(DWORD code) {
     return text;
 }
 
+std::wstring Variable(const wchar_t* name) {
+    std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+    value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
+    return value;
+}
+
 HWND MessageTextOf(HWND window) {
     for (HWND each : Children(window)) {
         if ((GetDlgCtrlID(each) & 0xFFFF) == kMessageText) return each;
@@ -48,6 +55,11 @@ HWND MessageTextOf(HWND window) {
 
 Scenario::Scenario() : settings(app.StandardSettings()) {
     app.AddRuntime();
+    // The longer path first: the application's folder is below the working directory.
+    replacements = {{Variable(L"Path"), L"PATH"},
+                    {app.folder(), L"...\\"},
+                    {app.directory, L"TEST\\"},
+                    {GetPaths().pictures, L"PICTURES"}};
 }
 
 Scenario::~Scenario() = default;
@@ -131,7 +143,10 @@ void Scenario::LookAtWindows(const LaunchedProcess& process) {
         const std::wstring title = WindowText(window);
         // The launcher leaves the captions of its message boxes to Windows.
         const HWND text = title == L"Error" ? MessageTextOf(window) : nullptr;
-        if (isNew) shown_.push_back('"' + Plain(text != nullptr ? WindowText(text) : title) + '"');
+        if (isNew) {
+            const std::wstring shown = text != nullptr ? WindowText(text) : title;
+            shown_.push_back('"' + Normalized(ToUtf8(shown)) + '"');
+        }
         if (text != nullptr) {
             PressButton(window, IDOK);
         } else {
@@ -140,14 +155,16 @@ void Scenario::LookAtWindows(const LaunchedProcess& process) {
     }
 }
 
-std::string Scenario::Plain(const std::wstring& text) const {
-    std::wstring plain = text;
-    for (std::size_t at; (at = plain.find(app.folder())) != std::wstring::npos;) {
-        plain.replace(at, app.folder().size(), L"...\\");
+std::string Scenario::Normalized(const std::string& text) const {
+    std::wstring wide = FromUtf8(text);
+    for (const auto& [from, to] : replacements) {
+        for (std::size_t at; (at = wide.find(from)) != std::wstring::npos;) {
+            wide.replace(at, from.size(), to);
+        }
     }
-    std::replace(plain.begin(), plain.end(), L'\n', L' ');
-    while (!plain.empty() && plain.back() == L' ') plain.pop_back();
-    return ToUtf8(plain);
+    std::replace(wide.begin(), wide.end(), L'\n', L' ');
+    while (!wide.empty() && wide.back() == L' ') wide.pop_back();
+    return ToUtf8(wide);
 }
 
 }  // namespace tarn::test

@@ -30,6 +30,9 @@ class Scenario {
     /// The calls that the launch made.
     std::vector<HookedCall> Calls() const { return ReadHookLog(HookLogFile(app)); }
 
+    /// The text without what differs between runs: the test's folders, process and product.
+    std::string Normalized(const std::string& text) const;
+
     /// What the application itself ends with when it runs.
     virtual std::string ApplicationCode() const { return "0"; }
 
@@ -52,25 +55,28 @@ class Scenario {
     InstalledApplication app;
     SettingsText settings;
     std::wstring argumentText;
+    /// What `Normalized` replaces, in this order.
+    std::vector<std::pair<std::wstring, std::wstring>> replacements;
 
   private:
     std::string SeeThrough(const LaunchedProcess& process);
     /// The options of the first JVM that was made.
     std::string FirstOptions() const;
     void LookAtWindows(const LaunchedProcess& process);
-    /// The text without what differs from run to run.
-    std::string Plain(const std::wstring& text) const;
 
     std::vector<std::string> shown_;
     std::vector<std::pair<HWND, std::chrono::steady_clock::time_point>> answered_;
 };
 
-/// How a test finds a scenario.
+/// For `NamedScenario::most`: no sample.
+inline constexpr std::size_t kEveryCall = static_cast<std::size_t>(-1);
+
+/// A scenario of the failing-calls test.
 struct NamedScenario {
     const char* name;
     const char* title;
     std::unique_ptr<Scenario> (*make)();
-    std::size_t most;  ///< calls that fail when only a sample does; windows take their time
+    std::size_t most;  ///< calls in the test command's sample; launches with windows take longer
 };
 
 std::vector<NamedScenario> PlainScenarios();

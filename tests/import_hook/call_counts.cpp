@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "base/windows.h"
+#include "tests/import_hook/call_subject.h"
 #include "tests/import_hook/call_times.h"
 #include "tests/import_hook/failure_plan.h"
 #include "tests/import_hook/failure_results.h"
@@ -17,14 +18,16 @@ namespace {
 FailurePlan plan;
 
 std::string Line(const HookedFunction& function, unsigned role, unsigned number,
-                 const void* returnAddress, const FailurePlan::Failure* failure) {
+                 const std::uint64_t* arguments, const FailurePlan::Failure* failure) {
     // Relative to the program, so that it is the same in every run.
-    const auto place = reinterpret_cast<std::uintptr_t>(returnAddress) -
-                       reinterpret_cast<std::uintptr_t>(GetModuleHandleW(nullptr));
+    const std::uint64_t place =
+        arguments[-1] - reinterpret_cast<std::uintptr_t>(GetModuleHandleW(nullptr));
     char rest[64];
     std::snprintf(rest, sizeof rest, " %u 0x%llx", number, static_cast<unsigned long long>(place));
     std::string line = std::to_string(role) + ' ' + function.library + '!' + function.name + rest;
     if (failure != nullptr) line += " failed " + std::to_string(failure->error);
+    const std::string subject = CallSubject(function.name, arguments);
+    if (!subject.empty()) line += '\t' + subject;
     return line + '\n';
 }
 
@@ -65,13 +68,13 @@ bool IsWorthLogging(const char* name) {
     return true;
 }
 
-void* DecideCall(HookedFunction* function, void* returnAddress, std::uint64_t* result) {
+void* DecideCall(HookedFunction* function, const std::uint64_t* arguments, std::uint64_t* result) {
     const DWORD error = GetLastError();
     const unsigned role = ThreadRole();
     const unsigned number = ++function->calls[role];
     if (function->isLogged) NoteCallTime(*function, role);
     const FailurePlan::Failure* const failure = plan.Find(function->name, role, number);
-    if (function->isLogged) LogLine(Line(*function, role, number, returnAddress, failure));
+    if (function->isLogged) LogLine(Line(*function, role, number, arguments, failure));
     if (failure == nullptr) {
         SetLastError(error);
         return function->target;

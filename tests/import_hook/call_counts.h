@@ -7,11 +7,11 @@ namespace import_hook {
 /// Reads HOOK_FAIL.
 void ReadFailurePlan();
 
-/// Whether calls of the function mean anything: what only moves memory about does not.
+/// Whether calls of the function are logged. Functions that only move memory or text are not.
 bool IsWorthLogging(const char* name);
 
-/// Counts the call, logs it, and fails it if it is to fail. The last error stays as it is unless
-/// the call fails.
-void* DecideCall(HookedFunction* function, void* returnAddress, std::uint64_t* result);
+/// A `Decision`: counts and logs the call, and fails it if the plan says so. The last error changes
+/// only when the call fails.
+void* DecideCall(HookedFunction* function, const std::uint64_t* arguments, std::uint64_t* result);
 
 }  // namespace import_hook

@@ -6,23 +6,24 @@
 #include "base/windows.h"
 
 // Reached by a jump from a stub, with the function's record in r11, the decision in r10 and the
-// stack as at a call. Keeps the registers that carry arguments, asks, and jumps on.
+// stack as at a call. Stores the register arguments in the home space that the caller provides, so
+// that all arguments lie in one array, calls the decision, and jumps to the function or returns.
 extern "C" void ImportHookCommon();
 asm(R"(
     .text
     .globl ImportHookCommon
 ImportHookCommon:
-    pushq %rcx
-    pushq %rdx
-    pushq %r8
-    pushq %r9
+    movq %rcx, 0x08(%rsp)
+    movq %rdx, 0x10(%rsp)
+    movq %r8, 0x18(%rsp)
+    movq %r9, 0x20(%rsp)
+    leaq 0x08(%rsp), %rdx
     subq $0x78, %rsp
     movups %xmm0, 0x20(%rsp)
     movups %xmm1, 0x30(%rsp)
     movups %xmm2, 0x40(%rsp)
     movups %xmm3, 0x50(%rsp)
     movq %r11, %rcx
-    movq 0x98(%rsp), %rdx
     leaq 0x60(%rsp), %r8
     callq *%r10
     movq 0x60(%rsp), %r11
@@ -31,10 +32,10 @@ ImportHookCommon:
     movups 0x40(%rsp), %xmm2
     movups 0x50(%rsp), %xmm3
     addq $0x78, %rsp
-    popq %r9
-    popq %r8
-    popq %rdx
-    popq %rcx
+    movq 0x08(%rsp), %rcx
+    movq 0x10(%rsp), %rdx
+    movq 0x18(%rsp), %r8
+    movq 0x20(%rsp), %r9
     testq %rax, %rax
     jz 1f
     jmpq *%rax

@@ -4,12 +4,14 @@
 
 namespace import_hook {
 
-/// What is asked at every call: gives the address to go on at, or null when the call has been
-/// failed with the result in `*result`.
-using Decision = void* (*)(HookedFunction* function, void* returnAddress, std::uint64_t* result);
+/// Called before each call of a hooked function. `arguments` are the call's arguments, 64 bits
+/// each; the return address precedes them. Returns the address of the function to run, or null when
+/// the call fails with `*result`.
+using Decision = void* (*)(HookedFunction* function, const std::uint64_t* arguments,
+                           std::uint64_t* result);
 
-/// Makes a small piece of code that stands for the function: it asks `decision`, and goes on to the
-/// function with all arguments as they are, whatever their number and types. Null without memory.
+/// Creates code that stands for the function: it calls `decision`, then runs the function with its
+/// arguments unchanged, whatever their number and types. Null without memory.
 void* MakeStub(HookedFunction* function, Decision decision);
 
 }  // namespace import_hook

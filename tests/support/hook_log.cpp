@@ -11,7 +11,8 @@ std::vector<HookedCall> ReadHookLog(const std::wstring& file) {
     std::vector<HookedCall> calls;
     const std::string text = ReadFileBytes(file);
     for (const std::string& line : SplitLines(text.substr(0, text.rfind('\n') + 1))) {
-        std::istringstream words(line);
+        const std::size_t tab = line.find('\t');
+        std::istringstream words(line.substr(0, tab));
         HookedCall call;
         std::string name;
         std::string failed;
@@ -21,6 +22,7 @@ std::vector<HookedCall> ReadHookLog(const std::wstring& file) {
         const std::size_t mark = name.find('!');
         call.library = name.substr(0, mark);
         call.function = name.substr(mark + 1);
+        if (tab != std::string::npos) call.subject = line.substr(tab + 1);
         calls.push_back(call);
     }
     return calls;

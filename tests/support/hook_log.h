@@ -17,6 +17,7 @@ struct HookedCall {
     unsigned number = 0;      ///< which call of the function by this thread, from 1
     std::uint64_t place = 0;  ///< where it returns to, relative to the program
     bool failed = false;      ///< by the hook
+    std::string subject;      ///< the arguments that identify the call, UTF-8; may be empty
 };
 
 /// The calls in their order. A line that is still being written is left out.
