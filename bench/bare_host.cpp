@@ -1,6 +1,6 @@
-// The least that a program can do to run a Java application in its own process: what the launcher
-// is measured against. It imports nothing but kernel32 and the C runtime.
-// With prepare_window.cpp for prepare_nothing.cpp it is window_host, which shows a window besides.
+// The minimal program that runs a Java application in its own process; the reference for the
+// launcher's figures. It imports only kernel32 and the C runtime.
+// Compiled with TARN_HOST_WINDOW=1 it is window_host, which also shows an empty window.
 //
 //   bare_host JVM_DLL STACK_BYTES MAIN_CLASS OPTION... -- ARGUMENT...
 #include <string>
@@ -10,7 +10,9 @@
 #include <jni.h>
 
 #include "base/windows.h"
-#include "bench/prepare_host.h"
+#if TARN_HOST_WINDOW
+#include "bench/host_window.h"
+#endif
 
 namespace {
 
@@ -39,7 +41,7 @@ jstring JavaString(JNIEnv* env, const std::wstring& text) {
                           static_cast<jsize>(text.size()));
 }
 
-// The way java.exe finds a main class, which the launcher takes as well.
+// Finds the main class as java.exe and the launcher do.
 jclass LoadMainClass(JNIEnv* env, const Start& start) {
     jclass helper = start.findBootClass(env, "sun/launcher/LauncherHelper");
     jmethodID load = env->GetStaticMethodID(helper, "checkAndLoadMain",
@@ -71,8 +73,8 @@ DWORD WINAPI RunJava(void* parameter) noexcept {
     return javaVm->DetachCurrentThread() == JNI_OK ? 0 : 4;
 }
 
-// Some runtimes look their own libraries up by name while the JVM starts.
-void PutRuntimeOnPath(const std::wstring& jvmLibraryPath) {
+// Some runtimes load their own libraries by name while the JVM starts.
+void AddRuntimeToPath(const std::wstring& jvmLibraryPath) {
     const std::wstring folder = jvmLibraryPath.substr(0, jvmLibraryPath.rfind(L'\\'));
     const std::wstring bin = folder.substr(0, folder.rfind(L'\\'));
     std::wstring path(GetEnvironmentVariableW(L"Path", nullptr, 0), L'\0');
@@ -82,7 +84,7 @@ void PutRuntimeOnPath(const std::wstring& jvmLibraryPath) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(readability-identifier-naming): the C runtime calls it so.
+// NOLINTNEXTLINE(readability-identifier-naming): the C runtime's entry point.
 int wmain(int count, wchar_t** words) {
     if (count < 4) return 5;
     const std::wstring jvmLibraryPath = words[1];
@@ -99,8 +101,10 @@ int wmain(int count, wchar_t** words) {
             start.arguments.emplace_back(word);
     }
 
-    PrepareHost();
-    PutRuntimeOnPath(jvmLibraryPath);
+#if TARN_HOST_WINDOW
+    ShowEmptyWindow();
+#endif
+    AddRuntimeToPath(jvmLibraryPath);
     HMODULE jvm = LoadLibraryW(jvmLibraryPath.c_str());
     if (jvm == nullptr) return 6;
     start.createJavaVm = reinterpret_cast<CreateJavaVm>(

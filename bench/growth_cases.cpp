@@ -2,7 +2,8 @@
 #include <fstream>
 
 #include "bench/bench_case.h"
-#include "bench/scripted_runtime.h"
+#include "bench/timed_process.h"
+#include "bench/workspace.h"
 
 namespace tarn::bench {
 

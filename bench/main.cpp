@@ -1,5 +1,5 @@
-// start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]: measures every case whose name holds one of
-// the texts, all without any.
+// start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]: runs the cases whose name contains one of
+// the texts; without a text, all cases.
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -14,7 +14,7 @@ namespace tarn::bench {
 
 std::vector<Case> AllCases(const Workspace& workspace) {
     std::vector<Case> all;
-    for (auto* cases : {JavaStartCases, MemoryCases, ScriptedRuntimeCases, StationCases,
+    for (auto* cases : {JavaStartCases, MemoryCases, ScriptedRuntimeCases, StageCases,
                         RegistryCases, GrowthCases, HandOffCases, SplashCases})
         for (Case& one : cases(workspace)) all.push_back(std::move(one));
     return all;
@@ -32,7 +32,7 @@ bool IsWanted(const Case& benchCase, const std::vector<std::string>& texts) {
 }
 
 std::filesystem::path OwnFolder() {
-    std::wstring path(32768, L'\0');  // the longest path that Windows has
+    std::wstring path(32768, L'\0');  // the longest path that Windows supports
     path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
     return std::filesystem::path(path).parent_path();
 }
@@ -69,7 +69,7 @@ int Run(const std::vector<std::wstring>& words) {
 
 }  // namespace tarn::bench
 
-// NOLINTNEXTLINE(readability-identifier-naming): the C runtime calls it so.
+// NOLINTNEXTLINE(readability-identifier-naming): the C runtime's entry point.
 int wmain(int count, wchar_t** words) {
     if (count < 3) {
         std::fprintf(stderr, "start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]\n");

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "base/windows.h"
+#include "bench/workspace.h"
 #include "tests/support/inject_dll.h"
 
 #include <psapi.h>
@@ -24,7 +25,7 @@ double Nanoseconds() {
     return static_cast<double>(now.QuadPart) / static_cast<double>(perSecond.QuadPart) * 1e9;
 }
 
-// 0 while the line is not there whole.
+// 0 until the line is complete.
 double ReadStamp(const std::filesystem::path& file) {
     std::ifstream in(file);
     std::string line;
@@ -44,9 +45,9 @@ void ReadMemory(HANDLE process, ProcessTimes& times) {
     PROCESS_MEMORY_COUNTERS counters{};
     if (!GetProcessMemoryInfo(process, &counters, sizeof(counters)))
         Fail("no memory counters, error " + std::to_string(GetLastError()));
-    // The same as PrivateUsage on Windows; Wine fills in this one only.
+    // The same as PrivateUsage on Windows; Wine only sets this one.
     times.privateKiB = static_cast<double>(counters.PagefileUsage) / 1024;
-    // Wine gives the same for the peak, so that one is looked for as well.
+    // Wine reports the current value as the peak, so the maximum is also tracked here.
     times.peakPrivateKiB =
         std::max(times.peakPrivateKiB, static_cast<double>(counters.PeakPagefileUsage) / 1024);
 }
@@ -64,7 +65,7 @@ PROCESS_INFORMATION Start(const std::wstring& program, const std::wstring& comma
                           DWORD flags) {
     STARTUPINFOW startup{};
     startup.cb = sizeof(startup);
-    // No standard handles, as for a program that is started from the desktop.
+    // No standard handles, like a program started from the desktop.
     startup.dwFlags = STARTF_USESTDHANDLES;
     PROCESS_INFORMATION process{};
     std::wstring line = commandLine;
@@ -74,7 +75,7 @@ PROCESS_INFORMATION Start(const std::wstring& program, const std::wstring& comma
     return process;
 }
 
-// 0 when the process ends unseen.
+// 0 if the process ends before the watch returns true.
 double WaitUntilSeen(const PROCESS_INFORMATION& process, const Watch& watch, double start) {
     do {
         if (watch(process.dwProcessId)) return (Nanoseconds() - start) / 1e6;
@@ -103,7 +104,7 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
         Start(program, commandLine, options.library.empty() ? 0 : CREATE_SUSPENDED);
     if (!options.library.empty()) {
         if (!test::PutLibraryInto(process.hProcess, options.library))
-            Fail("the library cannot be put into the process");
+            Fail("the library cannot be injected");
         ResumeThread(process.hThread);
     }
     ProcessTimes times;
@@ -129,11 +130,16 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
         Fail(std::filesystem::path(program).filename().string() + " ended with " +
              std::to_string(static_cast<int>(exitCode)));
     const double stamp = ReadStamp(stampFile);
-    if (stamp < start || stamp > end) Fail("the stamp lies outside the life of the process");
-    if (options.watch && times.toSeen == 0) Fail("nothing was seen of the process");
+    if (stamp < start || stamp > end) Fail("the stamp lies outside the lifetime of the process");
+    if (options.watch && times.toSeen == 0) Fail("the watch never returned true");
     times.toMark = (stamp - start) / 1e6;
     times.toExit = (end - start) / 1e6;
     return times;
+}
+
+double ToCreateJavaVm(const InstalledApp& app, const std::wstring& arguments) {
+    const std::wstring program = app.program.wstring();
+    return RunTimed(program, Quoted(program) + L' ' + arguments).toMark;
 }
 
 }  // namespace tarn::bench

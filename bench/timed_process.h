@@ -7,35 +7,42 @@
 namespace tarn::bench {
 
 struct ProcessTimes {
-    /// Milliseconds from right before CreateProcessW to the stamp that the program left.
+    /// Milliseconds from the call of CreateProcessW to the stamp that the program wrote.
     double toMark = 0;
     double toExit = 0;  ///< milliseconds from the same moment to the end of the process
-    double toSeen = 0;  ///< milliseconds from the same moment until the watch said yes; 0 without
-    // While the program was held at its mark; 0 when it was not.
+    double toSeen =
+        0;  ///< milliseconds from the same moment until the watch returned true; 0 without
+    // While the program was held at its mark, otherwise 0.
     double privateKiB = 0;      ///< private memory
-    double peakPrivateKiB = 0;  ///< the most that it was until then, every 10 ms
-    double libraries = 0;       ///< loaded modules, the program itself left out
+    double peakPrivateKiB = 0;  ///< its maximum until then, read every 10 ms
+    double libraries = 0;       ///< loaded modules without the program itself
 };
 
-/// Asked over and over while the program starts, with the id of its process, until it says yes.
+/// Called repeatedly with the process id while the program starts, until it returns true.
 using Watch = std::function<bool(unsigned long processId)>;
 
-/// Where a program under measurement leaves its stamp: what TARN_BENCH_STAMP names.
+/// The file that TARN_BENCH_STAMP names, to which a measured program writes its stamp.
 std::filesystem::path StampFile();
 
 struct RunOptions {
-    /// The Java fixture waits at its mark until its memory has been read and `watch` has said yes.
+    /// The Java side waits at its mark until its memory has been read and `watch` returned true.
     bool hold = false;
     Watch watch;
-    /// A library that is put into the process before its first instruction.
+    /// A library that is injected into the process before its first instruction.
     std::wstring library;
 };
 
-/// Starts `program` with the whole command line and waits for its end. The program leaves its
-/// stamp, nanoseconds of the performance counter, in the file that TARN_BENCH_STAMP names. Throws
-/// std::runtime_error when the process fails, ends with another code than 0, does not end, or
-/// leaves a stamp that does not lie between its start and its end.
+/// Starts `program` with the complete command line and waits for its end. The program writes its
+/// stamp, nanoseconds of the performance counter, to `StampFile`. Throws std::runtime_error if the
+/// process cannot be started, does not end, exits with a code other than 0, or writes a stamp
+/// outside its lifetime.
 ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine,
                       const RunOptions& options = {});
+
+struct InstalledApp;
+
+/// Starts the application with the arguments. Returns the milliseconds from the start of the
+/// process to JNI_CreateJavaVM, where the scripted runtime writes the stamp.
+double ToCreateJavaVm(const InstalledApp& app, const std::wstring& arguments = {});
 
 }  // namespace tarn::bench

@@ -6,14 +6,13 @@
 
 namespace tarn::bench {
 
-/// Where the programs under measurement lie, and a folder of our own to lay out applications in.
+/// The paths of the measured programs, and a folder for the applications that are laid out.
 struct Workspace {
     std::filesystem::path launcher;    ///< launcher.exe
     std::filesystem::path tools;       ///< folder of bare_host.exe, stamp_jvm.dll, bench.jar
-    std::filesystem::path importHook;  ///< the tests' library that notes a program's calls
-    std::filesystem::path
-        runtimes;  ///< folder of the Java runtimes "11", "17", "21", "25"; may be empty
-    std::filesystem::path scratch;  ///< made empty at start, removed at the end
+    std::filesystem::path importHook;  ///< the tests' library that records a program's calls
+    std::filesystem::path runtimes;    ///< folder of the Java runtimes "11" to "25"; may be empty
+    std::filesystem::path scratch;     ///< emptied at the start, removed at the end
 };
 
 struct InstalledApp {
@@ -21,12 +20,21 @@ struct InstalledApp {
     std::filesystem::path folder;
 };
 
-/// Copies the launcher to `scratch\name\name.exe` and writes the INI text (UTF-16 with mark) beside
-/// it.
+/// Copies the launcher to `scratch\name\name.exe` and writes its INI file, UTF-16 with byte-order
+/// mark, beside it.
 InstalledApp InstallApp(const Workspace& workspace, const std::wstring& name,
                         const std::wstring& iniText);
 
-/// The runtime's jvm.dll: its server one. Throws std::runtime_error when there is none.
+/// Lays out `scratch\scripted_jre`, a runtime whose jvm.dll only records the time, unless it
+/// exists. Returns its home.
+std::filesystem::path ScriptedRuntime(const Workspace& workspace);
+
+/// An application on that runtime, with `moreSettings` appended to its INI file.
+InstalledApp InstallScriptedApp(const Workspace& workspace, const std::wstring& name,
+                                const std::wstring& classPath = L"C:\\none.jar",
+                                const std::wstring& moreSettings = {});
+
+/// The runtime's server jvm.dll. Throws std::runtime_error if it does not exist.
 std::filesystem::path JvmLibrary(const std::filesystem::path& runtimeHome);
 
 /// In double quotes.

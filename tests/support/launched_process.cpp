@@ -68,19 +68,23 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     std::vector<wchar_t> commandLine(start.commandLine.begin(), start.commandLine.end());
     commandLine.push_back(L'\0');
     const bool takesLibrary = !start.library.empty();
-    // The test program suppresses Windows' error boxes for itself; a user's launcher starts without.
-    const DWORD flags = CREATE_UNICODE_ENVIRONMENT | CREATE_DEFAULT_ERROR_MODE | (takesLibrary ? CREATE_SUSPENDED : 0U);
+    // The test program suppresses Windows' error boxes for itself; a user's launcher starts
+    // without.
+    const DWORD flags = CREATE_UNICODE_ENVIRONMENT | CREATE_DEFAULT_ERROR_MODE |
+                        (takesLibrary ? CREATE_SUSPENDED : 0U);
     PROCESS_INFORMATION made{};
     BOOL ok = FALSE;
-    DWORD error_code = ERROR_INTERNAL_ERROR;
-    // On a busy machine Wine now and then loses a process before its start, and says just this.
-    for (int tries = 0; !ok && error_code == ERROR_INTERNAL_ERROR && tries < 5; ++tries) {
+    DWORD startError = ERROR_SUCCESS;
+    // On a busy machine Wine sometimes loses a new process before its first instruction and reports
+    // this error. No process exists then, so the start can be repeated.
+    WaitUntil([&] {
         ok = CreateProcessW(
             start.program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags, block.data(),
             start.directory.empty() ? nullptr : start.directory.c_str(), &how, &made);
-        error_code = GetLastError();
-    }
-    EXPECT_TRUE(ok) << "cannot start " << ToUtf8(start.program) << ", error " << error_code;
+        startError = ok ? ERROR_SUCCESS : GetLastError();
+        return startError != ERROR_INTERNAL_ERROR;
+    });
+    EXPECT_TRUE(ok) << "cannot start " << ToUtf8(start.program) << ", error " << startError;
     if (!ok) return;
     const UniqueHandle thread(made.hThread);
     process_.reset(made.hProcess);

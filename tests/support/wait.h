@@ -4,14 +4,14 @@
 
 namespace tarn::test {
 
-/// What a condition that comes true at all takes at most, even on a slow and busy machine.
-constexpr std::chrono::milliseconds kPatience{30'000};
+/// The bound of every wait: longer than any awaited condition takes on a slow and busy machine.
+constexpr std::chrono::milliseconds kPatience{60'000};
 
-/// Asks again and again until the condition holds; its last answer.
+/// Evaluates the condition repeatedly until it holds or the time is up; its last result.
 template <typename Condition>
 bool WaitUntil(Condition condition, std::chrono::milliseconds patience = kPatience);
 
-/// Gives the processor away for a moment between two looks.
+/// Sleeps 5 ms between two evaluations of a condition.
 void Pause();
 
 template <typename Condition>

@@ -1,46 +1,45 @@
-// Where the launcher spends its time until JNI_CreateJavaVM: the calls that it makes are noted with
-// their time, and the first call of a station ends the one before.
+// The stages of a launch until JNI_CreateJavaVM. The import hook records the launcher's calls with
+// their times; the first call of a stage ends the previous stage.
 #include <algorithm>
 #include <fstream>
 #include <stdexcept>
 
 #include "base/windows.h"
 #include "bench/bench_case.h"
-#include "bench/scripted_runtime.h"
 #include "bench/timed_process.h"
+#include "bench/workspace.h"
 
 namespace tarn::bench {
 
 namespace {
 
-struct NotedCall {
+struct TimedCall {
     std::string function;
     double nanoseconds = 0;
 };
 
-// Of the entry thread.
-std::vector<NotedCall> ReadCalls(const std::filesystem::path& file) {
+// The calls of the entry thread.
+std::vector<TimedCall> ReadCalls(const std::filesystem::path& file) {
     std::ifstream in(file);
-    std::vector<NotedCall> calls;
+    std::vector<TimedCall> calls;
     unsigned thread = 0;
-    NotedCall call;
+    TimedCall call;
     while (in >> thread >> call.function >> call.nanoseconds)
         if (thread == 1) calls.push_back(call);
     return calls;
 }
 
-/// The call that a station begins with: the n-th of the function.
-struct Landmark {
-    const char* station;
+/// The call that begins a stage: the n-th call of the function.
+struct StageStart {
+    const char* stage;
     const char* function;
     int number;
 };
-// The first station, the settings, begins with the first call of all. Settings, single instance,
-// splash and options ask for the path of the executable once each; the first file that is looked
-// for is the user's own settings file.
+// The first stage begins with the first call. Settings, single instance, splash and options query
+// the executable's path once each; the first file searched for is the per-user settings file.
 constexpr const char* kFirstStage = "command line and settings";
 constexpr const char* kLibrary = "library";
-constexpr Landmark kLandmarks[] = {
+constexpr StageStart kStageStarts[] = {
     {"single instance", "GetModuleFileNameW", 2},
     {"search", "FindFirstFileW", 2},
     {"native paths", "SetEnvironmentVariableW", 1},
@@ -50,30 +49,30 @@ constexpr Landmark kLandmarks[] = {
     {nullptr, "CreateThread", 1},  // from here on the JVM is created
 };
 
-std::size_t Find(const std::vector<NotedCall>& calls, const Landmark& landmark) {
+std::size_t Find(const std::vector<TimedCall>& calls, const StageStart& start) {
     int seen = 0;
-    const auto found = std::find_if(calls.begin(), calls.end(), [&](const NotedCall& call) {
-        return call.function == landmark.function && ++seen == landmark.number;
+    const auto found = std::find_if(calls.begin(), calls.end(), [&](const TimedCall& call) {
+        return call.function == start.function && ++seen == start.number;
     });
     if (found == calls.end())
-        throw std::runtime_error(std::string("not enough calls of ") + landmark.function);
+        throw std::runtime_error(std::string("not enough calls of ") + start.function);
     return static_cast<std::size_t>(found - calls.begin());
 }
 
-// Microseconds for each station, and for all of them without the library, which every host loads.
-Sample Stages(const std::vector<NotedCall>& calls) {
-    if (calls.empty()) throw std::runtime_error("no call was noted");
+// Microseconds of each stage, and of all stages but the library's load, which every host makes.
+Sample Stages(const std::vector<TimedCall>& calls) {
+    if (calls.empty()) throw std::runtime_error("no call was recorded");
     double start = calls.front().nanoseconds;
-    const char* station = kFirstStage;
+    const char* stage = kFirstStage;
     Sample sample;
     double own = 0;
-    for (const Landmark& landmark : kLandmarks) {
-        const double end = calls[Find(calls, landmark)].nanoseconds;
-        if (end < start) throw std::runtime_error("the stations are not in their order");
+    for (const StageStart& each : kStageStarts) {
+        const double end = calls[Find(calls, each)].nanoseconds;
+        if (end < start) throw std::runtime_error("the stages are not in their order");
         sample.push_back((end - start) / 1e3);
-        if (station != kLibrary) own += sample.back();
+        if (stage != kLibrary) own += sample.back();
         start = end;
-        station = landmark.station;
+        stage = each.stage;
     }
     sample.push_back(own);
     return sample;
@@ -81,16 +80,16 @@ Sample Stages(const std::vector<NotedCall>& calls) {
 
 }  // namespace
 
-std::vector<Case> StationCases(const Workspace& workspace) {
-    const InstalledApp app = InstallScriptedApp(workspace, L"stations");
+std::vector<Case> StageCases(const Workspace& workspace) {
+    const InstalledApp app = InstallScriptedApp(workspace, L"stages");
     const std::wstring program = app.program.wstring();
     const std::wstring hook = workspace.importHook.wstring();
     const std::filesystem::path times = workspace.scratch / L"call_times.txt";
     Case result;
-    result.name = "The stations of a launch";
+    result.name = "The stages of a launch";
     result.quantities = {kFirstStage};
-    for (const Landmark& landmark : kLandmarks)
-        if (landmark.station != nullptr) result.quantities.push_back(landmark.station);
+    for (const StageStart& each : kStageStarts)
+        if (each.stage != nullptr) result.quantities.push_back(each.stage);
     result.quantities.push_back("all but the library");
     result.contenders = {{"microseconds", [=] {
                               std::filesystem::remove(times);

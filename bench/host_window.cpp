@@ -1,13 +1,14 @@
+#include "bench/host_window.h"
+
 #include "base/windows.h"
-#include "bench/prepare_host.h"
 
 namespace {
 
-// As large as the picture that the splash shows.
+// The size of splash.png.
 constexpr int kWidth = 600;
 constexpr int kHeight = 400;
 
-DWORD WINAPI ShowEmptyWindow(void*) noexcept {
+DWORD WINAPI RunWindow(void*) noexcept {
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof(windowClass);
     windowClass.lpfnWndProc = DefWindowProcW;
@@ -27,8 +28,7 @@ DWORD WINAPI ShowEmptyWindow(void*) noexcept {
 
 }  // namespace
 
-void PrepareHost() {
-    // It goes with the process.
-    HANDLE thread = CreateThread(nullptr, 0, ShowEmptyWindow, nullptr, 0, nullptr);
+void ShowEmptyWindow() {
+    HANDLE thread = CreateThread(nullptr, 0, RunWindow, nullptr, 0, nullptr);
     if (thread != nullptr) CloseHandle(thread);
 }

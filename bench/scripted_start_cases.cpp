@@ -1,7 +1,7 @@
 // From the start of the process to JNI_CreateJavaVM, without Java.
 #include "bench/bench_case.h"
-#include "bench/scripted_runtime.h"
 #include "bench/timed_process.h"
+#include "bench/workspace.h"
 
 namespace tarn::bench {
 

@@ -1,3 +1,0 @@
-#include "bench/prepare_host.h"
-
-void PrepareHost() {}
