@@ -90,7 +90,7 @@ minimise_one() {  # name
     local least=build/fuzz/$1-least log=build/fuzz/$1-least.log
     rm -rf "$least"
     mkdir -p "$least" "build/fuzz/$1" "fuzz/corpus/$1"
-    "build/host-clang/fuzz/$1_fuzzer" -set_cover_merge=1 -max_len="$(longest_input "$1")" "$least" \
+    "build/host-clang/fuzz/$1_fuzzer" -set_cover_merge=1 -use_counters=0 -max_len="$(longest_input "$1")" "$least" \
         "fuzz/corpus/$1" "build/fuzz/$1" >"$log" 2>&1 </dev/null ||
         { tail -n 20 "$log"; return 1; }
     rm -rf "fuzz/corpus/$1"
