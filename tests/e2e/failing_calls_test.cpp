@@ -48,8 +48,7 @@ TEST_P(FailingCalls, EndAsRecorded) {
         const std::string outcome = OutcomeOf(facts, undisturbed);
         EXPECT_TRUE(IsDecent(facts, undisturbed, scenario->ApplicationCode()))
             << point.Text() << ": " << outcome;
-        // Window messages do not come in the same order in every launch: the call that has this
-        // number now is what failed, if any.
+        // Not every window message comes in every launch.
         const auto failed = FailedCall(scenario->Calls(), normalize);
         if (!failed) {
             EXPECT_EQ(outcome, kGoesOn) << point.Text() << " was not called";

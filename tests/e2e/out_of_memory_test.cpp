@@ -22,7 +22,7 @@ std::vector<CallPoint> Allocations(const std::vector<HookedCall>& calls) {
     std::vector<CallPoint> points;
     for (const HookedCall& each : calls) {
         if (!IsAllocation(each.function)) continue;
-        points.push_back({each.function, {}, each.role, each.number, each.number});
+        points.push_back({each.function, {}, each.role, each.number, {}, each.number});
     }
     return points;
 }

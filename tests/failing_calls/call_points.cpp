@@ -5,6 +5,8 @@
 #include <string_view>
 #include <tuple>
 
+#include "tests/support/text.h"
+
 namespace tarn::test {
 
 namespace {
@@ -50,10 +52,9 @@ class Identification {
     explicit Identification(const Normalizer& normalize) : normalize_(normalize) {}
 
     CallPoint Next(const HookedCall& call) {
-        CallPoint point{call.function, normalize_(call.subject), call.role, 1, call.number};
-        unsigned& occurrence = occurrences_[{point.function, point.subject, point.role}];
-        occurrence = std::min(occurrence + 1, kLaterOccurrence);
-        point.occurrence = occurrence;
+        CallPoint point{call.function, normalize_(call.subject), call.role, 1, call.subject};
+        point.number = ++occurrences_[{point.function, point.rawSubject, point.role}];
+        point.occurrence = std::min(point.number, kLaterOccurrence);
         return point;
     }
 
@@ -80,7 +81,7 @@ std::vector<std::vector<CallPoint>> Groups(const std::vector<HookedCall>& calls,
 
 std::wstring CallPoint::FailureSpec(unsigned error) const {
     return std::wstring(function.begin(), function.end()) + L'@' + std::to_wstring(role) + L':' +
-           std::to_wstring(number) + L':' + std::to_wstring(error);
+           std::to_wstring(number) + L':' + std::to_wstring(error) + L'\t' + FromUtf8(rawSubject);
 }
 
 std::string CallPoint::Text() const {
@@ -119,7 +120,7 @@ std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls,
     std::vector<CallPoint> points;
     for (const std::vector<CallPoint>& group : Groups(calls, normalize)) {
         for (const CallPoint& each : group) {
-            const bool isLast = each.number == group.back().number;
+            const bool isLast = &each == &group.back();
             if (each.occurrence < kLaterOccurrence || isLast) points.push_back(each);
         }
     }

@@ -9,14 +9,15 @@
 
 namespace tarn::test {
 
-/// A call that is made to fail. Function, subject, thread and occurrence identify it; its number
-/// among all calls of the function only addresses it for the hook.
+/// A call that is made to fail, identified by function, subject, thread and occurrence.
 struct CallPoint {
     std::string function;
-    std::string subject;      ///< of `HookedCall`, normalized
+    std::string subject;      ///< that of `HookedCall`, normalized
     unsigned role = 1;        ///< thread
     unsigned occurrence = 1;  ///< among the thread's calls of the function with this subject
-    unsigned number = 1;      ///< among the thread's calls of the function
+    // For the hook: the subject as it is, and the occurrence even in a loop.
+    std::string rawSubject;
+    unsigned number = 1;
 
     /// The value of HOOK_FAIL that fails this call with that last error.
     std::wstring FailureSpec(unsigned error) const;

@@ -59,7 +59,8 @@ Scenario::Scenario() : settings(app.StandardSettings()) {
     replacements = {{Variable(L"Path"), L"PATH"},
                     {app.folder(), L"...\\"},
                     {app.directory, L"TEST\\"},
-                    {GetPaths().pictures, L"PICTURES"}};
+                    {GetPaths().pictures, L"PICTURES"},
+                    {GetPaths().programs, L"PROGRAMS"}};
 }
 
 Scenario::~Scenario() = default;

@@ -18,7 +18,8 @@ namespace {
 FailurePlan plan;
 
 std::string Line(const HookedFunction& function, unsigned role, unsigned number,
-                 const std::uint64_t* arguments, const FailurePlan::Failure* failure) {
+                 const std::uint64_t* arguments, const std::string& subject,
+                 const FailurePlan::Failure* failure) {
     // Relative to the program, so that it is the same in every run.
     const std::uint64_t place =
         arguments[-1] - reinterpret_cast<std::uintptr_t>(GetModuleHandleW(nullptr));
@@ -26,7 +27,6 @@ std::string Line(const HookedFunction& function, unsigned role, unsigned number,
     std::snprintf(rest, sizeof rest, " %u 0x%llx", number, static_cast<unsigned long long>(place));
     std::string line = std::to_string(role) + ' ' + function.library + '!' + function.name + rest;
     if (failure != nullptr) line += " failed " + std::to_string(failure->error);
-    const std::string subject = CallSubject(function.name, arguments);
     if (!subject.empty()) line += '\t' + subject;
     return line + '\n';
 }
@@ -34,9 +34,9 @@ std::string Line(const HookedFunction& function, unsigned role, unsigned number,
 }  // namespace
 
 void ReadFailurePlan() {
-    char text[4096] = "";
-    GetEnvironmentVariableA("HOOK_FAIL", text, sizeof text);
-    plan.Read(text);
+    std::wstring value(32768, L'\0');  // the longest value that a variable can have
+    value.resize(GetEnvironmentVariableW(L"HOOK_FAIL", value.data(), 32768));
+    plan.Read(Utf8(value));
 }
 
 bool IsWorthLogging(const char* name) {
@@ -73,8 +73,10 @@ void* DecideCall(HookedFunction* function, const std::uint64_t* arguments, std::
     const unsigned role = ThreadRole();
     const unsigned number = ++function->calls[role];
     if (function->isLogged) NoteCallTime(*function, role);
-    const FailurePlan::Failure* const failure = plan.Find(function->name, role, number);
-    if (function->isLogged) LogLine(Line(*function, role, number, arguments, failure));
+    const std::string subject =
+        function->isLogged ? CallSubject(function->name, arguments) : std::string();
+    const FailurePlan::Failure* const failure = plan.Find(function->name, role, number, subject);
+    if (function->isLogged) LogLine(Line(*function, role, number, arguments, subject, failure));
     if (failure == nullptr) {
         SetLastError(error);
         return function->target;

@@ -98,15 +98,6 @@ bool IsPointer(std::uint64_t argument) {
     return argument > 0xFFFF;
 }
 
-std::string Utf8(std::wstring_view text) {
-    std::string bytes(text.size() * 3, '\0');
-    const int size =
-        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(size));
-    return bytes;
-}
-
 std::string Counted(const std::uint64_t* arguments) {
     const auto* const text = reinterpret_cast<const wchar_t*>(arguments[0]);
     const auto length = static_cast<std::int32_t>(arguments[1]);
@@ -140,6 +131,15 @@ std::string Printed(const std::uint64_t* arguments, Form form) {
 }
 
 }  // namespace
+
+std::string Utf8(std::wstring_view text) {
+    std::string bytes(text.size() * 3, '\0');
+    const int size =
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
+                            static_cast<int>(bytes.size()), nullptr, nullptr);
+    bytes.resize(static_cast<std::size_t>(size));
+    return bytes;
+}
 
 std::string CallSubject(const std::string& function, const std::uint64_t* arguments) {
     std::string subject;

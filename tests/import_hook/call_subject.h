@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace import_hook {
 
@@ -9,5 +10,7 @@ namespace import_hook {
 /// separated by " | ". UTF-8 without control characters. Empty for functions that only take handles
 /// and buffers.
 std::string CallSubject(const std::string& function, const std::uint64_t* arguments);
+
+std::string Utf8(std::wstring_view text);
 
 }  // namespace import_hook

@@ -7,7 +7,7 @@ namespace import_hook {
 
 namespace {
 
-/// Takes the text up to the mark off the front.
+/// Removes the text up to the mark from the front and returns it.
 std::string TakeUpTo(std::string_view& text, char mark) {
     const std::size_t end = text.find(mark);
     const std::string taken(text.substr(0, end));
@@ -22,9 +22,14 @@ std::uint64_t Number(const std::string& text) {
 }  // namespace
 
 void FailurePlan::Read(std::string_view text) {
+    std::optional<std::string> subject;
+    if (const std::size_t tab = text.find('\t'); tab != std::string_view::npos) {
+        subject = text.substr(tab + 1);
+        text = text.substr(0, tab);
+    }
     while (!text.empty()) {
-        const std::string wish = TakeUpTo(text, ';');
-        std::string_view rest = wish;
+        const std::string specification = TakeUpTo(text, ';');
+        std::string_view rest = specification;
         Failure failure;
         const std::string name = TakeUpTo(rest, ':');
         std::string_view nameRest = name;
@@ -38,14 +43,16 @@ void FailurePlan::Read(std::string_view text) {
         if (!rest.empty()) failure.result = Number(std::string(rest));
         failures_.push_back(failure);
     }
+    if (subject && !failures_.empty()) failures_.back().subject = subject;
 }
 
-const FailurePlan::Failure* FailurePlan::Find(std::string_view name, unsigned role,
-                                              unsigned number) const {
-    for (const Failure& each : failures_) {
-        if (each.name == name && each.role == role && number >= each.first && number <= each.last) {
-            return &each;
-        }
+const FailurePlan::Failure* FailurePlan::Find(std::string_view name, unsigned role, unsigned number,
+                                              std::string_view subject) {
+    for (Failure& each : failures_) {
+        if (each.name != name || each.role != role) continue;
+        if (each.subject && *each.subject != subject) continue;
+        const unsigned counted = each.subject ? ++each.counted : number;
+        if (counted >= each.first && counted <= each.last) return &each;
     }
     return nullptr;
 }

@@ -8,10 +8,12 @@
 
 namespace import_hook {
 
-/// What HOOK_FAIL asks for: `NAME:WHICH[:ERROR[:RESULT]]`, several separated by ";". WHICH is the
-/// number of the call, from 1, `N+` for that one and all after it; `@ROLE` behind NAME means a
-/// thread other than the first. ERROR is the last error (5 without one), RESULT what the call
-/// gives (without it, what a failure of that function is).
+/// The failures that HOOK_FAIL specifies: `NAME[@ROLE]:WHICH[:ERROR[:RESULT]]`, several separated
+/// by
+/// ";". ROLE is the thread, by default the first. WHICH is the number of the call, from 1, or `N+`
+/// for that call and all later ones. ERROR is the last error, by default 5; RESULT is the return
+/// value, by default that of a failure of the function. A tab and a subject may follow the last
+/// failure: then only calls with that subject (`CallSubject`) are counted for it.
 class FailurePlan {
   public:
     struct Failure {
@@ -21,12 +23,15 @@ class FailurePlan {
         unsigned last = 1;
         std::uint32_t error = 5;
         std::optional<std::uint64_t> result;
+        std::optional<std::string> subject;
+        unsigned counted = 0;  ///< calls with that subject so far; a role is one thread
     };
 
     void Read(std::string_view text);
 
-    /// The failure that this call is to have; null when it is to succeed.
-    const Failure* Find(std::string_view name, unsigned role, unsigned number) const;
+    /// The failure of this call; null if it succeeds. To be asked once for each call.
+    const Failure* Find(std::string_view name, unsigned role, unsigned number,
+                        std::string_view subject);
 
   private:
     std::vector<Failure> failures_;
