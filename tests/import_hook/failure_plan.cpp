@@ -28,8 +28,8 @@ void FailurePlan::Read(std::string_view text) {
         text = text.substr(0, tab);
     }
     while (!text.empty()) {
-        const std::string specification = TakeUpTo(text, ';');
-        std::string_view rest = specification;
+        const std::string entry = TakeUpTo(text, ';');
+        std::string_view rest = entry;
         Failure failure;
         const std::string name = TakeUpTo(rest, ':');
         std::string_view nameRest = name;
