@@ -55,9 +55,13 @@ HWND MessageTextOf(HWND window) {
 
 Scenario::Scenario() : settings(app.StandardSettings()) {
     app.AddRuntime();
-    // The longer path first: the application's folder is below the working directory.
+    // The longer path first: the application's folder is below the working directory. The names of
+    // the shared objects contain the program's path with underscores.
+    std::wstring inNames = app.folder();
+    std::replace(inNames.begin(), inNames.end(), L'\\', L'_');
     replacements = {{Variable(L"Path"), L"PATH"},
                     {app.folder(), L"...\\"},
+                    {inNames, L"..._"},
                     {app.directory, L"TEST\\"},
                     {GetPaths().pictures, L"PICTURES"},
                     {GetPaths().programs, L"PROGRAMS"}};
