@@ -92,7 +92,7 @@ class OutOfMemoryForABox : public FakeJvmFixture {
         const std::vector<CallPoint> points = AllocationsOfTheBox();
         EXPECT_FALSE(points.empty());
         for (const CallPoint& point : points) {
-            const auto process = StartHooked(app, point.Wish(ERROR_NOT_ENOUGH_MEMORY));
+            const auto process = StartHooked(app, point.FailureSpec(ERROR_NOT_ENOUGH_MEMORY));
             EXPECT_EQ(process->ExitCode(), -1) << point.Text();
         }
     }
