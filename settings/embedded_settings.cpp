@@ -1,5 +1,6 @@
 #include "settings/embedded_settings.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace tarn {
@@ -7,6 +8,14 @@ namespace {
 
 constexpr wchar_t kByteOrderMark = L'\uFEFF';
 constexpr std::wstring_view kLineEnd = L"\r\n";
+
+// Removes the first line and its end from the text and returns the line.
+std::wstring_view ConsumeLine(std::wstring_view& text) {
+    const std::size_t end = std::min(text.find(kLineEnd), text.size());
+    const std::wstring_view line = text.substr(0, end);
+    text.remove_prefix(std::min(end + kLineEnd.size(), text.size()));
+    return line;
+}
 
 // Everything up to U+0020 counts as a space, including control characters.
 std::wstring_view SkipLeadingSpaces(std::wstring_view text) {
@@ -30,36 +39,26 @@ std::optional<std::wstring_view> SectionName(std::wstring_view line) {
 
 }  // namespace
 
-EmbeddedSettings::EmbeddedSettings(std::wstring_view text) {
-    if (!text.empty() && text.front() == kByteOrderMark) text.remove_prefix(1);
-    // Lines before the first section belong to a section without a name.
-    std::wstring section;
-    while (!text.empty()) {
-        const std::size_t end = text.find(kLineEnd);
-        AddLine(SkipLeadingSpaces(text.substr(0, end)), section);
-        if (end == std::wstring_view::npos) return;
-        text.remove_prefix(end + kLineEnd.size());
-    }
-}
-
-void EmbeddedSettings::AddLine(std::wstring_view line, std::wstring& section) {
-    if (line.empty()) return;
-    if (const std::optional<std::wstring_view> name = SectionName(line)) {
-        section = *name;
-        return;
-    }
-    const std::size_t equals = line.find(L'=');
-    const bool hasValue = equals != std::wstring_view::npos;
-    entries_.push_back({section, std::wstring(line.substr(0, equals)),
-                        std::wstring(hasValue ? line.substr(equals + 1) : std::wstring_view())});
+EmbeddedSettings::EmbeddedSettings(std::wstring_view text) : text_(text) {
+    if (!text.empty() && text.front() == kByteOrderMark) text_.erase(0, 1);
 }
 
 std::wstring_view EmbeddedSettings::Find(std::wstring_view section, std::wstring_view key) const {
-    // Backwards, because the last value of a key is used.
-    for (auto entry = entries_.rbegin(); entry != entries_.rend(); ++entry) {
-        if (entry->key == key && entry->section == section) return entry->value;
+    // Lines before the first section belong to a section without a name.
+    std::wstring_view currentSection;
+    std::wstring_view value;
+    for (std::wstring_view rest = text_; !rest.empty();) {
+        const std::wstring_view line = SkipLeadingSpaces(ConsumeLine(rest));
+        if (line.empty()) continue;
+        if (const std::optional<std::wstring_view> name = SectionName(line)) {
+            currentSection = *name;
+        } else if (currentSection == section) {
+            const std::size_t equals = std::min(line.find(L'='), line.size());
+            if (line.substr(0, equals) != key) continue;
+            value = line.substr(std::min(equals + 1, line.size()));
+        }
     }
-    return {};
+    return value;
 }
 
 }  // namespace tarn
