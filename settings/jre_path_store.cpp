@@ -3,8 +3,8 @@
 namespace tarn {
 
 bool IsAnsiText(std::string_view bytes) {
-    const std::string_view mark = bytes.substr(0, 2);
-    return mark != "\xFF\xFE" && mark != "\xFE\xFF" && bytes.substr(0, 3) != "\xEF\xBB\xBF" &&
+    // Text in UTF-16 contains null characters, unless it is nothing but the mark.
+    return bytes.substr(0, 2) != "\xFF\xFE" && bytes.substr(0, 3) != "\xEF\xBB\xBF" &&
            bytes.find('\0') == std::string_view::npos;
 }
 

@@ -3,7 +3,6 @@
 #include "base/handles.h"
 #include "base/paths.h"
 #include "base/text.h"
-#include "settings/ini_file.h"
 #include "settings/jre_path_store.h"
 #include "settings/keys.h"
 #include "settings/settings_paths.h"
@@ -82,7 +81,8 @@ void WriteJrePath(const std::wstring& settingsPath, const std::wstring& folder) 
     // The profile functions look for a name without a folder in the Windows folder; such a file is
     // left to them.
     if (!FitsAnsi(folder) && !FolderOf(settingsPath).empty() && !EnsureUtf16(settingsPath)) return;
-    IniFile(settingsPath).SetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath, folder);
+    WritePrivateProfileStringW(keys::kJavaRuntimeEnvironment, keys::kJrePath, folder.c_str(),
+                               settingsPath.c_str());
 }
 
 void RememberRuntime(const Settings& settings, const std::wstring& folder) {

@@ -15,7 +15,7 @@ std::wstring ReadJrePath(const LayeredSettings& layered, const Settings& setting
                          const std::wstring& programPath) {
     std::wstring perUser;
     if (UsesPerUserFile(settings, programPath, perUser)) {
-        return IniFile(perUser).GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
+        return IniFile(std::move(perUser)).GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
     }
     return layered.GetValue(keys::kJavaRuntimeEnvironment, keys::kJrePath);
 }
