@@ -3,9 +3,10 @@
 namespace tarn {
 
 bool IsAnsiText(std::string_view bytes) {
-    // Text in UTF-16 contains null characters, unless it is nothing but the mark.
-    return bytes.substr(0, 2) != "\xFF\xFE" && bytes.substr(0, 3) != "\xEF\xBB\xBF" &&
-           bytes.find('\0') == std::string_view::npos;
+    // The first byte of a mark is enough: no line of a settings file begins with one of these.
+    constexpr std::string_view kMarks = "\xEF\xFE\xFF";
+    if (!bytes.empty() && kMarks.find(bytes.front()) != std::string_view::npos) return false;
+    return bytes.find('\0') == std::string_view::npos;
 }
 
 }  // namespace tarn
