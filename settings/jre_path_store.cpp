@@ -3,9 +3,8 @@
 namespace tarn {
 
 bool IsAnsiText(std::string_view bytes) {
-    // The first byte of a mark is enough: no line of a settings file begins with one of these.
-    constexpr std::string_view kMarks = "\xEF\xFE\xFF";
-    if (!bytes.empty() && kMarks.find(bytes.front()) != std::string_view::npos) return false;
+    // The marks begin with EF, FE or FF, which no line of a settings file does.
+    if (!bytes.empty() && static_cast<unsigned char>(bytes.front()) >= 0xEF) return false;
     return bytes.find('\0') == std::string_view::npos;
 }
 

@@ -35,8 +35,8 @@ bool CreateNewFile(const std::wstring& path, DWORD attributes, std::wstring_view
 /// as it is.
 bool ReplaceContent(const std::wstring& path, DWORD attributes, std::wstring_view content) {
     // No other process uses this name at the same time.
-    const std::wstring newPath =
-        Concat({path, L".", DecimalText(static_cast<std::int32_t>(GetCurrentProcessId()))});
+    std::wstring newPath = DecimalText(static_cast<std::int32_t>(GetCurrentProcessId()));
+    newPath.insert(0, path);
     constexpr DWORD kKept = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_ARCHIVE |
                             FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
     if (!CreateNewFile(newPath, attributes & kKept, content)) return false;

@@ -36,7 +36,7 @@ class JrePathStoreTest : public IniFileFixture {
     }
     /// Whether the file that is written beside the settings file is still there.
     bool LeavesAFileBehind() const {
-        return FileExists(path_ + L"." + std::to_wstring(GetCurrentProcessId()));
+        return FileExists(path_ + std::to_wstring(GetCurrentProcessId()));
     }
     static std::wstring FromAnsi(const char* text) {
         std::wstring wide(64, L'\0');
@@ -147,7 +147,7 @@ TEST_F(JrePathStoreTest, AFileOpenInAnotherProgramIsNotChanged) {
 
 TEST_F(JrePathStoreTest, AForeignFileInTheWayOfTheNewOneIsNotOverwritten) {
     Write(kSettings);
-    const std::wstring foreign = path_ + L"." + std::to_wstring(GetCurrentProcessId());
+    const std::wstring foreign = path_ + std::to_wstring(GetCurrentProcessId());
     ASSERT_TRUE(CopyFileW(path_.c_str(), foreign.c_str(), TRUE));
     WriteJrePath(path_, kJapaneseFolder);
     EXPECT_EQ(Bytes(), kSettings);
