@@ -16,8 +16,8 @@ constexpr DWORD kBadIndex = 0x80070057;
 
 [[noreturn]] void Fatal(DWORD code) {
     RaiseException(code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
-    // Only a debugger can bring us here.
-    for (;;) TerminateProcess(GetCurrentProcess(), code);
+    // Reached only when a debugger continues the exception.
+    for (;;) __builtin_trap();
 }
 
 }  // namespace

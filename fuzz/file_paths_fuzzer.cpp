@@ -45,9 +45,9 @@ void CheckPerUserPath(const std::wstring& program, const std::wstring& product) 
     for (const wchar_t forbidden : {L'\\', L'?', L'"', L'|', L'>', L'<', L':', L'/', L'*'})
         std::erase(folder, forbidden);
     const auto path = tarn::PerUserPathOf(L"C:\\data", product, L"code", program);
-    Require(path.productFolder == L"C:\\data\\" + folder);
-    Require(path.codeFolder == path.productFolder + L"\\code");
-    Require(path.file == path.codeFolder + L'\\' + base + L".ini");
+    Require(path.ProductFolder() == L"C:\\data\\" + folder);
+    Require(path.CodeFolder() == path.ProductFolder() + L"\\code");
+    Require(path.file == path.CodeFolder() + L'\\' + base + L".ini");
 }
 
 void CheckNativePaths(const std::wstring& setting, const std::wstring& library) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,11 +14,15 @@ struct Settings;
 /// (docs/developer/compatibility.md). Returns nothing for a path without a '.'.
 std::optional<std::wstring> SettingsPathOf(std::wstring_view programPath);
 
-/// The parts of a per-user settings path, each with the ones before it.
+/// A per-user settings path and the folders that it needs.
 struct PerUserPath {
-    std::wstring productFolder;  ///< below the application-data folder
-    std::wstring codeFolder;     ///< below `productFolder`
-    std::wstring file;           ///< in `codeFolder`
+    std::wstring file;
+    std::size_t productFolderLength =
+        0;                             ///< of the product folder's path, which `file` begins with
+    std::size_t codeFolderLength = 0;  ///< of the code folder's path, which `file` begins with
+
+    std::wstring ProductFolder() const { return file.substr(0, productFolderLength); }
+    std::wstring CodeFolder() const { return file.substr(0, codeFolderLength); }
 };
 
 /// Returns the per-user settings path: `appData`, the product name without the characters that a

@@ -23,18 +23,18 @@ TEST(SettingsPathsTest, WithoutAnyDotThereIsNoSettingsFile) {
 TEST(SettingsPathsTest, TheUsersFileLiesBelowProductNameAndCode) {
     const PerUserPath path =
         PerUserPathOf(L"C:\\Users\\x\\AppData", L"Sample", L"42", L"C:\\Apps\\sample.exe");
-    EXPECT_EQ(path.productFolder, L"C:\\Users\\x\\AppData\\Sample");
-    EXPECT_EQ(path.codeFolder, L"C:\\Users\\x\\AppData\\Sample\\42");
+    EXPECT_EQ(path.ProductFolder(), L"C:\\Users\\x\\AppData\\Sample");
+    EXPECT_EQ(path.CodeFolder(), L"C:\\Users\\x\\AppData\\Sample\\42");
     EXPECT_EQ(path.file, L"C:\\Users\\x\\AppData\\Sample\\42\\sample.ini");
 }
 
 TEST(SettingsPathsTest, CharactersThatAFolderCannotHoldAreRemovedFromTheProductName) {
-    EXPECT_EQ(PerUserPathOf(L"", L"A/B: C?", L"", L"").productFolder, L"\\AB C");
-    EXPECT_EQ(PerUserPathOf(L"", L"\\?\"|><:/*", L"", L"").productFolder, L"\\");
+    EXPECT_EQ(PerUserPathOf(L"", L"A/B: C?", L"", L"").ProductFolder(), L"\\AB C");
+    EXPECT_EQ(PerUserPathOf(L"", L"\\?\"|><:/*", L"", L"").ProductFolder(), L"\\");
 }
 
 TEST(SettingsPathsTest, TheProductCodeIsTakenAsItStands) {
-    EXPECT_EQ(PerUserPathOf(L"", L"N", L"a\\b", L"").codeFolder, L"\\N\\a\\b");
+    EXPECT_EQ(PerUserPathOf(L"", L"N", L"a\\b", L"").CodeFolder(), L"\\N\\a\\b");
 }
 
 TEST(SettingsPathsTest, OnlyTheFileNamesOwnEndingIsCut) {

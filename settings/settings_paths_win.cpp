@@ -20,8 +20,8 @@ std::wstring PerUserSettingsPath(const Settings& settings, const std::wstring& p
     const PerUserPath path = PerUserPathOf(std::wstring_view(appData, known ? length : 0),
                                            settings.productName, settings.productCode, programPath);
     if (createFolders) {
-        CreateDirectoryW(path.productFolder.c_str(), nullptr);
-        CreateDirectoryW(path.codeFolder.c_str(), nullptr);
+        CreateDirectoryW(path.ProductFolder().c_str(), nullptr);
+        CreateDirectoryW(path.CodeFolder().c_str(), nullptr);
     }
     return path.file;
 }
