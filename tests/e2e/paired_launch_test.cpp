@@ -23,7 +23,8 @@ class PairedLaunch : public FakeJvmFixture {
     std::wstring JvmPath() const { return app.Path(L"jre\\bin\\server\\jvm.dll"); }
     std::wstring Notes() const { return app.Path(L"pair.log"); }
 
-    /// What the paired program noted: its command line, directory, a variable, start flags.
+    /// What the paired program noted: its command line, directory, a variable, start flags, error
+    /// mode.
     std::wstring Noted() const {
         const std::string bytes = ReadFileBytes(Notes());
         return {reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / sizeof(wchar_t)};
@@ -36,7 +37,7 @@ TEST_F(PairedLaunch, HandsEverythingOnAndReturnsTheExitCode) {
     const std::wstring commandLine = L"  \"" + app.Executable() + L"\"  a  \"b c\"\t-nosplash  ";
     EXPECT_EQ(app.LaunchWith(commandLine)->ExitCode(), -77);
     const std::wstring directory = app.directory.substr(0, app.directory.size() - 1);
-    EXPECT_EQ(ToUtf8(Noted()), ToUtf8(commandLine + L'\n' + directory + L"\ninherited\n0\n"));
+    EXPECT_EQ(ToUtf8(Noted()), ToUtf8(commandLine + L'\n' + directory + L"\ninherited\n0\n0\n"));
     EXPECT_EQ(app.Log().Count("jvm.dll loaded"), 0U);
 }
 
