@@ -25,8 +25,12 @@ def json_version():
                        *(part.format(word) for word in ("MAJOR", "MINOR", "PATCH")))
 
 
-def command_output(*command):
-    return subprocess.run(command, check=True, capture_output=True, text=True).stdout.strip()
+def compiler_version():
+    """Of the Windows programs' compiler, from its macros: its own answer carries the distribution's mark."""
+    macros = subprocess.run(["x86_64-w64-mingw32-g++-posix", "-dM", "-E", "-x", "c++", "/dev/null"],
+                            check=True, capture_output=True, text=True).stdout
+    return ".".join(re.search(rf"#define __GNUC{part}__ (\d+)", macros).group(1)
+                    for part in ("", "_MINOR", "_PATCHLEVEL"))
 
 
 def library(name, version, licence, purl=None):
@@ -46,7 +50,7 @@ def libraries(root):
         library("nlohmann-json", json_version(), "MIT"),
         library("stb_image", first_match("/usr/include/stb/stb_image.h", r"stb_image - v([0-9.]+)"),
                 "MIT OR Unlicense"),
-        library("libstdc++", command_output("x86_64-w64-mingw32-g++-posix", "-dumpfullversion"),
+        library("libstdc++", compiler_version(),
                 "GPL-3.0-or-later WITH GCC-exception-3.1"),
     ]
 
