@@ -13,6 +13,7 @@ std::vector<std::wstring> ArgumentsOf(std::wstring_view commandLine) {
     return arguments;
 }
 
+// The switches stay in the argument list (docs/developer/compatibility.md).
 bool SuppressesSplash(const std::vector<std::wstring>& arguments) {
     return std::any_of(arguments.begin(), arguments.end(), [](const std::wstring& argument) {
         return argument == L"-nosplash" || argument == L"/nosplash";

@@ -27,6 +27,7 @@ bool Launcher::Init() {
     return ShowJreNotFound();
 }
 
+// The exit codes of the steps differ on purpose (docs/developer/compatibility.md).
 int Launcher::Run() {
     if (runtime_.pairedLaunch) {
         return StartPairedLauncher(settings_.pairProduct, settings_.pairReturnCode);

@@ -8,8 +8,8 @@ int Launch() {
     tarn::Launcher launcher;
     // Options for the JVM are converted in the thread's code page: the system's, not the user's.
     SetThreadLocale(GetSystemDefaultLCID());
-    // Deliberate, and its result is of no interest: the process has called into the window
-    // manager before anything can make it wait.
+    // Calls into the window manager before anything can make the process wait; the result does not
+    // matter (docs/developer/compatibility.md).
     DefWindowProcW(nullptr, 0, 0, 0);
     return launcher.Init() ? launcher.Run() : tarn::kFailedStart;
 }
@@ -17,8 +17,8 @@ int Launch() {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
-    // No window of ours is left by now: the launcher has ended the splash's thread, which destroys
-    // its window, and dialogs are modal.
+    // None of the launcher's windows exists any more: its destructor ends the splash thread, which
+    // destroys its window, and dialogs are modal.
     const int exitCode = Launch();
     tarn::ShutDownGdiPlus();
     return exitCode;

@@ -22,7 +22,7 @@ jobjectArray JNICALL NewObjectArray(JNIEnv* env, jsize length, jclass type, jobj
               std::to_string(length) + ", " + Describe(elementType) + ", " + Describe(element));
     if (elementType == nullptr) LogViolation("NewObjectArray of a null class");
     if (call.Fails()) return nullptr;
-    Object* const array = NewObject(Kind::kObjectArray, "[Ljava/lang/Object;");
+    Object* const array = NewObject(Kind::ObjectArray, "[Ljava/lang/Object;");
     array->elements.assign(static_cast<std::size_t>(length), element);
     return static_cast<jobjectArray>(Refer(environment, array));
 }
@@ -50,7 +50,7 @@ void JNICALL SetObjectArrayElement(JNIEnv* env, jobjectArray array, jsize index,
 jcharArray JNICALL NewCharArray(JNIEnv* env, jsize length) {
     Call call(env, "NewCharArray", std::to_string(length));
     if (call.Fails()) return nullptr;
-    Object* const array = NewObject(Kind::kCharArray, "[C");
+    Object* const array = NewObject(Kind::CharArray, "[C");
     array->text.assign(static_cast<std::size_t>(length), u'\0');
     return static_cast<jcharArray>(Refer(call.environment(), array));
 }

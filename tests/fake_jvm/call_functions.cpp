@@ -67,7 +67,7 @@ jobject Construct(JNIEnv* env, const char* function, jclass type, jmethodID id, 
     }
     const bool isString = owner->className == "java/lang/String";
     Object* const object =
-        NewObject(isString ? Kind::kString : Kind::kPlain, std::string(owner->className));
+        NewObject(isString ? Kind::String : Kind::Plain, std::string(owner->className));
     const Method* const method = Resolve(id);
     if (method == nullptr) return nullptr;
     const std::vector<jvalue> values = ReadArguments(method->signature, last);

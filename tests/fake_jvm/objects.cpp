@@ -47,13 +47,13 @@ Object* NewObject(Kind kind, std::string className) {
 }
 
 Object* NewString(std::u16string text) {
-    Object* const object = NewObject(Kind::kString, "java/lang/String");
+    Object* const object = NewObject(Kind::String, "java/lang/String");
     object->text = std::move(text);
     return object;
 }
 
 Object* NewThrowable(std::string className, std::string message) {
-    Object* const object = NewObject(Kind::kPlain, std::move(className));
+    Object* const object = NewObject(Kind::Plain, std::move(className));
     object->text = FromUtf8(message);
     return object;
 }
@@ -62,7 +62,7 @@ Object* ClassNamed(std::string_view name) {
     for (const auto& known : Classes()) {
         if (known->className == name) return known.get();
     }
-    Classes().emplace_back(NewObject(Kind::kClass, std::string(name)));
+    Classes().emplace_back(NewObject(Kind::Class, std::string(name)));
     return Classes().back().get();
 }
 
@@ -117,7 +117,7 @@ void ForgetReferences(Environment* environment) {
     for (const jobject handle : environment->references) {
         KnownReferences().erase(handle);
         const std::unique_ptr<Reference> reference(reinterpret_cast<Reference*>(handle));
-        if (reference->object->kind != Kind::kClass) objects.insert(reference->object);
+        if (reference->object->kind != Kind::Class) objects.insert(reference->object);
     }
     for (Object* const object : objects) delete object;
     environment->references.clear();
@@ -141,13 +141,13 @@ Method* Resolve(jmethodID id) {
 std::string Describe(const Object* object) {
     if (object == nullptr) return "null";
     switch (object->kind) {
-        case Kind::kClass:
+        case Kind::Class:
             return "class " + object->className;
-        case Kind::kString:
+        case Kind::String:
             return QuoteText(object->text);
-        case Kind::kCharArray:
+        case Kind::CharArray:
             return "char[" + std::to_string(object->text.size()) + "]";
-        case Kind::kObjectArray: {
+        case Kind::ObjectArray: {
             std::string text = "[";
             for (const Object* element : object->elements) {
                 if (text.size() > 1) text += ", ";
@@ -155,7 +155,7 @@ std::string Describe(const Object* object) {
             }
             return text + "]";
         }
-        case Kind::kPlain:
+        case Kind::Plain:
             break;
     }
     return "object " + object->className;

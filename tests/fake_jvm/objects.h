@@ -10,12 +10,12 @@
 
 namespace fake_jvm {
 
-enum class Kind { kPlain, kClass, kString, kObjectArray, kCharArray };
+enum class Kind { Plain, Class, String, ObjectArray, CharArray };
 
 /// A Java object, as far as a launcher can tell. Nothing is freed unless the script says `forget`:
 /// a process is short, and a reference that is used too late is found out.
 struct Object {
-    Kind kind = Kind::kPlain;
+    Kind kind = Kind::Plain;
     std::string className;          // of what it is; for a class: which one it is
     std::u16string text;            // a string's or a char array's units; a throwable's message
     std::vector<Object*> elements;  // of an array

@@ -10,7 +10,7 @@ namespace fake_jvm {
 
 namespace {
 
-constexpr auto kWithPending = Call::Pending::kAllowed;
+constexpr auto kWithPending = Call::Pending::Allowed;
 
 jthrowable JNICALL ExceptionOccurred(JNIEnv* env) {
     const Call call(env, "ExceptionOccurred", "", kWithPending);

@@ -93,9 +93,9 @@ Outcome Script::NextCall(std::string_view function) {
         const std::string start = std::string(verb) + ' ' + std::string(function);
         return HasLine(start) || HasLine(start + ' ' + number);
     };
-    if (says("throw")) return Outcome::kThrow;
-    if (says("fail")) return Outcome::kFail;
-    return Outcome::kNormal;
+    if (says("throw")) return Outcome::Throw;
+    if (says("fail")) return Outcome::Fail;
+    return Outcome::Normal;
 }
 
 std::string Unescape(std::string_view text) {

@@ -7,7 +7,7 @@
 namespace fake_jvm {
 
 /// What a scripted function does this time.
-enum class Outcome { kNormal, kFail, kThrow };
+enum class Outcome { Normal, Fail, Throw };
 
 /// The file that FAKE_JVM_SCRIPT names (UTF-8); tests/README.md tells its language. Read once.
 class Script {

@@ -11,7 +11,7 @@ namespace fake_jvm {
 
 namespace {
 
-constexpr auto kWithPending = Call::Pending::kAllowed;
+constexpr auto kWithPending = Call::Pending::Allowed;
 
 std::u16string Units(const jchar* units, jsize length) {
     return {reinterpret_cast<const char16_t*>(units), static_cast<std::size_t>(length)};

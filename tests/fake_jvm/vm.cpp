@@ -35,7 +35,7 @@ Call::Call(JNIEnv* env, const char* function, std::string_view arguments, Pendin
     } else if (!environment_->attached) {
         LogViolation(std::string(function) + " on a thread that is not attached");
     }
-    if (environment_->pending != nullptr && pending == Pending::kForbidden) {
+    if (environment_->pending != nullptr && pending == Pending::Forbidden) {
         LogViolation(std::string(function) +
                      " with an exception pending: " + environment_->pending->className);
     }
@@ -43,10 +43,10 @@ Call::Call(JNIEnv* env, const char* function, std::string_view arguments, Pendin
     std::string line = std::string(function) + '(';
     line += arguments;
     line += ')';
-    if (outcome_ == Outcome::kFail) line += " fails";
-    if (outcome_ == Outcome::kThrow) line += " throws";
+    if (outcome_ == Outcome::Fail) line += " fails";
+    if (outcome_ == Outcome::Throw) line += " throws";
     Log(line);
-    if (outcome_ == Outcome::kThrow) {
+    if (outcome_ == Outcome::Throw) {
         Throw(environment_, "java/lang/OutOfMemoryError", std::string("scripted in ") + function);
     }
 }

@@ -31,13 +31,13 @@ Environment* CurrentEnvironment();
 /// One call of an interface function: checks the rules, asks the script, writes the log line.
 class Call {
   public:
-    enum class Pending { kForbidden, kAllowed };
+    enum class Pending { Forbidden, Allowed };
 
     Call(JNIEnv* env, const char* function, std::string_view arguments,
-         Pending pending = Pending::kForbidden);
+         Pending pending = Pending::Forbidden);
 
     /// Whether the script wants this call to fail (its exception is pending by then).
-    bool Fails() const { return outcome_ != Outcome::kNormal; }
+    bool Fails() const { return outcome_ != Outcome::Normal; }
     Environment* environment() const { return environment_; }
 
     /// Lets the other threads in while the application's code runs.
@@ -46,7 +46,7 @@ class Call {
   private:
     std::unique_lock<std::recursive_mutex> guard_;
     Environment* environment_;
-    Outcome outcome_ = Outcome::kNormal;
+    Outcome outcome_ = Outcome::Normal;
 };
 
 /// Makes a throwable and leaves it pending.

@@ -10,6 +10,7 @@
 #include "runtime/version_phrase.h"
 #include "ui/geometry/center_window.h"
 #include "ui/geometry/placement.h"
+#include "ui/geometry/window_dc.h"
 #include "ui/hyperlink/hyper_link.h"
 #include "ui/messages/message_text.h"
 #include "ui/shell/shell.h"
@@ -118,13 +119,14 @@ void JreNotFoundDialog::MakeRoomForMessage() {
     RECT captionBottom{0, 0, 0, 20};  // dialog units: just below the group box's caption
     MapDialogRect(window_, &captionBottom);
 
-    const HDC dc = GetDC(control);
-    const HGDIOBJ before =
-        SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
     RECT text{0, 0, place.width(), 0};
-    DrawTextW(dc, message_.c_str(), -1, &text, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-    SelectObject(dc, before);
-    ReleaseDC(control, dc);
+    {
+        const WindowDc dc(control);
+        const HGDIOBJ before = SelectObject(
+            dc.get(), reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+        DrawTextW(dc.get(), message_.c_str(), -1, &text, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+        SelectObject(dc.get(), before);
+    }
 
     const PixelRect room = MakeRoom(place, text.bottom, captionBottom.bottom, link.top);
     if (room == place) return;

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 
 #include "base/text.h"
+#include "ui/geometry/window_dc.h"
 #include "ui/shell/shell.h"
 
 namespace tarn {
@@ -96,9 +97,8 @@ void HyperLink::LayOut() {
         layout_.link = client;
         return;
     }
-    const HDC dc = GetDC(window_);
-    layout_ = MeasureLink(dc, text(), fonts_, format_, client.width());
-    ReleaseDC(window_, dc);
+    const WindowDc dc(window_);
+    layout_ = MeasureLink(dc.get(), text(), fonts_, format_, client.width());
 }
 
 void HyperLink::RegisterTool() {

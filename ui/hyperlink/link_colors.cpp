@@ -37,6 +37,7 @@ std::optional<PackedColor> ParseLinkColor(std::wstring_view text) {
     const std::size_t second = text.find(L',', first + 1);
     if (second == std::wstring_view::npos || second + 1 == text.size()) return std::nullopt;
 
+    // Blue alone is masked (docs/developer/compatibility.md).
     const auto red = static_cast<PackedColor>(DecimalOf(text.substr(0, first)));
     const auto green =
         static_cast<PackedColor>(DecimalOf(text.substr(first + 1, second - first - 1)));

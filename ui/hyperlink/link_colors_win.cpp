@@ -18,6 +18,7 @@ void ReadColor(HKEY key, const wchar_t* name, PackedColor& color) {
 
 void ReadBrowserColors(LinkColors& colors) {
     UniqueRegistryKey key;
+    // Opened for writing, too (docs/developer/compatibility.md).
     if (RegOpenKeyExW(HKEY_CURRENT_USER, L"Software\\Microsoft\\Internet Explorer\\Settings", 0,
                       KEY_READ | KEY_WRITE, key.put()) != ERROR_SUCCESS)
         return;

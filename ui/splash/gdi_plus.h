@@ -14,10 +14,10 @@ struct GpImage;
 struct GpGraphics;
 struct GpImageAttributes;
 
-enum class GpInterpolationMode : std::int32_t { kHighQualityBicubic = 7 };
-enum class GpWrapMode : std::int32_t { kTileFlipXY = 3 };
-enum class GpColorAdjustType : std::int32_t { kDefault = 0 };
-enum class GpUnit : std::int32_t { kPixel = 2 };
+enum class GpInterpolationMode : std::int32_t { HighQualityBicubic = 7 };
+enum class GpWrapMode : std::int32_t { TileFlipXY = 3 };
+enum class GpColorAdjustType : std::int32_t { Default = 0 };
+enum class GpUnit : std::int32_t { Pixel = 2 };
 
 using GpStatus = std::int32_t;  ///< 0 is success
 using GpColor = std::uint32_t;  ///< alpha, red, green, blue from the highest byte down

@@ -52,7 +52,8 @@ struct Splash {
     DWORD splashThreadId = 0;
 
     /// Owner of every error box. Written once, by the splash thread; null until then, and for ever
-    /// when there is no splash window of the launcher's own. Keeps its value after `CloseSplash`.
+    /// when there is no splash window of the launcher's own. Keeps its value after `CloseSplash`
+    /// (docs/developer/compatibility.md).
     std::atomic<HWND> splashWindowHandle = nullptr;
 
   private:

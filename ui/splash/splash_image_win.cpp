@@ -21,21 +21,20 @@ void Draw(const ImageDrawing& drawing, const PixelRect& source, HDC context) {
     if (gdiPlus == nullptr) return;
     UniqueGpGraphics graphics;
     gdiPlus->createFromHdc(context, graphics.put());
-    gdiPlus->setInterpolationMode(graphics.get(), GpInterpolationMode::kHighQualityBicubic);
+    gdiPlus->setInterpolationMode(graphics.get(), GpInterpolationMode::HighQualityBicubic);
     UniqueGpImageAttributes attributes;
     gdiPlus->createImageAttributes(attributes.put());
-    gdiPlus->setImageAttributesWrapMode(attributes.get(), GpWrapMode::kTileFlipXY, kOpaqueBlack,
+    gdiPlus->setImageAttributesWrapMode(attributes.get(), GpWrapMode::TileFlipXY, kOpaqueBlack,
                                         FALSE);
     if (drawing.colorKey != nullptr) {
         const GpColor key = OpaqueColor(*drawing.colorKey);
-        gdiPlus->setImageAttributesColorKeys(attributes.get(), GpColorAdjustType::kDefault, TRUE,
+        gdiPlus->setImageAttributesColorKeys(attributes.get(), GpColorAdjustType::Default, TRUE,
                                              key, key);
     }
     // In pixels of both sides, so that the image's resolution has no effect.
     gdiPlus->drawImageRectRectI(graphics.get(), drawing.image, 0, 0, source.width(),
                                 source.height(), source.left, source.top, source.width(),
-                                source.height(), GpUnit::kPixel, attributes.get(), nullptr,
-                                nullptr);
+                                source.height(), GpUnit::Pixel, attributes.get(), nullptr, nullptr);
 }
 
 }  // namespace
