@@ -121,7 +121,7 @@ std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls,
     for (const std::vector<CallPoint>& group : Groups(calls, normalize)) {
         for (const CallPoint& each : group) {
             const bool isLast = &each == &group.back();
-            if (each.occurrence < kLaterOccurrence || isLast) points.push_back(each);
+            if (each.number <= kLaterOccurrence || isLast) points.push_back(each);
         }
     }
     return points;

@@ -42,8 +42,8 @@ bool IsAllocation(const std::string& function);
 std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
                                     const Normalizer& normalize);
 
-/// The calls of a launch to fail: each up to its eighth occurrence, and the last one of each
-/// function in each thread.
+/// The calls of a launch to fail: each up to its ninth occurrence, which stands for the later ones,
+/// and the last one of each function in each thread.
 std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls, const Normalizer& normalize);
 
 /// A sample of at most `most` of them, evenly taken from the first and the last call of each

@@ -61,6 +61,7 @@ class JreBrowsed : public Scenario {
     void Prepare() override {
         RemoveFolder(withoutAppData_);
         MakeFolders(app.AppDataFolder());
+        isBrowsePressed_ = false;
         quietLooks_ = 0;
         lastCalls_ = 0;
         browserCame_ = false;
@@ -72,7 +73,8 @@ class JreBrowsed : public Scenario {
             PickRuntime(process, window);
             return;
         }
-        if (quietLooks_ == 0) PressButton(window, kBrowse);
+        if (!isBrowsePressed_) PressButton(window, kBrowse);
+        isBrowsePressed_ = true;
         if (!IsWindowEnabled(window) || !BrowserIsOver()) return;
         const bool usable = IsWindowEnabled(Child(window, kOk)) != FALSE;
         PressButton(window, usable ? kOk : kCancel);
@@ -110,6 +112,7 @@ class JreBrowsed : public Scenario {
     const std::wstring product_ = L"TarnFaults" + std::to_wstring(GetCurrentProcessId());
     // Where the user's file is when nobody knows APPDATA.
     const std::wstring withoutAppData_ = app.directory.substr(0, 2) + L'\\' + product_;
+    bool isBrowsePressed_ = false;
     int quietLooks_ = 0;
     std::ptrdiff_t lastCalls_ = 0;
     bool browserCame_ = false;
