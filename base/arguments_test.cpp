@@ -12,7 +12,7 @@ TEST(ArgumentsTest, AnEmptyTextHasNone) {
     EXPECT_EQ(SplitArguments(L"   "), Arguments{});
 }
 
-TEST(ArgumentsTest, RunsOfBlanksSeparate) {
+TEST(ArgumentsTest, ConsecutiveSpacesSeparateOnce) {
     EXPECT_EQ(SplitArguments(L"  a  b "), (Arguments{L"a", L"b"}));
 }
 
@@ -20,7 +20,7 @@ TEST(ArgumentsTest, ATabDoesNotSeparate) {
     EXPECT_EQ(SplitArguments(L"a\tb c"), (Arguments{L"a\tb", L"c"}));
 }
 
-TEST(ArgumentsTest, QuotesGroupAndAreDropped) {
+TEST(ArgumentsTest, QuotesGroupAndAreRemoved) {
     EXPECT_EQ(SplitArguments(L"\"C:\\My Apps\\x.exe\"  a  \"b c\""),
               (Arguments{L"C:\\My Apps\\x.exe", L"a", L"b c"}));
 }
@@ -29,12 +29,12 @@ TEST(ArgumentsTest, QuotesInsideAnUnquotedArgumentStay) {
     EXPECT_EQ(SplitArguments(L"a\"b c\"d"), (Arguments{L"a\"b", L"c\"d"}));
 }
 
-TEST(ArgumentsTest, TextRightBehindAClosingQuoteBeginsANewArgument) {
+TEST(ArgumentsTest, TextAfterAClosingQuoteBeginsANewArgument) {
     EXPECT_EQ(SplitArguments(L"\"a\"b"), (Arguments{L"a", L"b"}));
     EXPECT_EQ(SplitArguments(L"\"a\"\"b\""), (Arguments{L"a", L"b"}));
 }
 
-TEST(ArgumentsTest, AnOpeningQuoteWithoutItsEndRunsToTheEnd) {
+TEST(ArgumentsTest, AnUnterminatedQuoteExtendsToTheEnd) {
     EXPECT_EQ(SplitArguments(L"a \"b c "), (Arguments{L"a", L"b c "}));
     EXPECT_EQ(SplitArguments(L"a \""), (Arguments{L"a", L""}));
 }

@@ -25,7 +25,7 @@ TEST_F(OneShotActionTest, InvokingAnEmptySlotDoesNothing) {
     EXPECT_EQ(firstCalls, 0);
 }
 
-TEST_F(OneShotActionTest, CallsItsFunctionOnceHoweverOftenItIsInvoked) {
+TEST_F(OneShotActionTest, CallsItsFunctionOnlyOnce) {
     {
         OneShotAction action;
         action.Set(First);
@@ -35,7 +35,7 @@ TEST_F(OneShotActionTest, CallsItsFunctionOnceHoweverOftenItIsInvoked) {
     EXPECT_EQ(firstCalls, 1);
 }
 
-TEST_F(OneShotActionTest, CallsAFunctionThatIsStillHeldWhenItIsDestroyed) {
+TEST_F(OneShotActionTest, TheDestructorCallsTheStoredFunction) {
     {
         OneShotAction action;
         action.Set(First);
@@ -43,7 +43,7 @@ TEST_F(OneShotActionTest, CallsAFunctionThatIsStillHeldWhenItIsDestroyed) {
     EXPECT_EQ(firstCalls, 1);
 }
 
-TEST_F(OneShotActionTest, CallsTheOldFunctionBeforeItTakesAnother) {
+TEST_F(OneShotActionTest, CallsTheOldFunctionBeforeStoringAnother) {
     OneShotAction action;
     action.Set(First);
     action.Set(Second);

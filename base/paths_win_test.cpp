@@ -5,7 +5,7 @@
 namespace tarn {
 namespace {
 
-TEST(FilesTest, FindsFilesAndFolders) {
+TEST(PathsWinTest, FindsFilesAndFolders) {
     const std::wstring program = *ModulePath();
     EXPECT_TRUE(FileExists(program));
     EXPECT_TRUE(FileExists(L"C:\\windows"));
@@ -13,7 +13,7 @@ TEST(FilesTest, FindsFilesAndFolders) {
     EXPECT_FALSE(FileExists(L""));
 }
 
-TEST(FilesTest, TheModuleFolderEndsWithABackslash) {
+TEST(PathsWinTest, TheModuleFolderEndsWithABackslash) {
     const std::wstring folder = *ModuleFolder();
     EXPECT_EQ(folder.back(), L'\\');
     EXPECT_EQ(ModulePath()->substr(0, folder.size()), folder);

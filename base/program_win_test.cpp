@@ -12,7 +12,7 @@ class ProgramTest : public testing::Test {
     void TearDown() override { OverrideProgram(nullptr); }
 };
 
-TEST_F(ProgramTest, IsThisProcesssOwnUnlessAnotherIsNamed) {
+TEST_F(ProgramTest, IsThisProcesssExecutableUnlessOverridden) {
     EXPECT_EQ(OverridingProgram(), nullptr);
     EXPECT_EQ(ProgramModule(), GetModuleHandleW(nullptr));
     const std::optional<std::wstring> own = ModulePath();
@@ -25,7 +25,7 @@ TEST_F(ProgramTest, IsThisProcesssOwnUnlessAnotherIsNamed) {
     EXPECT_EQ(ModulePath(), own);
 }
 
-TEST_F(ProgramTest, APathThatItsOwnLaunchCouldNotReadIsUnreadableHereToo) {
+TEST_F(ProgramTest, APathTooLongForItsOwnLaunchIsUnreadable) {
     OtherProgram other{std::wstring(MAX_PATH - 1, L'a'), nullptr};
     OverrideProgram(&other);
     EXPECT_EQ(ModulePath(), other.path);

@@ -11,18 +11,18 @@ namespace {
 
 using Pieces = std::vector<std::wstring>;
 
-TEST(TextTest, JoinsTextsWithNothingBetweenThem) {
+TEST(TextTest, ConcatenatesTexts) {
     const std::wstring folder = L"C:\\app\\";
     EXPECT_EQ(Concat({folder, L"", std::wstring_view(L"lib and more", 3)}), L"C:\\app\\lib");
     EXPECT_EQ(Concat({}), L"");
 }
 
-TEST(TextTest, ComparesAsciiLettersWithoutCaseAndNothingElse) {
+TEST(TextTest, IgnoresTheCaseOfAsciiLettersOnly) {
     EXPECT_TRUE(EqualsIgnoringCase(L"Yes", L"yES"));
     EXPECT_TRUE(EqualsIgnoringCase(L"", L""));
     EXPECT_FALSE(EqualsIgnoringCase(L"Yes", L"Yes "));
     EXPECT_FALSE(EqualsIgnoringCase(L"Ye", L"Yes"));
-    // A Kelvin sign is no k and a dotless i is no i, whatever the user's locale says.
+    // The Kelvin sign and the dotless i do not match in any locale.
     EXPECT_FALSE(EqualsIgnoringCase(L"jroc\u212Ait", L"jrockit"));
     EXPECT_FALSE(EqualsIgnoringCase(L"\u0131bm", L"ibm"));
     EXPECT_FALSE(EqualsIgnoringCase(L"\u00C9", L"\u00E9"));
@@ -39,7 +39,7 @@ TEST(TextTest, ReplacesEachOccurrence) {
     EXPECT_EQ(ReplaceAll(L"", L'.', L'/'), L"");
 }
 
-TEST(TextTest, CutsAtTheLastMarkOrNotAtAll) {
+TEST(TextTest, CutsAtTheLastMarkIfAny) {
     EXPECT_EQ(CutAtLast(L"C:\\jre\\bin", L'\\'), L"C:\\jre");
     EXPECT_EQ(CutAtLast(L"\\bin", L'\\'), L"");
     EXPECT_EQ(CutAtLast(L"bin", L'\\'), L"bin");
@@ -83,25 +83,25 @@ TEST(FormatTextTest, NumbersAreSigned) {
               L"-1 -2147483648");
 }
 
-TEST(FormatTextTest, PercentSignsInValuesAreNotLookedAt) {
+TEST(FormatTextTest, PercentSignsInValuesAreNotInterpreted) {
     EXPECT_EQ(FormatText(L"[%s] %s", {L"%s%d%n", L"x"}), L"[%s%d%n] x");
 }
 
-TEST(FormatTextTest, MissingValuesAreEmptyAndSpareOnesAreDropped) {
+TEST(FormatTextTest, MissingValuesAreEmptyAndSurplusOnesAreIgnored) {
     EXPECT_EQ(FormatText(L"%s-%s-%d", {L"a"}), L"a--");
     EXPECT_EQ(FormatText(L"plain", {L"a"}), L"plain");
 }
 
-TEST(FormatTextTest, OtherPercentSignsStandForThemselves) {
+TEST(FormatTextTest, OtherPercentSignsAreCopied) {
     EXPECT_EQ(FormatText(L"100%% %n %", {L"a"}), L"100% %n %");
 }
 
-TEST(FormatTextTest, LongTextsAreNotCut) {
+TEST(FormatTextTest, LongTextsAreNotTruncated) {
     const std::wstring path(30000, L'p');
     EXPECT_EQ(FormatText(L"<%s>", {path}), L"<" + path + L">");
 }
 
-TEST(FormatTextTest, ThePercentSignAtTheEndIsNotCompletedByWhatFollowsTheView) {
+TEST(FormatTextTest, APercentSignAtTheEndDoesNotReadPastTheView) {
     EXPECT_EQ(FormatText(std::wstring_view(L"50%d").substr(0, 3), {7}), L"50%");
     EXPECT_EQ(FormatText(std::wstring_view(L"50%%").substr(0, 3), {}), L"50%");
 }
@@ -110,7 +110,7 @@ TEST(FormatTextTest, MeasuresWithoutABuffer) {
     EXPECT_EQ(FormatInto(nullptr, L"%s (%d)", {L"path", -12}), 10U);
 }
 
-// Reads as the profile functions do: cuts the text so that `spare` characters stay free.
+// Truncates the text to the buffer size minus `spare`, as the profile functions do.
 struct CuttingReader {
     std::wstring text;
     std::size_t spare;
@@ -133,11 +133,11 @@ std::vector<std::size_t> SizesTried(std::size_t length, std::size_t spare) {
 
 using Sizes = std::vector<std::size_t>;
 
-TEST(GrowingBufferTest, AShortTextTakesOneRead) {
+TEST(GrowingBufferTest, AShortTextIsReadOnce) {
     EXPECT_EQ(SizesTried(254, 1), Sizes({256}));
 }
 
-TEST(GrowingBufferTest, ATextThatJustFitsMayHaveBeenCutAndIsReadAgain) {
+TEST(GrowingBufferTest, ATextThatFillsTheBufferIsReadAgain) {
     EXPECT_EQ(SizesTried(255, 1), Sizes({256, 512}));
     EXPECT_EQ(SizesTried(254, 2), Sizes({256, 512}));
 }

@@ -6,11 +6,11 @@
 
 namespace tarn {
 
-/// The arguments of a process's command line: white space at both ends removed, split, and the
-/// first token, the program's own path, left out.
+/// Returns the arguments of a process's command line, without the first token, which is the path of
+/// the program. White space at both ends of the command line is ignored.
 std::vector<std::wstring> ArgumentsOf(std::wstring_view commandLine);
 
-/// Whether an argument is exactly "-nosplash" or "/nosplash". Letter case counts.
+/// Returns whether an argument is exactly "-nosplash" or "/nosplash" (case-sensitive).
 bool SuppressesSplash(const std::vector<std::wstring>& arguments);
 
 }  // namespace tarn

@@ -7,7 +7,7 @@ namespace {
 
 using Arguments = std::vector<std::wstring>;
 
-TEST(CommandLineTest, AnEmptyOneOrAPathAloneHasNoArguments) {
+TEST(CommandLineTest, AnEmptyLineOrAPathAloneHasNoArguments) {
     EXPECT_EQ(ArgumentsOf(L""), Arguments{});
     EXPECT_EQ(ArgumentsOf(L"  \t "), Arguments{});
     EXPECT_EQ(ArgumentsOf(L"sample.exe"), Arguments{});
@@ -18,11 +18,11 @@ TEST(CommandLineTest, ArgumentsFollowTheQuotedPath) {
     EXPECT_EQ(ArgumentsOf(L"\"C:\\My Apps\\sample.exe\"  a  \"b c\""), (Arguments{L"a", L"b c"}));
 }
 
-TEST(CommandLineTest, AnUnquotedPathEndsAtItsFirstBlank) {
+TEST(CommandLineTest, AnUnquotedPathEndsAtTheFirstSpace) {
     EXPECT_EQ(ArgumentsOf(L"C:\\My Apps\\sample.exe a"), (Arguments{L"Apps\\sample.exe", L"a"}));
 }
 
-TEST(CommandLineTest, TabsStayInsideButNotAtTheEnds) {
+TEST(CommandLineTest, TabsAreKeptInsideButNotAtTheEnds) {
     EXPECT_EQ(ArgumentsOf(L"\tx.exe a\tb\t"), Arguments{L"a\tb"});
 }
 

@@ -15,31 +15,32 @@
 
 namespace tarn {
 
-/// Exit code of a start that failed.
+/// Exit code of a failed start.
 inline constexpr int kFailedStart = -1;
 
-/// One launch, from the command line to the exit code: each station's record and the order of the
-/// steps. Lives as long as the process's entry function.
+/// One launch, from the command line to the exit code: the records of the stages and the order of
+/// the steps. Lives as long as the process's entry function.
 class Launcher {
   public:
     Launcher() = default;
     Launcher(const Launcher&) = delete;
     Launcher& operator=(const Launcher&) = delete;
 
-    /// Everything up to the choice of a runtime. Returns false when the launch ends here; the user
-    /// has then been told where there is something to tell.
+    /// Performs the launch up to the choice of a runtime. Returns false when the launch ends there;
+    /// failures that have a message have then been reported.
     bool Init();
 
-    /// Starts the application and stays until `main` has returned. Returns the exit code.
+    /// Starts the application and waits until `main` has returned. Returns the exit code.
     int Run();
 
   private:
+    /// Makes the executable's folder the current directory.
     void UseLauncherFolder() const;
     /// Lets the user browse for a runtime and remembers it. Returns false when there is none.
     bool ShowJreNotFound();
 
-    // Destroyed from the last to the first: the splash goes, then the listener and the shared
-    // objects of a single instance, and last the action, if nobody has invoked it.
+    // Members are destroyed in reverse order: the splash is closed first, then the listener and the
+    // shared objects of a single instance, and the action is invoked last, unless it has been.
     OneShotAction launchFailureAction_;
     std::vector<std::wstring> arguments_;
     Settings settings_;

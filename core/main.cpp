@@ -6,7 +6,8 @@ namespace {
 
 int Launch() {
     tarn::Launcher launcher;
-    // Options for the JVM are converted in the thread's code page: the system's, not the user's.
+    // JVM options are converted to the thread's code page, which must be the system's rather than
+    // the user's.
     SetThreadLocale(GetSystemDefaultLCID());
     // Calls into the window manager before anything can make the process wait; the result does not
     // matter (docs/developer/compatibility.md).

@@ -1,6 +1,6 @@
-// What stands in for a throw: the launcher is built without exceptions, and nothing in it recovers
-// from a lack of memory or from an index outside a string. Both end the process with a code of
-// their own. Only launcher.exe links this; the tests keep the standard library's own.
+// Replaces the functions through which the standard library throws. The launcher is built without
+// exceptions and does not recover from a lack of memory or an index outside a string; both end the
+// process with an exit code of their own. Only launcher.exe links this file.
 
 #include <cstdlib>
 #include <new>
@@ -10,7 +10,7 @@
 
 namespace {
 
-// E_FAIL and E_INVALIDARG: what a support person finds as the exit code.
+// E_FAIL and E_INVALIDARG, visible as the exit code.
 constexpr DWORD kOutOfMemory = 0x80004005;
 constexpr DWORD kBadIndex = 0x80070057;
 

@@ -17,7 +17,7 @@ int StartPairedLauncher(const std::wstring& program, bool waitForIt) {
     const UniqueHandle thread(started.hThread);
     const UniqueHandle process(started.hProcess);
     if (!waitForIt) return 0;
-    // -1 when the program cannot be asked: nobody knows that it ended well.
+    // -1 when the exit code is unavailable, because success is not known.
     DWORD exitCode = static_cast<DWORD>(-1);
     if (WaitForSingleObject(process.get(), INFINITE) == WAIT_OBJECT_0) {
         GetExitCodeProcess(process.get(), &exitCode);

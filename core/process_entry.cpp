@@ -1,17 +1,17 @@
-// Where Windows enters the program, in place of the compiler's start-up objects. Those parse the
-// command line, copy the environment, watch floating-point errors, relocate and register
-// thread callbacks for parts that the launcher does not have: a tenth of its size. The C library
-// needs none of it, it is ready when its DLL is.
+// The entry point of the process, which replaces the compiler's start-up objects. Those parse the
+// command line, copy the environment, handle floating-point errors, apply relocations and register
+// thread callbacks, none of which the launcher needs. The C library initializes itself when its DLL
+// is loaded.
 //
-// What they would run is not run either, so no global of ours may have a constructor or a
-// destructor that does something; the build with clang refuses one.
+// Dynamic initializers and destructors of global objects do not run. The build with clang rejects
+// them.
 
 #include <cstdlib>
 
 #include "base/windows.h"
 
-/// The name that the linker looks for.
+/// The linker's default name for the entry point.
 extern "C" [[noreturn]] void WinMainCRTStartup() {
-    // Through the C library, so that what it holds back and what others registered with it is done.
+    // `exit` flushes stdio and runs `atexit` handlers.
     std::exit(wWinMain(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), SW_SHOWDEFAULT));
 }

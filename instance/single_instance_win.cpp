@@ -5,6 +5,7 @@
 
 #include "base/paths.h"
 #include "instance/shared_block.h"
+#include "settings/flags.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
 #include "settings/settings_paths.h"
@@ -35,7 +36,7 @@ bool SingleInstance::SetupSingleInstance(const std::vector<std::wstring>& argume
     if (!settingsPath) return false;
     if (target_.settings.serviceMode) return true;
     const LayeredSettings settings(*std::move(settingsPath));
-    if (settings.GetValue(keys::kApplication, keys::kSingleInstance) != L"yes") return true;
+    if (!IsExactlyYes(settings.GetValue(keys::kApplication, keys::kSingleInstance))) return true;
 
     const std::optional<std::wstring> modulePath = ModulePath();
     if (!modulePath) return true;

@@ -8,6 +8,7 @@
 #include "jvm/class_path.h"
 #include "jvm/vm_parameters.h"
 #include "resources/ids.h"
+#include "settings/flags.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
 #include "settings/settings_paths.h"
@@ -20,7 +21,7 @@ std::wstring ReadClassPath(const LayeredSettings& layered, const std::wstring& p
     std::wstring classPath =
         ExpandClassPath(layered.GetValue(keys::kClassPath, keys::kClassPath), FolderOf(program));
     const std::wstring embedded = layered.GetValue(keys::kApplication, keys::kEmbeddedJar);
-    if (EqualsIgnoringCase(embedded, L"Yes")) {
+    if (IsYes(embedded)) {
         classPath = Concat({program, L";", classPath});
     }
     return classPath;
@@ -32,9 +33,10 @@ void ReadOutputFiles(const LayeredSettings& layered, OutputFiles& files) {
     };
     // Each value is a profile call, so a flag is read only when its file is set.
     files.outputFile = ExpandEnvironment(application(keys::kOutputFile));
-    files.outputAppend = !files.outputFile.empty() && application(keys::kOutputAppend) == L"yes";
+    files.outputAppend =
+        !files.outputFile.empty() && IsExactlyYes(application(keys::kOutputAppend));
     files.errorFile = ExpandEnvironment(application(keys::kErrorFile));
-    files.errorAppend = !files.errorFile.empty() && application(keys::kErrorAppend) == L"yes";
+    files.errorAppend = !files.errorFile.empty() && IsExactlyYes(application(keys::kErrorAppend));
 }
 
 void AppendDefaultArguments(const LayeredSettings& layered, std::vector<std::wstring>& arguments) {

@@ -30,7 +30,7 @@ TEST(EmbeddedSettingsTest, AByteOrderMarkIsRemovedFromTheFirstLineOnly) {
     EXPECT_EQ(EmbeddedSettings(L"[A]\r\n\uFEFFk=1").Find(L"A", L"k"), L"");
 }
 
-TEST(EmbeddedSettingsTest, LeadingBlanksAndControlCharactersAreSkipped) {
+TEST(EmbeddedSettingsTest, LeadingSpacesAndControlCharactersAreSkipped) {
     EXPECT_EQ(EmbeddedSettings(L" \t\x01[A]\r\n \t k=1").Find(L"A", L"k"), L"1");
 }
 
@@ -40,18 +40,18 @@ TEST(EmbeddedSettingsTest, NothingIsTrimmedAroundTheEqualsSign) {
     EXPECT_EQ(settings.Find(L"A", L"k"), L"");
 }
 
-TEST(EmbeddedSettingsTest, BlanksBehindASectionNameAreDropped) {
+TEST(EmbeddedSettingsTest, SpacesAfterASectionNameAreRemoved) {
     EXPECT_EQ(EmbeddedSettings(L"[A] \t\r\nk=1").Find(L"A", L"k"), L"1");
     EXPECT_EQ(EmbeddedSettings(L"[ A ]\r\nk=1").Find(L" A ", L"k"), L"1");
 }
 
-TEST(EmbeddedSettingsTest, ABracketWithoutItsMateIsAKey) {
+TEST(EmbeddedSettingsTest, AnUnmatchedBracketIsPartOfAKey) {
     const EmbeddedSettings settings(L"[A]\r\n[B\r\n[=x\r\nk=1");
     EXPECT_EQ(settings.Find(L"A", L"k"), L"1");
     EXPECT_EQ(settings.Find(L"A", L"["), L"x");
 }
 
-TEST(EmbeddedSettingsTest, AnEmptySectionNameIsOne) {
+TEST(EmbeddedSettingsTest, AnEmptySectionNameIsValid) {
     EXPECT_EQ(EmbeddedSettings(L"[A]\r\n[]\r\nk=1").Find(L"", L"k"), L"1");
 }
 
@@ -63,7 +63,7 @@ TEST(EmbeddedSettingsTest, EmptyLinesAreSkipped) {
     EXPECT_EQ(EmbeddedSettings(L"\r\n\r\n[A]\r\n\r\n  \r\nk=1\r\n\r\n").Find(L"A", L"k"), L"1");
 }
 
-TEST(EmbeddedSettingsTest, ASectionThatComesAgainIsContinued) {
+TEST(EmbeddedSettingsTest, ARepeatedSectionIsContinued) {
     const EmbeddedSettings settings(L"[A]\r\nk=1\r\n[B]\r\n[A]\r\nl=2\r\nk=3");
     EXPECT_EQ(settings.Find(L"A", L"k"), L"3");
     EXPECT_EQ(settings.Find(L"A", L"l"), L"2");

@@ -8,7 +8,7 @@
 
 namespace tarn {
 
-/// For tests: an empty file of its own for each of them, gone afterwards.
+/// Gives each test an empty temporary file and deletes it afterwards.
 class IniFileFixture : public testing::Test {
   protected:
     void SetUp() override {
@@ -20,7 +20,7 @@ class IniFileFixture : public testing::Test {
     }
     void TearDown() override { DeleteFileW(path_.c_str()); }
 
-    /// Replaces the content, byte by byte as it stands.
+    /// Replaces the content of the file with these bytes.
     void Write(const std::string& bytes) const {
         const UniqueFile file(CreateFileW(path_.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));

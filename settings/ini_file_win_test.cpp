@@ -27,7 +27,7 @@ TEST_F(IniFileTest, ValuesOfAnyLengthAreReadWhole) {
     }
 }
 
-TEST_F(IniFileTest, ProbeReadsTheFirstBytesOrTellsWhyNot) {
+TEST_F(IniFileTest, ProbeReadsTheFirstBytesOrReturnsTheError) {
     Write("\xFF\xFEok");
     unsigned char bytes[4] = {};
     EXPECT_EQ(IniFile(path_).Probe(bytes), 0u);
@@ -49,7 +49,7 @@ TEST_F(IniFileTest, ListsSectionNamesInFileOrder) {
     EXPECT_TRUE(IniFile(path_ + L".none").GetSectionNames().empty());
 }
 
-TEST_F(IniFileTest, WritesAValueBesideWhatStandsThere) {
+TEST_F(IniFileTest, WritingAValueKeepsTheOthers) {
     Write("[A]\r\nk=1\r\n");
     const IniFile file(path_);
     EXPECT_TRUE(file.SetValue(L"B", L"l", L"C:\\jre\\"));
@@ -62,7 +62,7 @@ TEST_F(IniFileTest, RemoveDeletesTheFile) {
     EXPECT_FALSE(IniFile(path_).Remove());
 }
 
-TEST_F(IniFileTest, TheUsersFileFollowsApplicationDataUnlessThatIsTooLong) {
+TEST_F(IniFileTest, ThePerUserFileIsBelowApplicationDataUnlessThatIsTooLong) {
     Settings settings;
     settings.productName = L"Name";
     settings.productCode = L"Code";

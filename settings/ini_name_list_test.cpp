@@ -9,14 +9,14 @@ namespace {
 
 using namespace std::string_view_literals;
 
-TEST(PossiblePlacesTest, CountsUpToTwo) {
+TEST(IniNameListTest, CountsUpToTwo) {
     EXPECT_EQ(CountPossibleMatches(L"One\0Two\0"sv, L"Three"), 0);
     EXPECT_EQ(CountPossibleMatches(L"One\0Two\0"sv, L"Two"), 1);
     EXPECT_EQ(CountPossibleMatches(L"One\0One\0"sv, L"One"), 2);
     EXPECT_EQ(CountPossibleMatches(L"One\0One\0One\0"sv, L"One"), 2);
 }
 
-TEST(PossiblePlacesTest, LetterCaseDoesNotCountAndWhatStandsAroundDoesNotEither) {
+TEST(IniNameListTest, CaseAndSurroundingCharactersAreIgnored) {
     EXPECT_EQ(CountPossibleMatches(L"JRE PATH\0"sv, L"JRE Path"), 1);
     EXPECT_EQ(CountPossibleMatches(L" One \0"sv, L"One"), 1);
     EXPECT_EQ(CountPossibleMatches(L"\"One\"\0"sv, L"One"), 1);
@@ -24,12 +24,12 @@ TEST(PossiblePlacesTest, LetterCaseDoesNotCountAndWhatStandsAroundDoesNotEither)
     EXPECT_EQ(CountPossibleMatches(L"OneOne\0"sv, L"One"), 2);
 }
 
-TEST(PossiblePlacesTest, ANameDoesNotGoFromOneToTheNext) {
+TEST(IniNameListTest, ANameDoesNotExtendIntoTheNextOne) {
     EXPECT_EQ(CountPossibleMatches(L"One\0Two\0"sv, L"OneTwo"), 0);
     EXPECT_EQ(CountPossibleMatches(L"On"sv, L"One"), 0);
 }
 
-TEST(PossiblePlacesTest, WhatIsNotCertainMayBeAnything) {
+TEST(IniNameListTest, UncertainListsMatchEverything) {
     EXPECT_EQ(CountPossibleMatches(L"", L"One"), 2);
     EXPECT_EQ(CountPossibleMatches(L"\u00D6ne\0"sv, L"One"), 2);
     EXPECT_EQ(CountPossibleMatches(L"Two\u212A\0"sv, L"One"), 2);

@@ -1,5 +1,5 @@
-// The layers against plain reads of the same file: made-up files, whole ones and broken ones, on
-// which it must never show that a look into the file was left out.
+// Compares the layers with plain reads of random files, valid and corrupt. Queries that are skipped
+// must never change a value.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -35,12 +35,12 @@ class RandomIniFiles {
         const bool additive = Below(2) == 0;
         for (int lines = Below(12); lines > 0; --lines) {
             std::string line = Below(2) == 0 ? Any(kSectionLines) : Any(kValueLines);
-            // Half of the files are like nearly all in the field: not a "+" in a section's name.
+            // Half of the files have no additive section, like most files in practice.
             if (!additive && line.find(']') != std::string::npos) line = "[A]";
             text += line;
             text += Any(kLineEnds);
             if (Below(40) == 0) text += '\0';
-            // Longer than the buffer that the names are first read into.
+            // Longer than the initial buffer for names.
             if (Below(40) == 0) text += '[' + std::string(300, 'n') + "]\r\n";
         }
         const int form = Below(4);
@@ -70,9 +70,9 @@ class RandomIniFiles {
     std::mt19937 random_{2026};
 };
 
-class LeftOutLooksTest : public IniFileFixture {
+class LayeredSettingsRandomTest : public IniFileFixture {
   protected:
-    /// The rule as it reads, without a shortcut.
+    /// The rule without skipped queries.
     std::wstring Plain(const wchar_t* section, const wchar_t* key) const {
         const IniFile file(path_);
         const std::wstring value = file.GetValue(section, key);
@@ -81,7 +81,7 @@ class LeftOutLooksTest : public IniFileFixture {
     }
 };
 
-TEST_F(LeftOutLooksTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
+TEST_F(LayeredSettingsRandomTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
     RandomIniFiles files;
     int additive = 0;
     int late = 0;
@@ -89,8 +89,8 @@ TEST_F(LeftOutLooksTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
         const std::string bytes = files.Next();
         Write(bytes);
         const LayeredSettings layered(path_);
-        int looks = 0;
-        // Over and over, for a section's keys are listed only where many are asked for.
+        int reads = 0;
+        // Repeated, because the keys of a section are listed only after several reads.
         for (const wchar_t* const key : {L"k", L"l", L"none", L"k", L"K", L"m", L"l"}) {
             for (const wchar_t* const section : {kSectionA, kSectionB}) {
                 const std::wstring plain = IniFile(path_).GetValue(section, key);
@@ -100,24 +100,24 @@ TEST_F(LeftOutLooksTest, ValuesAreThoseOfPlainReadsWhateverTheFileHolds) {
                 EXPECT_EQ(layered.GetValue(section, key), expected)
                     << "file " << i << ": " << testing::PrintToString(bytes);
                 if (plain.empty() && !expected.empty()) ++additive;
-                if (!plain.empty() && looks > 2) ++late;
+                if (!plain.empty() && reads > 2) ++late;
             }
-            ++looks;
+            ++reads;
         }
     }
-    // Else the comparison would say nothing.
+    // Otherwise the comparison would be meaningless.
     EXPECT_GT(additive, 100);
     EXPECT_GT(late, 100);
 }
 
-TEST_F(LeftOutLooksTest, AdditiveSectionsAreFoundBehindManyOtherSections) {
+TEST_F(LayeredSettingsRandomTest, AdditiveSectionsAreFoundAfterManyOtherSections) {
     std::string text;
     for (int i = 0; i < 2000; ++i) text += "[Section " + std::to_string(i) + "]\r\nk=1\r\n";
     Write(text + "[A+]\r\nk=last\r\n");
     EXPECT_EQ(LayeredSettings(path_).GetValue(L"A", L"k"), L" last");
 }
 
-TEST_F(LeftOutLooksTest, AdditiveSectionsAreLookedForWhereNoNamesCouldBeRead) {
+TEST_F(LayeredSettingsRandomTest, AdditiveSectionsAreReadWhenNoNamesCouldBeRead) {
     Write("");
     const LayeredSettings layered(path_);
     Write("[A+]\r\nk=late\r\n");

@@ -5,15 +5,15 @@
 namespace tarn {
 namespace {
 
-TEST(AppendValueTest, ABlankSeparatesTheTwo) {
+TEST(AppendValueTest, ASpaceSeparatesTheValues) {
     EXPECT_EQ(AppendValue(L"-Xms1g", L"-Xmx1g"), L"-Xms1g -Xmx1g");
 }
 
-TEST(AppendValueTest, TheBlankIsThereEvenWhenNothingStandsBelow) {
+TEST(AppendValueTest, TheSpaceIsAddedWithoutAValueBelow) {
     EXPECT_EQ(AppendValue(L"", L"-Xmx1g"), L" -Xmx1g");
 }
 
-TEST(AppendValueTest, AValueThatBeginsWithABlankGetsNoOther) {
+TEST(AppendValueTest, NoSpaceIsAddedBeforeAValueThatBeginsWithOne) {
     EXPECT_EQ(AppendValue(L"a", L" b"), L"a b");
     EXPECT_EQ(AppendValue(L"", L" b"), L" b");
 }

@@ -16,14 +16,14 @@ TEST_F(LayeredSettingsTest, AValueInTheFileEndsTheSearch) {
     EXPECT_EQ(LayeredSettings(path_).GetValue(L"A", L"k"), L"plain");
 }
 
-TEST_F(LayeredSettingsTest, AnEmptyValueFallsThroughToTheAdditiveSection) {
+TEST_F(LayeredSettingsTest, AnEmptyValueIsReadFromTheAdditiveSection) {
     const IniFile file(path_);
     ASSERT_TRUE(file.SetValue(L"A", L"k", L""));
     ASSERT_TRUE(file.SetValue(L"A+", L"k", L"-Xmx1g"));
     EXPECT_EQ(LayeredSettings(path_).GetValue(L"A", L"k"), L" -Xmx1g");
 }
 
-TEST_F(LayeredSettingsTest, NothingAnywhereIsEmpty) {
+TEST_F(LayeredSettingsTest, AnAbsentValueIsEmpty) {
     EXPECT_EQ(LayeredSettings(path_).GetValue(L"A", L"k"), L"");
 }
 

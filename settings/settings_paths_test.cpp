@@ -5,7 +5,7 @@
 namespace tarn {
 namespace {
 
-TEST(SettingsPathsTest, TheSettingsFileBearsTheProgramsName) {
+TEST(SettingsPathsTest, TheSettingsFileHasTheProgramsName) {
     EXPECT_EQ(SettingsPathOf(L"C:\\Apps\\sample.exe"), L"C:\\Apps\\sample.ini");
     EXPECT_EQ(SettingsPathOf(L"C:\\Apps\\my.sample.EXE"), L"C:\\Apps\\my.sample.ini");
     EXPECT_EQ(SettingsPathOf(L"C:\\Apps\\sample."), L"C:\\Apps\\sample.ini");
@@ -20,7 +20,7 @@ TEST(SettingsPathsTest, WithoutAnyDotThereIsNoSettingsFile) {
     EXPECT_EQ(SettingsPathOf(L""), std::nullopt);
 }
 
-TEST(SettingsPathsTest, TheUsersFileLiesBelowProductNameAndCode) {
+TEST(SettingsPathsTest, ThePerUserFileIsBelowProductNameAndCode) {
     const PerUserPath path =
         PerUserPathOf(L"C:\\Users\\x\\AppData", L"Sample", L"42", L"C:\\Apps\\sample.exe");
     EXPECT_EQ(path.ProductFolder(), L"C:\\Users\\x\\AppData\\Sample");
@@ -28,16 +28,16 @@ TEST(SettingsPathsTest, TheUsersFileLiesBelowProductNameAndCode) {
     EXPECT_EQ(path.file, L"C:\\Users\\x\\AppData\\Sample\\42\\sample.ini");
 }
 
-TEST(SettingsPathsTest, CharactersThatAFolderCannotHoldAreRemovedFromTheProductName) {
+TEST(SettingsPathsTest, CharactersInvalidInAFolderNameAreRemovedFromTheProductName) {
     EXPECT_EQ(PerUserPathOf(L"", L"A/B: C?", L"", L"").ProductFolder(), L"\\AB C");
     EXPECT_EQ(PerUserPathOf(L"", L"\\?\"|><:/*", L"", L"").ProductFolder(), L"\\");
 }
 
-TEST(SettingsPathsTest, TheProductCodeIsTakenAsItStands) {
+TEST(SettingsPathsTest, TheProductCodeIsUsedUnchanged) {
     EXPECT_EQ(PerUserPathOf(L"", L"N", L"a\\b", L"").CodeFolder(), L"\\N\\a\\b");
 }
 
-TEST(SettingsPathsTest, OnlyTheFileNamesOwnEndingIsCut) {
+TEST(SettingsPathsTest, OnlyTheExtensionOfTheFileNameIsRemoved) {
     EXPECT_EQ(PerUserPathOf(L"D", L"N", L"C", L"C:\\a.b\\sample").file, L"D\\N\\C\\sample.ini");
     EXPECT_EQ(PerUserPathOf(L"D", L"N", L"C", L"C:\\a\\my.app.exe").file, L"D\\N\\C\\my.app.ini");
 }

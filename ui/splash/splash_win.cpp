@@ -2,8 +2,8 @@
 
 #include <optional>
 
-#include "base/text.h"
 #include "base/thread.h"
+#include "settings/flags.h"
 #include "settings/ini_file.h"
 #include "settings/keys.h"
 #include "settings/settings_paths.h"
@@ -18,8 +18,7 @@ bool ReadSplashSettings(SplashSettings& settings) {
     settings.splashImagePath = file.GetValue(keys::kDisplay, keys::kSplashScreen);
     if (settings.splashImagePath.empty()) return true;
     settings.splashShadow = file.GetValue(keys::kDisplay, keys::kSplashScreenShadow);
-    settings.preferNative =
-        EqualsIgnoringCase(file.GetValue(keys::kDisplay, keys::kPreferNativeSplashScreen), L"Yes");
+    settings.preferNative = IsYes(file.GetValue(keys::kDisplay, keys::kPreferNativeSplashScreen));
     return true;
 }
 
