@@ -15,7 +15,7 @@ namespace tarn {
 void RememberRuntime(const Settings& settings, const std::wstring& folder);
 
 /// The largest settings file that `WriteJrePath` converts to UTF-16, in bytes.
-inline constexpr std::size_t kMaxConvertedSize = 0x10000;
+inline constexpr std::size_t kMaxConvertedSize = 0x100000;
 
 /// Writes `folder` as "JRE Path" into one settings file (`WritePrivateProfileStringW`). That
 /// function keeps the encoding of a file. If the folder's name does not fit the system's code page,

@@ -2,8 +2,8 @@
 
 #include "base/handles.h"
 #include "base/windows.h"
-#include "runtime/pe_header.h"
 #include "runtime/jvm_library.h"
+#include "runtime/pe_header.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/explain/verdict_text.h"
