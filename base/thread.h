@@ -4,11 +4,15 @@
 
 namespace tarn {
 
+/// Waits up to `timeoutMs` milliseconds for a thread's end (`WaitForSingleObject`) and returns
+/// whether it has ended. The wait decides, because a thread may exit with `STILL_ACTIVE` (259).
+/// Only when the wait fails does the exit code decide: whoever asks destroys what the thread uses.
+bool HasEnded(HANDLE thread, DWORD timeoutMs);
+
 /// Ends a thread that runs a message loop: posts `WM_QUIT` to it (`PostThreadMessageW`) until the
-/// thread has ended, without a pause between the attempts. One message is not enough, because a
-/// message posted before the thread has created its message queue is lost. The end is detected by
-/// waiting on the handle, so a thread that exits with `STILL_ACTIVE` (259) is seen to end as well.
-/// Returns at once when `thread` is not a valid handle with `SYNCHRONIZE` access.
+/// thread has ended, without a pause between the attempts (docs/developer/compatibility.md). One
+/// message is not enough, because a message posted before the thread has created its message queue
+/// is lost. Does nothing for a null `thread`.
 void QuitAndJoin(HANDLE thread, DWORD threadId);
 
 }  // namespace tarn

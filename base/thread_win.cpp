@@ -2,11 +2,18 @@
 
 namespace tarn {
 
+bool HasEnded(HANDLE thread, DWORD timeoutMs) {
+    const DWORD waitResult = WaitForSingleObject(thread, timeoutMs);
+    if (waitResult != WAIT_FAILED) return waitResult == WAIT_OBJECT_0;
+    DWORD exitCode = STILL_ACTIVE;
+    return GetExitCodeThread(thread, &exitCode) && exitCode != STILL_ACTIVE;
+}
+
 void QuitAndJoin(HANDLE thread, DWORD threadId) {
-    // Without a pause: docs/developer/compatibility.md.
+    if (thread == nullptr) return;
     do {
         PostThreadMessageW(threadId, WM_QUIT, 0, 0);
-    } while (WaitForSingleObject(thread, 0) == WAIT_TIMEOUT);
+    } while (!HasEnded(thread, 0));
 }
 
 }  // namespace tarn

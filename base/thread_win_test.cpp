@@ -63,5 +63,15 @@ TEST(QuitAndJoinTest, ReturnsWithoutAThread) {
     QuitAndJoin(nullptr, 0);
 }
 
+TEST(QuitAndJoinTest, ReturnsOnlyAfterTheEndWhenTheWaitFails) {
+    DWORD threadId = 0;
+    const UniqueHandle thread(CreateThread(nullptr, 0, CreatesItsQueueLate, nullptr, 0, &threadId));
+    // A handle that cannot be waited on.
+    const UniqueHandle queryOnly(OpenThread(THREAD_QUERY_INFORMATION, FALSE, threadId));
+    ASSERT_EQ(WaitForSingleObject(queryOnly.get(), 0), WAIT_FAILED);
+    QuitAndJoin(queryOnly.get(), threadId);
+    EXPECT_EQ(WaitForSingleObject(thread.get(), 0), WAIT_OBJECT_0);
+}
+
 }  // namespace
 }  // namespace tarn

@@ -1,6 +1,7 @@
 #include "jvm/java_thread.h"
 
 #include "base/handles.h"
+#include "base/thread.h"
 #include "jvm/jvm_loader.h"
 
 namespace tarn {
@@ -25,16 +26,6 @@ DWORD WINAPI JavaThreadProc(void* parameter) noexcept {
     return RunJava(*static_cast<JavaLaunch*>(parameter));
 }
 
-// Returns only when the thread has ended, because the records that it uses are destroyed
-// afterwards. The wait's result decides: a thread may end with STILL_ACTIVE (259) as its code.
-void WaitForEnd(HANDLE thread) {
-    DWORD exitCode = STILL_ACTIVE;
-    while (WaitForSingleObject(thread, INFINITE) == WAIT_FAILED) {
-        if (GetExitCodeThread(thread, &exitCode) && exitCode != STILL_ACTIVE) return;
-        Sleep(kWaitRetryMs);
-    }
-}
-
 }  // namespace
 
 DWORD RunJavaThread(JavaLaunch& launch) {
@@ -43,7 +34,8 @@ DWORD RunJavaThread(JavaLaunch& launch) {
     const UniqueHandle thread(
         CreateThread(nullptr, static_cast<SIZE_T>(stackSize), JavaThreadProc, &launch, 0, nullptr));
     if (!thread) return RunJava(launch);
-    WaitForEnd(thread.get());
+    // The records that the thread uses are destroyed after this.
+    while (!HasEnded(thread.get(), INFINITE)) Sleep(kWaitRetryMs);
     DWORD exitCode = 1;
     GetExitCodeThread(thread.get(), &exitCode);
     return exitCode;

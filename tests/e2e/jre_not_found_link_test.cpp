@@ -35,7 +35,7 @@ class JreNotFoundLink : public JreNotFoundFixture {
 
     bool FocusMovesTo(int id) const {
         Type(VK_TAB);
-        return WaitUntil([&] { return Focus() == Child(dialog, id); }, std::chrono::seconds(10));
+        return WaitUntil([&] { return Focus() == Child(dialog, id); });
     }
 
     void CancelAndEnd() {
