@@ -32,7 +32,7 @@ Readings Measure(const Case& benchCase, int rounds) {
     Readings readings(count, std::vector<std::vector<double>>(benchCase.quantities.size()));
     for (int round = -kWarmUpRounds; round < rounds; ++round) {
         for (std::size_t turn = 0; turn < count; ++turn) {
-            // Nobody always comes right after the same other one.
+            // No case always runs right after the same other case.
             const std::size_t index =
                 (turn + static_cast<std::size_t>(round + kWarmUpRounds)) % count;
             const Sample sample = Run(benchCase.contenders[index]);

@@ -1,4 +1,4 @@
-// The settings text that somebody built into the executable.
+// The settings text that is embedded in an executable.
 
 #include <map>
 #include <utility>

@@ -1,4 +1,4 @@
-// An executable is any file that somebody gives the companion program to change.
+// An executable is any file that is given to the companion program to change.
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-// Resources of an executable, and icons, that somebody gives the companion program.
+// Resources of an executable, and icons, that are given to the companion program.
 
 #include <algorithm>
 #include <cstring>

@@ -1,4 +1,4 @@
-// The manifest of a jar that somebody names to the companion program.
+// The manifest of a jar that is named to the companion program.
 
 #include <algorithm>
 #include <map>

@@ -1,4 +1,4 @@
-// A link's label comes from a resource that somebody edited.
+// A link's label comes from a resource that can be edited.
 
 #include <algorithm>
 

@@ -44,7 +44,7 @@ void CheckResolve(const std::wstring& option, const tarn::MemorySizes& memory) {
                                    : memory.availableVirtual;
     const double share =
         static_cast<double>(base >> 10) * (static_cast<double>(numbers[0]) / 100.0);
-    // No machine has more than 64 bits of memory, so what comes then is nobody's concern.
+    // No machine has more than 64 bits of memory, so larger results are not checked.
     if (share >= 18446744073709551616.0) return;
     auto size = static_cast<std::uint64_t>(share);
     if (numbers[2] != 0) size = std::min(size, numbers[2] * 1024);

@@ -1,4 +1,4 @@
-// A jar is any file that somebody names to the companion program.
+// A jar is any file that is named to the companion program.
 
 #include <algorithm>
 #include <cstring>
