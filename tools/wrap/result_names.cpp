@@ -40,6 +40,7 @@ constexpr std::array<std::pair<unsigned, unsigned>, 12> kPairs = {{{0x100, 0x12F
                                                                    {0x1E00, 0x1EFF}}};
 
 wchar_t ToUpper(wchar_t letter) {
+    // NOLINTNEXTLINE(bugprone-signed-char-misuse): no UTF-16 unit or code point is negative
     const auto code = static_cast<unsigned>(letter);
     switch (code) {
         case 0xFF:
