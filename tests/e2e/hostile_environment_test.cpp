@@ -1,5 +1,5 @@
-// Surroundings that nobody would wish for: paths beyond the old limit, files that cannot be written
-// or that everybody can write, user names in any script.
+// Hostile environments: paths beyond the old limit, files that cannot be written or that all users
+// can write, user names in any script.
 
 #include "base/windows.h"
 

@@ -232,7 +232,7 @@ TEST_F(JavaExceptionTest, ExitThatThrowsIsDescribed) {
 }
 
 TEST_F(JavaExceptionTest, DialogThatCannotBeShownStops) {
-    // A template of a window class that nobody has.
+    // A template with a window class that is not registered.
     std::vector<WORD> words(sizeof(DLGTEMPLATE) / sizeof(WORD), 0);
     words.push_back(0);  // no menu
     for (const char c : std::string("TarnNoSuchClass")) words.push_back(static_cast<WORD>(c));

@@ -125,7 +125,7 @@ TEST_F(OptionList, HoldsManyParameters) {
 
 class MemorySizes : public OptionList {
   protected:
-    // As the launcher sees it: a 32-bit call that real Windows cuts for nobody in 64 bits.
+    // As the launcher reads it: Windows does not limit the result of this call in 64-bit processes.
     static unsigned long long Kibibytes(double fraction) {
         MEMORYSTATUS status{};
         GlobalMemoryStatus(&status);

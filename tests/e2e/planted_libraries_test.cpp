@@ -1,5 +1,5 @@
-// Libraries that somebody has put beside the launcher, and into its working directory, under the
-// names of system libraries. None of them may be loaded.
+// Libraries with the names of system libraries that are planted beside the launcher and in its
+// working directory. None of them may be loaded.
 //
 // Left out are kernel32, user32, gdi32, advapi32 and msvcrt, which the launcher imports: Windows
 // takes those from a list of its own ("KnownDLLs") wherever they lie. Wine has no such list.

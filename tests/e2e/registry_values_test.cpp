@@ -1,4 +1,4 @@
-// "JavaHome" as an installer, or somebody with a registry editor, may have left it.
+// "JavaHome" as an installer or a user of a registry editor may have left it.
 
 #include "tests/support/registered_runtimes_fixture.h"
 

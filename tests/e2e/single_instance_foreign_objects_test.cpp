@@ -1,5 +1,5 @@
-// What somebody who is none of the launches can do to a single instance: a block that he made, and
-// messages to its listener.
+// What another program can do to a single instance: create its block, and post messages to its
+// listener.
 
 #include "tests/support/single_instance_fixture.h"
 
@@ -8,7 +8,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// A block that somebody else made, with the test as the "first instance".
+// A block that another program created, with the test as the "first instance".
 class ForeignBlockTest : public SingleInstanceFixture {
   protected:
     static constexpr UINT kMessage = WM_APP + 0x123;
@@ -122,7 +122,7 @@ TEST_F(ForeignBlockTest, AMessageIdOfZeroIsAMessageLikeAnyOther) {
     EXPECT_EQ(second->ExitCode(), 12);
 }
 
-// Somebody who posts to the first instance's listener and writes into its block.
+// Another program that posts to the first instance's listener and writes into its block.
 class ForeignMessageTest : public SingleInstanceFixture {
   protected:
     void Post(UINT message, WPARAM wParam, LPARAM lParam = 0) {

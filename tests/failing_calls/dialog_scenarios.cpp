@@ -110,7 +110,7 @@ class JreBrowsed : public Scenario {
     }
 
     const std::wstring product_ = L"TarnFaults" + std::to_wstring(GetCurrentProcessId());
-    // Where the user's file is when nobody knows APPDATA.
+    // Where the user's file is when APPDATA is not set.
     const std::wstring withoutAppData_ = app.directory.substr(0, 2) + L'\\' + product_;
     bool isBrowsePressed_ = false;
     int quietLooks_ = 0;

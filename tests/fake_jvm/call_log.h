@@ -5,14 +5,16 @@
 
 namespace fake_jvm {
 
-/// Appends one line to the file that FAKE_JVM_LOG names: the thread's id, a tab, the text. Opened
-/// and closed for each line, so that a process that ends in mid-call has written all the same.
+/// Appends one line to the file that FAKE_JVM_LOG names: the thread's id, a tab, the text. The file
+/// is opened and closed for each line, so that the log is complete when a process ends during a
+/// call.
 void Log(std::string_view text);
 
-/// The same with a mark that the tests look for: somebody broke a rule of the interface.
+/// Logs a line that makes tests fail: a caller violated a rule of the interface.
 void LogViolation(std::string_view text);
 
-/// In quotes, with everything but printable ASCII as `\xNN`: bytes whose code page is in question.
+/// The bytes in quotes, with everything but printable ASCII as `\xNN`: bytes whose code page is in
+/// question.
 std::string QuoteBytes(std::string_view bytes);
 
 /// In quotes, as UTF-8; quotes, backslashes, control characters and unpaired surrogates are

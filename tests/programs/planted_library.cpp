@@ -1,4 +1,4 @@
-// Stands for a library that somebody has put beside the launcher under a system library's name: it
+// Stands for a library that is planted beside the launcher under a system library's name: it
 // notes that it was loaded, and from where.
 
 #include <string>

@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
                      tarn::test::ToUtf8(launcher).c_str());
         return 2;
     }
-    // A test that reads a crashed launcher's exit code must not wait for somebody to close a box.
+    // A test that reads a crashed launcher's exit code must not wait for a box to be closed.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     return RUN_ALL_TESTS();
 }

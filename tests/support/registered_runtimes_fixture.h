@@ -19,8 +19,9 @@ inline constexpr wchar_t kJrockitJreRoot[] = L"Software\\JRockit\\Java Runtime E
 inline constexpr wchar_t kJrockitJdkRoot[] = L"Software\\JRockit\\Java Development Kit";
 inline constexpr wchar_t kIbmRoot[] = L"Software\\IBM\\Java2 Runtime Environment";
 
-/// Registry entries of Java runtimes while the object lives. Nobody else's test sees or makes some
-/// meanwhile. The machine must have none of its own, or the tests would not know what to expect.
+/// Registry entries of Java runtimes while the object lives. No other test sees them or creates
+/// some meanwhile. The machine must have none of its own, or the tests would not know what to
+/// expect.
 class RegisteredRuntimes {
   public:
     RegisteredRuntimes();

@@ -161,7 +161,7 @@ class BadInputTest(FolderTest):
                                                         "--set-string=" + text))
 
     def test_a_folder_that_cannot_be_written(self):
-        # Nobody, not even root, makes files there.
+        # Not even root can create files there.
         self.assertIn("/proc/app.exe", self.expect_failure("stamp", LAUNCHER, "--out",
                                                            "/proc/app.exe"))
 

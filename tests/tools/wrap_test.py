@@ -309,7 +309,7 @@ class BadInputTest(FolderTest):
 
     def test_a_folder_that_cannot_be_written(self):
         self.put_jar("demo.jar", {"Main-Class": "a.B"})
-        # Nobody, not even root, makes folders there.
+        # Not even root can create folders there.
         self.assertIn("cannot be created", self.expect_failure("wrap", "demo.jar", "--launcher",
                                                             LAUNCHER, "--out", "/proc/o"))
 
