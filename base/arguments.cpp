@@ -1,5 +1,9 @@
 #include "base/arguments.h"
 
+#include <algorithm>
+
+#include "base/text.h"
+
 namespace tarn {
 
 // The rules are fixed: docs/developer/compatibility.md.
@@ -16,6 +20,18 @@ std::vector<std::wstring> SplitArguments(std::wstring_view text) {
         at = end + 1;
     }
     return arguments;
+}
+
+std::vector<std::wstring> ArgumentsOf(std::wstring_view commandLine) {
+    std::vector<std::wstring> arguments = SplitArguments(TrimWhiteSpace(commandLine));
+    if (!arguments.empty()) arguments.erase(arguments.begin());
+    return arguments;
+}
+
+bool SuppressesSplash(const std::vector<std::wstring>& arguments) {
+    return std::any_of(arguments.begin(), arguments.end(), [](const std::wstring& argument) {
+        return argument == L"-nosplash" || argument == L"/nosplash";
+    });
 }
 
 }  // namespace tarn

@@ -96,4 +96,79 @@ struct LibraryTraits {
 };
 using UniqueLibrary = UniqueResource<LibraryTraits>;
 
+/// Memory from `VirtualAlloc`.
+struct PagesTraits {
+    using Value = void*;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { VirtualFree(value, 0, MEM_RELEASE); }
+};
+using UniquePages = UniqueResource<PagesTraits>;
+
+/// A window. Nothing happens when its owner window has destroyed it before.
+struct WindowTraits {
+    using Value = HWND;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { DestroyWindow(value); }
+};
+using UniqueWindow = UniqueResource<WindowTraits>;
+
+/// An icon that is not shared (`CopyImage`).
+struct IconTraits {
+    using Value = HICON;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { DestroyIcon(value); }
+};
+using UniqueIcon = UniqueResource<IconTraits>;
+
+/// A GDI object that is not selected into a device context (`DeleteObject`).
+template <typename ObjectHandle>
+struct GdiObjectTraits {
+    using Value = ObjectHandle;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { DeleteObject(value); }
+};
+using UniqueBitmap = UniqueResource<GdiObjectTraits<HBITMAP>>;
+using UniqueFont = UniqueResource<GdiObjectTraits<HFONT>>;
+
+/// A memory device context (`CreateCompatibleDC`).
+struct MemoryContextTraits {
+    using Value = HDC;
+    static Value None() { return nullptr; }
+    static void Close(Value value) { DeleteDC(value); }
+};
+using UniqueMemoryDc = UniqueResource<MemoryContextTraits>;
+
+/// The device context of a window's client area, or of the screen for a null window (`GetDC`),
+/// released in the destructor.
+class WindowDc {
+  public:
+    explicit WindowDc(HWND window) : window_(window), dc_(GetDC(window)) {}
+    WindowDc(const WindowDc&) = delete;
+    WindowDc& operator=(const WindowDc&) = delete;
+    ~WindowDc() { Close(window_, dc_); }
+
+    HDC get() const { return dc_; }
+
+  private:
+    static void Close(HWND window, HDC dc) { ReleaseDC(window, dc); }
+
+    HWND window_;
+    HDC dc_;
+};
+
+/// Selects a bitmap or a font into a device context while the object lives (`SelectObject`). A
+/// selected bitmap can be neither deleted nor selected into another context.
+class GdiSelection {
+  public:
+    GdiSelection(HDC context, HGDIOBJ object)
+        : context_(context), previous_(SelectObject(context, object)) {}
+    GdiSelection(const GdiSelection&) = delete;
+    GdiSelection& operator=(const GdiSelection&) = delete;
+    ~GdiSelection() { SelectObject(context_, previous_); }
+
+  private:
+    HDC context_;
+    HGDIOBJ previous_;
+};
+
 }  // namespace tarn

@@ -1,10 +1,10 @@
 #include "core/launcher.h"
 
+#include "base/arguments.h"
+#include "base/handles.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
-#include "core/command_line.h"
-#include "core/paired_launch.h"
 #include "jvm/java_thread.h"
 #include "jvm/jvm_loader.h"
 #include "jvm/jvm_options.h"
@@ -16,6 +16,33 @@
 #include "ui/dialogs/jre_not_found_dialog.h"
 
 namespace tarn {
+namespace {
+
+// Starts the paired 32-bit launcher with this process's own command line, directory and
+// environment. With `waitForIt`, waits for the process and returns its exit code; returns 0 without
+// `waitForIt` and when the process cannot be started.
+int StartPairedLauncher(const std::wstring& program, bool waitForIt) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    // `CreateProcessW` may write to the command line it is given.
+    std::wstring commandLine = GetCommandLineW();
+    if (!CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                        nullptr, &startup, &started)) {
+        return 0;
+    }
+    const UniqueHandle thread(started.hThread);
+    const UniqueHandle process(started.hProcess);
+    if (!waitForIt) return 0;
+    // -1 when the exit code is unavailable, because success is not known.
+    DWORD exitCode = static_cast<DWORD>(-1);
+    if (WaitForSingleObject(process.get(), INFINITE) == WAIT_OBJECT_0) {
+        GetExitCodeProcess(process.get(), &exitCode);
+    }
+    return static_cast<int>(exitCode);
+}
+
+}  // namespace
 
 bool Launcher::Init() {
     arguments_ = ArgumentsOf(GetCommandLineW());

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "base/arguments.h"
-#include "core/command_line.h"
 #include "fuzz/fuzz_input.h"
 
 namespace {

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/handles.h"
 #include "base/windows.h"
 #include "instance/shared_block.h"
 #include "settings/settings.h"
@@ -66,6 +67,28 @@ class HandOffServer {
     /// Held shared while a request reads the target or the block, exclusively by `Close`.
     SRWLOCK lock_ = SRWLOCK_INIT;
     bool closed_ = false;
+};
+
+/// The first instance's thread that receives the requests of second instances. It only dispatches:
+/// each request is performed on a worker thread of its own.
+class Listener {
+  public:
+    Listener() = default;
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+    ~Listener() { Stop(); }
+
+    /// Starts the thread (`CreateThread`), which writes its id to `threadId` before it runs: second
+    /// instances post their requests to that id. `server` must outlive the thread and the workers.
+    bool Start(HandOffServer& server, DWORD* threadId);
+
+    /// Ends the thread and returns when it has ended. Workers continue to run.
+    void Stop();
+
+  private:
+    static DWORD WINAPI Listen(void* parameter) noexcept;
+
+    UniqueHandle listenerThread_;
 };
 
 }  // namespace tarn

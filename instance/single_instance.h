@@ -5,7 +5,6 @@
 
 #include "base/handles.h"
 #include "instance/hand_off.h"
-#include "instance/listener.h"
 #include "instance/shared_block.h"
 
 namespace tarn {

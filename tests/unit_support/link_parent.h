@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/windows.h"
-#include "ui/geometry/pixel_rect.h"
+#include "ui/geometry/placement.h"
 #include "ui/hyperlink/tool_tip.h"
 
 namespace tarn {

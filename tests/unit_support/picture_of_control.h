@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/windows.h"
-#include "ui/geometry/pixel_rect.h"
+#include "ui/geometry/placement.h"
 
 namespace tarn {
 

@@ -1,9 +1,9 @@
 #include "tools/explain/predict_launch.h"
 
+#include "base/arguments.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
-#include "core/command_line.h"
 #include "jvm/jvm_loader.h"
 #include "jvm/jvm_options.h"
 #include "jvm/native_paths.h"

@@ -1,7 +1,7 @@
 #include "tools/explain/splash_report.h"
 
+#include "base/arguments.h"
 #include "base/paths.h"
-#include "core/command_line.h"
 #include "tools/common/text_encoding.h"
 #include "ui/splash/native_splash.h"
 #include "ui/splash/splash.h"

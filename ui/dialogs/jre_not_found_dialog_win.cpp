@@ -8,22 +8,13 @@
 #include "resources/ids.h"
 #include "runtime/jvm_library.h"
 #include "runtime/version_phrase.h"
-#include "ui/geometry/center_window.h"
 #include "ui/geometry/placement.h"
-#include "ui/geometry/window_dc.h"
 #include "ui/hyperlink/hyper_link.h"
 #include "ui/messages/message_text.h"
 #include "ui/shell/shell.h"
 
 namespace tarn {
 namespace {
-
-struct IconTraits {
-    using Value = HICON;
-    static Value None() { return nullptr; }
-    static void Close(Value value) { DestroyIcon(value); }
-};
-using UniqueIcon = UniqueResource<IconTraits>;
 
 PixelRect PlaceInDialog(HWND dialog, HWND control) {
     RECT place{};
@@ -122,10 +113,9 @@ void JreNotFoundDialog::MakeRoomForMessage() {
     RECT text{0, 0, place.width(), 0};
     {
         const WindowDc dc(control);
-        const HGDIOBJ before = SelectObject(
+        const GdiSelection selection(
             dc.get(), reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
         DrawTextW(dc.get(), message_.c_str(), -1, &text, DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
-        SelectObject(dc.get(), before);
     }
 
     const PixelRect room = MakeRoom(place, text.bottom, captionBottom.bottom, link.top);

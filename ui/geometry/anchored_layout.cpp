@@ -5,16 +5,16 @@
 
 namespace tarn {
 
-Growth GrowthBetween(int firstWidth, int firstHeight, int width, int height) {
-    return {std::max(width - firstWidth, 0), std::max(height - firstHeight, 0)};
+Growth GrowthBetween(PixelSize first, PixelSize present) {
+    return {std::max(present.width - first.width, 0), std::max(present.height - first.height, 0)};
 }
 
-Rectangle Anchored(const Rectangle& first, Anchor anchor, Growth growth) {
-    Rectangle result = first;
+PixelRect Anchored(const PixelRect& first, Anchor anchor, Growth growth) {
+    PixelRect result = first;
     if (anchor.movesRight) result.left += growth.right;
+    if (anchor.movesRight || anchor.growsRight) result.right += growth.right;
     if (anchor.movesDown) result.top += growth.down;
-    if (anchor.growsRight) result.width += growth.right;
-    if (anchor.growsDown) result.height += growth.down;
+    if (anchor.movesDown || anchor.growsDown) result.bottom += growth.down;
     return result;
 }
 
@@ -25,10 +25,11 @@ int ScaledLength(int length, int dpi, int firstDpi) {
     return static_cast<int>((product + half) / firstDpi);
 }
 
-Rectangle Scaled(const Rectangle& rectangle, int dpi, int firstDpi) {
-    return {ScaledLength(rectangle.left, dpi, firstDpi), ScaledLength(rectangle.top, dpi, firstDpi),
-            ScaledLength(rectangle.width, dpi, firstDpi),
-            ScaledLength(rectangle.height, dpi, firstDpi)};
+PixelRect Scaled(const PixelRect& rectangle, int dpi, int firstDpi) {
+    const int left = ScaledLength(rectangle.left, dpi, firstDpi);
+    const int top = ScaledLength(rectangle.top, dpi, firstDpi);
+    return {left, top, left + ScaledLength(rectangle.width(), dpi, firstDpi),
+            top + ScaledLength(rectangle.height(), dpi, firstDpi)};
 }
 
 }  // namespace tarn

@@ -5,47 +5,42 @@
 namespace tarn {
 namespace {
 
-constexpr Rectangle kFirst{10, 20, 100, 50};
-
-void ExpectRectangle(const Rectangle& actual, int left, int top, int width, int height) {
-    EXPECT_EQ(actual.left, left);
-    EXPECT_EQ(actual.top, top);
-    EXPECT_EQ(actual.width, width);
-    EXPECT_EQ(actual.height, height);
-}
+constexpr PixelRect kFirst{10, 20, 110, 70};
+constexpr PixelSize kFirstClient{400, 300};
 
 TEST(AnchoredLayout, ControlWithoutAnchorStays) {
-    ExpectRectangle(Anchored(kFirst, {}, {30, 40}), 10, 20, 100, 50);
+    EXPECT_EQ(Anchored(kFirst, {}, {30, 40}), (PixelRect{10, 20, 110, 70}));
 }
 
 TEST(AnchoredLayout, ControlOfTheCornerMovesWithIt) {
-    ExpectRectangle(Anchored(kFirst, {.movesRight = true, .movesDown = true}, {30, 40}), 40, 60,
-                    100, 50);
+    EXPECT_EQ(Anchored(kFirst, {.movesRight = true, .movesDown = true}, {30, 40}),
+              (PixelRect{40, 60, 140, 110}));
 }
 
 TEST(AnchoredLayout, ControlOfTheMiddleGrows) {
-    ExpectRectangle(Anchored(kFirst, {.growsRight = true, .growsDown = true}, {30, 40}), 10, 20,
-                    130, 90);
+    EXPECT_EQ(Anchored(kFirst, {.growsRight = true, .growsDown = true}, {30, 40}),
+              (PixelRect{10, 20, 140, 110}));
 }
 
 TEST(AnchoredLayout, LineBelowWhatGrowsMovesDownAndWidens) {
-    ExpectRectangle(Anchored(kFirst, {.movesDown = true, .growsRight = true}, {30, 40}), 10, 60,
-                    130, 50);
+    EXPECT_EQ(Anchored(kFirst, {.movesDown = true, .growsRight = true}, {30, 40}),
+              (PixelRect{10, 60, 140, 110}));
 }
 
 TEST(AnchoredLayout, FirstSizeGivesFirstPlaces) {
     const Anchor all{true, true, true, true};
-    ExpectRectangle(Anchored(kFirst, all, GrowthBetween(400, 300, 400, 300)), 10, 20, 100, 50);
+    EXPECT_EQ(Anchored(kFirst, all, GrowthBetween(kFirstClient, {400, 300})),
+              (PixelRect{10, 20, 110, 70}));
 }
 
 TEST(AnchoredLayout, SmallerWindowCountsAsItsFirstSize) {
-    const Growth growth = GrowthBetween(400, 300, 0, 299);
+    const Growth growth = GrowthBetween(kFirstClient, {0, 299});
     EXPECT_EQ(growth.right, 0);
     EXPECT_EQ(growth.down, 0);
 }
 
 TEST(AnchoredLayout, EachDirectionGrowsForItself) {
-    const Growth growth = GrowthBetween(400, 300, 450, 100);
+    const Growth growth = GrowthBetween(kFirstClient, {450, 100});
     EXPECT_EQ(growth.right, 50);
     EXPECT_EQ(growth.down, 0);
 }
@@ -69,7 +64,7 @@ TEST(AnchoredLayout, UnknownScaleChangesNothing) {
 }
 
 TEST(AnchoredLayout, RectangleIsScaledWhole) {
-    ExpectRectangle(Scaled(kFirst, 192, 96), 20, 40, 200, 100);
+    EXPECT_EQ(Scaled(kFirst, 192, 96), (PixelRect{20, 40, 220, 140}));
 }
 
 }  // namespace

@@ -1,8 +1,29 @@
 #pragma once
 
-#include "ui/geometry/pixel_rect.h"
+#include <cstdint>
+
+// The structure behind HWND of <windows.h>, which the pure half does without.
+struct HWND__;  // NOLINT(bugprone-reserved-identifier,readability-identifier-naming)
 
 namespace tarn {
+
+/// Width and height in pixels.
+struct PixelSize {
+    std::int32_t width = 0;
+    std::int32_t height = 0;
+};
+
+/// A rectangle in pixels; right and bottom are exclusive.
+struct PixelRect {
+    std::int32_t left = 0;
+    std::int32_t top = 0;
+    std::int32_t right = 0;
+    std::int32_t bottom = 0;
+
+    std::int32_t width() const { return right - left; }
+    std::int32_t height() const { return bottom - top; }
+    bool operator==(const PixelRect&) const = default;
+};
 
 /// Centres a window of `size` over `around` without leaving `workArea`. The left and top edges of a
 /// window that is larger than the work area stay inside it.
@@ -16,5 +37,9 @@ PixelRect CenteredOnScreen(PixelSize screen, PixelSize image);
 /// then upwards, to `highest` at most. A place that is high enough stays as it is.
 PixelRect MakeRoom(const PixelRect& place, std::int32_t neededHeight, std::int32_t highest,
                    std::int32_t lowest);
+
+/// Centres a window over its owner, or in the work area of its monitor when it has no visible
+/// owner. It stays inside the work area (`SetWindowPos`).
+void CenterWindow(HWND__* window);
 
 }  // namespace tarn

@@ -3,7 +3,6 @@
 #include <commctrl.h>
 
 #include "base/text.h"
-#include "ui/geometry/window_dc.h"
 #include "ui/shell/shell.h"
 
 namespace tarn {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "ui/geometry/pixel_rect.h"
+#include "ui/geometry/placement.h"
 
 namespace tarn {
 

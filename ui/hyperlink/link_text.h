@@ -8,15 +8,6 @@
 
 namespace tarn {
 
-/// A pen, brush or font that the object owns.
-template <typename ObjectHandle>
-struct GdiObjectTraits {
-    using Value = ObjectHandle;
-    static Value None() { return nullptr; }
-    static void Close(Value value) { DeleteObject(value); }
-};
-using UniqueFont = UniqueResource<GdiObjectTraits<HFONT>>;
-
 /// The two fonts of a link: one for plain text, and its underlined copy.
 class LinkFonts {
   public:

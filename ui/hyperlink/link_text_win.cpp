@@ -29,18 +29,16 @@ UINT DrawFlags(const LinkFormat& format) {
 PixelSize Measure(HDC dc, std::wstring_view text, HFONT font, UINT flags, std::int32_t width) {
     if (text.empty()) return {};
     RECT area{0, 0, std::max(width, 0), 0};
-    const HGDIOBJ before = SelectObject(dc, font);
+    const GdiSelection selection(dc, font);
     DrawTextW(dc, text.data(), static_cast<int>(text.size()), &area, flags | DT_CALCRECT);
-    SelectObject(dc, before);
     return {area.right - area.left, area.bottom - area.top};
 }
 
 void Draw(HDC dc, std::wstring_view text, HFONT font, UINT flags, const PixelRect& area) {
     if (text.empty()) return;
     RECT place{area.left, area.top, area.right, area.bottom};
-    const HGDIOBJ before = SelectObject(dc, font);
+    const GdiSelection selection(dc, font);
     DrawTextW(dc, text.data(), static_cast<int>(text.size()), &place, flags);
-    SelectObject(dc, before);
 }
 
 }  // namespace

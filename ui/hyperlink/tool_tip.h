@@ -5,7 +5,7 @@
 
 #include "base/handles.h"
 #include "base/windows.h"
-#include "ui/geometry/pixel_rect.h"
+#include "ui/geometry/placement.h"
 
 namespace tarn {
 
@@ -14,15 +14,6 @@ namespace tarn {
 constexpr std::uint32_t ToolRecordSize(bool vistaOrLater) {
     return vistaOrLater ? 72 : 64;
 }
-
-/// A window, destroyed with the object. Nothing happens when its owner window has destroyed it
-/// before.
-struct WindowTraits {
-    using Value = HWND;
-    static Value None() { return nullptr; }
-    static void Close(Value value) { DestroyWindow(value); }
-};
-using UniqueWindow = UniqueResource<WindowTraits>;
 
 /// A tooltip for one part of a window, which relays its mouse messages.
 class ToolTip {

@@ -2,8 +2,7 @@
 
 #include <string>
 
-#include "ui/geometry/pixel_rect.h"
-#include "ui/splash/gdi_handles.h"
+#include "ui/geometry/placement.h"
 #include "ui/splash/gdi_plus.h"
 
 namespace tarn {

@@ -59,11 +59,11 @@ UniqueGpImage DecodeImage(const std::wstring& path) {
 
 UniqueBitmap RenderForScreen(const ImageDrawing& drawing) {
     const PixelRect source = SourceOf(drawing);
-    const UniqueScreenDc screen(GetDC(nullptr));
+    const WindowDc screen(nullptr);
     UniqueBitmap bitmap(CreateCompatibleBitmap(screen.get(), source.right - source.left,
                                                source.bottom - source.top));
     const UniqueMemoryDc context(CreateCompatibleDC(screen.get()));
-    const BitmapSelection selection(context.get(), bitmap.get());
+    const GdiSelection selection(context.get(), bitmap.get());
     Draw(drawing, source, context.get());
     return bitmap;
 }

@@ -9,7 +9,7 @@ namespace {
 
 COLORREF PixelOf(const UniqueBitmap& bitmap, int x, int y) {
     const UniqueMemoryDc context(CreateCompatibleDC(nullptr));
-    const BitmapSelection selection(context.get(), bitmap.get());
+    const GdiSelection selection(context.get(), bitmap.get());
     return GetPixel(context.get(), x, y);
 }
 

@@ -2,10 +2,30 @@
 
 #include <string>
 
-#include "ui/splash/gdi_handles.h"
-#include "ui/splash/window_thunk.h"
+#include "base/handles.h"
+#include "base/windows.h"
 
 namespace tarn {
+
+/// The target of a window's messages: a window procedure that receives the object in place of the
+/// window's handle.
+using ObjectProcedure = LRESULT(CALLBACK*)(void* object, UINT message, WPARAM wParam,
+                                           LPARAM lParam);
+
+/// A few bytes of machine code that are the window procedure of one object
+/// (docs/developer/compatibility.md). The object must outlive the window.
+class WindowThunk {
+  public:
+    /// Generates the code, once. Returns false when there is no memory for it or the process must
+    /// not generate code.
+    bool Make(void* object, ObjectProcedure target);
+
+    /// The window procedure, null before `Make`.
+    WNDPROC procedure() const { return reinterpret_cast<WNDPROC>(code_.get()); }
+
+  private:
+    UniquePages code_;
+};
 
 /// The launcher's own splash window: a borderless picture centred on the primary screen. The thread
 /// that runs its message loop creates and destroys the window; another thread may destroy the

@@ -1,5 +1,7 @@
 #include "ui/splash/splash_screen_window.h"
 
+#include <cstdint>
+#include <cstring>
 #include <utility>
 
 #include "ui/geometry/placement.h"
@@ -10,6 +12,19 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"SplashScreenWindow";
 
+// A jump, not a call: it needs no stack frame and so no unwind data, and the procedure returns
+// straight to Windows.
+#pragma pack(push, 1)
+struct ThunkCode {
+    std::uint16_t loadFirstArgument = 0xB948;  // mov rcx, object
+    void* object;
+    std::uint16_t loadTarget = 0xB848;  // mov rax, target
+    ObjectProcedure target;
+    std::uint16_t jump = 0xE0FF;  // jmp rax
+};
+#pragma pack(pop)
+static_assert(sizeof(ThunkCode) == 22);
+
 HINSTANCE ThisModule() {
     return GetModuleHandleW(nullptr);
 }
@@ -19,6 +34,23 @@ PixelSize PrimaryScreen() {
 }
 
 }  // namespace
+
+bool WindowThunk::Make(void* object, ObjectProcedure target) {
+    if (code_) return true;
+    UniquePages pages(
+        VirtualAlloc(nullptr, sizeof(ThunkCode), MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE));
+    if (!pages) return false;
+    ThunkCode code;
+    code.object = object;
+    code.target = target;
+    std::memcpy(pages.get(), &code, sizeof(code));
+    // Never writable and executable at the same time.
+    DWORD previous = 0;
+    if (!VirtualProtect(pages.get(), sizeof(code), PAGE_EXECUTE_READ, &previous)) return false;
+    FlushInstructionCache(GetCurrentProcess(), pages.get(), sizeof(code));
+    code_ = std::move(pages);
+    return true;
+}
 
 bool SplashScreenWindow::RegisterWindowClass(bool shadow) {
     // Called by the splash thread only, and a process has one splash.
@@ -118,7 +150,7 @@ void SplashScreenWindow::Paint() {
         const UniqueMemoryDc source(CreateCompatibleDC(target));
         BITMAP size{};
         GetObjectW(bitmap_.get(), sizeof(size), &size);
-        const BitmapSelection selection(source.get(), bitmap_.get());
+        const GdiSelection selection(source.get(), bitmap_.get());
         BitBlt(target, 0, 0, size.bmWidth, size.bmHeight, source.get(), 0, 0, SRCCOPY);
     }
     EndPaint(window_, &paint);

@@ -1,6 +1,8 @@
-#include "ui/geometry/center_window.h"
+#include "ui/geometry/placement.h"
 
 #include <gtest/gtest.h>
+
+#include "base/windows.h"
 
 namespace tarn {
 namespace {
@@ -27,7 +29,7 @@ class PlainWindow {
     HWND window_;
 };
 
-TEST(CenterWindowTest, GoesOverItsOwner) {
+TEST(CenterWindowTest, CentersAWindowOverItsOwner) {
     const PlainWindow owner({300, 200, 700, 500}, nullptr);
     const PlainWindow window({0, 0, 100, 100}, owner.handle());
     CenterWindow(window.handle());
@@ -37,7 +39,7 @@ TEST(CenterWindowTest, GoesOverItsOwner) {
     EXPECT_EQ(window.Place().bottom, 400);
 }
 
-TEST(CenterWindowTest, WithoutAnOwnerThatCanBeSeenItGoesIntoTheWorkArea) {
+TEST(CenterWindowTest, WithoutAVisibleOwnerCentersItInTheWorkArea) {
     RECT workArea{};
     ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &workArea, 0));
     const LONG left = workArea.left + (workArea.right - workArea.left - 100) / 2;

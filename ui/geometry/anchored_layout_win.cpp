@@ -1,20 +1,20 @@
-#include "ui/geometry/anchored_controls.h"
+#include "base/dynamic_library.h"
+#include "base/windows.h"
+#include "ui/geometry/anchored_layout.h"
 
 namespace tarn {
 namespace {
 
-Rectangle ToRectangle(const RECT& rect) {
-    return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+PixelRect PixelsOf(const RECT& rect) {
+    return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 /// Returns the scale of the window's monitor in DPI; 0 before Windows 10, where a window keeps the
 /// scale that it was created with.
 int DpiOf(HWND window) {
     using GetDpiForWindowFunction = UINT(WINAPI*)(HWND);
-    const HMODULE user32 = GetModuleHandleW(L"user32.dll");
-    if (user32 == nullptr) return 0;
-    const auto getDpi = reinterpret_cast<GetDpiForWindowFunction>(
-        reinterpret_cast<void*>(GetProcAddress(user32, "GetDpiForWindow")));
+    const auto getDpi =
+        FindFunction<GetDpiForWindowFunction>(GetModuleHandleW(L"user32.dll"), "GetDpiForWindow");
     return getDpi != nullptr ? static_cast<int>(getDpi(window)) : 0;
 }
 
@@ -23,8 +23,8 @@ int DpiOf(HWND window) {
 void AnchoredControls::Begin(HWND dialog) {
     dialog_ = dialog;
     RECT rect;
-    if (GetWindowRect(dialog, &rect)) firstWindow_ = ToRectangle(rect);
-    if (GetClientRect(dialog, &rect)) firstClient_ = ToRectangle(rect);
+    if (GetWindowRect(dialog, &rect)) firstWindow_ = PixelsOf(rect);
+    if (GetClientRect(dialog, &rect)) firstClient_ = PixelsOf(rect);
     firstDpi_ = DpiOf(dialog);
 }
 
@@ -33,19 +33,20 @@ void AnchoredControls::Add(int controlId, Anchor anchor) {
     RECT rect;
     if (window == nullptr || !GetWindowRect(window, &rect)) return;
     MapWindowPoints(nullptr, dialog_, reinterpret_cast<POINT*>(&rect), 2);
-    controls_.push_back({window, anchor, ToRectangle(rect)});
+    controls_.push_back({window, anchor, PixelsOf(rect)});
 }
 
 void AnchoredControls::LayOut() const {
     RECT client;
     if (dialog_ == nullptr || !GetClientRect(dialog_, &client)) return;
     const int dpi = DpiOf(dialog_);
-    const Rectangle first = Scaled(firstClient_, dpi, firstDpi_);
-    const Growth growth = GrowthBetween(first.width, first.height, client.right, client.bottom);
+    const PixelRect first = Scaled(firstClient_, dpi, firstDpi_);
+    const Growth growth =
+        GrowthBetween({first.width(), first.height()}, {client.right, client.bottom});
     for (const Control& control : controls_) {
-        const Rectangle place =
+        const PixelRect place =
             Anchored(Scaled(control.first, dpi, firstDpi_), control.anchor, growth);
-        SetWindowPos(control.window, nullptr, place.left, place.top, place.width, place.height,
+        SetWindowPos(control.window, nullptr, place.left, place.top, place.width(), place.height(),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     }
     // A group box surrounds other controls, which repaint the area that it uncovers.
@@ -55,8 +56,8 @@ void AnchoredControls::LayOut() const {
 void AnchoredControls::LimitSize(MINMAXINFO& limits) const {
     if (dialog_ == nullptr) return;
     const int dpi = DpiOf(dialog_);
-    limits.ptMinTrackSize.x = ScaledLength(firstWindow_.width, dpi, firstDpi_);
-    limits.ptMinTrackSize.y = ScaledLength(firstWindow_.height, dpi, firstDpi_);
+    limits.ptMinTrackSize.x = ScaledLength(firstWindow_.width(), dpi, firstDpi_);
+    limits.ptMinTrackSize.y = ScaledLength(firstWindow_.height(), dpi, firstDpi_);
 }
 
 }  // namespace tarn

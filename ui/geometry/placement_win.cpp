@@ -1,6 +1,6 @@
-#include "ui/geometry/center_window.h"
-
 #include "ui/geometry/placement.h"
+
+#include "base/windows.h"
 
 namespace tarn {
 namespace {

@@ -1,4 +1,4 @@
-#include "jvm/java_exception_dialog.h"
+#include "jvm/java_exception.h"
 
 #include <gtest/gtest.h>
 
