@@ -1,6 +1,6 @@
-// Which of its calls into the file system and the registry a launch makes, one by one: each costs
-// every start of every application, so none comes back unseen. A change that needs another one
-// puts it into the lists here; the failed test shows the calls that were made.
+// The calls of a launch into the file system and the registry, one by one. Each costs every start
+// of every application, so a change that adds one must add it to the lists here; a failed test
+// prints the calls of the launch.
 
 #include <algorithm>
 #include <iterator>
@@ -16,8 +16,7 @@ namespace {
 
 using Calls = std::vector<std::string>;
 
-// By the beginning of their names, so that a function that the launcher does not call today is
-// counted on the day that it does.
+// Prefixes, so that a function that the launcher does not call today is counted when it does.
 constexpr std::string_view kCounted[] = {
     "CopyFile",     "CreateDirectory", "CreateFile",   "DeleteFile",  "FindFirst",
     "FindNext",     "FindResource",    "GetFile",      "GetFullPath", "GetModuleFile",
@@ -32,7 +31,7 @@ bool IsCounted(const std::string& function) {
                        [&](std::string_view start) { return function.starts_with(start); });
 }
 
-/// The counted calls of a thread, equal ones in a row as one: "RegEnumKeyExW x 3".
+/// The counted calls of a thread; equal calls in a row are one entry: "RegEnumKeyExW x 3".
 Calls CallsOf(const InstalledApplication& app, unsigned role = 1) {
     Calls calls;
     int inARow = 0;
@@ -58,17 +57,17 @@ Calls operator+(Calls all, const Calls& more) {
 
 constexpr char kValue[] = "GetPrivateProfileStringW";
 
-// What the settings' reader does with a file of two sections. After the two bounds, which are not
-// there, it has the section's keys listed; the others that are there are the runtime's place, after
-// the look for the user's own file, and the main class.
+// The reader of a file with two sections. After the two bounds, which are not set, it lists the
+// keys of the section; the others that are set are the path of the runtime, read after the search
+// for the per-user file, and the main class.
 const Calls kSettings = {
     "GetModuleFileNameW",           "FindResourceW",  "GetPrivateProfileSectionNamesW",
     "GetPrivateProfileStringW x 3", "FindFirstFileW", "GetPrivateProfileStringW x 2",
 };
-// Whether the application is to run once: its section is not there.
+// "Single Instance", whose section does not exist.
 const Calls kSingleInstance = {"GetModuleFileNameW", "FindResourceW",
                                "GetPrivateProfileSectionNamesW"};
-// The configured home has its jvm.dll where the search looks last.
+// The jvm.dll of the configured home is the last one in the search order.
 const Calls kConfiguredRuntime = {"FindFirstFileW x 4"};
 const Calls kNoSplash = {"GetModuleFileNameW", kValue};
 const Calls kLibrary = {"LoadLibraryW"};
@@ -90,36 +89,36 @@ TEST_F(CallsOfALaunch, OfAnApplicationThatNamesItsRuntime) {
               kSettings + kSingleInstance + kConfiguredRuntime + kNoSplash + kLibrary + kOptions);
 }
 
-TEST_F(CallsOfALaunch, SuppressingTheSplashSavesTheLookForIt) {
+TEST_F(CallsOfALaunch, SuppressingTheSplashSavesReadingItsSettings) {
     RunHooked(L"-nosplash");
     EXPECT_EQ(CallsOf(app), kSettings + kSingleInstance + kConfiguredRuntime + kLibrary + kOptions);
 }
 
-/// How often values, and lists of keys, were asked for.
+/// The number of calls that read a value.
 int ReadCount(const InstalledApplication& app) {
-    int looks = 0;
+    int reads = 0;
     for (const HookedCall& call : ReadHookLog(HookLogFile(app))) {
-        if (call.function == kValue) ++looks;
+        if (call.function == kValue) ++reads;
     }
-    return looks;
+    return reads;
 }
 
-TEST_F(CallsOfALaunch, SectionsThatAreThereCostAFewLooksEach) {
+TEST_F(CallsOfALaunch, EachExistingSectionCostsAFewReads) {
     settings.Set(L"Product Information", L"Product Name", L"Sample");
     settings.Application(L"Failure Check", L"Yes");
     settings.Runtime(L"Virtual Machine Parameters", L"-Da=b");
     RunHooked();
-    // 2 for the name of the user's own file; 5 as in any launch; 3 into "Application": type,
-    // failure check, list; single instance; splash; class path; 3 into "Application" once more:
-    // embedded jar, output file, list; parameters.
+    // 2 for the name of the per-user file; 5 as in every launch; 3 in "Application": type, failure
+    // check, list; single instance; splash; class path; 3 more in "Application": embedded jar,
+    // output file, list; parameters.
     EXPECT_EQ(ReadCount(app), 2 + 5 + 3 + 1 + 1 + 1 + 3 + 1)
         << testing::PrintToString(CallsOf(app));
 }
 
-TEST_F(CallsOfALaunch, AnAdditiveSectionCostsLooksForItsOwnValues) {
+TEST_F(CallsOfALaunch, AnAdditiveSectionCostsOneReadForEachValue) {
     settings.Set(L"Java Runtime Environment+", L"Virtual Machine Parameters", L"-Da=b");
     RunHooked();
-    // 11 values, the 9 of them that are not in the plain section once more; splash; class path.
+    // 11 values, the 9 of them that the plain section does not contain again; splash; class path.
     EXPECT_EQ(ReadCount(app), 11 + 9 + 1 + 1) << testing::PrintToString(CallsOf(app));
 }
 
@@ -164,10 +163,10 @@ class CallsOfARegistrySearch : public RegisteredRuntimesFixture {
     }
 };
 
-TEST_F(CallsOfARegistrySearch, EachRuntimeIsLookedAtOnce) {
+TEST_F(CallsOfARegistrySearch, EachRuntimeIsReadOnce) {
     settings.Runtime(L"JVM Source", L"only_JDK");
     Add(kJdkRoot, L"17.0.1", L"jdk17");
-    // The home, and the four places of which the library lies in the last.
+    // The home, then the four candidates for the library, of which the last one exists.
     const Calls runtime = {"RegEnumKeyExW", "RegOpenKeyExW", "RegQueryValueExW x 2", "RegCloseKey",
                            "FindFirstFileW x 4"};
     // None beside the launcher (2), none below the current directory (5).
@@ -182,11 +181,11 @@ TEST_F(CallsOfARegistrySearch, EachRuntimeIsLookedAtOnce) {
     Add(kJdkRoot, L"25", L"jdk25");
     EXPECT_EQ(Run(), before + runtime + runtime + runtime + after);
 
-    // What the bounds reject is not opened.
+    // A runtime outside the bounds is not opened.
     settings.Runtime(L"Minimum Version", L"25");
-    const Calls onlyTheLast = {"RegEnumKeyExW x 3", "RegOpenKeyExW", "RegQueryValueExW x 2",
+    const Calls lastRuntime = {"RegEnumKeyExW x 3", "RegOpenKeyExW", "RegQueryValueExW x 2",
                                "RegCloseKey", "FindFirstFileW x 4"};
-    EXPECT_EQ(Run(), before + onlyTheLast + after);
+    EXPECT_EQ(Run(), before + lastRuntime + after);
 }
 
 using CallsOfASecondLaunch = SingleInstanceFixture;
@@ -195,7 +194,7 @@ TEST_F(CallsOfASecondLaunch, EndWithTheHandOff) {
     Script(kOnlyInt);
     const auto first = StartFirst();
     EXPECT_TRUE(StartHooked(app, {}, L"document.txt")->ExitCode().has_value());
-    // The section that says so is looked into as well.
+    // The section with "Single Instance" is read, too.
     const Calls calls = {"GetModuleFileNameW",
                          "FindResourceW",
                          "GetPrivateProfileSectionNamesW",

@@ -138,7 +138,7 @@ TEST(LaunchSoakTest, FiftyApplicationsStartSideBySide) {
             applications[static_cast<std::size_t>(i)]->Launch(L"of " + std::to_wstring(i)));
     }
     for (std::size_t i = 0; i < kApplications; ++i) {
-        EXPECT_TRUE(applications[i]->Log().WaitFor(kMainCall, 4 * kPatience)) << i;
+        EXPECT_TRUE(applications[i]->Log().WaitFor(kMainCall, 4 * kTimeLimit)) << i;
         EXPECT_THAT(applications[i]->Log().After(kMainCall),
                     testing::EndsWith("[\"of\", \"" + std::to_string(i) + "\"])"));
     }
@@ -146,7 +146,7 @@ TEST(LaunchSoakTest, FiftyApplicationsStartSideBySide) {
     for (const auto& process : processes) EXPECT_FALSE(process->HasEnded());
     mayEnd.Set();
     for (std::size_t i = 0; i < kApplications; ++i) {
-        EXPECT_EQ(processes[i]->ExitCode(2 * kPatience), 100 + static_cast<std::int32_t>(i));
+        EXPECT_EQ(processes[i]->ExitCode(2 * kTimeLimit), 100 + static_cast<std::int32_t>(i));
         EXPECT_THAT(applications[i]->Log().Violations(), testing::IsEmpty());
         EXPECT_EQ(applications[i]->Log().Count("JNI_CreateJavaVM("), 1u);
     }

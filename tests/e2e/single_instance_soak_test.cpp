@@ -79,7 +79,7 @@ TEST_F(SingleInstanceSoakTest, TwentyLaunchesAtOnceGiveOneJvm) {
                            return launch->HasEnded();
                        }) == kLaunches - 1;
             },
-            2 * kPatience))
+            2 * kTimeLimit))
             << "round " << round;
         EXPECT_EQ(Machines(), round);
         NamedEvent(roundMayEnd.name()).Set();

@@ -46,7 +46,7 @@ bool IsOfCLibrary(const std::string& library) {
            library == "ucrtbase.dll";
 }
 
-/// Identifies the calls of a launch, one after the other.
+/// Identifies the calls of a launch, in order.
 class Identification {
   public:
     explicit Identification(const Normalizer& normalize) : normalize_(normalize) {}

@@ -25,7 +25,7 @@ struct CallPoint {
     std::string Text() const;
 };
 
-/// A loop that polls makes the same call as often as it takes. Calls after this occurrence count as
+/// A loop that polls makes the same call any number of times. Calls after this occurrence count as
 /// one.
 inline constexpr unsigned kLaterOccurrence = 9;
 
@@ -38,7 +38,7 @@ bool CanFail(const std::string& function);
 /// Whether the function allocates memory.
 bool IsAllocation(const std::string& function);
 
-/// The call of a launch that the hook failed; none if the launch did not come that far.
+/// The call of a launch that the hook has failed; none if the launch did not reach it.
 std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
                                     const Normalizer& normalize);
 
@@ -46,7 +46,7 @@ std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
 /// and the last one of each function in each thread.
 std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls, const Normalizer& normalize);
 
-/// A sample of at most `most` of them, evenly taken from the first and the last call of each
+/// A sample of at most `most` calls, spaced evenly, with the first and the last call of each
 /// function in each thread.
 std::vector<CallPoint> SomeCalls(const std::vector<HookedCall>& calls, const Normalizer& normalize,
                                  std::size_t most);

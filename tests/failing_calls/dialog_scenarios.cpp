@@ -1,4 +1,4 @@
-// Launches that tell or ask their user something.
+// Launches that show a box or a dialog.
 
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ class JavaException : public Scenario {
     }
 };
 
-/// The dialog for a missing runtime, and Cancel.
+/// The dialog "JRE Not Found", cancelled.
 class JreCancelled : public Scenario {
   public:
     JreCancelled() {
@@ -45,7 +45,7 @@ class JreCancelled : public Scenario {
     }
 };
 
-/// The same dialog: a runtime is browsed for, confirmed and remembered.
+/// The dialog "JRE Not Found", in which a runtime is browsed for, confirmed and remembered.
 class JreBrowsed : public Scenario {
   public:
     JreBrowsed() {
@@ -62,14 +62,14 @@ class JreBrowsed : public Scenario {
         RemoveFolder(withoutAppData_);
         MakeFolders(app.AppDataFolder());
         isBrowsePressed_ = false;
-        quietLooks_ = 0;
+        quietPolls_ = 0;
         lastCalls_ = 0;
-        browserCame_ = false;
+        browserOpened_ = false;
     }
 
     void Answer(const LaunchedProcess& process, HWND window, const std::wstring& title) override {
         if (title != L"JRE Not Found") {
-            browserCame_ = true;
+            browserOpened_ = true;
             PickRuntime(process, window);
             return;
         }
@@ -86,36 +86,36 @@ class JreBrowsed : public Scenario {
     }
 
   private:
-    /// Whether the folder browser has come and gone, or will not come because a call failed that
-    /// it needs: the launcher, whose dialog is enabled, then only answers messages for some looks,
-    /// of which there is one in a second.
+    /// Whether the folder browser has been closed, or will not open because a call that it needs
+    /// has failed: the launcher, whose dialog is enabled, then only handles messages during several
+    /// polls, which are one second apart.
     bool BrowserIsOver() {
-        if (browserCame_) return true;
+        if (browserOpened_) return true;
         const auto all = Calls();
         const auto calls = std::count_if(all.begin(), all.end(), [](const HookedCall& each) {
             return each.function != "CallWindowProcW" && each.function != "DefWindowProcW" &&
                    each.function != "GetWindowLongPtrW";
         });
-        quietLooks_ = calls == lastCalls_ ? quietLooks_ + 1 : 1;
+        quietPolls_ = calls == lastCalls_ ? quietPolls_ + 1 : 1;
         lastCalls_ = calls;
-        constexpr int kMostQuietLooks = 4;
-        return quietLooks_ > kMostQuietLooks;
+        constexpr int kMostQuietPolls = 4;
+        return quietPolls_ > kMostQuietPolls;
     }
 
     void PickRuntime(const LaunchedProcess& process, HWND browser) {
-        constexpr std::chrono::seconds kPatienceHere{5};
-        if (!SelectInBrowser(process.id(), browser, app.Path(L"jre"), kPatienceHere)) return;
-        WaitUntil([&] { return IsWindowEnabled(Child(browser, kOk)) != FALSE; }, kPatienceHere);
+        constexpr std::chrono::seconds kBrowserTimeLimit{5};
+        if (!SelectInBrowser(process.id(), browser, app.Path(L"jre"), kBrowserTimeLimit)) return;
+        WaitUntil([&] { return IsWindowEnabled(Child(browser, kOk)) != FALSE; }, kBrowserTimeLimit);
         PressButton(browser, kOk);
     }
 
     const std::wstring product_ = L"TarnFaults" + std::to_wstring(GetCurrentProcessId());
-    // Where the user's file is when APPDATA is not set.
+    // The path of the per-user file when APPDATA is not set.
     const std::wstring withoutAppData_ = app.directory.substr(0, 2) + L'\\' + product_;
     bool isBrowsePressed_ = false;
-    int quietLooks_ = 0;
+    int quietPolls_ = 0;
     std::ptrdiff_t lastCalls_ = 0;
-    bool browserCame_ = false;
+    bool browserOpened_ = false;
 };
 
 }  // namespace

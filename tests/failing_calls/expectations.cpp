@@ -47,7 +47,7 @@ std::set<std::string> Expectations::OutcomesOf(const CallPoint& point) const {
 
 void WriteOutcomes(const std::wstring& file, const std::string& title,
                    const std::vector<std::pair<CallPoint, std::string>>& outcomes) {
-    // A set of calls, for two turns of a loop may count as one.
+    // A set, because two iterations of a loop may count as one call.
     using Calls = std::set<std::pair<unsigned, unsigned>>;
     std::map<std::tuple<std::string, std::string, std::string>, Calls> lines;
     for (const auto& [point, outcome] : outcomes) {

@@ -10,13 +10,14 @@
 
 namespace tarn::test {
 
-/// The recorded outcomes of a scenario's failing calls: the file of the scenario's name in
+/// The recorded outcomes of a scenario's failing calls: the file with the scenario's name in
 /// tests/failing_calls/outcomes, which the build copies beside the test program.
 class Expectations {
   public:
     explicit Expectations(const std::string& scenario);
 
-    /// The outcomes recorded for exactly this call: one, or more for the later turns of a loop.
+    /// The outcomes recorded for exactly this call: one, or several for the later iterations of a
+    /// loop.
     std::set<std::string> OutcomesOf(const CallPoint& point) const;
 
   private:

@@ -1,4 +1,4 @@
-// Two launches of one application with single instance on; one of the two has the failing calls.
+// Two launches of an application with "Single Instance" on. The calls of one of them fail.
 
 #include <gtest/gtest.h>
 
@@ -42,7 +42,7 @@ class TwoInstances : public Scenario {
     std::unique_ptr<NamedEvent> mainMayEnd_;
 };
 
-/// The calls of the first instance fail, while a second one hands over.
+/// The calls of the first instance fail while a second one hands its arguments over.
 class FirstInstance : public TwoInstances {
   protected:
     void Prepare() override {
@@ -51,22 +51,22 @@ class FirstInstance : public TwoInstances {
         DeleteFileW(SecondLog().c_str());
     }
 
-    void Look(const LaunchedProcess&) override {
+    void Poll(const LaunchedProcess&) override {
         if (second_ == nullptr) {
             if (MainCall() == "does not run") return;
-            // Hooked as well, for its log tells how long it has been waiting.
+            // Hooked as well, because its log shows how long it has waited.
             Start start = app.StartWith(L'"' + app.Executable() + L"\" x \"y z\"");
             start.library = GetPaths().importHook;
             start.environment[L"HOOK_LOG"] = SecondLog();
             second_ = std::make_unique<LaunchedProcess>(start);
         }
         const auto calls = ReadHookLog(SecondLog());
-        const auto looks = std::count_if(calls.begin(), calls.end(), [](const HookedCall& each) {
+        const auto polls = std::count_if(calls.begin(), calls.end(), [](const HookedCall& each) {
             return each.function == "PeekMessageW";
         });
-        // The answer of a first instance that gives one is there long before the tenth look.
-        const bool isAlone = app.Log().Count("JNI_CreateJavaVM(") > 1;
-        if (second_->HasEnded() || looks >= 10 || isAlone) mainMayEnd_->Set();
+        // A first instance that answers does so long before the tenth poll.
+        const bool isIndependent = app.Log().Count("JNI_CreateJavaVM(") > 1;
+        if (second_->HasEnded() || polls >= 10 || isIndependent) mainMayEnd_->Set();
     }
 
     void AddFacts(Facts& facts) override {
@@ -90,13 +90,13 @@ class SecondInstance : public TwoInstances {
         return StartHooked(app, failures, argumentText);
     }
 
-    void Look(const LaunchedProcess&) override {
-        // One that became independent runs `main` itself.
+    void Poll(const LaunchedProcess&) override {
+        // An independent launch runs `main` itself.
         if (app.Log().Count("CallStaticVoidMethod(com/example/Main.main(") > 1) mainMayEnd_->Set();
     }
 
     void AddFacts(Facts& facts) override {
-        // Its request is served even when it does not wait for the answer.
+        // Its request is served even if it does not wait for the answer.
         for (const HookedCall& each : Calls()) {
             if (each.function != "PostThreadMessageW" || each.failed) continue;
             app.Log().WaitFor("CallStaticIntMethod(");

@@ -17,7 +17,7 @@ std::string ValueOf(const Facts& facts, const std::string& name) {
 
 std::string OutcomeOf(const Facts& facts, const Facts& undisturbed) {
     std::string outcome;
-    // Without `main` there is no more to say about what it would have seen.
+    // Without `main`, the facts about its surroundings say nothing.
     const bool runs = ValueOf(facts, "main") != "does not run";
     for (const auto& [name, value] : facts) {
         const std::string usual = ValueOf(undisturbed, name);

@@ -6,14 +6,14 @@
 
 namespace tarn::test {
 
-/// What an undisturbed launch does.
+/// The facts of an undisturbed launch.
 inline constexpr char kGoesOn[] = "goes on";
 
-/// How a launch differs from an undisturbed one, in one line.
+/// The differences between a launch and an undisturbed one, in one line.
 std::string OutcomeOf(const Facts& facts, const Facts& undisturbed);
 
-/// Whether a launch may end so at all, whatever failed: as ever, by the application's own code,
-/// with 0 or -1 or by the code of an out-of-memory failure, but not by a crash, and not never.
+/// Whether an end is acceptable, whichever call has failed: the exit code of an undisturbed launch,
+/// of the application, 0, -1 or that of an out-of-memory failure, but neither a crash nor a hang.
 bool IsDecent(const Facts& facts, const Facts& undisturbed, const std::string& applicationCode);
 
 }  // namespace tarn::test

@@ -13,7 +13,7 @@ namespace tarn::test {
 
 namespace {
 
-/// A configured runtime, and a little of everything that settings can ask for.
+/// A configured runtime and one setting of each kind.
 class Typical : public Scenario {
   public:
     Typical() {
@@ -58,7 +58,7 @@ class Redirected : public Scenario {
   protected:
     void Prepare() override { RemoveFolder(app.Path(L"logs")); }
     void AddFacts(Facts& facts) override {
-        // The year is in the name, with a letter around it that no year has.
+        // The file's name contains the year after a letter, so the test can find it.
         std::string files;
         WIN32_FIND_DATAW found;
         const UniqueFindHandle search(
@@ -89,7 +89,7 @@ class Paired : public Scenario {
         for (const HookedCall& each : Calls()) {
             started |= each.function == "CreateProcessW" && !each.failed;
         }
-        // It may outlive a launcher that does not wait for it.
+        // The program may outlive a launcher that does not wait for it.
         if (started) pair_.WaitUntilStarted();
         facts.emplace_back("paired program", started ? "started" : "not started");
     }

@@ -14,7 +14,7 @@ namespace tarn::test {
 namespace {
 
 constexpr std::chrono::seconds kHang{60};
-// The control id of a message box's text.
+// The control id of the text of a message box.
 constexpr int kMessageText = 0xFFFF;
 
 std::string Join(const std::vector<std::string>& parts) {
@@ -88,7 +88,7 @@ Facts Scenario::Run(const std::wstring& failures) {
     app.WriteSettings(settings);
     Prepare();
     const auto process = Launch(failures);
-    const std::string exit = SeeThrough(*process);
+    const std::string exit = WaitForEnd(*process);
     Facts facts;
     facts.emplace_back("shows", shown_.empty() ? "nothing" : Join(shown_));
     facts.emplace_back("main", MainCall());
@@ -106,7 +106,7 @@ std::string Scenario::MainCall() const {
     std::string arguments =
         app.Log().After("CallStaticVoidMethod(com/example/Main.main([Ljava/lang/String;)V, ");
     if (arguments.empty()) return "does not run";
-    arguments.pop_back();  // the bracket that closes the call
+    arguments.pop_back();  // the bracket at the end of the call
     return "runs with " + arguments;
 }
 
@@ -119,12 +119,12 @@ std::string Scenario::FirstOptions() const {
     return options;
 }
 
-std::string Scenario::SeeThrough(const LaunchedProcess& process) {
+std::string Scenario::WaitForEnd(const LaunchedProcess& process) {
     const bool ended = WaitUntil(
         [&] {
             if (process.HasEnded()) return true;
-            LookAtWindows(process);
-            Look(process);
+            AnswerWindows(process);
+            Poll(process);
             return false;
         },
         kHang);
@@ -134,19 +134,19 @@ std::string Scenario::SeeThrough(const LaunchedProcess& process) {
     return ExitText(code);
 }
 
-void Scenario::LookAtWindows(const LaunchedProcess& process) {
+void Scenario::AnswerWindows(const LaunchedProcess& process) {
     const auto now = std::chrono::steady_clock::now();
     for (const HWND window : WindowsOf(process.id(), L"#32770")) {
         if (!IsWindowVisible(window)) continue;
         const auto before = std::find_if(answered_.begin(), answered_.end(),
                                          [&](const auto& each) { return each.first == window; });
         const bool isNew = before == answered_.end();
-        // What is still there may have missed the answer.
+        // A window that still exists may have missed the answer.
         if (!isNew && now - before->second < std::chrono::seconds(1)) continue;
         if (!isNew) answered_.erase(before);
         answered_.emplace_back(window, now);
         const std::wstring title = WindowText(window);
-        // The launcher leaves the captions of its message boxes to Windows.
+        // The launcher's message boxes have Windows' default caption.
         const HWND text = title == L"Error" ? MessageTextOf(window) : nullptr;
         if (isNew) {
             const std::wstring shown = text != nullptr ? WindowText(text) : title;

@@ -12,8 +12,8 @@
 
 namespace tarn::test {
 
-/// What can be seen of a launch from outside, each with a name that a reader understands. A launch
-/// whose facts are those of an undisturbed one went on as ever.
+/// What a launch does as seen from outside, as names and values. A launch with the facts of an
+/// undisturbed one was not affected by the failed call.
 using Facts = std::vector<std::pair<std::string, std::string>>;
 
 /// A kind of launch, which can be repeated with calls failing.
@@ -24,51 +24,51 @@ class Scenario {
     Scenario(const Scenario&) = delete;
     Scenario& operator=(const Scenario&) = delete;
 
-    /// One launch from its start to its end; `failures` is what HOOK_FAIL says.
+    /// Runs one launch to its end; `failures` is the value of HOOK_FAIL.
     Facts Run(const std::wstring& failures);
 
-    /// The calls that the launch made.
+    /// The calls of the launch.
     std::vector<HookedCall> Calls() const { return ReadHookLog(HookLogFile(app)); }
 
-    /// The text without what differs between runs: the test's folders, process and product.
+    /// Replaces what differs between runs: the test's folders, process and product.
     std::string Normalized(const std::string& text) const;
 
-    /// What the application itself ends with when it runs.
+    /// The exit code of the application itself.
     virtual std::string ApplicationCode() const { return "0"; }
 
   protected:
-    /// Lays out what a launch changes; the application's own files stay from launch to launch.
+    /// Prepares what a launch changes; the application's own files remain for all launches.
     virtual void Prepare() {}
-    /// Starts the launch and sees it through, with `StartHooked` of the application.
+    /// Starts the launch with `StartHooked`.
     virtual std::unique_ptr<LaunchedProcess> Launch(const std::wstring& failures);
-    /// Asked again and again while the launch goes on.
-    virtual void Look(const LaunchedProcess&) {}
-    /// Answers a dialog that has come, by Cancel unless a scenario knows better; message boxes are
-    /// answered and noted anyway.
+    /// Called repeatedly during the launch.
+    virtual void Poll(const LaunchedProcess&) {}
+    /// Answers a dialog when it appears, by default with Cancel. Message boxes are answered and
+    /// recorded without it.
     virtual void Answer(const LaunchedProcess&, HWND dialog, const std::wstring& title);
-    /// What else is to be seen, after the end.
+    /// Adds facts that are known after the end.
     virtual void AddFacts(Facts&) {}
 
-    /// A fact of the scripted JVM's log: whether `main` was called, and with what.
+    /// A fact of the scripted JVM's log: whether `main` was called, and with which arguments.
     std::string MainCall() const;
 
     InstalledApplication app;
     SettingsText settings;
     std::wstring argumentText;
-    /// What `Normalized` replaces, in this order.
+    /// The replacements of `Normalized`, in order.
     std::vector<std::pair<std::wstring, std::wstring>> replacements;
 
   private:
-    std::string SeeThrough(const LaunchedProcess& process);
-    /// The options of the first JVM that was made.
+    std::string WaitForEnd(const LaunchedProcess& process);
+    /// The options of the first JVM.
     std::string FirstOptions() const;
-    void LookAtWindows(const LaunchedProcess& process);
+    void AnswerWindows(const LaunchedProcess& process);
 
     std::vector<std::string> shown_;
     std::vector<std::pair<HWND, std::chrono::steady_clock::time_point>> answered_;
 };
 
-/// For `NamedScenario::most`: no sample.
+/// For `NamedScenario::most`: all calls.
 inline constexpr std::size_t kEveryCall = static_cast<std::size_t>(-1);
 
 /// A scenario of the failing-calls test.

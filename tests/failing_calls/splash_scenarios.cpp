@@ -12,7 +12,7 @@ namespace tarn::test {
 
 namespace {
 
-/// The launcher's own splash; `main` ends when the splash has come as far as it does.
+/// The launcher's own splash. `main` ends when the splash is shown or cannot be.
 class OwnSplash : public Scenario {
   public:
     OwnSplash() {
@@ -27,7 +27,7 @@ class OwnSplash : public Scenario {
         splash_ = "none";
     }
 
-    void Look(const LaunchedProcess& process) override {
+    void Poll(const LaunchedProcess& process) override {
         if (mainMayEnd_->IsSet() || MainCall() == "does not run" || !SplashIsSettled()) return;
         const std::vector<HWND> windows = WindowsOf(process.id(), kSplashClass);
         if (!windows.empty()) {
@@ -40,7 +40,7 @@ class OwnSplash : public Scenario {
     }
 
     void AddFacts(Facts& facts) override {
-        // A launch that fails takes the splash down while one looks at it.
+        // A launch that fails closes the splash at any moment.
         if (MainCall() == "does not run") return;
         facts.emplace_back("splash", splash_);
         const auto calls = Calls();
@@ -51,7 +51,7 @@ class OwnSplash : public Scenario {
     }
 
   private:
-    /// The splash thread waits for messages, or there is none.
+    /// Whether the splash thread waits for messages, or there is no splash.
     bool SplashIsSettled() const {
         unsigned threads = 0;
         bool failed = false;
@@ -60,7 +60,7 @@ class OwnSplash : public Scenario {
             if (each.function != "CreateThread") continue;
             failed |= ++threads == 1 && each.failed;
         }
-        // The splash's thread is made first, then Java's.
+        // The splash thread is created first, then the Java thread.
         return threads < 2 || failed;
     }
 

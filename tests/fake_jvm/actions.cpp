@@ -1,11 +1,11 @@
-// What the scripted application does when it is called: one step for each `PLACE = ACTION` line.
+// The actions of the scripted application: one step for each `PLACE = ACTION` line.
 
 #include <cstdlib>
 
 #include "tests/fake_jvm/call_log.h"
 #include "tests/fake_jvm/vm.h"
 
-// Last: it needs the types of windows.h.
+// Last, because it needs the types of windows.h.
 #include <tlhelp32.h>
 
 namespace fake_jvm {
@@ -113,7 +113,7 @@ jint RunActions(Environment* environment, std::string_view place) {
         } else if (verb == "wait_event") {
             WaitForSingleObject(EventNamed(rest), INFINITE);
         } else if (verb == "exit_on_event") {
-            // As a thread of the application does it that outlives main: `EVENT CODE`.
+            // On a thread of the application that outlives main: `EVENT CODE`.
             const std::size_t split = rest.find(' ');
             auto* const later = new LaterExit{EventNamed(rest.substr(0, split)),
                                               std::atoi(rest.substr(split + 1).c_str())};

@@ -9,7 +9,7 @@ namespace fake_jvm {
 
 namespace {
 
-// The arguments of a call as a list or as an array.
+// The arguments of a call, as a va_list or as an array.
 template <typename Last>
 std::vector<jvalue> Values(const Method* method, Last last) {
     return method != nullptr ? ReadArguments(method->signature, last) : std::vector<jvalue>();
@@ -40,7 +40,7 @@ std::string DescribeArguments(Environment* environment, const Method& method,
     return text;
 }
 
-// Every CallXxxMethod ends here. A constructor's receiver is made by the caller.
+// Every CallXxxMethod calls this. The caller creates the receiver of a constructor.
 jvalue CallMethod(JNIEnv* env, const char* function, Object* receiver, jmethodID id,
                   const std::vector<jvalue>& values, bool isStatic) {
     Method* const method = Resolve(id);
@@ -93,7 +93,7 @@ jobject JNICALL NewObjectE(JNIEnv* env, jclass type, jmethodID id, ...) {
     return result;
 }
 
-// The three forms of one kind of call; `member` is the jvalue's, `Result` what is returned.
+// The three forms of one kind of call; `member` is that of jvalue, `Result` the return type.
 #define FAKE_JVM_CALLS(Name, Receiver, Result, member, isStatic)                                 \
     Result JNICALL Name##V(JNIEnv* env, Receiver receiver, jmethodID id, va_list list) {         \
         return static_cast<Result>(CallMethod(env, #Name,                                        \

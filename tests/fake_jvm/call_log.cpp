@@ -24,7 +24,7 @@ std::string Escaped(unsigned unit) {
 }  // namespace
 
 bool ReadEnvironment(const wchar_t* name, std::wstring& value) {
-    // A variable cannot be longer than this.
+    // The maximum length of a variable's value.
     value.resize(32768);
     SetLastError(ERROR_SUCCESS);
     const DWORD length =

@@ -1,5 +1,5 @@
-// The table of functions that an environment points to. Those that no launcher needs end the
-// process and say so in the log.
+// The function table of an environment. Functions that the launcher does not need end the process
+// and log their name.
 
 #include "tests/fake_jvm/function_table.h"
 

@@ -4,7 +4,7 @@
 
 namespace fake_jvm {
 
-/// Each puts its functions into the table that an environment points to.
+/// Each operation sets its functions in the table of an environment.
 void AddArrayFunctions(JNINativeInterface_& table);
 void AddCallFunctions(JNINativeInterface_& table);
 void AddClassFunctions(JNINativeInterface_& table);

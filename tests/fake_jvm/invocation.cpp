@@ -1,4 +1,4 @@
-// The exports of the scripted jvm.dll (the .def files name them) and the VM's own functions.
+// The exports of the scripted jvm.dll (named in the .def files) and the functions of the VM.
 
 #include <jni.h>
 
@@ -11,7 +11,7 @@ namespace fake_jvm {
 
 namespace {
 
-// The first version of the arguments, which headers no longer have.
+// The first version of the arguments, which current headers do not declare.
 struct OldArguments {
     jint version;
     char** properties;
@@ -37,9 +37,9 @@ std::string Hex(jint value) {
     return text;
 }
 
-// How much address space the calling thread's stack has.
+// The size of the calling thread's stack in address space.
 std::size_t StackReserve() {
-    // Newer than the oldest Windows that the headers are set to.
+    // Newer than the oldest Windows that the headers are configured for.
     using GetLimits = void(WINAPI*)(ULONG_PTR*, ULONG_PTR*);
     const auto getLimits = reinterpret_cast<GetLimits>(reinterpret_cast<void*>(
         GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "GetCurrentThreadStackLimits")));
@@ -82,7 +82,7 @@ jint Attach(void** env, const char* function) {
     const jint result = Scripted(function, "attach");
     if (result != JNI_OK) return result;
     Environment* const environment = CurrentEnvironment();
-    // Ids of threads that have ended are used again; what those left pending is gone.
+    // Thread ids are reused; what an ended thread left pending is discarded.
     if (!environment->attached) environment->pending = nullptr;
     environment->attached = true;
     *env = static_cast<JNIEnv*>(environment);
@@ -171,7 +171,8 @@ jint JNICALL FakeCreateJavaVM(JavaVM** machine, void** env, void* argumentsBlock
     RunActions(CurrentEnvironment(), "on_create");
     const jint result = Script::Get().Number("create", JNI_OK);
     if (result != JNI_OK) {
-        // A real one leaves its results alone; whoever uses them all the same is to be seen.
+        // A real JVM leaves its results unchanged on failure; these values reveal a caller that
+        // uses them.
         Log("JNI_CreateJavaVM returns " + std::to_string(result));
         return result;
     }

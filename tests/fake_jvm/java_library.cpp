@@ -1,4 +1,4 @@
-// The scripted class library: the few methods that a launcher calls by name.
+// The scripted class library: the methods that a launcher calls by name.
 
 #include "tests/fake_jvm/call_log.h"
 #include "tests/fake_jvm/vm.h"
@@ -15,7 +15,7 @@ jvalue Reference(Environment* environment, Object* object) {
 
 void OpenFile(Environment* environment, Object* stream, const Object* name, bool append) {
     const std::wstring path(name->text.begin(), name->text.end());
-    // Java shares its files with everybody.
+    // Java opens its files for shared access.
     const HANDLE file = CreateFileW(
         path.c_str(), append ? FILE_APPEND_DATA : GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
         nullptr, append ? OPEN_ALWAYS : CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -90,7 +90,7 @@ jvalue Invoke(Environment* environment, Object* receiver, const Method& method,
         result = Reference(environment, NewString(FromUtf8(receiver->bytes)));
         RunActions(environment, "to_string");
     } else {
-        // The application's own: main, secondaryMain and whatever a test invents.
+        // The application's own methods: main, secondaryMain and any that a test names.
         result.i = RunActions(environment, method.name);
     }
     return result;

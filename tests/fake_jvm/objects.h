@@ -12,19 +12,19 @@ namespace fake_jvm {
 
 enum class Kind { Plain, Class, String, ObjectArray, CharArray };
 
-/// A Java object, as far as a launcher can tell. Nothing is freed unless the script says `forget`:
-/// a process is short, and a reference that is used too late is found out.
+/// A Java object as JNI shows it. Nothing is freed unless the script says `forget`: a process is
+/// short, and a reference used too late is detected.
 struct Object {
     Kind kind = Kind::Plain;
-    std::string className;          // of what it is; for a class: which one it is
-    std::u16string text;            // a string's or a char array's units; a throwable's message
+    std::string className;  // its class; for a class: the class it represents
+    std::u16string text;    // the units of a string or a char array; the message of a throwable
     std::vector<Object*> elements;  // of an array
-    Object* stream = nullptr;       // what a PrintStream writes to
-    HANDLE file = nullptr;          // a FileOutputStream's
-    std::string bytes;              // a ByteArrayOutputStream's
+    Object* stream = nullptr;       // the OutputStream of a PrintStream
+    HANDLE file = nullptr;          // of a FileOutputStream
+    std::string bytes;              // of a ByteArrayOutputStream
 };
 
-/// A method of a class: what a jmethodID points to.
+/// A method of a class: the target of a jmethodID.
 struct Method {
     Object* owner = nullptr;
     std::string name;
@@ -32,13 +32,13 @@ struct Method {
     bool isStatic = false;
 };
 
-/// One thread's view of the VM: what a JNIEnv* points to.
+/// The state of the VM for one thread: the target of a JNIEnv*.
 struct Environment : JNIEnv_ {
     DWORD thread = 0;
     bool attached = false;
     Object* pending = nullptr;
     int localReferences = 0;
-    // All that were made, when they are to be forgotten.
+    // All references of the thread, if they are to be forgotten.
     std::vector<jobject> references;
     std::vector<Object*> thrown;
 };
@@ -49,20 +49,20 @@ Object* NewThrowable(std::string className, std::string message);
 Object* ClassNamed(std::string_view name);
 Method* MethodOf(Object* owner, std::string_view name, std::string_view signature, bool isStatic);
 
-/// A new local reference of the thread to the object; null for null.
+/// Creates a local reference of the thread to the object; null for null.
 jobject Refer(Environment* environment, Object* object);
 
-/// The object behind a reference; null for null. A reference that was deleted, is another
-/// thread's or is none at all is logged as a violation.
+/// The object of a reference; null for null. A reference that is deleted, invalid or another
+/// thread's is logged as a violation.
 Object* Resolve(Environment* environment, jobject reference);
 
-/// Ends the reference; doing so twice is a violation.
+/// Deletes the reference; deleting it twice is a violation.
 void EndReference(Environment* environment, jobject reference);
 
-/// Frees the thread's references and what they led to, classes aside.
+/// Frees the thread's references and their objects, except classes.
 void ForgetReferences(Environment* environment);
 
-/// The method behind an id; anything else is a violation and gives null.
+/// The method of an id; anything else is a violation and returns null.
 Method* Resolve(jmethodID id);
 
 /// The object for the log: `null`, `"text"`, `class java/lang/String`, `["a", "b"]`,

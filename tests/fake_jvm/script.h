@@ -6,10 +6,10 @@
 
 namespace fake_jvm {
 
-/// What a scripted function does this time.
+/// The behaviour of a scripted function for one call.
 enum class Outcome { Normal, Fail, Throw };
 
-/// The file that FAKE_JVM_SCRIPT names (UTF-8); tests/README.md tells its language. Read once.
+/// The file that FAKE_JVM_SCRIPT names (UTF-8; see tests/README.md for its language). Read once.
 class Script {
   public:
     static Script& Get();
@@ -22,10 +22,10 @@ class Script {
     /// The values of all `name = value` lines, in order.
     std::vector<std::string> Values(std::string_view name) const;
 
-    /// Whether there is a line of exactly these words.
+    /// Whether the script contains exactly this line.
     bool HasLine(std::string_view line) const;
 
-    /// Counts this call of the function and says what it is to do.
+    /// Counts this call of the function and returns its behaviour.
     Outcome NextCall(std::string_view function);
 
   private:
@@ -44,7 +44,7 @@ class Script {
     std::vector<Counter> counters_;
 };
 
-/// The text with `\n`, `\r`, `\t` and `\\` replaced by what they stand for.
+/// Replaces `\n`, `\r`, `\t` and `\\` by the characters that they denote.
 std::string Unescape(std::string_view text);
 
 }  // namespace fake_jvm

@@ -50,7 +50,7 @@ void JNICALL ReleaseStringChars(JNIEnv* env, jstring string, const jchar*) {
                     Describe(Resolve(static_cast<Environment*>(env), string)), kWithPending);
 }
 
-// Zero becomes two bytes, and each half of a surrogate pair three of its own.
+// Zero becomes two bytes, and each half of a surrogate pair three bytes.
 std::string ModifiedUtf8(const std::u16string& text) {
     std::string bytes;
     const auto put = [&bytes](unsigned byte) { bytes += static_cast<char>(byte); };
@@ -85,7 +85,7 @@ const char* JNICALL GetStringUTFChars(JNIEnv* env, jstring string, jboolean* isC
 void JNICALL ReleaseStringUTFChars(JNIEnv* env, jstring string, const char* characters) {
     const Call call(env, "ReleaseStringUTFChars",
                     Describe(Resolve(static_cast<Environment*>(env), string)), kWithPending);
-    // Overwritten first: who reads them afterwards reads nonsense.
+    // Overwritten first, so that a use after the release is noticed.
     if (characters == nullptr) return;
     std::memset(const_cast<char*>(characters), '~', std::strlen(characters));
     std::free(const_cast<char*>(characters));

@@ -11,12 +11,12 @@
 
 namespace fake_jvm {
 
-/// What there is once in the process: the VM, the hooks that it was given, the standard streams.
+/// The state of the process: the VM, its hooks, the standard streams.
 struct VirtualMachine {
     JavaVM_ interface {};
     void(JNICALL* exitHook)(jint) = nullptr;
     void(JNICALL* abortHook)() = nullptr;
-    Object* standardOutput = nullptr;  // null: the process's own
+    Object* standardOutput = nullptr;  // null: that of the process
     Object* standardError = nullptr;
 
     static VirtualMachine& Get();
@@ -25,10 +25,10 @@ struct VirtualMachine {
 /// Guards everything; let go of while the application "runs".
 std::recursive_mutex& Lock();
 
-/// The calling thread's environment; made on first use.
+/// The calling thread's environment, created on first use.
 Environment* CurrentEnvironment();
 
-/// One call of an interface function: checks the rules, asks the script, writes the log line.
+/// One call of a JNI function: checks the rules, consults the script, writes the log line.
 class Call {
   public:
     enum class Pending { Forbidden, Allowed };
@@ -36,11 +36,11 @@ class Call {
     Call(JNIEnv* env, const char* function, std::string_view arguments,
          Pending pending = Pending::Forbidden);
 
-    /// Whether the script wants this call to fail (its exception is pending by then).
+    /// Whether the script makes this call fail. Its exception is then pending.
     bool Fails() const { return outcome_ != Outcome::Normal; }
     Environment* environment() const { return environment_; }
 
-    /// Lets the other threads in while the application's code runs.
+    /// Releases the lock while the application's code runs.
     void Unlock() { guard_.unlock(); }
 
   private:
@@ -49,24 +49,24 @@ class Call {
     Outcome outcome_ = Outcome::Normal;
 };
 
-/// Makes a throwable and leaves it pending.
+/// Creates a throwable and makes it pending.
 void Throw(Environment* environment, std::string_view className, std::string_view message);
 
-/// What the scripted application does at one of its places: the lines `PLACE = ACTION`, in order.
-/// The value of the last `return N`.
+/// Performs the actions of one place of the scripted application: the lines `PLACE = ACTION`, in
+/// order. Returns the value of the last `return N`.
 jint RunActions(Environment* environment, std::string_view place);
 
-/// The end of the process as System.exit does it: the exit hook, then the exit.
+/// Ends the process as System.exit does: calls the exit hook, then exits.
 [[noreturn]] void ExitProcessLikeJava(jint code);
 
 /// Writes to System.out or System.err.
 void Print(bool toError, std::string_view bytes);
 
-/// Runs the method as the scripted class library and application have it.
+/// Runs a method of the scripted class library or application.
 jvalue Invoke(Environment* environment, Object* receiver, const Method& method,
               const std::vector<jvalue>& arguments);
 
-/// The table of functions of every environment, and that of the VM.
+/// The function table of every environment, and that of the VM.
 const JNINativeInterface_* Functions();
 const JNIInvokeInterface_* InvocationFunctions();
 

@@ -1,5 +1,5 @@
-// The scripted splashscreen.dll: logs its calls beside those of the scripted jvm.dll. Like a real
-// runtime's it needs java.dll, which lies beside it.
+// The scripted splashscreen.dll, which logs its calls to the log of the scripted jvm.dll. Like a
+// real one it needs java.dll in the same folder.
 
 #include "base/windows.h"
 #include "tests/fake_jvm/call_log.h"

@@ -34,7 +34,7 @@ std::string Line(const HookedFunction& function, unsigned role, unsigned number,
 }  // namespace
 
 void ReadFailurePlan() {
-    std::wstring value(32768, L'\0');  // the longest value that a variable can have
+    std::wstring value(32768, L'\0');  // the maximum length of a variable's value
     value.resize(GetEnvironmentVariableW(L"HOOK_FAIL", value.data(), 32768));
     plan.Read(Utf8(value));
 }

@@ -18,7 +18,7 @@ struct CallTime {
 };
 
 std::wstring file;
-// More than any launch makes; what comes later is not kept.
+// More than any launch makes; later calls are not recorded.
 std::array<CallTime, 4096> times;
 std::atomic<std::size_t> count{0};
 
@@ -29,7 +29,7 @@ bool IsAboutMemory(const std::string& name) {
 }  // namespace
 
 void OpenCallTimes() {
-    wchar_t path[32768] = L"";  // the longest value that a variable can have
+    wchar_t path[32768] = L"";  // the maximum length of a variable's value
     GetEnvironmentVariableW(L"HOOK_TIMES", path, 32768);
     file = path;
 }

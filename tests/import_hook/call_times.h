@@ -4,12 +4,13 @@
 
 namespace import_hook {
 
-/// When HOOK_TIMES names a file: has the time of every logged call noted, memory's aside. Kept in
-/// memory until the end of the process, for writing would take longer than what is measured.
+/// If HOOK_TIMES names a file, records the time of every logged call except those of memory
+/// functions. The times stay in memory until the end of the process, because writing takes longer
+/// than the calls.
 void OpenCallTimes();
 void NoteCallTime(const HookedFunction& function, unsigned role);
 
-/// Writes them, a line each: `ROLE FUNCTION NANOSECONDS` of the performance counter.
+/// Writes a line for each call: `ROLE FUNCTION NANOSECONDS` of the performance counter.
 void WriteCallTimes();
 
 }  // namespace import_hook

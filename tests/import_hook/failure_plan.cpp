@@ -7,7 +7,7 @@ namespace import_hook {
 
 namespace {
 
-/// Removes the text up to the mark from the front and returns it.
+/// Removes the text before the mark, and the mark, and returns the text.
 std::string TakeUpTo(std::string_view& text, char mark) {
     const std::size_t end = text.find(mark);
     const std::string taken(text.substr(0, end));

@@ -29,7 +29,7 @@ class FailurePlan {
 
     void Read(std::string_view text);
 
-    /// The failure of this call; null if it succeeds. To be asked once for each call.
+    /// The failure of this call; null if it succeeds. Called once for each call.
     const Failure* Find(std::string_view name, unsigned role, unsigned number,
                         std::string_view subject);
 

@@ -12,7 +12,7 @@ constexpr std::string_view kMinusOne[] = {
     "GetMessageW", "SetFilePointer",  "TlsAlloc",       "WaitForSingleObject",
 };
 
-// Registry calls, and the shell's own numbers up to 32.
+// Functions of the registry, and the shell's own error numbers up to 32.
 constexpr std::string_view kError[] = {
     "RegCloseKey", "RegEnumKeyExW", "RegOpenKeyExW", "RegQueryValueExW", "ShellExecuteW",
 };

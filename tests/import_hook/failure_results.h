@@ -5,8 +5,8 @@
 
 namespace import_hook {
 
-/// What the function gives when it fails with that last error: null or FALSE, -1,
-/// `INVALID_HANDLE_VALUE`, or the error itself, as that function reports failures.
+/// The return value of the function for a failure with that last error: null or FALSE, -1,
+/// `INVALID_HANDLE_VALUE`, or the error itself.
 std::uint64_t FailureResult(std::string_view name, std::uint32_t error);
 
 }  // namespace import_hook

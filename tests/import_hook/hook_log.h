@@ -4,8 +4,8 @@
 
 namespace import_hook {
 
-/// Adds a line to the file that HOOK_LOG names. Lines of several threads do not mix, and what was
-/// logged before the process ended is there, however it ended.
+/// Appends a line to the file that HOOK_LOG names. Lines of several threads do not mix, and a line
+/// is in the file however the process ends.
 void OpenHookLog();
 void LogLine(const std::string& line);
 

@@ -7,15 +7,15 @@
 
 namespace import_hook {
 
-/// Threads are counted apart, so that the n-th call is the same one in every run: 1 is the entry
-/// thread, the others are numbered in the order in which the program made them.
+/// Threads are counted separately, so that the n-th call is the same one in every run: 1 is the
+/// entry thread, the others are numbered in the order of their creation.
 inline constexpr unsigned kMostRoles = 16;
 
-/// A function that the program imports or looked up by name.
+/// A function that the program imports or looks up by name.
 struct HookedFunction {
-    std::string library;  ///< as the import table or the file names it
+    std::string library;  ///< the name in the import table, or the file name
     std::string name;
-    void* target = nullptr;  ///< the function itself, or what stands in for it
+    void* target = nullptr;  ///< the function, or its replacement
     std::array<std::atomic<unsigned>, kMostRoles> calls{};
 
     bool isLogged = true;

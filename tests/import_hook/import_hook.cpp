@@ -1,5 +1,5 @@
-// Put into a program before its first instruction, this puts itself between the program and
-// everything that it imports, or looks up in the system's libraries while it runs.
+// Loaded before a program's first instruction, this library redirects everything that the program
+// imports, or looks up in the system's libraries while it runs.
 
 #include <cstring>
 #include <deque>
@@ -18,7 +18,7 @@ namespace import_hook {
 
 namespace {
 
-// Never removed from: stubs hold addresses of what is in it.
+// Nothing is removed, because stubs refer to the elements.
 std::mutex mutex;
 std::deque<HookedFunction> functions;
 
@@ -42,7 +42,7 @@ void* StubFor(std::string_view library, const std::string& name, void* target) {
     return stub != nullptr ? stub : target;
 }
 
-/// The file name of a library in the system's folder; empty for any other, such as a Java runtime.
+/// The file name of a library in the system folder; empty for any other, such as a Java runtime's.
 std::string SystemLibraryName(HMODULE library) {
     char system[MAX_PATH] = "";
     const std::size_t length = GetSystemDirectoryA(system, MAX_PATH);

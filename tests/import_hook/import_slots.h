@@ -6,21 +6,21 @@
 
 namespace import_hook {
 
-/// One place of the program's import table.
+/// A slot of the program's import table.
 struct ImportSlot {
     const char* library;
-    const char* name;  ///< null: imported by number
+    const char* name;  ///< null: imported by ordinal
     unsigned number;
     void** place;
 };
 
-/// The places of this process's program, the launcher itself; no other module is looked at.
+/// The slots of this process's executable. Other modules are ignored.
 std::vector<ImportSlot> ImportSlots();
 
-/// Writes to a place, which is otherwise read-only.
+/// Writes to a slot, which is read-only otherwise.
 void Redirect(void** place, void* target);
 
-/// Whether there is code at the address. Some imports are variables.
+/// Whether the address contains code. Some imports are variables.
 bool IsCode(const void* address);
 
 }  // namespace import_hook

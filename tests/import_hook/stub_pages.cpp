@@ -5,9 +5,9 @@
 
 #include "base/windows.h"
 
-// Reached by a jump from a stub, with the function's record in r11, the decision in r10 and the
-// stack as at a call. Stores the register arguments in the home space that the caller provides, so
-// that all arguments lie in one array, calls the decision, and jumps to the function or returns.
+// Entered by a jump from a stub, with the function's record in r11, the decision in r10 and the
+// stack of a call. Stores the register arguments in the caller's home space, so that all arguments
+// are one array, calls the decision, and jumps to the function or returns.
 extern "C" void ImportHookCommon();
 asm(R"(
     .text

@@ -10,8 +10,8 @@ namespace import_hook {
 using Decision = void* (*)(HookedFunction* function, const std::uint64_t* arguments,
                            std::uint64_t* result);
 
-/// Creates code that stands for the function: it calls `decision`, then runs the function with its
-/// arguments unchanged, whatever their number and types. Null without memory.
+/// Generates code that replaces the function: it calls `decision`, then runs the function with its
+/// arguments unchanged, whatever their number and types. Returns null without memory.
 void* MakeStub(HookedFunction* function, Decision decision);
 
 }  // namespace import_hook

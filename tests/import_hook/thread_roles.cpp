@@ -41,7 +41,7 @@ HANDLE WINAPI CreateThreadWithRole(SECURITY_ATTRIBUTES* security, SIZE_T stackSi
                                    LPTHREAD_START_ROUTINE start, void* parameter, DWORD flags,
                                    DWORD* threadId) {
     unsigned role = ++lastRole;
-    // Workers that come and go share the last number.
+    // Short-lived workers share the last number.
     if (role >= kMostRoles) role = kMostRoles - 1;
     auto* const made = new NewThread{start, parameter, role};
     const HANDLE thread = CreateThread(security, stackSize, Begin, made, flags, threadId);

@@ -4,13 +4,13 @@
 
 namespace import_hook {
 
-/// To be called once, before any thread of the program runs.
+/// Called once, before the program creates a thread.
 void PrepareThreadRoles();
 
-/// The number of the calling thread; 1 is that of threads which the program did not make.
+/// The number of the calling thread; 1 for threads that the program has not created.
 unsigned ThreadRole();
 
-/// Stands for CreateThread: the same, and numbers the new thread.
+/// Replaces CreateThread: calls it and numbers the new thread.
 HANDLE WINAPI CreateThreadWithRole(SECURITY_ATTRIBUTES* security, SIZE_T stackSize,
                                    LPTHREAD_START_ROUTINE start, void* parameter, DWORD flags,
                                    DWORD* threadId);

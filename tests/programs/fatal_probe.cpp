@@ -1,4 +1,4 @@
-// Does what the launcher never recovers from; the first letter of its argument says what.
+// Causes a failure that ends the launcher; the first letter of the argument selects it.
 
 #include <memory>
 #include <string>
@@ -7,7 +7,7 @@
 #include "base/windows.h"
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR argument, int) {
-    // More than any address space, and nothing that the compiler can foresee.
+    // More than any address space, and not known to the compiler.
     const volatile std::size_t huge = static_cast<std::size_t>(1) << 48U;
     std::wstring text = L"text";
     std::vector<wchar_t> units(4);
@@ -17,7 +17,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR argument, int) {
             break;  // an allocation that fails
         case L'l':
             text.resize(static_cast<std::size_t>(-8));
-            break;  // a length that cannot be
+            break;  // an impossible length
         case L'n':
             return *std::make_unique<char[]>(huge).get();
         case L'i':

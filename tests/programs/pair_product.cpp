@@ -1,4 +1,4 @@
-// Stands for a paired 32-bit launcher: notes how it was started, and ends with a code on demand.
+// Plays a paired 32-bit launcher: records how it was started, and ends with a given code.
 
 #include <cstdlib>
 #include <string>
@@ -28,7 +28,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
                                Variable(L"PAIR_PROBE") + L'\n' + std::to_wstring(startup.dwFlags) +
                                L'\n' + std::to_wstring(GetErrorMode()) + L'\n';
     const std::wstring eventName = Variable(L"PAIR_WAIT");
-    // Held before anybody reads the notes: the test may set the event and let go of it then.
+    // Opened before the report exists: the test may set and close the event as soon as it does.
     const HANDLE event =
         eventName.empty() ? nullptr : CreateEventW(nullptr, TRUE, FALSE, eventName.c_str());
     const HANDLE file = CreateFileW(Variable(L"PAIR_LOG").c_str(), GENERIC_WRITE, FILE_SHARE_READ,

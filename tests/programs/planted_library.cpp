@@ -1,5 +1,5 @@
-// Stands for a library that is planted beside the launcher under a system library's name: it
-// notes that it was loaded, and from where.
+// Plays a library that is planted beside the launcher under the name of a system library: records
+// that it was loaded, and from which path.
 
 #include <string>
 
@@ -7,7 +7,7 @@
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE self, DWORD reason, void*) {
     if (reason != DLL_PROCESS_ATTACH) return TRUE;
-    // Paths below the tests' own folders are shorter than this.
+    // The paths of the tests' folders are shorter.
     wchar_t path[1024] = L"";
     wchar_t log[1024] = L"";
     GetModuleFileNameW(self, path, 1024);

@@ -51,7 +51,7 @@ void AppendText(Bytes& bytes, const std::wstring& text) {
     bytes.insert(bytes.end(), characters, characters + (text.size() + 1) * sizeof(wchar_t));
 }
 
-/// Walks an extended dialog template.
+/// Iterates over an extended dialog template.
 class Template {
   public:
     explicit Template(const Bytes& bytes) : bytes_(bytes) {}
@@ -64,7 +64,7 @@ class Template {
     std::uint32_t Double(std::size_t at) const {
         return Word(at) | static_cast<std::uint32_t>(Word(at + 2)) << 16;
     }
-    /// Behind a name that is a number, a text or nothing.
+    /// The offset after a name, which is a number, a text or empty.
     std::size_t AfterName(std::size_t at) const {
         if (Word(at) == 0xFFFF) return at + 4;
         while (at < bytes_.size() && Word(at) != 0) at += 2;
@@ -72,9 +72,9 @@ class Template {
     }
     static std::size_t Aligned(std::size_t at) { return (at + 3) & ~std::size_t{3}; }
 
-    /// Where the window class stands: behind the fixed part and the menu.
+    /// The offset of the window class, after the fixed part and the menu.
     std::size_t WindowClass() const { return AfterName(26); }
-    /// Where the first control begins: behind class, title and font.
+    /// The offset of the first control, after class, title and font.
     std::size_t FirstControl() const {
         return Aligned(AfterName(AfterName(AfterName(WindowClass())) + 6));
     }
@@ -87,7 +87,7 @@ class Template {
 }  // namespace
 
 bool ReplaceMessageText(const std::wstring& program, unsigned id, const std::wstring& text) {
-    // Sixteen texts make a resource, each behind its length.
+    // A resource contains sixteen texts, each after its length.
     const unsigned block = id / 16 + 1;
     const Bytes bytes = ReadResource(program, RT_STRING, block);
     Bytes edited;

@@ -11,7 +11,7 @@ namespace tarn::test {
 namespace {
 
 constexpr wchar_t kDialogClass[] = L"#32770";
-// The control ids of a message box's text, and of the dialog's.
+// The control ids of the text of a message box and of the dialog.
 constexpr int kMessageText = 0xFFFF;
 constexpr int kAskText = 203;
 

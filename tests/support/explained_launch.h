@@ -9,36 +9,36 @@
 
 namespace tarn::test {
 
-/// Where the explanation's own runtime library logs, apart from the launch's.
+/// The log file of the runtime library that `tarn explain` loads, separate from that of the launch.
 std::wstring ExplanationLog(const InstalledApplication& app);
 
-/// What `tarn explain --json` says of a launch with these arguments, in the same directory and
-/// environment. A failure fails the test, and gives nothing.
+/// Returns the output of `tarn explain --json` for a launch with these arguments, in the same
+/// directory and environment. A failure fails the test and returns null.
 std::optional<nlohmann::json> ExplainLaunch(const InstalledApplication& app,
                                             const std::wstring& argumentText);
 
-/// What the user of a launch saw, and how it ended.
+/// What the user of a launch sees, and how it ends.
 struct ObservedLaunch {
-    /// The texts of its message boxes and of the dialog that asks for a runtime, in order.
+    /// The texts of its message boxes and of the dialog "JRE Not Found", in order.
     std::vector<std::string> messages;
     bool askedForRuntime = false;
     std::optional<std::int32_t> exitCode;
 };
 
-/// Closes each box of a running launch as it comes, cancels the dialog, and calls `look` again and
-/// again until the launch has ended.
-template <typename Look>
-ObservedLaunch ObserveLaunch(const LaunchedProcess& process, Look look);
+/// Closes each box of a running launch when it appears, cancels the dialog, and calls `check`
+/// repeatedly until the launch has ended.
+template <typename Check>
+ObservedLaunch ObserveLaunch(const LaunchedProcess& process, Check check);
 
-/// One look for a box: closes it and notes its text. For `ObserveLaunch`.
+/// Checks once for a box, closes it and records its text. For `ObserveLaunch`.
 void CloseBoxes(const LaunchedProcess& process, ObservedLaunch& observed);
 
-template <typename Look>
-ObservedLaunch ObserveLaunch(const LaunchedProcess& process, Look look) {
+template <typename Check>
+ObservedLaunch ObserveLaunch(const LaunchedProcess& process, Check check) {
     ObservedLaunch observed;
     WaitUntil([&] {
         CloseBoxes(process, observed);
-        look();
+        check();
         return process.HasEnded();
     });
     observed.exitCode = process.ExitCode(std::chrono::milliseconds(0));

@@ -12,16 +12,16 @@
 
 namespace tarn::test {
 
-/// A test on the scripted jvm.dll: an installed application with a runtime `jre` and standard
-/// settings. Afterwards no rule of Java's native interface may have been broken.
+/// A test with the scripted jvm.dll: an installed application with a runtime `jre` and default
+/// settings. The destructor fails the test if the launcher has violated a rule of JNI.
 class FakeJvmFixture : public testing::Test {
   protected:
     FakeJvmFixture() : settings(app.StandardSettings()) { app.AddRuntime(); }
 
     void TearDown() override { EXPECT_THAT(app.Log().Violations(), testing::IsEmpty()); }
 
-    /// Writes `settings`, starts the application and waits for its end; its exit code, or
-    /// `kNoExitCode` when it goes on for too long (which fails the test).
+    /// Writes `settings`, starts the application and waits for its end. Returns its exit code, or
+    /// `kNoExitCode` after the time limit (which fails the test).
     std::int32_t Run(std::wstring_view argumentText = {}) {
         return Start(argumentText)->ExitCode().value_or(kNoExitCode);
     }
@@ -36,13 +36,13 @@ class FakeJvmFixture : public testing::Test {
     std::string MainArguments() const {
         std::string line =
             app.Log().After("CallStaticVoidMethod(com/example/Main.main([Ljava/lang/String;)V, ");
-        // The bracket that closes the call.
+        // The bracket at the end of the call.
         if (!line.empty()) line.pop_back();
         return line;
     }
 
-    /// Starts the application, which must show an error box of this text, presses its button and
-    /// waits for the end; the exit code.
+    /// Starts the application, expects an error box with this text, presses its button and waits
+    /// for the end. Returns the exit code.
     std::int32_t RunWithErrorBox(std::wstring_view text) {
         const auto process = Start();
         EXPECT_EQ(ToUtf8(TakeErrorBox(*process)), ToUtf8(text));

@@ -10,7 +10,7 @@ namespace tarn::test {
 
 std::vector<FakeJvmLog::Line> FakeJvmLog::Lines() const {
     std::string bytes = ReadFileBytes(file_);
-    // What has no end yet is still being written.
+    // A line without an end is still being written.
     bytes.resize(bytes.rfind('\n') == std::string::npos ? 0 : bytes.rfind('\n') + 1);
     std::vector<Line> lines;
     for (const std::string& each : SplitLines(bytes)) {
@@ -46,8 +46,8 @@ std::string FakeJvmLog::After(std::string_view start) const {
     return {};
 }
 
-bool FakeJvmLog::WaitFor(std::string_view start, std::chrono::milliseconds patience) const {
-    if (WaitUntil([&] { return Count(start) != 0; }, patience)) return true;
+bool FakeJvmLog::WaitFor(std::string_view start, std::chrono::milliseconds timeLimit) const {
+    if (WaitUntil([&] { return Count(start) != 0; }, timeLimit)) return true;
     std::string all;
     for (const std::string& each : Texts()) all += each + '\n';
     ADD_FAILURE() << "no line begins with " << start << " in the log:\n" << all;

@@ -8,7 +8,7 @@
 
 namespace tarn::test {
 
-/// The log that the scripted jvm.dll writes; read anew with every question.
+/// The log that the scripted jvm.dll writes. Every operation reads the file again.
 class FakeJvmLog {
   public:
     struct Line {
@@ -21,15 +21,15 @@ class FakeJvmLog {
     std::vector<Line> Lines() const;
     std::vector<std::string> Texts() const;
 
-    /// Whether there is a line of exactly this text.
+    /// Whether the log contains exactly this line.
     bool Has(std::string_view text) const;
-    /// How many lines begin with this text.
+    /// The number of lines that begin with this text.
     std::size_t Count(std::string_view start) const;
-    /// The first line that begins with this text, without that text; empty when there is none.
+    /// The rest of the first line that begins with this text; empty when there is none.
     std::string After(std::string_view start) const;
 
-    /// Waits until a line begins with this text, and fails the test when none comes.
-    bool WaitFor(std::string_view start, std::chrono::milliseconds patience = kPatience) const;
+    /// Waits for a line that begins with this text; fails the test when none appears.
+    bool WaitFor(std::string_view start, std::chrono::milliseconds timeLimit = kTimeLimit) const;
 
     /// The options that JNI_CreateJavaVM got, as the log shows them (quoted and escaped), without
     /// the closing "abort" and "exit".
@@ -39,7 +39,7 @@ class FakeJvmLog {
     /// only look whether an exception is pending: when to look is the caller's choice.
     std::vector<std::string> Calls() const;
 
-    /// The broken rules.
+    /// The violations of JNI's rules.
     std::vector<std::string> Violations() const;
 
   private:

@@ -35,7 +35,7 @@ std::string GeneratedLaunch::Description() const {
            notes_;
 }
 
-// Not the library's distributions: those draw something else on every platform.
+// Not the distributions of the library, whose results differ between platforms.
 unsigned GeneratedLaunch::Draw(unsigned limit) {
     return static_cast<unsigned>(random_() % limit);
 }
@@ -48,7 +48,7 @@ void GeneratedLaunch::PutInFile(std::wstring_view section, std::wstring_view key
 
 void GeneratedLaunch::Put(std::wstring_view section, std::wstring_view key,
                           const std::wstring& value) {
-    // Windows takes the quotes off a value that is all in quotes, which may leave nothing of it.
+    // Windows removes the quotes around a value, which may leave an empty text.
     if (value.empty() || value.front() == L'"') return;
     const std::wstring additive = std::wstring(section) + L'+';
     const auto note = [&](const char* layer) {
@@ -193,7 +193,7 @@ void GeneratedLaunch::DrawInstance() {
     if (!Chance(20)) return;
     PutApplication(L"Single Instance", OneOf({L"yes", L"yes", L"yes", L"Yes"}));
     if (!Chance(60)) return;
-    // This process plays the first instance; from here on this thread has a queue.
+    // This process plays the first instance; the call creates this thread's message queue.
     MSG message;
     PeekMessageW(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
     block_.emplace(InstanceBlock::Create(app.Executable()));

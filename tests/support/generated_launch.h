@@ -17,31 +17,31 @@
 
 namespace tarn::test {
 
-/// An application whose settings, in all their layers, runtimes and surroundings are drawn at
-/// random; the same seed draws the same ones. Most launches start, and every way to fail comes up.
+/// An application with random settings in all layers, random runtimes and a random environment;
+/// equal seeds give equal applications. Most launches start, and every kind of failure occurs.
 class GeneratedLaunch {
   public:
     explicit GeneratedLaunch(std::uint32_t seed);
 
     InstalledApplication app;
     std::wstring argumentText;
-    /// Set by `main`, which then waits for the other one and ends the process with `kMainCode`.
+    /// Set by `main`, which then waits for the other event and ends the process with `kMainCode`.
     NamedEvent mainRuns;
     NamedEvent mainMayEnd;
     static constexpr std::int32_t kMainCode = 7;
 
-    /// What a paired program would end with.
+    /// The exit code of the paired program.
     static constexpr std::int32_t kPairCode = 5;
     bool PairedProgramWasStarted() const;
 
-    /// The answer that this process, playing the first instance, has for a second one.
+    /// The answer of this process, which plays the first instance, to a second one.
     static constexpr UINT kHandOff = WM_APP + 0x123;
     static constexpr std::int32_t kAnswer = 4242;
 
-    /// The layer that each setting was put into, by section and key.
+    /// The layer of each setting, by section and key.
     std::map<std::pair<std::wstring, std::wstring>, std::string> layers;
 
-    /// All of it, for the report of a failure.
+    /// A description of everything generated, for the message of a failure.
     std::string Description() const;
 
   private:

@@ -1,4 +1,4 @@
-// The runtimes of a generated launch: what is installed, and what the settings say about them.
+// The runtimes of a generated launch: which are installed, and what the settings say about them.
 
 #include "tests/support/generated_launch.h"
 #include "tests/support/jvm_files.h"
@@ -8,7 +8,7 @@
 
 namespace tarn::test {
 
-/// Puts some jvm.dll somewhere into the home.
+/// Copies a random jvm.dll into the home.
 std::wstring GeneratedLaunch::AddHome(const std::wstring& home) {
     const std::wstring place = OneOf({L"server", L"server", L"server", L"server", L"client",
                                       L"classic", L"hotspot", L"jrockit"});
@@ -41,7 +41,7 @@ void GeneratedLaunch::DrawConfiguredRuntime() {
         PutJava(L"JRE Path", home);
         return;
     }
-    // For both products that are drawn; the user's file hides the application's own word.
+    // For both products; the user's file hides the word in the application's file.
     PutJava(L"JRE Path", app.Path(L"hidden"));
     for (const wchar_t* const product : {L"Product", L"Product A"}) {
         const std::wstring folder = app.AppDataFolder() + L'\\' + product + L"\\1234";
@@ -62,7 +62,7 @@ void GeneratedLaunch::DrawOtherRuntimes() {
         AddHome(L"bin\\..");
         app.AddFile(L"bin\\java.dll");
     } else if (kind < 18) {
-        // Found only by launches whose directory it is.
+        // Found only by launches with this working directory.
         AddHome(L"work");
     }
 }
@@ -73,7 +73,7 @@ void GeneratedLaunch::DrawRegistry() {
     for (unsigned count = 1 + Draw(4); count > 0; --count) {
         const std::wstring root = OneOf({kJdkRoot, kJreRoot, kJdkRoot, kJreRoot, kOldJdkRoot,
                                          kOldJreRoot, kJrockitJreRoot, kJrockitJdkRoot, kIbmRoot});
-        // Another key each time, whatever the version.
+        // A different key each time, whatever the version.
         const std::wstring name = OneOf({L"1.8.0_", L"11.0.", L"17.", L"9.", L"jdk-17+", L"abc"}) +
                                   std::to_wstring(count);
         const RegistryView view = Chance(75) ? RegistryView::k64Bit : RegistryView::k32Bit;
@@ -84,7 +84,7 @@ void GeneratedLaunch::DrawRegistry() {
             continue;
         }
         const std::wstring home = L"registered" + std::to_wstring(count);
-        // An old JDK's runtime lies inside it.
+        // The runtime of an old JDK is in its folder `jre`.
         const bool inside = root == kOldJdkRoot || root == kJrockitJdkRoot;
         if (!Chance(10)) AddHome(inside ? home + L"\\jre" : home);
         registered_->Add(root, name, app.Path(home), view);

@@ -29,7 +29,7 @@ std::vector<HookedCall> ReadHookLog(const std::wstring& file) {
 }
 
 std::wstring HookLogFile(const InstalledApplication& app) {
-    // Beside the application's folder, not in it: that one is looked at by class path patterns.
+    // Not in the application's folder, which class path patterns enumerate.
     return app.LogFile() + L".calls";
 }
 

@@ -6,8 +6,8 @@
 
 namespace tarn::test {
 
-/// Has the library loaded by a thread of the process, whose own has not begun yet: before the
-/// program's first instruction. False when that failed.
+/// Loads the library in a suspended process (`CreateRemoteThread`), before the program's first
+/// instruction. Returns false on failure.
 bool PutLibraryInto(HANDLE process, const std::wstring& library);
 
 }  // namespace tarn::test

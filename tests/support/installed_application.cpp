@@ -9,8 +9,8 @@ namespace tarn::test {
 
 namespace {
 
-// Letters that the code pages of western systems have, so that class paths below the folder reach
-// the JVM whole.
+// Letters that western code pages contain, so that class paths below the folder reach the JVM
+// unchanged.
 std::wstring FreshRoot() {
     static int count = 0;
     return TemporaryFolder() + L"tarn t\u00E9st " + std::to_wstring(GetCurrentProcessId()) + L'-' +
@@ -62,7 +62,7 @@ InstalledApplication::InstalledApplication(std::wstring_view name)
 
 InstalledApplication::~InstalledApplication() {
     const std::wstring path = root_.substr(0, root_.size() - 1);
-    // A process that was just ended lets go of its files a moment later.
+    // The files of a process that has just ended remain open for a moment.
     WaitUntil(
         [&] {
             RemoveFolder(path);

@@ -18,9 +18,9 @@ inline constexpr wchar_t kJvmWithoutBootLoader[] = L"without_boot_loader";
 inline constexpr wchar_t kJvmWithoutCreate[] = L"without_create";
 inline constexpr wchar_t kJvmWithoutDefaults[] = L"without_defaults";
 
-/// An application as a user has it on the disk: launcher.exe under the application's name, its
-/// settings file beside it, and what else a test adds. It lives in a temporary folder of its own,
-/// whose path holds a blank and letters outside ASCII, and goes with the object.
+/// An installed application: launcher.exe under the application's name, its settings file beside
+/// it, and whatever a test adds. It is in a temporary folder of its own, whose path contains a
+/// space and letters outside ASCII; the destructor removes the folder.
 class InstalledApplication {
   public:
     explicit InstalledApplication(std::wstring_view name = L"sample");
@@ -28,46 +28,46 @@ class InstalledApplication {
     InstalledApplication(const InstalledApplication&) = delete;
     InstalledApplication& operator=(const InstalledApplication&) = delete;
 
-    /// The application's folder, with a backslash at its end.
+    /// The application's folder, with a trailing backslash.
     const std::wstring& folder() const { return folder_; }
     /// A path below the folder.
     std::wstring Path(std::wstring_view relative) const { return folder_ + std::wstring(relative); }
     std::wstring Executable() const { return Path(name_ + L".exe"); }
     std::wstring SettingsFile() const { return Path(name_ + L".ini"); }
-    /// What the launched processes have as APPDATA (not made before a test does so).
+    /// The APPDATA of the launched processes. A test creates the folder when it needs it.
     std::wstring AppDataFolder() const { return root_ + L"appdata"; }
 
-    /// Writes the settings file: as UTF-16, or bytes as they stand.
+    /// Writes the settings file, as UTF-16 or as the given bytes.
     void WriteSettings(const SettingsText& settings);
     void WriteSettings(std::wstring_view text);
     void WriteSettingsBytes(std::string_view bytes);
 
-    /// Writes a file below the folder (its folders are made); its full path.
+    /// Writes a file below the folder and creates its folders. Returns its full path.
     std::wstring AddFile(std::wstring_view relative, std::string_view bytes = {});
     std::wstring AddFolder(std::wstring_view relative);
 
-    /// Puts a variant of the scripted jvm.dll into `home\place`, by default `home\bin\server`;
-    /// the full path of the home without a backslash at its end.
+    /// Copies a variant of the scripted jvm.dll to `home\place`, by default `home\bin\server`.
+    /// Returns the full path of the home without a trailing backslash.
     std::wstring AddRuntime(std::wstring_view home = L"jre", const wchar_t* variant = kFullJvm,
                             std::wstring_view place = L"bin\\server");
 
-    /// What the scripted jvm.dll is to do (UTF-8; tests/README.md tells the language).
+    /// Writes the script of the scripted jvm.dll (UTF-8; see tests/README.md for its language).
     void WriteScript(std::string_view script);
 
-    /// Settings that start `com.example.Main` on the runtime `jre` of this folder.
+    /// Settings that run `com.example.Main` on the runtime `jre` of this folder.
     SettingsText StandardSettings() const;
 
-    /// The environment of the processes; a test may add to it.
+    /// The environment of the processes; a test may change it.
     std::map<std::wstring, std::optional<std::wstring>> environment;
-    /// Their working directory; the folder's parent unless a test says otherwise.
+    /// Their working directory; by default the parent of the folder.
     std::wstring directory;
 
-    /// Starts the executable: its quoted path, then a blank and the text as it stands.
+    /// Starts the executable: its quoted path, a space, and the text unchanged.
     std::unique_ptr<LaunchedProcess> Launch(std::wstring_view argumentText = {}) const;
-    /// Starts it with exactly this command line.
+    /// Starts the executable with exactly this command line.
     std::unique_ptr<LaunchedProcess> LaunchWith(std::wstring_view commandLine) const;
 
-    /// How it would be started with this command line, for a test that changes more than that.
+    /// The start options for this command line, for tests that change other options, too.
     Start StartWith(std::wstring_view commandLine) const;
 
     FakeJvmLog Log() const { return FakeJvmLog(LogFile()); }
@@ -81,10 +81,10 @@ class InstalledApplication {
     std::wstring name_;
 };
 
-/// Makes the folder and those above it.
+/// Creates the folder and its missing parents.
 void MakeFolders(const std::wstring& path);
 
-/// Removes a folder with all that is in it.
+/// Removes a folder and its contents.
 void RemoveFolder(const std::wstring& path);
 
 }  // namespace tarn::test

@@ -10,11 +10,11 @@
 
 namespace tarn::test {
 
-/// The name by which the launches of an executable know each other.
+/// The name that the launches of one executable share.
 std::wstring InstanceNameOf(std::wstring_view executable);
 
-/// The shared memory of an executable's launches, seen from outside by offsets of its own: the
-/// tests hold the layout, they do not share it.
+/// The shared memory of an executable's launches. The offsets are written down here again, so that
+/// a change of the launcher's layout fails the tests.
 class InstanceBlock {
   public:
     static constexpr std::size_t kSize = 2092;
@@ -25,9 +25,9 @@ class InstanceBlock {
     static constexpr std::size_t kArgumentBytes = 1040;
     static constexpr std::size_t kUnused = 1052;
 
-    /// Opens the block that is there, or takes no hold of anything.
+    /// Opens an existing block; the object is empty if there is none.
     static InstanceBlock Open(std::wstring_view executable);
-    /// Makes the block, or takes the one that is there.
+    /// Creates the block, or opens an existing one.
     static InstanceBlock Create(std::wstring_view executable);
 
     explicit operator bool() const { return static_cast<bool>(view_); }
@@ -37,7 +37,7 @@ class InstanceBlock {
     std::string Bytes(std::size_t offset, std::size_t size) const;
     void SetBytes(std::size_t offset, std::string_view bytes);
 
-    /// The argument area as units, without the zeros at its end.
+    /// The argument area in UTF-16 units, without the trailing zeros.
     std::u16string Arguments() const;
     void SetArguments(std::u16string_view units);
 

@@ -11,7 +11,7 @@ namespace tarn::test {
 
 namespace {
 
-// Printable ASCII stands for itself, `\uNNNN` for a UTF-16 unit.
+// Printable ASCII is unchanged; `\uNNNN` is a UTF-16 unit.
 std::wstring Unescape(std::string_view text) {
     std::wstring result;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -34,7 +34,7 @@ std::vector<std::wstring> JavaReport::All(std::string_view name) const {
     const std::string start = std::string(name) + '=';
     std::vector<std::wstring> values;
     std::size_t at = 0;
-    // A line that is not ended yet is still being written.
+    // A line without an end is still being written.
     for (std::size_t end = bytes.find('\n'); end != std::string::npos;
          at = end + 1, end = bytes.find('\n', at)) {
         const std::string_view line = std::string_view(bytes).substr(at, end - at);
@@ -64,8 +64,8 @@ bool JavaReport::Has(std::string_view name, std::wstring_view value) const {
 }
 
 bool JavaReport::WaitFor(std::string_view name, std::wstring_view value,
-                         std::chrono::milliseconds patience) const {
-    const bool came = WaitUntil([&] { return Has(name, value); }, patience);
+                         std::chrono::milliseconds timeLimit) const {
+    const bool came = WaitUntil([&] { return Has(name, value); }, timeLimit);
     EXPECT_TRUE(came) << "no " << name << "=" << ToUtf8(value) << " in the report\n"
                       << ReadFileBytes(file_).substr(0, 4000);
     return came;

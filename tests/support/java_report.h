@@ -9,8 +9,8 @@
 
 namespace tarn::test {
 
-/// What the Java fixtures reported (tests/java/fixture/Report.java): values under names that may
-/// come more than once. Read anew with every question, so it can be asked while Java runs.
+/// The report of the Java fixtures (tests/java/fixture/Report.java): values by name, several for
+/// one name if need be. Every operation reads the file again, also while Java runs.
 class JavaReport {
   public:
     explicit JavaReport(std::wstring file) : file_(std::move(file)) {}
@@ -18,17 +18,18 @@ class JavaReport {
     /// The values of that name, in the order in which they were reported.
     std::vector<std::wstring> All(std::string_view name) const;
 
-    /// The value of that name; fails the test, and is empty, when there is not exactly one.
+    /// The only value of that name; fails the test and returns an empty text unless there is
+    /// exactly one.
     std::wstring One(std::string_view name) const;
 
-    /// The same as a number.
+    /// The same, as a number.
     long long Number(std::string_view name) const;
 
     bool Has(std::string_view name, std::wstring_view value) const;
 
-    /// Waits until that value is there, and fails the test when it does not come.
+    /// Waits for that value; fails the test when it does not appear.
     bool WaitFor(std::string_view name, std::wstring_view value,
-                 std::chrono::milliseconds patience = kPatience) const;
+                 std::chrono::milliseconds timeLimit = kTimeLimit) const;
 
   private:
     std::wstring file_;

@@ -42,10 +42,10 @@ HWND TreeOf(HWND browser) {
 }  // namespace
 
 bool SelectInBrowser(DWORD process, HWND browser, const std::wstring& folder,
-                     std::chrono::milliseconds patience) {
+                     std::chrono::milliseconds timeLimit) {
     const TextInProcess text(process, folder);
     const HWND tree = TreeOf(browser);
-    // A browser that has only just come selects its root afterwards; the wish is repeated then.
+    // A browser that has just opened selects its root afterwards, so the selection is repeated.
     return tree != nullptr &&
            WaitUntil(
                [&] {
@@ -54,12 +54,12 @@ bool SelectInBrowser(DWORD process, HWND browser, const std::wstring& folder,
                    return selected != 0 &&
                           selected != SendMessageW(tree, TVM_GETNEXTITEM, TVGN_ROOT, 0);
                },
-               patience);
+               timeLimit);
 }
 
 JreNotFoundFixture::JreNotFoundFixture() : settings(app.StandardSettings()) {
     settings.Remove(L"Java Runtime Environment", L"JRE Path");
-    // A word that no source answers to: what this machine has installed is not searched.
+    // A word that matches no source, so that the runtimes of this machine are not found.
     settings.Runtime(L"JVM Source", L"none");
     settings.Runtime(L"Maximum Version", L"any");
     settings.Set(L"Product Information", L"Product Name", kProductName);
@@ -111,7 +111,7 @@ void JreNotFoundFixture::SelectVirtualFolder(HWND browser) const {
 void JreNotFoundFixture::CloseBrowser(HWND browser, int button) const {
     PressButton(browser, button);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(browser) && IsWindowEnabled(dialog); }));
-    // What follows the browser's end is done when this message is answered.
+    // The message is answered after the launcher has handled the end of the browser.
     SendMessageW(dialog, WM_NULL, 0, 0);
 }
 

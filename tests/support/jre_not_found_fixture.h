@@ -9,7 +9,7 @@
 
 namespace tarn::test {
 
-/// The numbers of the dialog's controls.
+/// The ids of the dialog's controls.
 inline constexpr int kOk = 1;
 inline constexpr int kCancel = 2;
 inline constexpr int kPathEdit = 201;
@@ -19,12 +19,12 @@ inline constexpr int kErrorIcon = 204;
 inline constexpr int kLink = 205;
 inline constexpr int kHint = 206;
 
-/// Picks the folder in the tree of a folder browser of the process; whether that worked.
+/// Selects the folder in the tree of a process's folder browser. Returns whether that succeeded.
 bool SelectInBrowser(DWORD process, HWND browser, const std::wstring& folder,
-                     std::chrono::milliseconds patience = kPatience);
+                     std::chrono::milliseconds timeLimit = kTimeLimit);
 
-/// An application whose settings lead to no runtime, so that the dialog comes. The runtimes that a
-/// test may choose are the scripted ones.
+/// An application whose settings lead to no runtime, so that the dialog appears. The runtimes that
+/// a test may choose are scripted ones.
 class JreNotFoundFixture : public testing::Test {
   protected:
     JreNotFoundFixture();
@@ -35,24 +35,24 @@ class JreNotFoundFixture : public testing::Test {
     bool OkIsEnabled() const { return IsWindowEnabled(Child(dialog, kOk)) != FALSE; }
     std::wstring ShownPath() const { return WindowText(Child(dialog, kPathEdit)); }
 
-    /// Presses Browse, picks the folder in the window that comes, confirms, and waits until that
-    /// window is gone.
+    /// Presses Browse, selects the folder in the folder browser, confirms, and waits until the
+    /// browser is closed.
     void BrowseTo(const std::wstring& folder);
-    /// Presses Browse and waits for the window.
+    /// Presses Browse and waits for the folder browser.
     HWND OpenBrowser();
-    /// Picks the folder in the browser's tree.
+    /// Selects the folder in the browser's tree.
     void Select(HWND browser, const std::wstring& folder) const;
-    /// Picks something in the browser's tree that has no path in the file system.
+    /// Selects an item of the browser's tree that has no path in the file system.
     void SelectVirtualFolder(HWND browser) const;
-    /// Ends the browser by its button and waits until it is gone.
+    /// Ends the browser with its button and waits until it is closed.
     void CloseBrowser(HWND browser, int button) const;
 
-    /// Presses OK and gives the exit code of the launch.
+    /// Presses OK and returns the exit code of the launch.
     std::int32_t Confirm();
-    /// The exit code that ends the launch now.
+    /// Waits for the end of the launch and returns its exit code.
     std::int32_t End() const { return process->ExitCode().value_or(kNoExitCode); }
 
-    /// The user's own settings file for the product that the settings name.
+    /// The per-user settings file of the product that the settings name.
     std::wstring PerUserFile(std::wstring_view program = L"sample") const;
 
     static constexpr std::int32_t kNoExitCode = -559038737;

@@ -4,11 +4,11 @@
 
 namespace tarn::test {
 
-/// The bytes of a 64-bit library with the machine in its header changed to that of a 32-bit one.
+/// The bytes of a 64-bit library with the machine type of a 32-bit one.
 std::string As32Bit(std::string bytes);
 
-/// The text of the launcher's box for a library that cannot be loaded, with the error that loading
-/// it has in this process.
+/// The text of the launcher's box for a library that cannot be loaded, with the error of loading it
+/// in this process.
 std::wstring LoadFailure(const std::wstring& path);
 
 }  // namespace tarn::test

@@ -68,15 +68,15 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     std::vector<wchar_t> commandLine(start.commandLine.begin(), start.commandLine.end());
     commandLine.push_back(L'\0');
     const bool takesLibrary = !start.library.empty();
-    // The test program suppresses Windows' error boxes for itself; a user's launcher starts
-    // without.
+    // The test program suppresses Windows' error boxes for itself; a launcher started by a user
+    // begins without that mode.
     const DWORD flags = CREATE_UNICODE_ENVIRONMENT | CREATE_DEFAULT_ERROR_MODE |
                         (takesLibrary ? CREATE_SUSPENDED : 0U);
     PROCESS_INFORMATION made{};
     BOOL ok = FALSE;
     DWORD startError = ERROR_SUCCESS;
     // On a busy machine Wine sometimes loses a new process before its first instruction and reports
-    // this error. No process exists then, so the start can be repeated.
+    // this error. There is no process then, so the start can be repeated.
     WaitUntil([&] {
         ok = CreateProcessW(
             start.program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, flags, block.data(),
@@ -103,9 +103,9 @@ bool LaunchedProcess::HasEnded() const {
     return !process_ || WaitForSingleObject(process_.get(), 0) == WAIT_OBJECT_0;
 }
 
-std::optional<std::int32_t> LaunchedProcess::ExitCode(std::chrono::milliseconds patience) const {
+std::optional<std::int32_t> LaunchedProcess::ExitCode(std::chrono::milliseconds timeLimit) const {
     if (!process_) return std::nullopt;
-    const auto limit = static_cast<DWORD>(patience.count());
+    const auto limit = static_cast<DWORD>(timeLimit.count());
     if (WaitForSingleObject(process_.get(), limit) != WAIT_OBJECT_0) {
         ADD_FAILURE() << "process " << id_ << " did not end within " << limit << " ms";
         return std::nullopt;
@@ -118,7 +118,7 @@ std::optional<std::int32_t> LaunchedProcess::ExitCode(std::chrono::milliseconds 
 void LaunchedProcess::Terminate() {
     if (HasEnded()) return;
     TerminateProcess(process_.get(), 0xDEAD);
-    WaitForSingleObject(process_.get(), static_cast<DWORD>(kPatience.count()));
+    WaitForSingleObject(process_.get(), static_cast<DWORD>(kTimeLimit.count()));
 }
 
 }  // namespace tarn::test

@@ -11,20 +11,20 @@
 
 namespace tarn::test {
 
-/// How a process is started.
+/// The options of a start.
 struct Start {
     std::wstring program;
-    std::wstring commandLine;  ///< whole and exact, the program's own name included
-    std::wstring directory;    ///< the working directory; empty: this process's own
-    /// Set for the process; no value: taken out of its environment.
+    std::wstring commandLine;  ///< complete, with the program's own name
+    std::wstring directory;    ///< the working directory; empty: that of this process
+    /// Variables of the process; no value: removed from its environment.
     std::map<std::wstring, std::optional<std::wstring>> environment;
-    std::wstring outputFile;  ///< where its standard output goes; empty: nowhere
+    std::wstring outputFile;  ///< its standard output; empty: none
     std::wstring errorFile;
-    /// A library that is in the process before its first instruction; empty: none.
+    /// A library to load before the first instruction; empty: none.
     std::wstring library;
 };
 
-/// A process that a test started. Ends with it at the latest.
+/// A process that a test has started. The destructor ends it if it is still running.
 class LaunchedProcess {
   public:
     explicit LaunchedProcess(const Start& start);
@@ -39,11 +39,11 @@ class LaunchedProcess {
 
     bool HasEnded() const;
 
-    /// Waits for the end and gives the exit code; a process that goes on for longer is a failure
-    /// of the test and has none.
-    std::optional<std::int32_t> ExitCode(std::chrono::milliseconds patience = kPatience) const;
+    /// Waits for the end and returns the exit code. After the time limit the test fails and there
+    /// is no value.
+    std::optional<std::int32_t> ExitCode(std::chrono::milliseconds timeLimit = kTimeLimit) const;
 
-    /// Ends the process from outside.
+    /// Terminates the process (`TerminateProcess`).
     void Terminate();
 
   private:

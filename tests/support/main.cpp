@@ -1,4 +1,4 @@
-// The entry of the end-to-end tests.
+// The entry point of the end-to-end tests.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ int main(int argc, char** argv) {
                      tarn::test::ToUtf8(launcher).c_str());
         return 2;
     }
-    // A test that reads a crashed launcher's exit code must not wait for a box to be closed.
+    // A test that reads the exit code of a crashed launcher must not wait for an error box.
     SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOGPFAULTERRORBOX | SEM_NOOPENFILEERRORBOX);
     return RUN_ALL_TESTS();
 }

@@ -30,13 +30,14 @@ bool NamedEvent::IsSet() const {
     return WaitForSingleObject(event_.get(), 0) == WAIT_OBJECT_0;
 }
 
-bool NamedEvent::Wait(std::chrono::milliseconds patience) const {
-    return WaitForSingleObject(event_.get(), static_cast<DWORD>(patience.count())) == WAIT_OBJECT_0;
+bool NamedEvent::Wait(std::chrono::milliseconds timeLimit) const {
+    return WaitForSingleObject(event_.get(), static_cast<DWORD>(timeLimit.count())) ==
+           WAIT_OBJECT_0;
 }
 
 SharedStateLock::SharedStateLock()
     : mutex_(CreateMutexW(nullptr, FALSE, L"tarn_test_shared_state")) {
-    // Whoever held it and crashed has left it to us.
+    // An owner that crashed has abandoned the lock.
     WaitForSingleObject(mutex_.get(), INFINITE);
 }
 

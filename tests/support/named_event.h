@@ -7,27 +7,26 @@
 
 namespace tarn::test {
 
-/// A manual-reset event with a name that no other test has; for the script's `wait_event` and
-/// `set_event`.
+/// A manual-reset event with a unique name, for `wait_event` and `set_event` of a script.
 class NamedEvent {
   public:
     NamedEvent();
-    /// An event of that very name.
+    /// An event of exactly this name.
     explicit NamedEvent(std::wstring name);
 
     const std::wstring& name() const { return name_; }
     std::string utf8Name() const;
     void Set();
     bool IsSet() const;
-    bool Wait(std::chrono::milliseconds patience = kPatience) const;
+    bool Wait(std::chrono::milliseconds timeLimit = kTimeLimit) const;
 
   private:
     std::wstring name_;
     UniqueHandle event_;
 };
 
-/// Held by the tests that change what all processes of a user share (the registry's runtime keys,
-/// say), so that two runs side by side do not disturb each other.
+/// A lock for tests that change what all processes of a user share, such as the registry keys of
+/// the runtimes, so that two parallel runs do not disturb each other.
 class SharedStateLock {
   public:
     SharedStateLock();

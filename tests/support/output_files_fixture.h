@@ -10,7 +10,7 @@ inline bool IsThere(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// A test on an application whose `main` prints a line to each of Java's standard streams.
+/// A test with an application whose `main` prints a line to each of Java's standard streams.
 class OutputFilesFixture : public FakeJvmFixture {
   protected:
     static constexpr char kPrints[] =
@@ -24,7 +24,7 @@ class OutputFilesFixture : public FakeJvmFixture {
         settings.Application(L"Output File", OutputPath());
         settings.Application(L"Error File", ErrorPath());
     }
-    /// Runs with an output file of that name, which cannot be opened, and an error file that can.
+    /// Runs with an output file of that name, which cannot be opened, and a valid error file.
     void ExpectOnlyErrorsRedirected(const std::wstring& outputName) {
         settings.Application(L"Output File", outputName);
         settings.Application(L"Error File", ErrorPath());

@@ -21,7 +21,7 @@ bool PairProduct::WasStarted() const {
 }
 
 bool PairProduct::WaitUntilStarted() const {
-    // It writes its notes in one piece, so that any of them is all of them.
+    // The program writes its report in one piece, so a report is never partial.
     return WaitUntil([this] { return !ReadFileBytes(log_).empty(); });
 }
 

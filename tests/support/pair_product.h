@@ -6,24 +6,24 @@
 
 namespace tarn::test {
 
-/// A paired launcher: the small program that notes how it was started. Names it in the settings
-/// and tells it through the environment where to write.
+/// A paired launcher: a small program that records how it was started. The constructor names it in
+/// the settings and passes it the report's path in the environment.
 class PairProduct {
   public:
     PairProduct(InstalledApplication& app, SettingsText& settings);
 
-    /// The exit code that it ends with.
+    /// Its exit code.
     void EndWith(int code) const;
 
     bool WasStarted() const;
     bool WaitUntilStarted() const;
 
-    /// What it noted, once it was started: one line for each fact.
+    /// The report, one line for each fact; waits until it exists.
     std::wstring CommandLine() const { return Note(0); }
     std::wstring Directory() const { return Note(1); }
     std::wstring Probe() const { return Note(2); }
 
-    /// Its process's error mode (`GetErrorMode`), in decimal.
+    /// The error mode of its process (`GetErrorMode`), in decimal.
     std::wstring ErrorMode() const { return Note(4); }
 
     static constexpr wchar_t kProbeVariable[] = L"PAIR_PROBE";
@@ -35,7 +35,7 @@ class PairProduct {
     std::wstring log_;
 };
 
-/// The headers of a 32-bit library and nothing else: stands for a 32-bit `jvm.dll`.
+/// The headers of a 32-bit library and nothing else, in place of a 32-bit `jvm.dll`.
 std::string NarrowLibrary();
 
 }  // namespace tarn::test

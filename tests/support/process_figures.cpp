@@ -16,7 +16,7 @@ namespace tarn::test {
 
 namespace {
 
-// GetProcessHandleCount is always 0 under Wine; the list of processes has the number.
+// GetProcessHandleCount is always 0 under Wine; the process list contains the number.
 std::size_t HandlesOf(DWORD id) {
     std::vector<std::byte> list(1 << 20);
     EXPECT_EQ(NtQuerySystemInformation(SystemProcessInformation, list.data(),
@@ -80,7 +80,7 @@ ProcessFigures FiguresOf(HANDLE process) {
     const DWORD id = GetProcessId(process);
     PROCESS_MEMORY_COUNTERS memory{};
     EXPECT_TRUE(GetProcessMemoryInfo(process, &memory, sizeof memory));
-    // The same as PrivateUsage on Windows; Wine fills in this one only.
+    // The same as PrivateUsage on Windows; Wine fills in only this one.
     return {HandlesOf(id), ThreadsOf(id), memory.PagefileUsage / 1024};
 }
 

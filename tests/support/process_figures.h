@@ -8,7 +8,7 @@
 
 namespace tarn::test {
 
-/// What a process holds at the moment.
+/// The resources of a process.
 struct ProcessFigures {
     std::size_t handles = 0;
     std::size_t threads = 0;
@@ -17,8 +17,8 @@ struct ProcessFigures {
 
 ProcessFigures FiguresOf(HANDLE process);
 
-/// What there is of everybody's processes and windows. Others of this user may start and end
-/// some, so a test that expects no more than before asks again until it is so.
+/// The processes and windows of the session. Other programs start and end some, so a test that
+/// expects no more than before repeats the query until the numbers agree.
 struct SystemFigures {
     std::size_t processes = 0;
     std::size_t windows = 0;  ///< top-level ones, visible or not
@@ -26,11 +26,11 @@ struct SystemFigures {
 
 SystemFigures LookAround();
 
-/// The names of all files below a folder that ends with a backslash, relative to it.
+/// The names of all files below a folder, which ends in a backslash, relative to it.
 std::set<std::wstring> FilesBelow(const std::wstring& folder);
 
-/// How often a soak test does what it does: the number in the environment variable, which
-/// scripts/soak.sh sets, or the usual one.
+/// The number of repetitions of a soak test: the value of the environment variable, which
+/// scripts/soak.sh sets, or the default.
 int SoakCount(const char* variable, int usual);
 
 }  // namespace tarn::test

@@ -21,7 +21,7 @@ std::wstring RuntimeHome(std::string_view version) {
     return home;
 }
 
-// Links instead of copies where the file system has them: a runtime is 100 MB.
+// Hard links where the file system has them: a runtime has 100 MB.
 void PutRuntime(const std::wstring& from, const std::wstring& to) {
     CreateDirectoryW(to.c_str(), nullptr);
     WIN32_FIND_DATAW found{};
@@ -43,7 +43,7 @@ RealRuntimeFixture::RealRuntimeFixture() : reportFile_(app.directory + L"report.
     settings.Runtime(L"Main Class", L"fixture.Application");
     settings.Set(L"Class Path", L"Class Path", GetPaths().javaFixtures);
     app.environment[L"TARN_TEST_REPORT"] = reportFile_;
-    // Options from outside would be seen by the tests of options.
+    // Options from the environment would appear in the tests of options.
     app.environment[L"JAVA_TOOL_OPTIONS"] = std::nullopt;
     app.environment[L"_JAVA_OPTIONS"] = std::nullopt;
     app.environment[L"JDK_JAVA_OPTIONS"] = std::nullopt;

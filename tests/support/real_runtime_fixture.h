@@ -16,11 +16,11 @@
 
 namespace tarn::test {
 
-/// The home of one of the real runtimes, without a backslash at its end; fails the test when it is
-/// not there (scripts/fetch_runtimes.py fetches them).
+/// The home of a real runtime, without a trailing backslash; fails the test when it does not exist
+/// (scripts/fetch_runtimes.py downloads the runtimes).
 std::wstring RuntimeHome(std::string_view version);
 
-/// Puts a runtime's files into another folder, which is made.
+/// Links or copies the files of a runtime into another folder, which is created.
 void PutRuntime(const std::wstring& from, const std::wstring& to);
 
 /// A test with a real Java runtime: an installed application whose settings run
@@ -29,25 +29,25 @@ class RealRuntimeFixture : public testing::Test {
   protected:
     RealRuntimeFixture();
 
-    /// To be called before the first start, unless the test says itself where the runtime is.
+    /// Called before the first start, unless the test locates the runtime itself.
     void UseRuntime(std::string_view version);
 
-    /// Writes `settings`, starts the application and waits for its end. No value: it did not end,
-    /// which has failed the test.
+    /// Writes `settings`, starts the application and waits for its end. After the time limit the
+    /// test fails and there is no value.
     std::optional<std::int32_t> Run(std::wstring_view argumentText = {});
     std::unique_ptr<LaunchedProcess> Start(std::wstring_view argumentText = {});
 
-    /// What the last start has reported so far.
+    /// The report of the last start so far.
     JavaReport Report() const { return JavaReport(reportFile_); }
     std::string StandardOutput() const { return ReadFileBytes(app.OutputFile()); }
     std::string StandardError() const { return ReadFileBytes(app.ErrorFile()); }
 
-    /// A file that is not there yet, for the fixtures to wait for or to make.
+    /// The path of a file that does not exist yet, for the fixtures to wait for or to create.
     std::wstring FreshFile(std::wstring_view name) const { return app.Path(name); }
 
     InstalledApplication app;
     SettingsText settings;
-    std::wstring home;     ///< of the runtime in use
+    std::wstring home;     ///< the home of the runtime in use
     std::wstring jvmPath;  ///< the jvm.dll that the default of "JVM Type" chooses there
 
   private:
@@ -55,7 +55,7 @@ class RealRuntimeFixture : public testing::Test {
 };
 
 /// The same for each of several runtimes; the suite is instantiated with `kAllRuntimes`, or with
-/// the versions that matter.
+/// the versions that the behaviour depends on.
 class EachRuntimeFixture : public RealRuntimeFixture,
                            public testing::WithParamInterface<const char*> {
   protected:
@@ -64,7 +64,7 @@ class EachRuntimeFixture : public RealRuntimeFixture,
 
 inline const auto kAllRuntimes = testing::Values("11", "17", "21", "25");
 
-/// The tests are then named `Java/Suite.Test/17`.
+/// The names of the tests are then `Java/Suite.Test/17`.
 inline std::string RuntimeName(const testing::TestParamInfo<const char*>& info) {
     return info.param;
 }

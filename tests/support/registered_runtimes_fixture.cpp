@@ -54,7 +54,7 @@ void RegisteredRuntimes::AddEmpty(std::wstring_view root, std::wstring_view name
 RegisteredRuntimesFixture::RegisteredRuntimesFixture() {
     settings.Remove(L"Java Runtime Environment", L"JRE Path");
     settings.Runtime(L"Minimum Version", L"any").Runtime(L"Maximum Version", L"any");
-    // Where an IBM runtime would do, the thread of 'main' is never left.
+    // Where the policy allows an IBM runtime, the Java thread does not end.
     app.WriteScript("main = exit 0");
 }
 
@@ -83,13 +83,13 @@ std::string RegisteredRuntimesFixture::Chosen() {
     }
     EXPECT_EQ(process->ExitCode(), 0);
     const std::string path = app.Log().After("environment TARN_JVM_PATH=");
-    // The log shows the path as a quoted text.
+    // The log contains the path as a quoted text.
     const std::string quotedFolder = TextInLog(app.folder());
     const std::string folder = quotedFolder.substr(0, quotedFolder.size() - 1);
     std::string below = path.starts_with(folder) ? path.substr(folder.size()) : path;
     if (below.starts_with('"')) below.erase(0, 1);
     if (below.ends_with('"')) below.pop_back();
-    // Backslashes come doubled.
+    // Backslashes are doubled.
     for (std::size_t at = below.find("\\\\"); at != std::string::npos;
          at = below.find("\\\\", at + 1)) {
         below.erase(at, 1);

@@ -19,14 +19,14 @@ inline constexpr wchar_t kJrockitJreRoot[] = L"Software\\JRockit\\Java Runtime E
 inline constexpr wchar_t kJrockitJdkRoot[] = L"Software\\JRockit\\Java Development Kit";
 inline constexpr wchar_t kIbmRoot[] = L"Software\\IBM\\Java2 Runtime Environment";
 
-/// Registry entries of Java runtimes while the object lives. No other test sees them or creates
-/// some meanwhile. The machine must have none of its own, or the tests would not know what to
-/// expect.
+/// Registry entries of Java runtimes while the object lives. A lock keeps other tests from seeing
+/// or changing them. The machine must have no entries of its own, because the tests could not
+/// predict the result.
 class RegisteredRuntimes {
   public:
     RegisteredRuntimes();
 
-    /// Registers a home, as it stands, under a version's name.
+    /// Registers a home, unchanged, under the name of a version.
     void Add(std::wstring_view root, std::wstring_view name, const std::wstring& home,
              RegistryView view = RegistryView::k64Bit);
     /// The same with a "JavaHome" of any type and any bytes.
@@ -47,7 +47,7 @@ class RegisteredRuntimesFixture : public FakeJvmFixture {
   protected:
     RegisteredRuntimesFixture();
 
-    /// Lays out a runtime in the folder `home` of the application and registers it.
+    /// Creates a runtime in the folder `home` of the application and registers it.
     void Add(std::wstring_view root, std::wstring_view name, std::wstring_view home,
              std::wstring_view place = L"bin\\server", RegistryView view = RegistryView::k64Bit);
 

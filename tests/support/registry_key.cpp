@@ -14,14 +14,14 @@ bool KeyExists(HKEY root, const std::wstring& path, REGSAM view) {
     return RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, key.put()) == ERROR_SUCCESS;
 }
 
-// RegDeleteTreeW knows no views.
+// RegDeleteTreeW cannot select a registry view.
 void DeleteTree(HKEY root, const std::wstring& path, REGSAM view) {
     {
         UniqueRegistryKey key;
         if (RegOpenKeyExW(root, path.c_str(), 0, KEY_READ | view, key.put()) != ERROR_SUCCESS) {
             return;
         }
-        // A key's name is at most 255 characters.
+        // The name of a key has at most 255 characters.
         wchar_t name[256];
         DWORD length = 256;
         while (RegEnumKeyExW(key.get(), 0, name, &length, nullptr, nullptr, nullptr, nullptr) ==
@@ -49,7 +49,7 @@ TemporaryKey::TemporaryKey(HKEY root, std::wstring path, RegistryView view)
         if (end == std::wstring::npos) break;
     }
     UniqueRegistryKey key;
-    // Volatile: what a test that was killed leaves behind does not outlive the session.
+    // Volatile, so that keys of a killed test do not outlive the session.
     EXPECT_EQ(RegCreateKeyExW(root_, path_.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
                               KEY_READ | KEY_WRITE | view_, nullptr, key.put(), nullptr),
               ERROR_SUCCESS)

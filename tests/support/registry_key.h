@@ -8,8 +8,8 @@ namespace tarn::test {
 
 enum class RegistryView { k64Bit, k32Bit };
 
-/// A registry key that a test makes, and that goes with it together with all that is below it. A
-/// key that was there before stays, with its values; only what was made is removed.
+/// A registry key that a test creates; the destructor removes it with its subkeys. A key that
+/// existed before stays, with its values.
 class TemporaryKey {
   public:
     TemporaryKey(HKEY root, std::wstring path, RegistryView view = RegistryView::k64Bit);
@@ -26,7 +26,7 @@ class TemporaryKey {
     HKEY root_;
     std::wstring path_;
     REGSAM view_;
-    std::wstring topmostMade_;  // the uppermost key of the path that was not there before
+    std::wstring topmostMade_;  // the topmost key of the path that did not exist before
 };
 
 }  // namespace tarn::test

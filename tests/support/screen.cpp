@@ -11,7 +11,7 @@ ScreenShot::ScreenShot(const RECT& part) : part_(part) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = width;
-    info.bmiHeader.biHeight = -height;  // from the highest row down
+    info.bmiHeader.biHeight = -height;  // top-down
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     const HDC screen = GetDC(nullptr);
@@ -29,7 +29,7 @@ ScreenShot::ScreenShot(const RECT& part) : part_(part) {
 COLORREF ScreenShot::At(int x, int y) const {
     const auto row = static_cast<std::size_t>(y - part_.top);
     const auto width = static_cast<std::size_t>(part_.right - part_.left);
-    // Blue stands in the lowest byte here, red in a COLORREF.
+    // Blue is the lowest byte here, red in a COLORREF.
     const COLORREF pixel = pixels_.at(row * width + static_cast<std::size_t>(x - part_.left));
     return RGB((pixel >> 16) & 0xFF, (pixel >> 8) & 0xFF, pixel & 0xFF);
 }
@@ -52,7 +52,7 @@ CoveringWindow::CoveringWindow(const RECT& part) {
     windowClass.lpfnWndProc = DefWindowProcW;
     windowClass.hbrBackground = CreateSolidBrush(kColor);
     windowClass.lpszClassName = L"TarnTestCover";
-    RegisterClassW(&windowClass);  // a second time it fails, and the class is there all the same
+    RegisterClassW(&windowClass);  // fails for the second window; the class exists then
     window_ = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, windowClass.lpszClassName, nullptr,
                               WS_POPUP | WS_VISIBLE, part.left, part.top, part.right - part.left,
                               part.bottom - part.top, nullptr, nullptr, nullptr, nullptr);

@@ -6,12 +6,12 @@
 
 namespace tarn::test {
 
-/// A picture of a part of the screen, as the user sees it at this moment.
+/// The pixels of a part of the screen when the object is created.
 class ScreenShot {
   public:
     explicit ScreenShot(const RECT& part);
 
-    /// The colour at a place of the screen, which must lie in the part.
+    /// The colour at a point of the screen, which must be in the part.
     COLORREF At(int x, int y) const;
 
   private:
@@ -19,14 +19,14 @@ class ScreenShot {
     std::vector<COLORREF> pixels_;
 };
 
-/// The part of the rectangle that lies on the primary screen.
+/// The part of the rectangle that is on the primary screen.
 RECT OnScreen(const RECT& rectangle);
 
-/// Whether two colours differ by no more than `tolerance` in each of red, green and blue.
+/// Whether two colours differ by at most `tolerance` in each of red, green and blue.
 bool AlmostEqual(COLORREF a, COLORREF b, int tolerance);
 
-/// A window of this process that covers a part of the screen, above all others, in one colour.
-/// Gone with the object.
+/// A topmost window of this process that covers a part of the screen in one colour. The destructor
+/// destroys it.
 class CoveringWindow {
   public:
     static constexpr COLORREF kColor = RGB(0, 255, 1);
@@ -36,7 +36,7 @@ class CoveringWindow {
     CoveringWindow(const CoveringWindow&) = delete;
     CoveringWindow& operator=(const CoveringWindow&) = delete;
 
-    /// Lets the window paint itself; to be called while waiting for it.
+    /// Handles the window's messages; called while waiting for the window to be painted.
     void PumpMessages() const;
 
   private:

@@ -7,18 +7,18 @@
 
 namespace tarn::test {
 
-/// A settings file in the making: sections and keys in the order in which they were first set.
+/// The text of a settings file: sections and keys in the order in which they were first set.
 class SettingsText {
   public:
-    /// Sets the key; an earlier value of it is replaced.
+    /// Sets the key; an earlier value is replaced.
     SettingsText& Set(std::wstring_view section, std::wstring_view key, std::wstring_view value);
-    /// The same in the two sections that hold most keys.
+    /// The same for the two sections that contain most keys.
     SettingsText& Application(std::wstring_view key, std::wstring_view value);
     SettingsText& Runtime(std::wstring_view key, std::wstring_view value);
-    /// Takes the key out again.
+    /// Removes the key.
     SettingsText& Remove(std::wstring_view section, std::wstring_view key);
 
-    /// The file's text, lines ended by CR LF.
+    /// The file's text, with CR LF at the end of each line.
     std::wstring Text() const;
 
   private:

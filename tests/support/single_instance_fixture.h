@@ -10,8 +10,8 @@
 
 namespace tarn::test {
 
-/// A test on an application with single instance on, whose `main` goes on until the test lets it
-/// end, with the exit code `kFirstCode`.
+/// A test with an application that has "Single Instance" on. Its `main` continues until the test
+/// lets it end, with the exit code `kFirstCode`.
 class SingleInstanceFixture : public FakeJvmFixture {
   protected:
     static constexpr std::int32_t kFirstCode = 9;
@@ -27,7 +27,7 @@ class SingleInstanceFixture : public FakeJvmFixture {
         Script("");
     }
 
-    /// Sets the script: the long `main`, and these lines.
+    /// Writes the script: the long `main`, then these lines.
     void Script(std::string_view lines) {
         app.WriteScript("main = wait_event " + mayEnd.utf8Name() + "\nmain = exit " +
                         std::to_string(kFirstCode) + '\n' + std::string(lines));
@@ -40,14 +40,14 @@ class SingleInstanceFixture : public FakeJvmFixture {
         return first;
     }
 
-    /// Starts it and waits until it listens, which is long before `main` runs.
+    /// Starts the first instance and waits until it listens, which is long before `main` runs.
     std::unique_ptr<LaunchedProcess> StartListeningFirst() {
         auto first = Start();
         EXPECT_TRUE(WaitUntil([&] { return IsListening(); }));
         return first;
     }
 
-    /// Whether a first instance takes requests: its thread has a queue to post to.
+    /// Whether a first instance accepts requests: its thread has a message queue.
     bool IsListening() const {
         const InstanceBlock block = InstanceBlock::Open(app.Executable());
         return block && block.Number(InstanceBlock::kMessage) != 0 &&
@@ -65,7 +65,7 @@ class SingleInstanceFixture : public FakeJvmFixture {
         EXPECT_EQ(first.ExitCode(), kFirstCode);
     }
 
-    /// The arguments of every call of `secondaryMain`, as the log shows them.
+    /// The arguments of every call of `secondaryMain`, in the log's notation.
     std::vector<std::string> SecondaryCalls() const {
         std::vector<std::string> calls;
         for (const std::string& text : app.Log().Texts()) {
@@ -78,7 +78,7 @@ class SingleInstanceFixture : public FakeJvmFixture {
         return calls;
     }
 
-    /// How many processes loaded a JVM.
+    /// The number of processes that have loaded a JVM.
     std::size_t Machines() const { return app.Log().Count("JNI_CreateJavaVM("); }
 
     NamedEvent mayEnd;

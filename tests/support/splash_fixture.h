@@ -9,8 +9,8 @@ namespace tarn::test {
 
 inline constexpr wchar_t kSplashClass[] = L"SplashScreenWindow";
 
-/// A test of the splash on the scripted jvm.dll, whose `main` tells that it runs and waits until
-/// the test lets it go on.
+/// A test of the splash with the scripted jvm.dll, whose `main` sets an event and then waits for
+/// the test.
 class SplashFixture : public FakeJvmFixture {
   protected:
     SplashFixture();
@@ -21,19 +21,19 @@ class SplashFixture : public FakeJvmFixture {
     /// One of the tests' pictures.
     void ShowTestPicture(std::wstring_view name);
 
-    /// The script's lines that make `main` wait; a test that writes a script of its own may put
-    /// them behind what it wants.
+    /// The lines of the script that make `main` wait; a test with a script of its own can append
+    /// them.
     std::string WaitInMain() const;
 
     bool MainRuns() const { return mainRuns_.Wait(); }
     void LetMainEnd() { mainMayEnd_.Set(); }
 
-    /// Lets `main` return and expects the launch to end as a good one.
+    /// Lets `main` return and expects the launch to end with exit code 0.
     void EndWell(const LaunchedProcess& process);
 
-    /// Waits until the splash is visible; null, and a failed test, when it does not come.
+    /// Waits until the splash is visible; returns null and fails the test when it does not appear.
     HWND WaitForSplash(const LaunchedProcess& process);
-    /// How many splash windows the process has, visible or not.
+    /// The number of splash windows of the process, visible or not.
     static std::size_t SplashesOf(const LaunchedProcess& process) {
         return WindowsOf(process.id(), kSplashClass).size();
     }
@@ -43,7 +43,7 @@ class SplashFixture : public FakeJvmFixture {
     NamedEvent mainMayEnd_;
 };
 
-/// Where the window is on the screen.
+/// The window's rectangle in screen coordinates.
 RECT PlaceOf(HWND window);
 
 }  // namespace tarn::test

@@ -43,7 +43,7 @@ std::string PatternBitmap(SIZE size) {
     const std::size_t rowBytes = RowBytes(size.cx, 24);
     std::string pixels(rowBytes * static_cast<std::size_t>(size.cy), '\0');
     for (int y = 0; y < size.cy; ++y) {
-        // From the lowest row up, blue first.
+        // Bottom-up, blue first.
         char* pixel = &pixels[static_cast<std::size_t>(size.cy - 1 - y) * rowBytes];
         for (int x = 0; x < size.cx; ++x) {
             const COLORREF color = PatternAt(x, y, size);

@@ -7,20 +7,20 @@
 
 namespace tarn::test {
 
-/// A picture of `tests/pictures`; its full path.
+/// The full path of a picture in `tests/pictures`.
 std::wstring PicturePath(std::wstring_view name);
 
 /// The size of most of those pictures.
 inline constexpr SIZE kPatternSize{160, 120};
 
-/// What those pictures show at a place.
+/// The colour of those pictures at a point.
 COLORREF PatternAt(int x, int y, SIZE size = kPatternSize);
 
-/// The bytes of a 24-bit bitmap file that shows the pattern at any size.
+/// The bytes of a 24-bit bitmap file of any size with that pattern.
 std::string PatternBitmap(SIZE size);
 
-/// The first bytes of a bitmap file of black and white pixels; `PixelBytes(size)` zeros behind them
-/// make it whole.
+/// The first bytes of a bitmap file of black and white pixels; `PixelBytes(size)` zeros complete
+/// it.
 std::string BlackBitmapHeader(SIZE size);
 std::uint64_t PixelBytes(SIZE size);
 

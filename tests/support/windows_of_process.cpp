@@ -9,7 +9,7 @@ namespace tarn::test {
 namespace {
 
 constexpr wchar_t kDialogClass[] = L"#32770";
-// The control id of a message box's text.
+// The control id of the text of a message box.
 constexpr int kMessageText = 0xFFFF;
 
 struct Search {
@@ -43,7 +43,7 @@ std::vector<HWND> WindowsOf(DWORD process, std::wstring_view className) {
 }
 
 HWND WaitForWindow(const LaunchedProcess& process, std::wstring_view className,
-                   std::chrono::milliseconds patience) {
+                   std::chrono::milliseconds timeLimit) {
     HWND visible = nullptr;
     WaitUntil(
         [&] {
@@ -52,14 +52,14 @@ HWND WaitForWindow(const LaunchedProcess& process, std::wstring_view className,
             }
             return visible != nullptr || process.HasEnded();
         },
-        patience);
+        timeLimit);
     return visible;
 }
 
 std::wstring WindowText(HWND window) {
-    // By message, for the text of another process's control is not to be had otherwise.
+    // By message, because GetWindowText does not read controls of another process.
     DWORD_PTR length = 0;
-    const auto limit = static_cast<UINT>(kPatience.count());
+    const auto limit = static_cast<UINT>(kTimeLimit.count());
     SendMessageTimeoutW(window, WM_GETTEXTLENGTH, 0, 0, SMTO_NORMAL, limit, &length);
     std::wstring text(length + 1, L'\0');
     DWORD_PTR copied = 0;
@@ -70,7 +70,7 @@ std::wstring WindowText(HWND window) {
 }
 
 std::wstring WindowClass(HWND window) {
-    // A class name is at most 256 characters.
+    // The name of a class has at most 256 characters.
     wchar_t name[257] = L"";
     GetClassNameW(window, name, 257);
     return name;
@@ -119,7 +119,7 @@ std::optional<MessageBoxContent> WaitForMessageBox(const LaunchedProcess& proces
 std::wstring TakeErrorBox(const LaunchedProcess& process, HWND owner) {
     const auto box = WaitForMessageBox(process);
     if (!box) return {};
-    // Windows' own caption, in the user's language.
+    // Windows' default caption, in the user's language.
     if (PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_ENGLISH) {
         EXPECT_EQ(ToUtf8(box->caption), "Error");
     }
@@ -127,7 +127,7 @@ std::wstring TakeErrorBox(const LaunchedProcess& process, HWND owner) {
     EXPECT_TRUE(box->hasIcon);
     EXPECT_EQ(box->owner, owner);
     PressButton(box->window, IDOK);
-    // The next box is another one.
+    // The next box is a different one.
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(box->window); }));
     return box->text;
 }

@@ -18,7 +18,7 @@ void SetBrowserColor(const wchar_t* name, DWORD type, const std::wstring& value)
 }
 
 void SetBrowserColorBytes(const wchar_t* name, DWORD type, const std::wstring& value) {
-    // Something else than a terminator behind the text: one that is only left out is put in.
+    // The text is followed by something else than a terminator, because Windows adds a missing one.
     const std::wstring more = value + L"x";
     RegSetKeyValueW(HKEY_CURRENT_USER, kColorsKey, name, type, more.c_str(),
                     static_cast<DWORD>(value.size() * sizeof(wchar_t)));

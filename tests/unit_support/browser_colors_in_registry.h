@@ -6,7 +6,7 @@
 
 namespace tarn {
 
-/// The user's link colours in the registry, which a test sets and takes away.
+/// The user's link colours in the registry, which a test sets and removes.
 void ClearBrowserColors();
 void SetBrowserColor(const wchar_t* name, DWORD type, const std::wstring& value);
 /// Without a terminator.

@@ -18,7 +18,7 @@ class HyperLinkTest : public testing::Test {
     void SetUp() override { ClearBrowserColors(); }
     void TearDown() override { ClearBrowserColors(); }
 
-    /// Gives the control a link object with no choices made.
+    /// Attaches a link object with default options to the control.
     HWND AttachTo(const wchar_t* text, DWORD style = SS_LEFT) {
         const HWND control = parent_.AddStatic(text, style);
         EXPECT_TRUE(link_.Attach(control));

@@ -16,7 +16,7 @@ LinkParent::LinkParent() {
     windowClass.lpfnWndProc = &WindowProc;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.lpszClassName = kClassName;
-    RegisterClassW(&windowClass);  // the second time it is there already
+    RegisterClassW(&windowClass);  // fails for the second object; the class exists then
     brush_ = CreateSolidBrush(kParentColor);
     window_ = CreateWindowExW(0, kClassName, L"", WS_POPUP | WS_VISIBLE, 100, 100, 400, 300,
                               nullptr, nullptr, windowClass.hInstance, this);
@@ -54,7 +54,7 @@ LRESULT CALLBACK LinkParent::WindowProc(HWND window, UINT message, WPARAM wParam
         }
         if (message == WM_NOTIFY) {
             const auto* const header = reinterpret_cast<const NMHDR*>(lParam);
-            // The tooltip has things to say as well.
+            // The tooltip sends notifications, too.
             if (header->idFrom == kLinkId) self->notifications_.push_back(*header);
             return 0;
         }

@@ -12,10 +12,11 @@ namespace tarn {
 inline constexpr int kLinkWidth = 200;
 inline constexpr int kLinkHeight = 60;
 inline constexpr int kLinkId = 77;
-/// What the parent paints behind its controls.
+/// The background that the parent paints.
 inline constexpr COLORREF kParentColor = RGB(250, 240, 230);
 
-/// A visible window that a control to be made a link stands in; it keeps what the control says.
+/// A visible window with a control that a test turns into a link; it records the control's
+/// messages.
 class LinkParent {
   public:
     LinkParent();

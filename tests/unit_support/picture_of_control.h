@@ -17,7 +17,7 @@ class Picture {
     COLORREF At(int x, int y) const { return GetPixel(dc_, x, y); }
     int Count(COLORREF color) const;
     int CountOtherThan(COLORREF color, const PixelRect& area) const;
-    /// Whether some line of the area has the colour over its whole width.
+    /// Whether a line of the area has the colour over its whole width.
     bool HasUnderline(const PixelRect& area, COLORREF color) const;
 
   private:
@@ -26,9 +26,9 @@ class Picture {
     HGDIOBJ before_;
 };
 
-/// What the control draws when it is asked for its client area.
+/// The control's own drawing of its client area (`WM_PRINTCLIENT`).
 Picture PictureOf(HWND control);
-/// What stands on the screen where the control is.
+/// The pixels on the screen at the control's place.
 Picture ScreenOf(HWND control);
 
 }  // namespace tarn

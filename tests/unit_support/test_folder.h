@@ -1,4 +1,4 @@
-// For unit tests only: an empty folder of the test's own that goes with it.
+// For unit tests only: an empty folder of the test's own, which the destructor removes.
 #pragma once
 
 #include <filesystem>
@@ -27,10 +27,10 @@ class TestFolder {
         std::filesystem::remove_all(path_, ignored);
     }
 
-    /// Ends in a backslash.
+    /// With a trailing backslash.
     std::wstring path() const { return path_.wstring() + L"\\"; }
 
-    /// Writes a file below the folder and makes the folders on the way. Returns its full path.
+    /// Writes a file below the folder and creates its folders. Returns its full path.
     std::wstring Write(std::wstring_view name, std::string_view bytes = {}) const {
         const std::filesystem::path file = path_ / name;
         std::filesystem::create_directories(file.parent_path());

@@ -1,6 +1,6 @@
-// For unit tests only: while it lives, this process sees an empty key of its own in the place of
-// HKEY_LOCAL_MACHINE, so that a test writes registry entries without touching those of the machine.
-// The keys are volatile: what a killed test leaves behind does not last.
+// For unit tests only: while the object lives, HKEY_LOCAL_MACHINE of this process is an empty key
+// of the test's own, so that a test does not change the machine's registry. The keys are volatile
+// and do not outlive the session when a test is killed.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -24,14 +24,14 @@ class TestHive {
     TestHive(const TestHive&) = delete;
     TestHive& operator=(const TestHive&) = delete;
     ~TestHive() {
-        // With what was allowed to us before, or the key could not be removed.
+        // With the original access rights, because the key could not be removed otherwise.
         for (const UniqueRegistryKey& key : locked_) SetRights(key, nullptr);
         locked_.clear();
         RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
         EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, path_.c_str()), ERROR_SUCCESS);
     }
 
-    /// Makes a key with those above it.
+    /// Creates a key and its missing parents.
     void Make(const std::wstring& key) { Open(key); }
 
     /// Sets "JavaHome" of a key, which is made if need be.
@@ -45,7 +45,7 @@ class TestHive {
         Set(key, type, text.c_str(), (text.size() + 1) * sizeof(wchar_t));
     }
 
-    /// Takes everybody's rights to the key away, its maker's too.
+    /// Removes all access rights to the key, including the owner's.
     void Lock(const std::wstring& key) {
         ACL nobody{};
         EXPECT_TRUE(InitializeAcl(&nobody, sizeof nobody, ACL_REVISION));
@@ -62,7 +62,7 @@ class TestHive {
         return key;
     }
 
-    /// Null allows everything to everybody.
+    /// Null grants full access to everyone.
     static void SetRights(const UniqueRegistryKey& key, ACL* rights) {
         SECURITY_DESCRIPTOR security{};
         EXPECT_TRUE(InitializeSecurityDescriptor(&security, SECURITY_DESCRIPTOR_REVISION));

@@ -9,8 +9,8 @@
 
 namespace tarn {
 
-/// A small bitmap file for the unit tests, every pixel of a colour of its own. Gone from the disk
-/// with the object.
+/// A small bitmap file for the unit tests, in which no two pixels have the same colour. The
+/// destructor removes the file.
 class TestPicture {
   public:
     static constexpr int kWidth = 5;
@@ -52,7 +52,7 @@ class TestPicture {
     static constexpr std::size_t kRowSize = (kWidth * 3 + 3) / 4 * 4;
     using PixelBytes = std::array<unsigned char, kRowSize * kHeight>;
 
-    // From the lowest row up, blue first.
+    // Bottom-up, blue first.
     static PixelBytes Pixels() {
         PixelBytes bytes{};
         for (int y = 0; y < kHeight; ++y)

@@ -8,7 +8,7 @@ UrlHandler::UrlHandler(const std::wstring& scheme) : key_(L"Software\\Classes\\"
     trace_ = std::wstring(folder) + scheme + L".txt";
     DeleteFileW(trace_.c_str());
     Register(HKEY_CURRENT_USER);
-    // Wine does not see a user's own handlers, only the machine's.
+    // Wine ignores per-user handlers and reads only those of the machine.
     HKEY seen = nullptr;
     if (RegOpenKeyExW(HKEY_CLASSES_ROOT, scheme.c_str(), 0, KEY_READ, &seen) == ERROR_SUCCESS)
         RegCloseKey(seen);

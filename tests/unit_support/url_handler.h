@@ -7,8 +7,7 @@
 
 namespace tarn {
 
-/// A program registered for a scheme of addresses for as long as the object lives. It leaves a file
-/// behind when it is run.
+/// A program registered for a URL scheme while the object lives. It creates a file when it is run.
 class UrlHandler {
   public:
     explicit UrlHandler(const std::wstring& scheme);
@@ -16,7 +15,7 @@ class UrlHandler {
     UrlHandler(const UrlHandler&) = delete;
     UrlHandler& operator=(const UrlHandler&) = delete;
 
-    /// Waits, within bounds, until it has been run.
+    /// Waits, with a time limit, until the program has been run.
     bool WasRun() const;
 
   private:
