@@ -57,12 +57,13 @@ class WrapTest(FolderTest):
                           "InternalName": "Demo", "OriginalFilename": "Demo.exe"}, texts(image))
 
     def test_options_take_precedence_over_the_jar(self):
-        self.put_jar("more/x.jar")
+        self.put_jar("more/x.jar", None, {"a/B.class": class_file(17)})
         self.wrap("--out", "o", "--name", "N", "--main-class", "a.B", "--version", "9",
                   "--title", "T", "--vendor", "V", "--min-version", "17", "--max-version", "21",
                   "--vm-parameters", "-Xmx1g -Da=b", "--arguments", "one two", "--single-instance",
                   "--no-splash", "--class-path", "more", "--add", "in/lib",
-                  "--set", "Application/Output File=out.txt", "--set", "Own/Key=x=y")
+                  "--set", "Application/Output File=out.txt", "--set", "Own/Key=x=y",
+                  "--allow", "unknown-section")
         settings = self.settings("o/N.ini")
         for line in ("Product Name=T", "Single Instance=yes", "VM Provider=any", "Main Class=a.B",
                      "Minimum Version=17", "Maximum Version=21", "Cmd=one two",
@@ -165,6 +166,69 @@ class WrapTest(FolderTest):
         with zipfile.ZipFile(self.path("o", "large.exe")) as jar:
             self.assertEqual(200_002, len(jar.namelist()))
         self.assertIn(b"Minimum Version=21", self.read("o", "large.exe"))
+
+
+class ResultIsCheckedTest(FolderTest):
+    def setUp(self):
+        super().setUp()
+        self.put_jar("demo.jar", {"Main-Class": "demo.Main"}, {"demo/Main.class": class_file(11)})
+
+    def fail_with(self, *options, **more):
+        """The complete message; nothing is left behind."""
+        before = self.names()
+        code, output, errors = self.tarn("wrap", "demo.jar", "--launcher", LAUNCHER, "--out", "o",
+                                         *options, **more)
+        self.assertEqual((2, "", before), (code, output, self.names()), errors)
+        return errors[errors.index("tarn: error: "):]
+
+    def test_settings_that_the_launcher_would_not_read_are_an_error(self):
+        for options, expected in (
+                (["--min-version", "abc"], ('"version"', '"abc" is not a version')),
+                (["--min-version", "21", "--max-version", "17"], ('"no-version-fits"',)),
+                (["--set", "Foo/Bar=1"], ('"unknown-section"', '"Foo" is never read')),
+                (["--set", "Application/Singel Instance=yes"],
+                 ('"unknown-key"', 'did you mean "Single Instance"?')),
+                (["--set", "Application/Single Instance=Yes"], ('"flag"', "write Single Instance")),
+                (["--main-class", "demo.Mian"], ('"no-main-class"', "demo.Mian")),
+                (["--vm-parameters", "-server"], ('"refused-option"', "-server"))):
+            for single in ([], ["--single-file"]):
+                message = self.fail_with(*options, *single)
+                for text in (*expected, "demo.exe:" if single else "demo.ini:", "--allow"):
+                    self.assertIn(text, message)
+
+    def test_both_programs_refuse_the_same(self):
+        messages = {self.fail_with("--min-version", "abc", program=program) for program in PROGRAMS}
+        self.assertEqual(1, len(messages))
+
+    def test_an_accepted_finding_is_no_error(self):
+        self.expect("wrap", "demo.jar", "--launcher", LAUNCHER, "--out", "o",
+                    "--set", "Foo/Bar=1", "--allow", "unknown-section")
+        self.assertIn(b"[Foo]\r\nBar=1", self.read("o", "demo.ini"))
+
+    def test_an_existing_folder_stays_as_it_is(self):
+        self.expect("wrap", "demo.jar", "--launcher", LAUNCHER, "--out", "o")
+        before = self.read("o", "demo.ini")
+        self.fail_with("--replace", "--min-version", "abc")
+        self.assertEqual(before, self.read("o", "demo.ini"))
+
+    def test_a_value_that_a_settings_file_cannot_hold_is_an_error(self):
+        for setting in ("Application/Cmd=a\nb", "Application/;Cmd=a", "Application/[Cmd=a"):
+            for single in ([], ["--single-file"]):
+                self.assertIn("cannot be written to a settings file",
+                              self.fail_with("--set", setting, *single))
+
+    def test_settings_without_effect_in_a_single_file_are_an_error(self):
+        for setting in ("Display/Splash Screen=a.png", "display/Splash Screen Shadow=true",
+                        "Product Information/Product Name=x",
+                        "Java Runtime Environment+/Virtual Machine Parameters=-Xmx1g"):
+            message = self.fail_with("--single-file", "--set", setting)
+            self.assertIn(setting, message)
+            self.assertIn("has no effect with --single-file", message)
+
+    def test_an_executable_that_is_not_a_launcher_is_an_error(self):
+        message = self.expect_failure("wrap", "demo.jar", "--launcher", PROGRAMS["windows"][-1])
+        self.assertIn("tarn.exe: is not a Tarn launcher", message)
+        self.assertIn("--launcher", message)
 
 
 class NothingIsLostTest(FolderTest):

@@ -23,15 +23,14 @@ std::wstring SpelledKey(const std::wstring& section, const std::wstring& key) {
     return known != nullptr ? known->key : key;
 }
 
-// Whether the section is read only from the file beside the executable.
-bool IsForFilesOnly(const std::wstring& section) {
-    const auto keys = KnownKeys();
-    return section.ends_with(L'+') || std::any_of(keys.begin(), keys.end(), [&](const auto& key) {
-               return key.source == SettingSource::MainFile && section == key.section;
-           });
-}
-
 }  // namespace
+
+bool IsReadWhenBuiltIn(const std::wstring& section) {
+    const auto keys = KnownKeys();
+    return !section.ends_with(L'+') && std::none_of(keys.begin(), keys.end(), [&](const auto& key) {
+        return key.source == SettingSource::MainFile && EqualsIgnoringCase(section, key.section);
+    });
+}
 
 std::string EmbeddedSettingsText(const SettingsDocument& settings,
                                  std::vector<std::string>& warnings) {
@@ -44,7 +43,7 @@ std::string EmbeddedSettingsText(const SettingsDocument& settings,
                                "] appears twice; only the first one is built in");
             continue;
         }
-        if (IsForFilesOnly(name)) {
+        if (!IsReadWhenBuiltIn(name)) {
             warnings.push_back("section [" + Utf8Of(name) +
                                "] only has an effect in the settings file beside the executable; "
                                "it is omitted");

@@ -7,6 +7,9 @@
 
 namespace tarn::tools {
 
+/// Whether the launcher reads this section from settings that are built into an executable.
+bool IsReadWhenBuiltIn(const std::wstring& section);
+
 /// A settings file as the UTF-8 text that is built into an executable. The launcher reads that text
 /// literally (nothing is trimmed, names are case-sensitive, the last of two values wins), so the
 /// result is normalised: no comments, no quotes or white space around values, names spelled as the

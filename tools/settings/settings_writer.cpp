@@ -4,7 +4,9 @@
 
 #include "tools/common/ascii.h"
 #include "tools/common/byte_io.h"
+#include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
+#include "tools/settings/settings_document.h"
 
 namespace tarn::tools {
 namespace {
@@ -74,7 +76,25 @@ std::string SettingsWriter::Text() const {
                     Quoted(line.value) + kLineEnd;
         }
     }
+    CheckIsReadBack(text);
     return text;
+}
+
+void SettingsWriter::CheckIsReadBack(const std::string& text) const {
+    const SettingsDocument document(WideOf(text));
+    for (const Section& section : sections_) {
+        for (const Line& line : section.lines) {
+            if (line.isSuggestion) continue;
+            const DocumentEntry* const read = document.Find(WideOf(section.name), WideOf(line.key));
+            if (read != nullptr && read->value == WideOf(line.value)) continue;
+            throw Failure(
+                "\"" + line.key + "\" of [" + section.name +
+                "] cannot be written to a settings file, which has no line breaks or "
+                "other control characters in a value, and no \";\", \"[\", \"]\" or \"=\" "
+                "in a name: " +
+                line.value);
+        }
+    }
 }
 
 Bytes SettingsWriter::Content() const {

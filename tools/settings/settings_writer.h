@@ -24,7 +24,8 @@ class SettingsWriter {
     /// Sets a value that was added before, matching names case-insensitively, or adds one.
     void Set(const std::string& section, const std::string& key, std::string value);
 
-    /// The whole text; lines end with CR LF.
+    /// The whole text; lines end with CR LF. Throws Failure for a name or value that Windows would
+    /// read differently, such as one with a line break.
     std::string Text() const;
 
     /// The bytes of the file: ASCII, or UTF-16 with a byte-order mark when the text has other
@@ -44,6 +45,7 @@ class SettingsWriter {
     };
 
     Section& SectionOf(const std::string& name);
+    void CheckIsReadBack(const std::string& text) const;
 
     std::string heading_;
     std::vector<Section> sections_;

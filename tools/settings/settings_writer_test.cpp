@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/settings/embedded_settings_text.h"
 #include "tools/settings/ini_encoding.h"
@@ -36,6 +37,20 @@ TEST(SettingsWriterTest, WritesValuesThatWindowsReadsBackUnchanged) {
         std::vector<std::string> warnings;
         EXPECT_EQ(EmbeddedSettingsText(SettingsDocument(WideOf(settings.Text())), warnings),
                   "[A]\r\nk=" + std::string(value) + "\r\n");
+    }
+}
+
+TEST(SettingsWriterTest, RejectsWhatWindowsWouldReadDifferently) {
+    const struct {
+        const char* section;
+        const char* key;
+        const char* value;
+    } kSettings[] = {{"A", "k", "1\r\nl=2"}, {"A", "k", "1\n"}, {"A", ";k", "1"}, {"A", "k=l", "1"},
+                     {"A", "[k", "1"},       {"A\n", "k", "1"}, {"A", "k", "\t1"}};
+    for (const auto& setting : kSettings) {
+        SettingsWriter settings("H");
+        settings.Set(setting.section, setting.key, setting.value);
+        EXPECT_THROW(settings.Text(), Failure) << setting.key << '=' << setting.value;
     }
 }
 

@@ -92,8 +92,10 @@ SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& f
                                    const std::string& splash) {
     SettingsWriter settings("Settings of " + request.name +
                             ".exe. Lines that begin with a semicolon are comments.");
-    settings.Add(keys::kProductInformation, keys::kProductName, request.title,
-                 "Folder of the per-user settings below %APPDATA%.");
+    if (!request.singleFile) {
+        settings.Add(keys::kProductInformation, keys::kProductName, request.title,
+                     "Folder of the per-user settings below %APPDATA%.");
+    }
     AddApplication(request, settings);
     AddRuntime(request, facts, settings);
     if (!classPath.empty()) {

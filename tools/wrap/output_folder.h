@@ -40,6 +40,9 @@ class OutputFolder {
     void Copy(const std::filesystem::path& source, const std::string& target,
               const Progress& progress = {});
 
+    /// The folder while it is being filled.
+    const std::filesystem::path& Unfinished() const { return unfinished_; }
+
     /// Moves the folder to its final place.
     void Finish();
 

@@ -8,11 +8,13 @@
 #include "tools/image/picture_format.h"
 #include "tools/java/java_version.h"
 #include "tools/settings/embedded_settings_text.h"
+#include "tools/stamp/launcher_file.h"
 #include "tools/stamp/stamp.h"
 #include "tools/wrap/application_settings.h"
 #include "tools/wrap/class_path_files.h"
 #include "tools/wrap/jar_facts.h"
 #include "tools/wrap/output_folder.h"
+#include "tools/wrap/result_check.h"
 #include "tools/wrap/runtime_folder.h"
 
 namespace tarn::tools {
@@ -80,18 +82,9 @@ StampChanges ChangesFor(const WrapRequest& request, const JarFacts& facts) {
 Bytes StampedLauncher(const WrapRequest& request, const StampChanges& changes,
                       std::vector<std::string>& warnings) {
     const Bytes launcher = ReadWholeFile(request.launcher);
-    return WithFileName(request.launcher, [&] { return Stamp(launcher, changes, warnings); });
-}
-
-bool HasMainClass(const JarFile& jar, const std::vector<ClassPathFile>& files,
-                  const std::string& mainClass) {
-    const std::string entry = EntryOfClass(mainClass);
-    if (jar.Has(entry)) return true;
-    return std::any_of(files.begin() + 1, files.end(), [&](const ClassPathFile& file) {
-        std::error_code error;
-        if (file.isFolder) return fs::exists(file.source / PathOf(entry), error);
-        const Bytes content = ReadWholeFile(file.source);
-        return JarFile(content, file.source).Has(entry);
+    return WithFileName(request.launcher, [&] {
+        CheckIsLauncher(launcher);
+        return Stamp(launcher, changes, warnings);
     });
 }
 
@@ -135,6 +128,34 @@ void WarnAboutNames(const std::vector<ClassPathFile>& files, std::vector<std::st
     }
 }
 
+void CheckHasEffectInSingleFile(const WrapRequest& request) {
+    for (const auto& [name, value] : request.settings) {
+        const std::string section = name.substr(0, name.find('/'));
+        if (IsReadWhenBuiltIn(WideOf(section))) continue;
+        throw Failure("--set " + name + "=" + value +
+                      ": has no effect with --single-file, because "
+                      "the launcher reads [" +
+                      section + "] only from a settings file beside the executable");
+    }
+}
+
+// The check of the unfinished result by `tarn check`.
+void CheckUnfinished(const WrapRequest& request, const StampChanges& changes,
+                     const OutputFolder& output) {
+    std::vector<std::string> allowed = request.allowedFindings;
+    // What the option is for.
+    if (request.keepsWorkingDirectory) allowed.emplace_back("current-directory");
+    const fs::path& folder = output.Unfinished();
+    if (request.singleFile) {
+        const std::string file = request.name + ".exe";
+        CheckResult(EmbeddedSettingsForCheck(*changes.settings, folder / PathOf(file)), file,
+                    request.out, allowed);
+    } else {
+        const std::string file = request.name + ".ini";
+        CheckResult(CheckedSettings::Load(folder / PathOf(file), true), file, request.out, allowed);
+    }
+}
+
 }  // namespace
 
 fs::path Wrap(const WrapRequest& asked, const Console& console) {
@@ -143,11 +164,9 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     const JarFile jar(jarContent, asked.jar);
     const JarFacts facts = ReadJarFacts(jar, asked.mainClass, asked.minimumVersion, warnings);
     const WrapRequest request = Completed(asked, facts);
+    if (request.singleFile) CheckHasEffectInSingleFile(request);
     if (!request.runtime.empty()) CheckShippedRuntime(request, facts, warnings);
     std::vector<ClassPathFile> files = CollectClassPath(jar, request.classPath, warnings);
-    if (!HasMainClass(jar, files, facts.mainClass)) {
-        warnings.push_back("the main class " + facts.mainClass + " is in none of the jars");
-    }
     WarnAboutNames(files, warnings);
     const Splash splash = ReadSplash(request, jar, facts, warnings);
     if (request.singleFile) {
@@ -182,6 +201,7 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
         output.Copy(added, Utf8OfPath(named.filename()));
     }
     if (!request.runtime.empty()) CopyRuntime(request.runtime, output, console);
+    CheckUnfinished(request, changes, output);
     output.Finish();
     for (const std::string& warning : warnings) console.PrintWarning(warning);
     return request.out / PathOf(executableName);

@@ -42,10 +42,12 @@ struct WrapRequest {
     bool keepsWorkingDirectory = false;  // instead of the application's folder
     bool replaces = false;
     std::vector<std::pair<std::string, std::string>> settings;  // "Section/Key" and value
+    std::vector<std::string> allowedFindings;  // ids of findings of `tarn check` that are accepted
 };
 
 /// Creates the application's folder and returns the path of its executable. The same request gives
-/// the same bytes on every machine. Throws Failure and then leaves no folder behind.
+/// the same bytes on every machine. Throws Failure and then leaves no folder behind, also when
+/// `tarn check --strict` would not accept the result.
 std::filesystem::path Wrap(const WrapRequest& request, const Console& console);
 
 }  // namespace tarn::tools

@@ -130,6 +130,8 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
                      "Start in the caller's directory instead of the application's folder; Java "
                      "then also loads classes and resources from there");
     option("--set", arguments.settings, "SECTION/KEY=VALUE", "Another setting; may be repeated");
+    option("--allow", request.allowedFindings, "ID",
+           "Accept a finding of tarn check, which otherwise ends the command; may be repeated");
     option("--launcher", arguments.launcher, "FILE", "launcher.exe (default: the one beside tarn)");
     command.add_flag("--replace", request.replaces,
                      "Replace an existing folder of the same application");
