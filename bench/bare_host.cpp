@@ -53,6 +53,7 @@ jclass LoadMainClass(JNIEnv* env, const Start& start) {
 DWORD WINAPI RunJava(void* parameter) noexcept {
     const Start& start = *static_cast<const Start*>(parameter);
     std::vector<JavaVMOption> options;
+    options.reserve(start.options.size());
     for (const std::string& option : start.options)
         options.push_back({const_cast<char*>(option.c_str()), nullptr});
     JavaVMInitArgs initArguments{JNI_VERSION_1_2, static_cast<jint>(options.size()), options.data(),

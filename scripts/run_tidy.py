@@ -40,11 +40,13 @@ def mingw_arguments():
     if not folders:
         sys.exit("no C++ library of x86_64-w64-mingw32 found")
     library = folders[-1]
-    # Only gcc supports objects with both kinds of code (link-time optimisation).
     arguments = ["--target=x86_64-w64-mingw32", "-Wno-ignored-optimization-argument"]
     for folder in (library, library + "/x86_64-w64-mingw32"):
         arguments += ["-isystem", folder]
-    return [f"--extra-arg-before={argument}" for argument in arguments]
+    # Only gcc supports objects with both kinds of code (link-time optimisation) for this target: older
+    # versions of clang ignore the option, newer ones reject it unless a later option takes it back.
+    return ["--extra-arg=-fno-fat-lto-objects",
+            *(f"--extra-arg-before={argument}" for argument in arguments)]
 
 
 def git(*arguments):
