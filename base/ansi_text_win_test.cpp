@@ -28,7 +28,7 @@ TEST(AnsiTextTest, ConvertsByTheThreadsOwnLocale) {
     SetThreadLocale(before);
 }
 
-TEST(AnsiTextTest, ALookAlikeIsTakenOnlyWhereItMayBe) {
+TEST(AnsiTextTest, ASimilarCharacterIsUsedOnlyIfAllowed) {
     const LCID before = GetThreadLocale();
     SetThreadLocale(MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT));
     EXPECT_EQ(ToThreadAnsi(L"\u0101\u00E9"), "a\xE9");
@@ -36,7 +36,7 @@ TEST(AnsiTextTest, ALookAlikeIsTakenOnlyWhereItMayBe) {
     SetThreadLocale(before);
 }
 
-TEST(AnsiTextTest, LongTextsAreConvertedWhole) {
+TEST(AnsiTextTest, LongTextsAreNotTruncated) {
     EXPECT_EQ(ToThreadAnsi(std::wstring(40000, L'x')), std::string(40000, 'x'));
 }
 

@@ -35,7 +35,7 @@ class UniqueResource {
         if (old != Traits::None()) Traits::Close(old);
     }
 
-    /// Gives up ownership and returns the resource.
+    /// Releases ownership and returns the resource.
     Value release() { return std::exchange(value_, Traits::None()); }
 
     /// Closes the resource held and returns the address for a function that stores a new one there.

@@ -4,7 +4,7 @@
 
 namespace tarn {
 
-/// Holds a function that is called at most once: by `Invoke`, otherwise by the destructor.
+/// Contains a function that is called at most once: by `Invoke`, otherwise by the destructor.
 class OneShotAction {
   public:
     using Function = void (*)();

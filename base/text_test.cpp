@@ -142,7 +142,7 @@ TEST(GrowingBufferTest, ATextThatFillsTheBufferIsReadAgain) {
     EXPECT_EQ(SizesTried(254, 2), Sizes({256, 512}));
 }
 
-TEST(GrowingBufferTest, LongTextsAreReadWhole) {
+TEST(GrowingBufferTest, LongTextsAreReadCompletely) {
     EXPECT_EQ(SizesTried(300, 1), Sizes({256, 512}));
     EXPECT_EQ(SizesTried(511, 1), Sizes({256, 512, 1024}));
     EXPECT_EQ(SizesTried(30000, 1).back(), 32768u);

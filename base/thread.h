@@ -6,7 +6,7 @@ namespace tarn {
 
 /// Waits up to `timeoutMs` milliseconds for a thread's end (`WaitForSingleObject`) and returns
 /// whether it has ended. The wait decides, because a thread may exit with `STILL_ACTIVE` (259).
-/// Only when the wait fails does the exit code decide: whoever asks destroys what the thread uses.
+/// Only when the wait fails does the exit code decide: callers then destroy what the thread uses.
 bool HasEnded(HANDLE thread, DWORD timeoutMs);
 
 /// Ends a thread that runs a message loop: posts `WM_QUIT` to it (`PostThreadMessageW`) until the

@@ -19,8 +19,8 @@ constexpr wchar_t kRoot[] = L"Software\\JavaSoft\\JDK";
 // Newer than whatever the machine has installed; the settings let nothing older pass.
 constexpr wchar_t kVersion[] = L"60000.";
 
-/// Registered runtimes, as many as are wanted at a time. Each has the jvm.dll that only
-/// takes the time. The keys go with the object; what is made above them is volatile.
+/// Any number of registered runtimes. Each has the jvm.dll that only
+/// records the time. The destructor removes the keys; keys created above them are volatile.
 class Registrations {
   public:
     explicit Registrations(const Workspace& workspace)

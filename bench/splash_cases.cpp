@@ -1,5 +1,5 @@
 // When the splash is on the screen, the launcher's own and the runtime's, and what it costs the
-// start of main. A bare host that shows an empty window tells how much of that any window costs.
+// start of main. A bare host that shows an empty window gives the cost of any window.
 #include "bench/bench_case.h"
 #include "bench/timed_process.h"
 #include "bench/workspace.h"

@@ -1,4 +1,4 @@
-// The argument area of the shared block is written by another process, which may be anybody's.
+// The argument area of the shared block is written by another, untrusted process.
 
 #include <algorithm>
 #include <array>
@@ -16,8 +16,8 @@ namespace {
 using tarn::fuzz::Require;
 using Area = std::array<char16_t, tarn::kArgumentUnits>;
 
-// Unit by unit: a zero ends an argument, and a zero right after a zero ends the list. The list is
-// empty when that comes before any unit of text.
+// A model, unit by unit: a zero ends an argument, and a zero right after a zero ends the list. The
+// list is empty when that happens before any other unit.
 std::vector<std::wstring> NaiveDecode(const Area& area) {
     std::vector<std::wstring> arguments;
     std::wstring current;
@@ -39,7 +39,7 @@ std::vector<std::wstring> NaiveDecode(const Area& area) {
     return arguments;
 }
 
-// The arguments that the units spell when every zero ends one, empty ones included.
+// The arguments when every zero ends one, including empty ones.
 std::vector<std::wstring> ArgumentsOf(const std::vector<char16_t>& units) {
     std::vector<std::wstring> arguments(1);
     for (const char16_t unit : units) {
@@ -53,7 +53,7 @@ std::vector<std::wstring> ArgumentsOf(const std::vector<char16_t>& units) {
 }
 
 void CheckDecode(const std::vector<char16_t>& units) {
-    // On the heap and alone, so that a unit read beyond the area is noticed.
+    // A heap block of its own, so that a read beyond the area is detected.
     const auto area = std::make_unique<Area>();
     area->fill(u'\0');
     std::copy_n(units.begin(), std::min(units.size(), area->size()), area->begin());

@@ -1,4 +1,4 @@
-// The class path of the settings, and which of its entries are looked up on the disk.
+// The class path of the settings, and which of its entries are searched on the disk.
 
 #include <vector>
 

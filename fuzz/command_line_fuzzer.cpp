@@ -1,4 +1,4 @@
-// The command line is whatever another program chose to start the launcher with.
+// The program that starts the launcher chooses the command line.
 
 #include <cwctype>
 #include <vector>
@@ -11,7 +11,7 @@ namespace {
 using tarn::fuzz::Require;
 using Texts = std::vector<std::wstring>;
 
-// One character at a time, as a reader would explain it.
+// A model that reads one character at a time.
 Texts NaiveSplit(const std::wstring& text) {
     enum { Between, Plain, Quoted } state = Between;
     Texts tokens;
@@ -39,7 +39,7 @@ Texts NaiveArguments(std::wstring line) {
     return tokens;
 }
 
-// Whatever has no quote in it comes through when it is quoted.
+// A text without a quote is unchanged when it is quoted.
 void CheckRoundTrip(const std::wstring& text) {
     Texts arguments(1);
     for (const wchar_t c : text) {
@@ -51,7 +51,7 @@ void CheckRoundTrip(const std::wstring& text) {
     }
     std::wstring line = L"\"C:\\some where\\sample.exe\"";
     for (const std::wstring& argument : arguments) {
-        // With one blank, with two, or with none at all.
+        // Separated by one space, by two, or by none.
         line += std::wstring(argument.size() % 3, L' ') + L'"' + argument + L'"';
     }
     Require(tarn::ArgumentsOf(line) == arguments);

@@ -53,7 +53,7 @@ std::wstring Write(const Values& values) {
 void CheckLookUps(const tarn::EmbeddedSettings& settings, const Values& values) {
     for (const auto& [name, value] : values) {
         Require(settings.Find(name.first, name.second) == value);
-        // Neither a name of another place nor one of nearly the same spelling.
+        // Neither section and key exchanged nor a similar spelling is found.
         for (const auto& other :
              {std::pair(name.second, name.first), std::pair(name.first, name.second + L' '),
               std::pair(name.first + L'+', name.second)}) {
@@ -70,7 +70,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::wstring text = tarn::fuzz::FuzzInput(data, size).TakeText();
     const Values values = NaiveParse(text);
     CheckLookUps(tarn::EmbeddedSettings(text), values);
-    // Written anew in another order, the text says the same.
+    // In another order, the text has the same settings.
     CheckLookUps(tarn::EmbeddedSettings(Write(values)), values);
     return 0;
 }

@@ -1,4 +1,4 @@
-// An executable is any file that is given to the companion program to change.
+// The companion program changes executables, which can be any files.
 
 #include <algorithm>
 #include <cstring>
@@ -15,7 +15,7 @@ using tarn::fuzz::FuzzInput;
 using tarn::fuzz::Require;
 using namespace tarn::tools;
 
-// As the description of the format has it: 16-bit words added with their carry, and the size.
+// As the PE format defines the checksum: the sum of 16-bit words with their carry, plus the size.
 std::uint32_t NaiveChecksum(const Bytes& content, std::size_t field) {
     std::uint32_t sum = 0;
     for (std::size_t at = 0; at < content.size(); ++at) {
@@ -47,7 +47,7 @@ bool IsSame(const ResourceTree& a, const ResourceTree& b) {
     });
 }
 
-// Whatever is taken for an executable stays one when its resources are exchanged.
+// An accepted executable is still one after its resources are replaced.
 void CheckExchange(const Bytes& content, const ResourceTree& tree) {
     std::optional<Executable> executable;
     Bytes changed;
@@ -70,7 +70,7 @@ void CheckExchange(const Bytes& content, const ResourceTree& tree) {
     std::uint32_t checksum = 0;
     std::memcpy(&checksum, &changed[header + 24 + 64], sizeof checksum);
     Require(checksum == NaiveChecksum(changed, header + 24 + 64));
-    // Once more changes nothing.
+    // Doing so again changes nothing.
     again.SetResources(tree);
     Require(again.Content() == changed);
 }
@@ -107,7 +107,7 @@ ResourceTree TakeTree(FuzzInput& input) {
 
 }  // namespace
 
-// Resources to put in, and then what to change in a good executable: places and 16-bit numbers.
+// Resources to add, then changes of a valid executable: offsets and 16-bit numbers.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     FuzzInput input(data, size);
     const ResourceTree tree = TakeTree(input);
@@ -127,7 +127,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const auto value = input.TakeNumber<std::uint16_t>();
         std::memcpy(&content[at], &value, sizeof value);
     }
-    // Cut short, too.
+    // Truncated as well.
     content.resize(content.size() -
                    std::min<std::size_t>(input.TakeNumber<std::uint16_t>(), content.size()) *
                        (changes % 2));

@@ -1,4 +1,4 @@
-// Paths that are made of settings and of the place where the launcher lies.
+// Paths built from settings and the launcher's folder.
 
 #include <algorithm>
 #include <optional>
@@ -25,7 +25,7 @@ std::vector<std::wstring> Split(const std::wstring& path) {
     return components;
 }
 
-// What stands before the last backslash; the path itself when there is none.
+// A model: the text before the last backslash, or the path itself when there is none.
 std::wstring Parent(const std::wstring& path) {
     const std::size_t size = Split(path).back().size();
     return size == path.size() ? path : path.substr(0, path.size() - size - 1);
@@ -64,7 +64,7 @@ bool IsSeparator(wchar_t c) {
     return c == L'\\' || c == L'/';
 }
 
-// Where each component ends, from `start` on. One that should begin there but does not is empty.
+// The ends of the components, from `start` on. A component that is missing there is empty.
 std::vector<std::size_t> ComponentEnds(const std::wstring& name, std::size_t start) {
     std::vector<std::size_t> ends;
     bool inComponent = true;
@@ -75,12 +75,12 @@ std::vector<std::size_t> ComponentEnds(const std::wstring& name, std::size_t sta
     return ends;
 }
 
-// The folders that may have to be made are those behind the drive, or behind server and share.
+// The folders to create are those after the drive, or after server and share.
 std::vector<std::size_t> NaiveFolderLevels(const std::wstring& name) {
     std::size_t start = 2;
     std::size_t inRoot = 2;
     if (name[1] == L':') {
-        // What stands right behind the colon belongs to the drive when it is nothing.
+        // An empty component right after the colon belongs to the drive.
         inRoot = name.size() > 2 && IsSeparator(name[2]) ? 1 : 0;
     } else if (name[2] == L'?' || name[2] == L'.') {
         if (name.size() > 3 && name[3] == L'\\') {
@@ -107,7 +107,7 @@ void CheckFolderLevels(const std::wstring& name) {
 
 }  // namespace
 
-// Two texts with a line feed in between.
+// Two texts separated by a line feed.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::wstring text = tarn::fuzz::FuzzInput(data, size).TakeText();
     const std::size_t end = std::min(text.find(L'\n'), text.size());

@@ -8,12 +8,12 @@
 
 namespace tarn::fuzz {
 
-/// A property that does not hold is a crash to the fuzzer, which then keeps the input.
+/// Aborts when a property does not hold, which the fuzzer reports as a crash and keeps the input.
 inline void Require(bool holds) {
     if (!holds) std::abort();
 }
 
-/// What the fuzzer made up, taken from the front piece by piece; zeros when it is used up.
+/// The fuzzer's bytes, consumed from the front; zeros when they are used up.
 class FuzzInput {
   public:
     FuzzInput(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
@@ -28,8 +28,8 @@ class FuzzInput {
         return number;
     }
 
-    /// All that is left as UTF-16 units. A byte stands for the unit of its value, so that texts of
-    /// the corpus can be read; 0xFF stands before the two bytes of any unit.
+    /// The remaining bytes as UTF-16 units. A byte is the unit of its value, so that texts of the
+    /// corpus are readable; 0xFF precedes the two bytes of any other unit.
     std::wstring TakeText() {
         std::wstring text;
         text.reserve(size_);
@@ -37,7 +37,7 @@ class FuzzInput {
             const auto byte = TakeNumber<std::uint8_t>();
             text.push_back(static_cast<wchar_t>(byte == 0xFF ? TakeNumber<std::uint16_t>() : byte));
         }
-        // So that it lies on the heap in its own size, and a unit read beyond it is noticed.
+        // A heap block of exactly this size, so that a read beyond it is detected.
         text.shrink_to_fit();
         return text;
     }

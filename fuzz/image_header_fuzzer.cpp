@@ -1,4 +1,4 @@
-// A file of any bytes may lie where a runtime's library is looked for.
+// A file with any contents may have the name of a runtime's library.
 
 #include <cstring>
 #include <span>
@@ -20,9 +20,9 @@ bool NaiveHolds(const std::vector<std::byte>& file) {
 
 }  // namespace
 
-// An offset of the headers, how much lies behind them, and the file's first bytes.
+// The offset of the PE headers, how many bytes follow it, and the file's first bytes.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // On the heap and alone, so that a byte read beyond it is noticed.
+    // A heap block of its own, so that a read beyond it is detected.
     std::vector<std::byte> file(size);
     if (size != 0) std::memcpy(file.data(), data, size);
     Require(tarn::HasPeHeaders(file) == NaiveHolds(file));

@@ -1,4 +1,4 @@
-// Resources of an executable, and icons, that are given to the companion program.
+// Resources of an executable, and icon files, which the companion program reads.
 
 #include <algorithm>
 #include <cstring>
@@ -21,7 +21,7 @@ bool IsSame(const VersionInfo& a, const VersionInfo& b) {
            a.texts == b.texts;
 }
 
-// What could be read is written so that it reads the same.
+// Resources that can be read are the same after they are written and read again.
 void CheckVersion(const Bytes& content) {
     VersionInfo info;
     Bytes written;
@@ -58,7 +58,7 @@ void CheckNumber(const Bytes& content) {
     Require(VersionNumberOf(text) == NaiveNumber(text));
 }
 
-// A text that is set is there, and its neighbours are what they were.
+// A text that is set can be read, and the other texts are unchanged.
 void CheckTexts(const Bytes& content, std::uint16_t id, std::string_view text) {
     ResourceTree tree;
     tree[kResourceString][ResourceName(static_cast<std::uint16_t>(id / 16 + 1))][7].content =
@@ -77,7 +77,7 @@ void CheckTexts(const Bytes& content, std::uint16_t id, std::string_view text) {
         Require(StringOf(tree, static_cast<std::uint16_t>(first + i)) == before[i]);
 }
 
-// An icon file is taken apart, and its pictures get into any present icon's place.
+// An icon file is parsed, and its pictures replace those of any icon present.
 void CheckIcon(const Bytes& content, const Bytes& group) {
     std::vector<IconPicture> pictures;
     ResourceTree tree;
@@ -105,7 +105,7 @@ void CheckIcon(const Bytes& content, const Bytes& group) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // On the heap and alone, so that a byte read beyond it is noticed.
+    // A heap block of its own, so that a read beyond it is detected.
     Bytes content(size);
     if (size != 0) std::memcpy(content.data(), data, size);
     CheckVersion(content);

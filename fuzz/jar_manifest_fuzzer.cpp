@@ -1,4 +1,4 @@
-// The manifest of a jar that is named to the companion program.
+// The manifest of a jar, which the companion program reads.
 
 #include <algorithm>
 #include <map>
@@ -17,7 +17,7 @@ std::string Lower(std::string text) {
     return text;
 }
 
-// First all line ends are made the same, then all lines are put together, then each is looked at.
+// A model: first unifies the line ends, then joins continued lines, then parses each line.
 Attributes NaiveParse(std::string text) {
     if (text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
     for (std::size_t at = 0; (at = text.find("\r\n", at)) != std::string::npos;) text.erase(at, 1);
@@ -69,9 +69,9 @@ void CheckAttributes(const tarn::tools::Manifest& manifest, const Attributes& at
     }
 }
 
-// As Java's tools write it: no line longer than 72 bytes, its end included.
+// As Java's tools write it: no line is longer than 72 bytes, including its end.
 std::string Write(const Attributes& attributes) {
-    // The mark is skipped only once, and a name may begin like it.
+    // The byte-order mark is skipped only once, and a name may begin with its bytes.
     std::string text = "\xEF\xBB\xBF";
     for (const auto& [name, value] : attributes) {
         std::string line = name + ": " + value;
@@ -85,12 +85,12 @@ std::string Write(const Attributes& attributes) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // On the heap and alone, so that a byte read beyond it is noticed.
+    // A heap block of its own, so that a read beyond it is detected.
     std::string text(data, data + size);
     text.shrink_to_fit();
     Attributes attributes = NaiveParse(text);
     CheckAttributes(tarn::tools::Manifest::Parse(text), attributes);
-    // A name that is not there, or begins like a continued line, cannot be written.
+    // An empty name, or one that begins like a continued line, cannot be written.
     std::erase_if(attributes,
                   [](const auto& each) { return each.first.empty() || each.first[0] == ' '; });
     CheckAttributes(tarn::tools::Manifest::Parse(Write(attributes)), attributes);

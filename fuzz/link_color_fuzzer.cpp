@@ -1,4 +1,4 @@
-// A link's colours come from registry values that anybody may have written.
+// A link's colours come from registry values, which any program may have written.
 
 #include <algorithm>
 #include <cwchar>
@@ -14,7 +14,7 @@ namespace {
 
 using tarn::fuzz::Require;
 
-// The C library's own reading of a number, which has more bits here.
+// The C library's conversion, which has more bits here.
 std::uint32_t NaiveNumber(const std::wstring& text) {
     const long number = std::wcstol(text.c_str(), nullptr, 10);
     return static_cast<std::uint32_t>(std::clamp<long>(number,
@@ -47,10 +47,10 @@ void CheckValue(std::uint32_t type, const std::wstring& text) {
     const bool isTerminated = !text.empty() && text.back() == L'\0';
     Require(tarn::LinkColorOfValue(type, bytes) ==
             (isText && isTerminated ? NaiveParse(cut) : std::nullopt));
-    // With a terminator behind it, whatever it is counts up to its first zero.
+    // With a terminator, any bytes count up to their first zero unit.
     bytes.insert(bytes.end(), 2, 0);
     Require(tarn::LinkColorOfValue(type, bytes) == (isText ? NaiveParse(cut) : std::nullopt));
-    // Half a character more, or less, and it is no text.
+    // With half a unit more or less, the value is not a text.
     bytes.pop_back();
     Require(!tarn::LinkColorOfValue(type, bytes));
 }

@@ -9,7 +9,7 @@ namespace {
 
 using tarn::fuzz::Require;
 
-// Where `mark` (in capitals) stands in either letter case; the text's size when it does not.
+// A model: the position of `mark` (in capitals), ignoring case; the text's size when it is absent.
 std::size_t NaiveFind(const std::wstring& text, const std::wstring& mark) {
     std::wstring capitals = text;
     for (wchar_t& c : capitals)

@@ -1,4 +1,4 @@
-// Heap and stack sizes that are written as percentages, on machines of any memory.
+// Heap and stack sizes as percentages, for any amount of memory.
 
 #include <algorithm>
 #include <vector>
@@ -19,7 +19,7 @@ bool NaiveHasForm(const std::wstring& option) {
     return false;
 }
 
-// The option's text before its numbers, then percent, minimum and maximum, 0 for what is missing.
+// The option's text before its numbers, then percent, minimum and maximum, 0 for a missing one.
 std::vector<std::uint64_t> NaiveNumbers(const std::wstring& option, std::wstring& prefix) {
     const std::size_t begin = std::min(option.find_first_of(L"0123456789:"), option.size());
     prefix = option.substr(0, begin);
@@ -44,7 +44,7 @@ void CheckResolve(const std::wstring& option, const tarn::MemorySizes& memory) {
                                    : memory.availableVirtual;
     const double share =
         static_cast<double>(base >> 10) * (static_cast<double>(numbers[0]) / 100.0);
-    // No machine has more than 64 bits of memory, so larger results are not checked.
+    // Memory sizes have at most 64 bits, so larger results are not checked.
     if (share >= 18446744073709551616.0) return;
     auto size = static_cast<std::uint64_t>(share);
     if (numbers[2] != 0) size = std::min(size, numbers[2] * 1024);
@@ -54,7 +54,7 @@ void CheckResolve(const std::wstring& option, const tarn::MemorySizes& memory) {
     Require(resolved == prefix + std::to_wstring(printed) + L'K');
 }
 
-// A percentage up to 100 gives, up to the rounding of a fraction, that part of the memory.
+// A percentage up to 100 gives that part of the memory, except for rounding.
 void CheckShare(std::uint8_t number, std::uint32_t mebibytes) {
     const unsigned percent = number % 101u;
     const std::uint64_t bytes = std::uint64_t{mebibytes % (1u << 20)} << 20;
@@ -78,7 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     Require(tarn::HasPercentageForm(text) == NaiveHasForm(text));
     if (NaiveHasForm(text)) CheckResolve(text, memory);
-    // Most texts are none, so make one of each.
+    // Few inputs have the form of a percentage, so each is given one as well.
     CheckResolve(L"-Xmx" + text + L'p', memory);
     CheckResolve(L"-Xss" + text + L'T', memory);
     return 0;

@@ -20,7 +20,7 @@ tarn::ScannedNumbers NaiveScan(const std::wstring& text) {
         ++result.prefixLength;
     }
     if (result.prefixLength == text.size()) return result;
-    // Split at the colons first, then only the digits of each piece.
+    // A model: splits at the colons first, then keeps the digits of each piece.
     std::wstring body = text.substr(result.prefixLength);
     body.back() = L':';
     std::wstring piece;
@@ -64,7 +64,7 @@ void CheckScan(const std::wstring& text) {
     Require(stack == (isSize ? expected.numbers[0] << ShiftOf(text.back()) : 0));
 }
 
-// Numbers that are written out are read back.
+// Formatted numbers are read back unchanged.
 void CheckRoundTrip(tarn::fuzz::FuzzInput input) {
     std::vector<std::uint64_t> numbers;
     std::wstring text = L"-Xmx";

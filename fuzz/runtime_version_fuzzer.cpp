@@ -25,7 +25,7 @@ std::vector<std::wstring> DigitGroups(const std::wstring& text) {
     return groups;
 }
 
-// A number as 32 bits hold it; none when it was above 214748364 and had a further digit.
+// A number in 32 bits; none when it exceeds 214748364 and another digit follows.
 std::optional<std::int32_t> NaiveNumber(const std::wstring& digits) {
     constexpr std::int64_t kRange = std::int64_t{1} << 32;
     std::int64_t value = 0;
@@ -96,7 +96,7 @@ RuntimeVersion CheckParse(const std::wstring& text, std::int32_t fill) {
     return version;
 }
 
-// What was formatted reads as the same version, up to the tail that was left out.
+// A formatted version is parsed as the same version, except for the omitted tail.
 void CheckFormat(const RuntimeVersion& version) {
     const std::wstring text = tarn::FormatVersion(version);
     Require(text == NaiveFormat(version));
@@ -141,7 +141,7 @@ void CheckBounds(const std::wstring& text) {
 
 }  // namespace
 
-// Two texts with a line feed in between.
+// Two texts separated by a line feed.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     std::wstring rest = tarn::fuzz::FuzzInput(data, size).TakeText();
     std::vector<std::wstring> texts;

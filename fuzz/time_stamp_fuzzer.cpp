@@ -18,7 +18,7 @@ void CheckSplit(const std::wstring& name) {
     const std::wstring picture(parts->picture);
     const std::wstring after(parts->after);
     Require(before.find(L'%') == std::wstring::npos && after.find(L'%') == std::wstring::npos);
-    // Put together again it is the name.
+    // The parts, joined, are the name.
     Require(name == (marks == 1 ? before + L'%' + after : before + L'%' + picture + L'%' + after));
     Require(marks > 1 || picture.empty());
 }
@@ -33,7 +33,7 @@ void CheckMilliseconds(const std::wstring& picture, unsigned milliseconds) {
     Require(tarn::WithMilliseconds(picture, milliseconds) == expected);
 }
 
-// What a formatting call makes of a picture when every field comes to one "#" for each letter.
+// A model of a formatting call, in which every field becomes one "#" for each letter.
 std::wstring NaiveFormat(const std::wstring& picture, const std::wstring& letters) {
     std::wstring text;
     bool quoted = false;
@@ -59,7 +59,7 @@ void CheckFields(const std::wstring& picture, const std::wstring& letters) {
         const std::size_t before = rest.size();
         const std::wstring field(tarn::ConsumeField(rest, letters, length));
         if (field.empty()) break;
-        // One letter, again and again, and as often as it goes.
+        // A single letter, repeated as often as possible.
         Require(field == std::wstring(field.size(), field[0]));
         Require(letters.find(field[0]) != std::wstring::npos);
         Require(rest.empty() || rest[0] != field[0]);

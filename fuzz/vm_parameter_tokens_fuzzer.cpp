@@ -44,7 +44,7 @@ std::wstring NaiveUnquote(std::wstring rest) {
 void CheckSplit(const std::wstring& text) {
     const std::vector<std::wstring> tokens = tarn::SplitVmParameters(text);
     Require(tokens == NaiveSplit(text));
-    // Put together again they are the same tokens: nothing but blanks between them was lost.
+    // Joined with spaces, they split into the same tokens: only spaces were removed.
     std::wstring joined;
     for (const std::wstring& token : tokens) joined += token + L"  ";
     const auto last = tokens.empty() ? 0 : std::count(joined.begin(), joined.end(), L'"') % 2;
@@ -54,7 +54,7 @@ void CheckSplit(const std::wstring& text) {
 void CheckUnquote(const std::wstring& option) {
     const std::wstring result = tarn::RemoveQuotes(option);
     Require(result == NaiveUnquote(option));
-    // Quotes may go, everything else stays in its order.
+    // Quotes may be removed; everything else stays in order.
     std::wstring before = option;
     std::wstring after = result;
     std::erase(before, L'"');

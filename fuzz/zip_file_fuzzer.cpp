@@ -1,4 +1,4 @@
-// A jar is any file that is named to the companion program.
+// A jar, which the companion program reads, can be any file.
 
 #include <algorithm>
 #include <cstring>
@@ -25,7 +25,7 @@ std::string TakeString(FuzzInput& input, std::size_t longest) {
     return text;
 }
 
-// Whatever the bytes are, they can be read or are refused.
+// Any bytes are either read or rejected.
 void CheckAnyBytes(const Bytes& content) {
     const auto place = tarn::tools::FindZip(content);
     if (place) Require(place->begin < place->end && place->end <= content.size());
@@ -47,11 +47,11 @@ void CheckAnyBytes(const Bytes& content) {
     }
 }
 
-// What was packed is found again, with other data in front of it and behind it.
+// A packed file is found again, with other data before and after it.
 void CheckRoundTrip(FuzzInput input) {
     std::string front = TakeString(input, 20);
     std::string behind = TakeString(input, 20);
-    // Nothing there may look like the end of another zip file.
+    // The data must not look like the end of another zip file.
     std::replace(front.begin(), front.end(), 'P', 'p');
     std::replace(behind.begin(), behind.end(), 'P', 'p');
     tarn::tools::ZipOf zip;
@@ -97,7 +97,7 @@ void CheckRoundTrip(FuzzInput input) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    // On the heap and alone, so that a byte read beyond it is noticed.
+    // A heap block of its own, so that a read beyond it is detected.
     Bytes content(size);
     if (size != 0) std::memcpy(content.data(), data, size);
     CheckAnyBytes(content);

@@ -110,7 +110,7 @@ TEST(DecodeArgumentsTest, AnEmptyArgumentBeforeAnotherIsKept) {
     EXPECT_EQ(HandedOver({L"", L"a", L"", L"b"}), Arguments({L"", L"a"}));
 }
 
-TEST(DecodeArgumentsTest, OnlyEmptyArgumentsGiveAnEmptyList) {
+TEST(DecodeArgumentsTest, OnlyEmptyArgumentsAreAnEmptyList) {
     EXPECT_EQ(HandedOver({L""}), Arguments());
     EXPECT_EQ(HandedOver({L"", L""}), Arguments());
     EXPECT_EQ(HandedOver(Arguments(519, L"")), Arguments());

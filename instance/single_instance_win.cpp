@@ -78,7 +78,7 @@ bool SingleInstance::StartListening(const std::wstring& instanceName) {
     const std::wstring eventName = ReadyEventName(instanceName);
     readyEvent_.reset(CreateEventW(nullptr, TRUE, FALSE, eventName.c_str()));
     // No process opens the event by its name. If an object of another type has the name, requests
-    // need an event all the same.
+    // still need an event.
     if (!readyEvent_) readyEvent_.reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     // The name may still refer to the event of an instance that is just ending.
     ResetEvent(readyEvent_.get());

@@ -28,7 +28,7 @@ TEST(ExitHooks, DoNothingWithoutALauncher) {
     ExitHooks::OnAbort();
 }
 
-TEST(ExitHooks, TellTheListenerTheExitCode) {
+TEST(ExitHooks, PassTheExitCodeToTheListener) {
     ExitHooks hooks;
     RecordingListener listener;
     hooks.listener = &listener;
@@ -38,7 +38,7 @@ TEST(ExitHooks, TellTheListenerTheExitCode) {
     EXPECT_EQ(listener.aborts, 0);
 }
 
-TEST(ExitHooks, TellTheListenerOfAnAbort) {
+TEST(ExitHooks, NotifyTheListenerOfAnAbort) {
     ExitHooks hooks;
     RecordingListener listener;
     hooks.listener = &listener;
@@ -59,7 +59,7 @@ TEST(ExitHooks, ForgetTheListenerWithTheLauncher) {
     EXPECT_EQ(listener.aborts, 0);
 }
 
-TEST(ExitHooks, AreWhatAJvmCalls) {
+TEST(ExitHooks, AreCalledByAJvm) {
     // The JVM gets the two as untyped pointers and calls them with these types.
     void(JNICALL * exitHook)(jint) = &ExitHooks::OnExit;
     void(JNICALL * abortHook)() = &ExitHooks::OnAbort;

@@ -163,7 +163,7 @@ TEST_F(JavaExceptionDialogTest, TraceIsReadOnlyAndNotSelected) {
     EXPECT_EQ(SendMessageW(edit, EM_GETFIRSTVISIBLELINE, 0, 0), 0);
 }
 
-TEST_F(JavaExceptionDialogTest, TraceOfSeveralHundredKilobytesIsWholeAndScrolls) {
+TEST_F(JavaExceptionDialogTest, TraceOfSeveralHundredKilobytesIsCompleteAndScrolls) {
     std::wstring trace;
     int lines = 0;
     for (; trace.size() < 600'000; ++lines) {
@@ -197,7 +197,7 @@ TEST_F(JavaExceptionDialogTest, FirstSizeIsTheSmallest) {
     EXPECT_NE(GetWindowLongW(Control(IDC_EXCEPTION_GRIP), GWL_STYLE) & SBS_SIZEGRIP, 0);
 }
 
-TEST_F(JavaExceptionDialogTest, FirstSizeIsTheTemplates) {
+TEST_F(JavaExceptionDialogTest, FirstSizeIsThatOfTheTemplate) {
     Open(L"trace");
     RECT units{0, 0, 275, 242};
     ASSERT_TRUE(MapDialogRect(dialog_, &units));
@@ -212,7 +212,7 @@ TEST_F(JavaExceptionDialogTest, FirstSizeIsTheTemplates) {
     EXPECT_EQ(place.top, ignore.top);
 }
 
-TEST_F(JavaExceptionDialogTest, ControlsFollowWhenItGrows) {
+TEST_F(JavaExceptionDialogTest, ControlsFollowTheGrowingWindow) {
     Open(L"trace");
     RECT window{};
     ASSERT_TRUE(GetWindowRect(dialog_, &window));

@@ -17,7 +17,7 @@ struct OutputFiles {
     bool errorAppend = false;
 };
 
-/// What the Java side of a launch is started with. Made by `BuildOptions` and not changed later.
+/// The start options of the Java side of a launch. Made by `BuildOptions` and not changed later.
 struct JvmOptions {
     /// The JVM's options in their order, in the thread's ANSI code page. An option can be empty.
     std::vector<std::string> ansiOptions;

@@ -18,8 +18,8 @@ std::wstring ProcessPathValue(std::wstring_view setting, std::wstring_view jvmLi
 
 /// Publishes the chosen runtime in the environment (`PublishJvmLocation`) and sets the process's
 /// `Path` (`SetEnvironmentVariableW`), so that the runtime finds its native libraries. Returns the
-/// JVM option with the native library path, made with the `Path` of before, in the thread's ANSI
-/// code page; empty when "Library Path" is not set.
+/// JVM option with the native library path, which contains the previous `Path`, in the thread's
+/// ANSI code page; empty when "Library Path" is not set.
 std::string PrepareNativePaths(const Settings& settings, const std::wstring& jvmLibraryPath);
 
 }  // namespace tarn

@@ -25,7 +25,7 @@ void MakeFile(const std::wstring& path) {
     ASSERT_TRUE(file);
 }
 
-/// Gives each test an empty folder, which is deleted after it.
+/// Creates an empty folder for each test and removes it afterwards.
 class OutputFolders : public testing::Test {
   protected:
     void SetUp() override {
@@ -107,7 +107,7 @@ TEST_F(OutputFolders, FileThatExistsNeedsNone) {
     EXPECT_FALSE(IsFolder(folder_ + L"\\out.txt"));
 }
 
-TEST_F(OutputFolders, FileInAFoldersPlaceStopsThere) {
+TEST_F(OutputFolders, FileWithAFoldersNameEndsTheCreation) {
     MakeFile(folder_ + L"\\a");
     CreateOutputFolders(folder_ + L"\\a\\b\\out.txt");
     EXPECT_FALSE(IsFolder(folder_ + L"\\a"));
@@ -119,7 +119,7 @@ TEST_F(OutputFolders, MissingShareChangesNothing) {
     EXPECT_FALSE(IsThere(L"\\\\tarn-no-such-server\\share\\a"));
 }
 
-TEST_F(OutputFolders, HugeNamesEndAtTheFirstFolderThatCannotBe) {
+TEST_F(OutputFolders, HugeNamesStopAtTheFirstInvalidFolder) {
     for (const std::size_t length : {260U, 1'000U, 32'000U}) {
         std::wstring name = folder_ + L"\\deep";
         while (name.size() < length) name += L"\\0123456789";
@@ -130,7 +130,7 @@ TEST_F(OutputFolders, HugeNamesEndAtTheFirstFolderThatCannotBe) {
     CreateOutputFolders(folder_ + L"\\" + std::wstring(32'000, L'x') + L"\\out.txt");
 }
 
-TEST_F(OutputFolders, NamesThatAreNoPathsAreHarmless) {
+TEST_F(OutputFolders, InvalidPathsAreHarmless) {
     for (const wchar_t* name :
          {L"C:", L"::", L"\\\\", L"\\\\?", L"\\\\?\\", L"a:\\b*\\c|\\d", L"C:\\<>\\x"}) {
         CreateOutputFolders(name);

@@ -34,8 +34,8 @@ std::wstring_view ConsumeField(std::wstring_view& picture, std::wstring_view let
 
 /// Replaces the time stamp of a file name, if it has one, by the formatted instant: first the
 /// milliseconds, then the time pictures (`GetTimeFormatW`), then, in the result, the date pictures
-/// (`GetDateFormatW`), in the user's locale. A picture that cannot be formatted, or that gives 260
-/// characters or more, is replaced by nothing.
+/// (`GetDateFormatW`), in the user's locale. A picture that cannot be formatted, or whose text has
+/// 260 or more characters, is removed.
 std::wstring ExpandTimeStamp(const std::wstring& name, const _SYSTEMTIME& time);
 
 }  // namespace tarn

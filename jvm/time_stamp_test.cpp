@@ -30,7 +30,7 @@ TEST(TimeStamp, PictureRunsFromTheFirstToTheLastPercent) {
     ExpectParts(L"%HHmm%", L"", L"HHmm", L"");
 }
 
-TEST(TimeStamp, PercentsInsideThePictureBelongToIt) {
+TEST(TimeStamp, PercentSignsInsideThePictureArePartOfIt) {
     ExpectParts(L"a%yyyy%-%MM%b", L"a", L"yyyy%-%MM", L"b");
     ExpectParts(L"%%%", L"", L"%", L"");
 }
@@ -91,7 +91,7 @@ TEST(TimeStamp, QuoteWithoutAnEndQuotesTheRest) {
     EXPECT_EQ(TakeFields(L"").second, 0U);
 }
 
-TEST(TimeStamp, HugePictureIsWalkedOnce) {
+TEST(TimeStamp, HugePictureIsScannedOnce) {
     const std::wstring picture(32'000, L'L');
     EXPECT_EQ(WithMilliseconds(picture, 123).size(), 96'000U);
 }

@@ -37,16 +37,16 @@ TEST(ExpandTimeStamp, NameWithoutPictureStays) {
     EXPECT_EQ(ExpandTimeStamp(L"", kTime), L"");
 }
 
-TEST(ExpandTimeStamp, SinglePercentVanishes) {
+TEST(ExpandTimeStamp, SinglePercentSignIsRemoved) {
     EXPECT_EQ(ExpandTimeStamp(L"out100%.txt", kTime), L"out100.txt");
     EXPECT_EQ(ExpandTimeStamp(L"%", kTime), L"");
 }
 
-TEST(ExpandTimeStamp, EmptyPictureGivesNothing) {
+TEST(ExpandTimeStamp, EmptyPictureBecomesAnEmptyText) {
     EXPECT_EQ(ExpandTimeStamp(L"a%%b", kTime), L"ab");
 }
 
-TEST(ExpandTimeStamp, TextThatIsNoPictureIsCopied) {
+TEST(ExpandTimeStamp, TextOutsideAPictureIsCopied) {
     EXPECT_EQ(ExpandTimeStamp(L"%_-.+[1]%", kTime), L"_-.+[1]");
 }
 
@@ -55,7 +55,7 @@ TEST(ExpandTimeStamp, PercentsInsideThePictureStay) {
 }
 
 TEST(ExpandTimeStamp, TimeTextIsReadAgainAsADatePicture) {
-    // Quoted text loses its quotes to the time pictures, and the date pictures see it bare.
+    // The time pass removes the quotes, so the date pass formats the text.
     EXPECT_EQ(ExpandTimeStamp(L"%'yyyy'%", kTime), L"2026");
 }
 
@@ -71,16 +71,16 @@ TEST(ExpandTimeStamp, PictureOfExactly259CharactersFits) {
               L"a" + std::wstring(259, L'_') + L"b");
 }
 
-TEST(ExpandTimeStamp, PictureThatDoesNotFitGivesNothing) {
+TEST(ExpandTimeStamp, PictureThatDoesNotFitBecomesAnEmptyText) {
     EXPECT_EQ(ExpandTimeStamp(L"a%" + std::wstring(260, L'_') + L"%b", kTime), L"ab");
     EXPECT_EQ(ExpandTimeStamp(L"a%" + std::wstring(32'000, L'L') + L"%b", kTime), L"ab");
 }
 
-TEST(ExpandTimeStamp, FieldsThatDoNotFitGiveNothing) {
+TEST(ExpandTimeStamp, FieldsThatDoNotFitBecomeAnEmptyText) {
     std::wstring times;
     for (int i = 0; i < 130; ++i) times += L"HHmm";
     EXPECT_EQ(ExpandTimeStamp(L"a%" + times + L"%b", kTime), L"ab");
-    std::wstring days;  // longer than itself once the names are in
+    std::wstring days;  // longer than the buffer once the names are inserted
     for (int i = 0; i < 51; ++i) days += L"dddd_";
     EXPECT_EQ(ExpandTimeStamp(L"a%" + days + L"%b", kTime), L"ab");
 }
@@ -90,7 +90,7 @@ TEST(ExpandTimeStamp, LongPictureOfAShortTextIsFilled) {
     EXPECT_EQ(ExpandTimeStamp(L"%" + std::wstring(250, L'y') + L"%", kTime), L"2026");
 }
 
-TEST(ExpandTimeStamp, InvalidTimeGivesNothing) {
+TEST(ExpandTimeStamp, InvalidTimeBecomesAnEmptyText) {
     SYSTEMTIME invalid = kTime;
     invalid.wHour = 25;
     EXPECT_EQ(ExpandTimeStamp(L"a%HH%b", invalid), L"ab");

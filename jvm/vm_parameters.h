@@ -52,7 +52,7 @@ std::uint64_t PercentageSize(std::wstring_view option, const MemorySizes& memory
 std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory);
 
 /// The stack size in bytes of an "-Xss" option: one number and a unit (G, K or M, in either case;
-/// any other character stands for 1). 0, the runtime's default, for any other form. The last
+/// any other character means 1). 0, the runtime's default, for any other form. The last
 /// character is the unit even when it is a digit.
 std::uint64_t StackSizeOf(std::wstring_view option);
 

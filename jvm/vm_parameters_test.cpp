@@ -11,14 +11,14 @@ using Numbers = std::vector<std::uint64_t>;
 constexpr std::uint64_t kGiB = 1024ull * 1024 * 1024;
 constexpr MemorySizes kMachine{8 * kGiB, 128 * 1024 * kGiB};
 
-TEST(VmParametersTest, BlanksSeparateTokensAndTabsDoNot) {
+TEST(VmParametersTest, SpacesSeparateTokensAndTabsDoNot) {
     EXPECT_EQ(SplitVmParameters(L""), Tokens{});
     EXPECT_EQ(SplitVmParameters(L"a  b"), (Tokens{L"a", L"b"}));
     EXPECT_EQ(SplitVmParameters(L" a\tb "), (Tokens{L"a\tb"}));
     EXPECT_EQ(SplitVmParameters(L"   "), Tokens{});
 }
 
-TEST(VmParametersTest, BlanksInsideQuotesDoNotSeparate) {
+TEST(VmParametersTest, SpacesInsideQuotesDoNotSeparate) {
     EXPECT_EQ(SplitVmParameters(L"-Dn=\"a b\" -Dm=\"c\"d"),
               (Tokens{L"-Dn=\"a b\"", L"-Dm=\"c\"d"}));
 }
@@ -46,11 +46,11 @@ TEST(VmParametersTest, ADoubledClosingQuoteStaysOnceInTheRun) {
     EXPECT_EQ(RemoveQuotes(L"\"\"\"\""), L"\"\"");
 }
 
-TEST(VmParametersTest, TheSearchGoesOnBehindTheInsertedText) {
+TEST(VmParametersTest, TheSearchContinuesAfterTheInsertedText) {
     EXPECT_EQ(RemoveQuotes(L"\"a\"\" \"b\""), L"a\" b");
 }
 
-TEST(VmParametersTest, ALoneQuoteStays) {
+TEST(VmParametersTest, ASingleQuoteStays) {
     EXPECT_EQ(RemoveQuotes(L"-Da=\"b"), L"-Da=\"b");
     EXPECT_EQ(RemoveQuotes(L"\"a\"b\""), L"ab\"");
 }

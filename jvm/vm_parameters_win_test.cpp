@@ -22,7 +22,7 @@ TEST(TransformVmParameter, ResolvesAPercentageOfThisMachinesMemory) {
               ResolvePercentage(L"-Xmx50p", ReadMemorySizes()));
 }
 
-TEST(TransformVmParameter, TakesTheStackSizeFromTheLastXss) {
+TEST(TransformVmParameter, ReadsTheStackSizeFromTheLastXss) {
     std::uint64_t stackSize = 0;
     EXPECT_EQ(TransformVmParameter(L"-Xss512k", stackSize), L"-Xss512k");
     EXPECT_EQ(stackSize, 524'288U);
@@ -30,14 +30,14 @@ TEST(TransformVmParameter, TakesTheStackSizeFromTheLastXss) {
     EXPECT_EQ(stackSize, 1'048'576U);
 }
 
-TEST(TransformVmParameter, LeavesTheStackSizeToXssAlone) {
+TEST(TransformVmParameter, ReadsTheStackSizeFromXssOnly) {
     std::uint64_t stackSize = 7;
     TransformVmParameter(L"-Xmx1m", stackSize);
     TransformVmParameter(L"-xss1m", stackSize);
     EXPECT_EQ(stackSize, 7U);
 }
 
-TEST(TransformVmParameter, TakesTheStackSizeAfterThePercentage) {
+TEST(TransformVmParameter, ReadsTheStackSizeAfterThePercentage) {
     std::uint64_t stackSize = 0;
     const std::wstring option = TransformVmParameter(L"-Xss0:1p", stackSize);
     EXPECT_EQ(option, L"-Xss1024K");

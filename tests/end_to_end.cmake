@@ -8,7 +8,7 @@ add_subdirectory(fake_splash)
 add_subdirectory(import_hook)
 add_subdirectory(programs)
 
-# These need the companion program and its JSON library.
+# These require the companion program and its JSON library.
 if(NOT TARN_TOOLS)
     list(FILTER endToEndSources EXCLUDE REGEX "/(explain|generated)[a-z_]*\\.cpp$")
 endif()
@@ -19,7 +19,7 @@ target_link_options(end_to_end_tests PRIVATE -static)
 compile_tests_quickly(end_to_end_tests)
 add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes import_hook test_programs)
 
-# Beside the program, where it looks for them.
+# Beside the program, where it expects them.
 file(GLOB testPictures CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/pictures/*.*")
 file(COPY ${testPictures} DESTINATION "${CMAKE_CURRENT_BINARY_DIR}/pictures")
 file(GLOB callOutcomes CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/failing_calls/outcomes/*.txt")

@@ -49,7 +49,7 @@ TEST_F(AfterMain, AServiceDestroysTheVmAndWaitsForIt) {
     EXPECT_EQ(calls.at(calls.size() - 2), "DetachCurrentThread()");
 }
 
-TEST_F(AfterMain, TheResultOfDestroyingTheVmIsOfNoInterest) {
+TEST_F(AfterMain, TheResultOfDestroyingTheVmIsIgnored) {
     settings.Application(L"Application Type", L"service");
     app.WriteScript("destroy = -1");
     EXPECT_EQ(Run(), 0);
@@ -81,7 +81,7 @@ TEST_F(AfterMain, SystemExitEndsTheProcessWithItsCode) {
 
 class ThreadCode : public AfterMain, public testing::WithParamInterface<const char*> {};
 
-// 259 is STILL_ACTIVE, which a running thread has as its code, too.
+// 259 is STILL_ACTIVE, the exit code of a running thread.
 TEST_P(ThreadCode, OtherThanZeroFailsTheLaunch) {
     app.WriteScript(std::string("main = ") + GetParam());
     EXPECT_EQ(Run(), -1);
@@ -97,7 +97,7 @@ TEST_F(AfterMain, AThreadThatEndsItselfWithZeroIsASuccess) {
     EXPECT_EQ(Run(), 0);
 }
 
-TEST_F(AfterMain, TheHooksReturnWhenNobodyListens) {
+TEST_F(AfterMain, TheHooksReturnWithoutAListener) {
     app.WriteScript("main = call_abort_hook\nmain = call_exit_hook 3");
     EXPECT_EQ(Run(), 0);
     EXPECT_TRUE(app.Log().Has("abort hook returned"));
@@ -106,7 +106,7 @@ TEST_F(AfterMain, TheHooksReturnWhenNobodyListens) {
 
 class VendorPolicy : public AfterMain, public testing::WithParamInterface<const wchar_t*> {};
 
-TEST_P(VendorPolicy, KeepsTheJavaThreadAsleep) {
+TEST_P(VendorPolicy, KeepsTheJavaThreadSleeping) {
     NamedEvent returned;
     NamedEvent end;
     settings.Runtime(L"VM Provider", GetParam());
@@ -114,7 +114,7 @@ TEST_P(VendorPolicy, KeepsTheJavaThreadAsleep) {
                     returned.utf8Name());
     const auto process = Start();
     ASSERT_TRUE(returned.Wait());
-    // It has no reason to end; for as long as one can wait for something that must not come.
+    // Nothing ends it. The wait is as long as a wait for an absent event can be.
     EXPECT_FALSE(WaitUntil([&] { return process->HasEnded(); }, std::chrono::milliseconds(300)));
     end.Set();
     EXPECT_EQ(process->ExitCode(), 42);
@@ -127,7 +127,7 @@ INSTANTIATE_TEST_SUITE_P(Sleeping, VendorPolicy,
 
 class OtherVendorPolicy : public AfterMain, public testing::WithParamInterface<const wchar_t*> {};
 
-TEST_P(OtherVendorPolicy, LetsTheLaunchEnd) {
+TEST_P(OtherVendorPolicy, DoesNotKeepTheLaunchFromEnding) {
     settings.Runtime(L"VM Provider", GetParam());
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(LastCall(), "DetachCurrentThread()");

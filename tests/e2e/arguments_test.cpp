@@ -7,7 +7,7 @@ namespace {
 
 class Arguments : public FakeJvmFixture {
   protected:
-    /// What main got when the command line is the quoted path followed by this, as it stands.
+    /// The arguments of main when the command line is the quoted path followed by this text.
     std::string After(std::wstring_view rest) {
         app.WriteSettings(settings);
         const auto process = app.LaunchWith(L'"' + app.Executable() + L'"' + std::wstring(rest));
@@ -16,28 +16,28 @@ class Arguments : public FakeJvmFixture {
     }
 };
 
-TEST_F(Arguments, NoneGiveAnEmptyArray) {
+TEST_F(Arguments, NoArgumentsAreAnEmptyArray) {
     EXPECT_EQ(After(L"  "), "[]");
 }
 
-TEST_F(Arguments, AnEmptyCommandLineGivesNone) {
+TEST_F(Arguments, AnEmptyCommandLineHasNoArguments) {
     app.WriteSettings(settings);
-    // Windows hands the process its path when the caller's text is empty.
+    // Windows passes the process its path when the caller's text is empty.
     EXPECT_EQ(app.LaunchWith(L" ")->ExitCode(), 0);
     EXPECT_EQ(MainArguments(), "[]");
 }
 
-TEST_F(Arguments, AnUnquotedPathEndsAtItsFirstBlank) {
+TEST_F(Arguments, AnUnquotedPathEndsAtItsFirstSpace) {
     app.WriteSettings(settings);
     EXPECT_EQ(app.LaunchWith(L"C:\\My Apps\\sample.exe x")->ExitCode(), 0);
     EXPECT_EQ(MainArguments(), R"(["Apps\\sample.exe", "x"])");
 }
 
-TEST_F(Arguments, AreSeparatedByRunsOfBlanks) {
+TEST_F(Arguments, AreSeparatedByRunsOfSpaces) {
     EXPECT_EQ(After(L"  a  \"b c\"  "), R"(["a", "b c"])");
 }
 
-TEST_F(Arguments, ATabSeparatesNothingButIsTrimmedAtTheEnds) {
+TEST_F(Arguments, ATabDoesNotSeparateButIsTrimmedAtTheEnds) {
     EXPECT_EQ(After(L" a\tb c\t"), R"(["a\u0009b", "c"])");
 }
 
@@ -45,11 +45,11 @@ TEST_F(Arguments, EmptyQuotedOnesCount) {
     EXPECT_EQ(After(L" \"\" a \"\""), R"(["", "a", ""])");
 }
 
-TEST_F(Arguments, TextBehindAClosingQuoteBeginsANewOne) {
+TEST_F(Arguments, TextAfterAClosingQuoteBeginsANewOne) {
     EXPECT_EQ(After(L" \"a\"b"), R"(["a", "b"])");
 }
 
-TEST_F(Arguments, AQuoteInTheMiddleAndABackslashMeanNothing) {
+TEST_F(Arguments, AQuoteInTheMiddleAndABackslashAreLiteral) {
     EXPECT_EQ(After(L" a\"b c\" \"x\\\" y"), R"(["a\"b", "c\"", "x\\", "y"])");
 }
 
@@ -57,8 +57,8 @@ TEST_F(Arguments, AnUnclosedQuoteRunsToTheEnd) {
     EXPECT_EQ(After(L" a \"b  c"), R"(["a", "b  c"])");
 }
 
-TEST_F(Arguments, UnicodeReachesMainWhole) {
-    // Beyond every code page, a surrogate pair, half of one.
+TEST_F(Arguments, UnicodeReachesMainUnchanged) {
+    // A character outside every code page, a surrogate pair, half of one.
     EXPECT_EQ(After(L" \u8A66\u9A13 \xD83D\xDE00 x\xD83Dy"),
               "[\"\xE8\xA9\xA6\xE9\xA8\x93\", \"\xF0\x9F\x98\x80\", \"x\\uD83Dy\"]");
 }
@@ -68,7 +68,7 @@ TEST_F(Arguments, SplashSwitchesArePassedOn) {
               R"(["a", "-nosplash", "/nosplash", "-NOSPLASH"])");
 }
 
-TEST_F(Arguments, AThousandLeaveNoReferencesBehind) {
+TEST_F(Arguments, AThousandLeakNoReferences) {
     app.WriteScript("main = log_local_references");
     std::wstring rest;
     std::string expected = "[";
@@ -82,19 +82,19 @@ TEST_F(Arguments, AThousandLeaveNoReferencesBehind) {
     EXPECT_LT(std::stoi(held), 16) << "a JVM promises room for 16";
 }
 
-TEST_F(Arguments, ThirtyThousandCharactersArriveWhole) {
+TEST_F(Arguments, ThirtyThousandCharactersReachMain) {
     const std::wstring text = Repeated(L"x", 30'000);
     EXPECT_EQ(After(L' ' + text), "[\"" + ToUtf8(text) + "\"]");
 }
 
-TEST_F(Arguments, ThoseOfTheSettingsFollow) {
+TEST_F(Arguments, ArgumentsOfTheSettingsFollow) {
     app.environment[L"TARN_PROBE"] = L"from outside";
     settings.Application(L"Cmd", L"  -a  \"%TARN_PROBE%\" \"\" %TARN_PROBE% \"un closed");
     EXPECT_EQ(After(L" first"),
               R"(["first", "-a", "from outside", "from", "outside", "un closed"])");
 }
 
-TEST_F(Arguments, OfTheSettingsAloneDoNotSuppressAnything) {
+TEST_F(Arguments, OfTheSettingsDoNotSuppressTheSplash) {
     settings.Application(L"Cmd", L"-nosplash\tx");
     EXPECT_EQ(After(L""), R"(["-nosplash\u0009x"])");
 }

@@ -190,7 +190,7 @@ TEST_F(CallsOfARegistrySearch, EachRuntimeIsReadOnce) {
 
 using CallsOfASecondLaunch = SingleInstanceFixture;
 
-TEST_F(CallsOfASecondLaunch, EndWithTheHandOff) {
+TEST_F(CallsOfASecondLaunch, EndAfterTheHandOff) {
     Script(kOnlyInt);
     const auto first = StartFirst();
     EXPECT_TRUE(StartHooked(app, {}, L"document.txt")->ExitCode().has_value());

@@ -20,7 +20,7 @@ class ClassPathEntries : public FakeJvmFixture {
         return AnsiInLog(L"-Djava.class.path=" + std::wstring(classPath));
     }
 
-    /// What the file system finds, in its own order, each behind the folder.
+    /// The matches of the file system, in its order, each after the folder.
     static std::wstring Matches(const std::wstring& folder, const std::wstring& pattern) {
         std::wstring all;
         WIN32_FIND_DATAW found{};
@@ -32,12 +32,12 @@ class ClassPathEntries : public FakeJvmFixture {
     }
 };
 
-TEST_F(ClassPathEntries, AbsoluteOnesNeedNotExist) {
+TEST_F(ClassPathEntries, AbsoluteEntriesNeedNotExist) {
     EXPECT_EQ(OptionOf(L"C:\\none\\a.jar;;\\\\server\\share\\b.jar;"),
               Expected(L"C:\\none\\a.jar;\\\\server\\share\\b.jar;"));
 }
 
-TEST_F(ClassPathEntries, RelativeOnesMustExistInTheLaunchersFolder) {
+TEST_F(ClassPathEntries, RelativeEntriesMustExistInTheLaunchersFolder) {
     app.AddFile(L"lib\\a.jar");
     app.AddFile(L"b.jar");
     app.AddFolder(L"classes");
@@ -46,7 +46,7 @@ TEST_F(ClassPathEntries, RelativeOnesMustExistInTheLaunchersFolder) {
                        app.Path(L"classes") + L';'));
 }
 
-TEST_F(ClassPathEntries, RelativeOnesDoNotDependOnTheDirectory) {
+TEST_F(ClassPathEntries, RelativeEntriesDoNotDependOnTheDirectory) {
     app.AddFile(L"a.jar");
     app.directory = app.AddFolder(L"elsewhere");
     app.AddFile(L"elsewhere\\b.jar");
@@ -65,7 +65,7 @@ TEST_F(ClassPathEntries, VariablesAreExpandedFirst) {
               Expected(L"C:\\probe\\a.jar;C:\\%%;"));
 }
 
-TEST_F(ClassPathEntries, WildcardsGiveMatchesInTheFileSystemsOrder) {
+TEST_F(ClassPathEntries, WildcardsExpandInTheFileSystemsOrder) {
     for (const wchar_t* name : {L"c.jar", L"a.jar", L"\u00E9.jar", L"B.jar", L"z.txt"}) {
         app.AddFile(std::wstring(L"lib\\") + name);
     }
@@ -74,7 +74,7 @@ TEST_F(ClassPathEntries, WildcardsGiveMatchesInTheFileSystemsOrder) {
     EXPECT_EQ(OptionOf(L"lib\\*.jar;C:\\last.jar"), Expected(matches + L"C:\\last.jar;"));
 }
 
-TEST_F(ClassPathEntries, AbsoluteWildcardsAreResolvedToo) {
+TEST_F(ClassPathEntries, AbsoluteWildcardsAreExpandedToo) {
     app.AddFile(L"lib\\a.jar");
     EXPECT_EQ(OptionOf(app.Path(L"lib\\*.jar") + L";C:\\none\\*.jar"),
               Expected(app.Path(L"lib\\a.jar") + L';'));
@@ -94,12 +94,12 @@ TEST_F(ClassPathEntries, AThousandKeepTheirOrder) {
     EXPECT_EQ(OptionOf(classPath), Expected(classPath));
 }
 
-TEST_F(ClassPathEntries, ThirtyTwoThousandCharactersArriveWhole) {
+TEST_F(ClassPathEntries, ThirtyTwoThousandCharactersReachTheJvm) {
     const std::wstring classPath = L"C:\\" + Repeated(L"0123456789abcdef", 2000) + L';';
     EXPECT_EQ(OptionOf(classPath), Expected(classPath));
 }
 
-TEST_F(ClassPathEntries, TheEmbeddedJarComesFirstInAnyLetterCase) {
+TEST_F(ClassPathEntries, TheEmbeddedJarComesFirstAndTheWordIsCaseInsensitive) {
     settings.Application(L"Embedded Jar", L"yES");
     EXPECT_EQ(OptionOf(L"C:\\a.jar"), Expected(app.Executable() + L";C:\\a.jar;"));
 }
@@ -109,7 +109,7 @@ TEST_F(ClassPathEntries, TheEmbeddedJarAloneIsEnough) {
     EXPECT_EQ(OptionOf(L""), Expected(app.Executable() + L';'));
 }
 
-TEST_F(ClassPathEntries, OtherWordsEmbedNothing) {
+TEST_F(ClassPathEntries, OtherWordsDoNotAddTheEmbeddedJar) {
     settings.Application(L"Embedded Jar", L"true");
     EXPECT_EQ(OptionOf(L"C:\\a.jar"), Expected(L"C:\\a.jar;"));
 }

@@ -1,5 +1,5 @@
-// Letters of the system's 8-bit code page, whichever that is: scripts/environments.sh runs these
-// with several. In some, the second byte of a letter is that of a backslash.
+// Letters of the system's 8-bit code page: scripts/environments.sh runs these tests with several
+// code pages. In some, the second byte of a letter is that of a backslash.
 
 #include "tests/support/fake_jvm_fixture.h"
 
@@ -9,7 +9,7 @@ namespace {
 using testing::Contains;
 using testing::StartsWith;
 
-/// Letters that the code page has, and no two of which have it in common with all others.
+/// Letters that the code page contains and most other code pages lack.
 std::wstring LettersOfCodePage() {
     switch (GetACP()) {
         case 932:
@@ -34,11 +34,11 @@ std::string Bytes(const std::wstring& text) {
     return bytes;
 }
 
-/// A settings file of 8-bit text, as editors of the time before UTF-16 wrote it.
+/// A settings file of 8-bit text, as editors without UTF-16 wrote it.
 class CodePage : public FakeJvmFixture {
   protected:
     CodePage() {
-        // No other letters in the way, which the code page may lack.
+        // No other letters, which the code page may lack.
         settings.Runtime(L"JRE Path", L"jre");
         app.directory = app.folder();
     }
@@ -51,13 +51,13 @@ class CodePage : public FakeJvmFixture {
     const std::wstring letters_ = LettersOfCodePage();
 };
 
-TEST_F(CodePage, LettersOfASettingsFileReachTheJvmAsTheBytesThatTheyAre) {
+TEST_F(CodePage, LettersOfASettingsFileReachTheJvmAsTheSameBytes) {
     settings.Runtime(L"Virtual Machine Parameters", L"-Dname=" + letters_ + L"\\x");
     EXPECT_EQ(RunWithBytes(), 0);
     EXPECT_THAT(app.Log().Options(), Contains(AnsiInLog(L"-Dname=" + letters_ + L"\\x")));
 }
 
-TEST_F(CodePage, ARuntimeInAFolderOfThoseLettersIsFound) {
+TEST_F(CodePage, ARuntimeInAFolderWithThoseLettersIsFound) {
     settings.Runtime(L"JRE Path", L"Folder\\" + letters_);
     app.AddRuntime(L"Folder\\" + letters_);
     EXPECT_EQ(RunWithBytes(), 0);
@@ -65,7 +65,7 @@ TEST_F(CodePage, ARuntimeInAFolderOfThoseLettersIsFound) {
                 testing::HasSubstr(TextInLog(letters_).substr(1)));
 }
 
-TEST_F(CodePage, ClassPathPatternsMatchFilesOfThoseLetters) {
+TEST_F(CodePage, ClassPathPatternsMatchFilesWithThoseLetters) {
     app.AddFile(L"lib\\" + letters_ + L".jar");
     settings.Set(L"Class Path", L"Class Path", L"lib\\*.jar");
     EXPECT_EQ(RunWithBytes(), 0);
@@ -73,7 +73,7 @@ TEST_F(CodePage, ClassPathPatternsMatchFilesOfThoseLetters) {
                                                         letters_ + L".jar;")));
 }
 
-TEST_F(CodePage, ArgumentsPassUnchangedWhateverTheCodePageLacks) {
+TEST_F(CodePage, ArgumentsOutsideTheCodePagePassUnchanged) {
     settings.Application(L"Cmd", letters_);
     app.WriteSettingsBytes(Bytes(settings.Text()));
     EXPECT_EQ(app.Launch(L"\u00E9\u0416\u8868")->ExitCode(), 0);

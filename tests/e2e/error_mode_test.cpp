@@ -65,7 +65,7 @@ TEST_F(ErrorMode, IsNotInheritedByTheApplicationsChildren) {
 
 class CorruptLibrary : public ErrorMode, public testing::WithParamInterface<const char*> {
   protected:
-    /// The whole library, broken in the way that the parameter names.
+    /// The complete library, broken as the parameter says.
     static std::string Corrupted(const std::wstring& path) {
         const std::string whole = ReadFileBytes(path);
         const std::string how = GetParam();
@@ -77,7 +77,7 @@ class CorruptLibrary : public ErrorMode, public testing::WithParamInterface<cons
     }
 };
 
-TEST_P(CorruptLibrary, OfTheSplashLeadsToTheOwnSplashWithoutAMessage) {
+TEST_P(CorruptLibrary, OfTheSplashIsReplacedByTheLaunchersSplashWithoutAMessage) {
     AddSplashLibrary();
     const std::wstring path = app.Path(L"jre\\bin\\splashscreen.dll");
     WriteFileBytes(path, Corrupted(path));
@@ -88,7 +88,7 @@ TEST_P(CorruptLibrary, OfTheSplashLeadsToTheOwnSplashWithoutAMessage) {
     EndWell(*process);
 }
 
-TEST_P(CorruptLibrary, OfTheJvmLeadsToTheLaunchersMessageAlone) {
+TEST_P(CorruptLibrary, OfTheJvmShowsTheLaunchersMessageOnly) {
     const std::wstring path = app.Path(L"jre\\bin\\server\\jvm.dll");
     WriteFileBytes(path, Corrupted(path));
     const auto process = Start(L"-nosplash");

@@ -1,5 +1,4 @@
-// What `tarn explain` says of a launch and what the launch then does, side by side, for
-// applications drawn at random.
+// Compares the output of `tarn explain` with what the launch does, for random applications.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +16,7 @@ using testing::ElementsAreArray;
 
 constexpr wchar_t kSplashClass[] = L"SplashScreenWindow";
 
-/// One generated launch, explained and then started.
+/// A generated launch, explained and then started.
 class ExplainedLaunch {
   public:
     explicit ExplainedLaunch(std::uint32_t seed) : launch_(seed) {}
@@ -40,7 +39,7 @@ class ExplainedLaunch {
         return TextInLog(FromUtf8(text.get<std::string>()));
     }
 
-    /// Explaining makes no JVM, no file and no request to a running instance.
+    /// `tarn explain` creates no JVM and no file, and sends no request to a running instance.
     void ExpectNothingDone() const {
         const FakeJvmLog log(ExplanationLog(launch_.app));
         EXPECT_EQ(log.Count("JNI_CreateJavaVM"), 0U);
@@ -64,7 +63,7 @@ class ExplainedLaunch {
                                    static_cast<WPARAM>(launch_.kAnswer), 0);
             }
             if (!launch_.mainRuns.IsSet() || launch_.mainMayEnd.IsSet()) return;
-            // A splash is a thread of its own, and may come a little later than `main`.
+            // The splash has a thread of its own, so it may appear after the start of `main`.
             WaitUntil([&] { return SplashesOf(*process) == expected || process->HasEnded(); });
             EXPECT_EQ(SplashesOf(*process), expected);
             launch_.mainMayEnd.Set();
@@ -127,7 +126,7 @@ class ExplainedLaunch {
         }
         EXPECT_THAT(log.Options(), ElementsAreArray(options));
         EXPECT_EQ(log.After("directory "), LogText(environment["directory"]));
-        // The first line of that kind is from when the library was loaded.
+        // The first such line was logged when the library was loaded.
         EXPECT_EQ(log.After("environment Path="), LogText(environment["Path"]));
         EXPECT_EQ(log.After("environment TARN_JVM_PATH="), LogText(environment["TARN_JVM_PATH"]));
         EXPECT_EQ(log.After("environment TARN_JVM_HOME="), LogText(environment["TARN_JVM_HOME"]));
@@ -151,7 +150,7 @@ class ExplainedLaunch {
             << log.After("CallStaticVoidMethod(");
     }
 
-    /// A thread's stack has at least the executable's own size, and comes in whole megabytes.
+    /// A thread's stack has at least the executable's size, in whole megabytes.
     static void ExpectStack(const FakeJvmLog& log, const json& jvm) {
         constexpr unsigned long long kMebibyte = 1024 * 1024;
         const unsigned long long asked = jvm["stackSize"];
@@ -187,14 +186,14 @@ class ExplainAgreement : public testing::TestWithParam<unsigned> {
     static constexpr unsigned kLaunches = 25;
 };
 
-/// Others than usual, for a longer look: TARN_FIRST_SEED.
+/// A different seed for longer runs: TARN_FIRST_SEED.
 std::uint32_t FirstSeed() {
     wchar_t text[16] = L"";
     GetEnvironmentVariableW(L"TARN_FIRST_SEED", text, 16);
     return static_cast<std::uint32_t>(std::wcstoul(text, nullptr, 10));
 }
 
-TEST_P(ExplainAgreement, HoldsForLaunchesDrawnAtRandom) {
+TEST_P(ExplainAgreement, HoldsForRandomLaunches) {
     std::map<std::string, int> kinds;
     for (unsigned at = 0; at < kLaunches; ++at) {
         const std::uint32_t seed = FirstSeed() + GetParam() * kLaunches + at;

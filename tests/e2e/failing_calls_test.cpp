@@ -1,6 +1,7 @@
-// Each call that the launcher makes fails once, and the outcome is compared with the one that
-// tests/failing_calls/outcomes records for that very call. If TARN_EVERY_CALL names a folder, every
-// call fails instead of a sample, and the outcomes are written there (scripts/fail_every_call.sh).
+// Each call of the launcher fails once, and the outcome is compared with the one that
+// tests/failing_calls/outcomes records for exactly that call. If TARN_EVERY_CALL names a folder,
+// every call fails instead of a sample, and the outcomes are written there
+// (scripts/fail_every_call.sh).
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -48,7 +49,7 @@ TEST_P(FailingCalls, EndAsRecorded) {
         const std::string outcome = OutcomeOf(facts, undisturbed);
         EXPECT_TRUE(IsDecent(facts, undisturbed, scenario->ApplicationCode()))
             << point.Text() << ": " << outcome;
-        // Not every window message comes in every launch.
+        // Not every launch receives the same window messages.
         const auto failed = FailedCall(scenario->Calls(), normalize);
         if (!failed) {
             EXPECT_EQ(outcome, kGoesOn) << point.Text() << " was not called";

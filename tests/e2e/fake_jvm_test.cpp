@@ -1,4 +1,4 @@
-// The scripted jvm.dll, driven by hand in this very process.
+// The scripted jvm.dll, called directly in the test's process.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ class ScriptedJvm : public testing::Test {
 
     void TearDown() override { FreeLibrary(library_); }
 
-    // Reads the script and gives the VM; its options are one text and the two hooks' names.
+    // Reads the script and returns the VM; its options are one text and the two hooks' names.
     jint CreateVm(std::string_view script) {
         app_.WriteScript(script);
         library_ = LoadLibraryW((GetPaths().fakeJvms + L"\\full\\jvm.dll").c_str());
@@ -108,7 +108,7 @@ TEST_F(ScriptedJvm, FailsAndThrowsOnDemand) {
     EXPECT_THAT(app_.Log().Violations(), IsEmpty());
 }
 
-TEST_F(ScriptedJvm, TellsBrokenRules) {
+TEST_F(ScriptedJvm, LogsViolations) {
     ASSERT_EQ(CreateVm("throw FindClass 1"), JNI_OK);
     env_->FindClass("x/Y");
     env_->FindClass("x/Z");
@@ -126,7 +126,7 @@ TEST_F(ScriptedJvm, TellsBrokenRules) {
                             HasSubstr("FindClass on a thread that is not attached")));
 }
 
-TEST_F(ScriptedJvm, GivesTheScriptedResultOfCreation) {
+TEST_F(ScriptedJvm, ReturnsTheScriptedResultOfCreation) {
     EXPECT_EQ(CreateVm("create = -4"), -4);
     EXPECT_EQ(env_, nullptr);
     EXPECT_THAT(app_.Log().Texts(), Contains("JNI_CreateJavaVM returns -4"));

@@ -1,4 +1,4 @@
-// The codes with which a process of ours ends when memory runs out or an index is wrong.
+// The exit codes of the launcher when memory runs out or an index is out of range.
 
 #include <gtest/gtest.h>
 
@@ -18,22 +18,22 @@ std::optional<std::int32_t> CodeOf(const wchar_t* deed) {
 constexpr auto kOutOfMemory = static_cast<std::int32_t>(0x80004005);
 constexpr auto kBadIndex = static_cast<std::int32_t>(0x80070057);
 
-TEST(FatalCode, OfALackOfMemory) {
+TEST(FatalCode, ForALackOfMemory) {
     EXPECT_EQ(CodeOf(L"allocation"), kOutOfMemory);
     EXPECT_EQ(CodeOf(L"new"), kOutOfMemory);
 }
 
-TEST(FatalCode, OfALengthBeyondAnyMemory) {
+TEST(FatalCode, ForALengthBeyondAnyMemory) {
     EXPECT_EQ(CodeOf(L"length"), kOutOfMemory);
 }
 
-TEST(FatalCode, OfAnIndexOutside) {
+TEST(FatalCode, ForAnIndexOutOfRange) {
     EXPECT_EQ(CodeOf(L"index"), kBadIndex);
     EXPECT_EQ(CodeOf(L"substring"), kBadIndex);
     EXPECT_EQ(CodeOf(L"vector"), kBadIndex);
 }
 
-TEST(FatalCode, IsThatOfNothingElse) {
+TEST(FatalCode, IsUsedForNothingElse) {
     EXPECT_EQ(CodeOf(L"ok"), 4);
 }
 

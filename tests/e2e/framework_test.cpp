@@ -1,4 +1,4 @@
-// The tools of the tests, tried on themselves.
+// Tests of the test support itself.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,7 +17,7 @@ TEST(SettingsText, KeepsTheOrderAndReplacesValues) {
     EXPECT_EQ(settings.Text(), L"[Application]\r\nA=4\r\n[Java Runtime Environment]\r\nB=2\r\n");
 }
 
-TEST(InstalledApplication, HasAPathWithABlankAndLettersOutsideAscii) {
+TEST(InstalledApplication, HasAPathWithASpaceAndLettersOutsideAscii) {
     std::wstring folder;
     {
         const InstalledApplication app;
@@ -29,7 +29,7 @@ TEST(InstalledApplication, HasAPathWithABlankAndLettersOutsideAscii) {
     EXPECT_EQ(GetFileAttributesW(folder.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST(LaunchedProcess, HandsOverEnvironmentDirectoryAndExitCode) {
+TEST(LaunchedProcess, PassesEnvironmentDirectoryAndExitCode) {
     const InstalledApplication app;
     Start start;
     start.program = L"C:\\windows\\system32\\cmd.exe";
@@ -50,7 +50,7 @@ TEST(NamedEvent, IsSetOnce) {
     EXPECT_TRUE(event.IsSet());
 }
 
-TEST(TemporaryKey, RemovesWhatItMade) {
+TEST(TemporaryKey, RemovesWhatItHasCreated) {
     {
         const TemporaryKey key(HKEY_CURRENT_USER, L"Software\\TarnTest\\a\\b");
         key.Set(L"Name", L"value");

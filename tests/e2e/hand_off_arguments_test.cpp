@@ -1,4 +1,4 @@
-// Which arguments of a second launch the running application gets.
+// The arguments of a second launch as the running application receives them.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,9 +12,9 @@ namespace {
 
 using testing::ElementsAre;
 
-class HandOffArgumentsTest : public SingleInstanceFixture {};
+class HandOffArguments : public SingleInstanceFixture {};
 
-TEST_F(HandOffArgumentsTest, NoArgumentsGiveAnEmptyArray) {
+TEST_F(HandOffArguments, NoArgumentsAreAnEmptyArray) {
     const auto first = StartFirst(L"own arguments");
     EXPECT_EQ(Second(L"before"), 0);
     EXPECT_EQ(Second(), 0);
@@ -23,7 +23,7 @@ TEST_F(HandOffArgumentsTest, NoArgumentsGiveAnEmptyArray) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, AnEmptyArgumentAfterAnotherEndsTheList) {
+TEST_F(HandOffArguments, AnEmptyArgumentAfterAnotherEndsTheList) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"a \"\" b"), 0);
     EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
@@ -31,7 +31,7 @@ TEST_F(HandOffArgumentsTest, AnEmptyArgumentAfterAnotherEndsTheList) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, AnEmptyArgumentBeforeAFileIsKept) {
+TEST_F(HandOffArguments, AnEmptyArgumentBeforeAFileIsKept) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"\"\" file.txt"), 0);
     EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
@@ -39,7 +39,7 @@ TEST_F(HandOffArgumentsTest, AnEmptyArgumentBeforeAFileIsKept) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, OnlyEmptyArgumentsGiveAnEmptyArray) {
+TEST_F(HandOffArguments, OnlyEmptyArgumentsAreAnEmptyArray) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"\"\""), 0);
     EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
@@ -49,7 +49,7 @@ TEST_F(HandOffArgumentsTest, OnlyEmptyArgumentsGiveAnEmptyArray) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, TwoEmptyArgumentsAtTheStartEndTheList) {
+TEST_F(HandOffArguments, TwoEmptyArgumentsAtTheStartEndTheList) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"\"\" \"\" b"), 0);
     EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
@@ -57,7 +57,7 @@ TEST_F(HandOffArgumentsTest, TwoEmptyArgumentsAtTheStartEndTheList) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, UnitsArriveAsTheyWere) {
+TEST_F(HandOffArguments, UnitsArriveUnchanged) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"\u00E4\u20AC\u4E2D \U0001F600 \"x\xD83D y\" \xDE00"), 0);
     EXPECT_TRUE(WaitUntil([&] { return SecondaryCalls().size() == 1; }));
@@ -67,7 +67,7 @@ TEST_F(HandOffArgumentsTest, UnitsArriveAsTheyWere) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, Takes1038BytesOfArguments) {
+TEST_F(HandOffArguments, Accepts1038BytesOfArguments) {
     const auto first = StartFirst();
     // 2 * (500 + 1) + 2 * (17 + 1)
     const std::wstring arguments = std::wstring(500, L'x') + L' ' + std::wstring(17, L'y');
@@ -78,7 +78,7 @@ TEST_F(HandOffArgumentsTest, Takes1038BytesOfArguments) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, RefusesTwoBytesMoreWithoutTellingTheFirstInstance) {
+TEST_F(HandOffArguments, RejectsTwoBytesMoreWithoutARequest) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"before"), 0);
     EXPECT_EQ(Second(std::wstring(500, L'x') + L' ' + std::wstring(18, L'y')), -1);
@@ -90,7 +90,7 @@ TEST_F(HandOffArgumentsTest, RefusesTwoBytesMoreWithoutTellingTheFirstInstance) 
     EndFirst(*first);
 }
 
-TEST_F(HandOffArgumentsTest, ArgumentsOfTheSettingsStayWithMain) {
+TEST_F(HandOffArguments, ArgumentsOfTheSettingsAreNotHandedOver) {
     settings.Application(L"Cmd", L"from settings");
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"mine"), 0);

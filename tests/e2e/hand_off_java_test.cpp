@@ -18,7 +18,8 @@ class RealHandOff : public EachRuntimeFixture {
         settings.Application(L"Single Instance", L"yes");
     }
 
-    /// Starts the class, whose `main` goes on until the test lets it end, and waits until it runs.
+    /// Starts the class, whose `main` continues until the test lets it end, and waits until it
+    /// runs.
     std::unique_ptr<LaunchedProcess> StartFirst(std::wstring_view mainClass) {
         settings.Runtime(L"Main Class", mainClass);
         auto first = Start(L"\"do:await:" + mayEnd_ + L"\" do:exit:" + std::to_wstring(kFirstCode));
@@ -33,7 +34,7 @@ class RealHandOff : public EachRuntimeFixture {
     void EndFirst(const LaunchedProcess& first) {
         app.AddFile(L"may-end");
         EXPECT_EQ(first.ExitCode(), kFirstCode);
-        // One of them ran `main`, whatever others were launched.
+        // Exactly one of the launches has run `main`.
         EXPECT_EQ(Report().All("argumentCount").size(), 1u);
     }
 
@@ -41,13 +42,13 @@ class RealHandOff : public EachRuntimeFixture {
     std::wstring mayEnd_;
 };
 
-// The oldest and the newest; both forms are tried on all.
+// The oldest and the newest; both methods are tested on all.
 INSTANTIATE_TEST_SUITE_P(Java, RealHandOff, testing::Values("11", "25"), RuntimeName);
 
 class RealHandOffForms : public RealHandOff {};
 INSTANTIATE_TEST_SUITE_P(Java, RealHandOffForms, kAllRuntimes, RuntimeName);
 
-TEST_P(RealHandOffForms, TheVoidFormGetsTheArguments) {
+TEST_P(RealHandOffForms, TheVoidFormReceivesTheArguments) {
     const auto first = StartFirst(L"fixture.SecondVoid");
     EXPECT_EQ(Second(L"a \"b c\" \u00E4\u4E2D \U0001F600 -nosplash"), 0);
     Report().WaitFor("secondEnd", L"0");
@@ -94,7 +95,7 @@ TEST_P(RealHandOff, WithoutTheMethodTheSecondLaunchEndsWithTheFirst) {
     EXPECT_EQ(second->ExitCode(), kFirstCode);
 }
 
-TEST_P(RealHandOff, AnExceptionIsDescribedAndHurtsNobody) {
+TEST_P(RealHandOff, AnExceptionIsDescribedAndTheApplicationContinues) {
     const auto first = StartFirst(L"fixture.SecondInt");
     EXPECT_EQ(Second(L"\"do:throw:out of the second\""), 0);
     EXPECT_TRUE(

@@ -1,4 +1,4 @@
-// What a second launch makes of the running application, and what becomes of the second launch.
+// The effect of a second launch on the running application, and its own end.
 
 #include <algorithm>
 
@@ -11,9 +11,9 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-class HandOffTest : public SingleInstanceFixture {
+class HandOff : public SingleInstanceFixture {
   protected:
-    /// What the thread of the first request logged, in order.
+    /// The log of the first request's thread, in order.
     std::vector<std::string> WorkerCalls() const {
         const auto lines = app.Log().Lines();
         const auto attach = std::find_if(lines.begin(), lines.end(), [](const auto& line) {
@@ -26,7 +26,8 @@ class HandOffTest : public SingleInstanceFixture {
         return calls;
     }
 
-    /// A request that fails: the second launch gets no answer, and ends as the first one does.
+    /// A request that fails: the second launch gets no answer and ends with the first process's
+    /// code.
     void ExpectNoAnswer(const char* lastLine) {
         const auto first = StartFirst();
         const auto second = app.Launch(L"x");
@@ -38,7 +39,7 @@ class HandOffTest : public SingleInstanceFixture {
     }
 };
 
-TEST_F(HandOffTest, TheVoidFormGetsTheArgumentsAndAnswersZero) {
+TEST_F(HandOff, TheVoidFormReceivesTheArgumentsAndAnswersZero) {
     const auto first = StartFirst(L"own");
     EXPECT_EQ(Second(L"a \"b c\" -nosplash"), 0);
     EXPECT_THAT(SecondaryCalls(), ElementsAre(R"(["a", "b c", "-nosplash"])"));
@@ -46,7 +47,7 @@ TEST_F(HandOffTest, TheVoidFormGetsTheArgumentsAndAnswersZero) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, TheVoidFormAnswersBeforeItIsCalled) {
+TEST_F(HandOff, TheVoidFormAnswersBeforeItIsCalled) {
     NamedEvent mayReturn;
     Script("secondaryMain = wait_event " + mayReturn.utf8Name());
     const auto first = StartFirst();
@@ -57,7 +58,7 @@ TEST_F(HandOffTest, TheVoidFormAnswersBeforeItIsCalled) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, TheIntFormAnswersWhenItHasReturned) {
+TEST_F(HandOff, TheIntFormAnswersAfterItHasReturned) {
     NamedEvent mayReturn;
     Script(std::string(kOnlyInt) + "secondaryMain = wait_event " + mayReturn.utf8Name() +
            "\nsecondaryMain = return 7");
@@ -70,18 +71,18 @@ TEST_F(HandOffTest, TheIntFormAnswersWhenItHasReturned) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, TheCallsOfTheVoidForm) {
+TEST_F(HandOff, TheCallsOfTheVoidForm) {
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"a"), 0);
     app.Log().WaitFor("DetachCurrentThread()");
     auto calls = WorkerCalls();
-    // How the array is made is told elsewhere.
+    // Other tests cover how the array is created.
     std::erase_if(calls, [](const std::string& call) {
         return call.find("java/lang/String\"") != std::string::npos ||
                call.find("\"<init>\"") != std::string::npos || call.starts_with("New") ||
                call.starts_with("Set") || call.starts_with("DeleteLocalRef");
     });
-    // Its checks follow the one after the look-up.
+    // Its checks follow the one after the lookup.
     calls.erase(std::unique(calls.begin(), calls.end()), calls.end());
     EXPECT_THAT(calls, ElementsAre("AttachCurrentThread()", "FindClass(\"com/example/Main\")",
                                    "GetStaticMethodID(class com/example/Main, \"secondaryMain\", "
@@ -91,9 +92,9 @@ TEST_F(HandOffTest, TheCallsOfTheVoidForm) {
     EndFirst(*first);
 }
 
-class IntResultTest : public HandOffTest, public testing::WithParamInterface<std::int32_t> {};
+class IntResult : public HandOff, public testing::WithParamInterface<std::int32_t> {};
 
-TEST_P(IntResultTest, IsTheExitCodeOfTheSecondLaunch) {
+TEST_P(IntResult, IsTheExitCodeOfTheSecondLaunch) {
     Script(std::string(kOnlyInt) + "secondaryMain = return " + std::to_string(GetParam()));
     const auto first = StartFirst();
     EXPECT_EQ(Second(), GetParam());
@@ -101,41 +102,41 @@ TEST_P(IntResultTest, IsTheExitCodeOfTheSecondLaunch) {
     EndFirst(*first);
 }
 
-INSTANTIATE_TEST_SUITE_P(HandOffTest, IntResultTest,
+INSTANTIATE_TEST_SUITE_P(HandOff, IntResult,
                          testing::Values(0, 7, -1, 259, 2147483647, -2147483647 - 1));
 
-TEST_F(HandOffTest, WithoutEitherFormThereIsNoAnswer) {
+TEST_F(HandOff, WithoutEitherFormThereIsNoAnswer) {
     Script("no_method secondaryMain");
     ExpectNoAnswer("DetachCurrentThread()");
     EXPECT_EQ(app.Log().Count("ExceptionClear()"), 1u);
     EXPECT_EQ(app.Log().Count("ExceptionDescribe()"), 1u);
 }
 
-TEST_F(HandOffTest, AMethodMissingWithoutAnExceptionIsNotDescribed) {
+TEST_F(HandOff, AMethodMissingWithoutAnExceptionIsNotDescribed) {
     Script("no_method_silent secondaryMain");
     ExpectNoAnswer("DetachCurrentThread()");
     EXPECT_EQ(app.Log().Count("ExceptionDescribe()"), 0u);
 }
 
-TEST_F(HandOffTest, AClassThatIsNotFoundGivesNoAnswer) {
+TEST_F(HandOff, WithoutTheClassThereIsNoAnswer) {
     Script("no_class com/example/Main");
     ExpectNoAnswer("DetachCurrentThread()");
     EXPECT_EQ(app.Log().Count("GetStaticMethodID(class com/example/Main, \"secondaryMain\""), 0u);
 }
 
-TEST_F(HandOffTest, AnArrayThatCannotBeMadeGivesNoAnswer) {
-    // The first one is made for `main`.
+TEST_F(HandOff, WithoutTheArrayThereIsNoAnswer) {
+    // The first array is the one for `main`.
     Script("throw NewObjectArray 2");
     ExpectNoAnswer("DetachCurrentThread()");
 }
 
-TEST_F(HandOffTest, AThreadThatCannotBeAttachedGivesNoAnswer) {
+TEST_F(HandOff, WithoutAnAttachedThreadThereIsNoAnswer) {
     Script("attach = -1");
     ExpectNoAnswer("AttachCurrentThread() fails");
     EXPECT_EQ(app.Log().Count("FindClass("), app.Log().Count("FindClass(\"java/lang/String\")"));
 }
 
-TEST_F(HandOffTest, AnExceptionOfTheVoidFormIsDescribedAfterTheAnswer) {
+TEST_F(HandOff, AnExceptionOfTheVoidFormIsDescribedAfterTheAnswer) {
     Script("secondaryMain = throw java/lang/IllegalStateException: boom");
     const auto first = StartFirst();
     EXPECT_EQ(Second(), 0);
@@ -144,7 +145,7 @@ TEST_F(HandOffTest, AnExceptionOfTheVoidFormIsDescribedAfterTheAnswer) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, AnExceptionOfTheIntFormIsDescribedAndAnsweredAll) {
+TEST_F(HandOff, AnExceptionOfTheIntFormIsDescribedAndAnsweredNevertheless) {
     Script(std::string(kOnlyInt) + "secondaryMain = throw java/lang/IllegalStateException: boom");
     const auto first = StartFirst();
     EXPECT_EQ(Second(), 0);
@@ -153,7 +154,7 @@ TEST_F(HandOffTest, AnExceptionOfTheIntFormIsDescribedAndAnsweredAll) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, UnderAPolicyWithIbmTheThreadStaysAttached) {
+TEST_F(HandOff, UnderAPolicyWithIbmTheThreadStaysAttached) {
     settings.Runtime(L"VM Provider", L"Any");
     Script(std::string(kOnlyInt) + "secondaryMain = return 3");
     const auto first = StartFirst();
@@ -163,7 +164,7 @@ TEST_F(HandOffTest, UnderAPolicyWithIbmTheThreadStaysAttached) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, ARequestDuringStartUpWaitsUntilMainIsAboutToBeCalled) {
+TEST_F(HandOff, ARequestDuringStartUpWaitsUntilMainIsAboutToBeCalled) {
     NamedEvent mayCreate;
     Script("on_create = wait_event " + mayCreate.utf8Name());
     const auto first = StartListeningFirst();
@@ -178,7 +179,7 @@ TEST_F(HandOffTest, ARequestDuringStartUpWaitsUntilMainIsAboutToBeCalled) {
     mayCreate.Set();
     EXPECT_EQ(second->ExitCode(), 0);
     EXPECT_THAT(SecondaryCalls(), ElementsAre(R"(["early"])"));
-    // Everything that comes before the call of `main` came before the request.
+    // Everything before the call of `main` precedes the request.
     const auto texts = app.Log().Texts();
     const auto attach = std::find(texts.begin(), texts.end(), "AttachCurrentThread()");
     EXPECT_TRUE(std::any_of(texts.begin(), attach, [](const std::string& text) {
@@ -187,7 +188,7 @@ TEST_F(HandOffTest, ARequestDuringStartUpWaitsUntilMainIsAboutToBeCalled) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, AFirstInstanceThatFailsTakesTheWaitingLaunchWithIt) {
+TEST_F(HandOff, AFirstInstanceThatFailsEndsTheWaitingLaunch) {
     Script("load_and_main = null\nno_class com/example/Main");
     const auto first = StartListeningFirst();
     const auto second = app.Launch(L"x");
@@ -198,7 +199,7 @@ TEST_F(HandOffTest, AFirstInstanceThatFailsTakesTheWaitingLaunchWithIt) {
     EXPECT_EQ(second->ExitCode(), -1);
 }
 
-TEST_F(HandOffTest, AFirstInstanceThatIsKilledEndsTheWaitWithItsCode) {
+TEST_F(HandOff, AFirstInstanceThatIsKilledEndsTheWaitWithItsCode) {
     Script("no_method secondaryMain");
     const auto first = StartFirst();
     const auto second = app.Launch(L"x");
@@ -207,14 +208,14 @@ TEST_F(HandOffTest, AFirstInstanceThatIsKilledEndsTheWaitWithItsCode) {
     EXPECT_EQ(second->ExitCode(), 77);
 }
 
-TEST_F(HandOffTest, TheAnswerCountsAlsoWhenTheFirstInstanceEndsRightAfterIt) {
+TEST_F(HandOff, TheAnswerCountsEvenIfTheFirstInstanceThenEnds) {
     Script("secondaryMain = exit 55");
     const auto first = StartFirst();
     EXPECT_EQ(Second(), 0);
     EXPECT_EQ(first->ExitCode(), 55);
 }
 
-TEST_F(HandOffTest, RequestsRunSideBySide) {
+TEST_F(HandOff, RequestsRunInParallel) {
     NamedEvent mayReturn;
     Script("secondaryMain = wait_event " + mayReturn.utf8Name());
     const auto first = StartFirst();
@@ -227,7 +228,7 @@ TEST_F(HandOffTest, RequestsRunSideBySide) {
     EndFirst(*first);
 }
 
-TEST_F(HandOffTest, WorksWhileTheExceptionDialogIsOpen) {
+TEST_F(HandOff, WorksWhileTheExceptionDialogIsOpen) {
     settings.Application(L"Failure Check", L"Yes");
     app.WriteScript("main = throw java/lang/IllegalStateException: boom\n" + std::string(kOnlyInt) +
                     "secondaryMain = return 7");

@@ -1,5 +1,5 @@
-// Hostile environments: paths beyond the old limit, files that cannot be written or that all users
-// can write, user names in any script.
+// Hostile environments: paths beyond the old limit, read-only files, files that every user can
+// write, user names in any script.
 
 #include "base/windows.h"
 
@@ -11,13 +11,13 @@
 namespace tarn::test {
 namespace {
 
-/// A path of that many characters, which leads nowhere.
+/// A path with that many characters, which does not exist.
 std::wstring PathOf(std::size_t length) {
     const std::wstring start = L"C:\\no such folder\\";
     return start + Repeated(L"p", length - start.size());
 }
 
-/// Settings that hold a path, and do nothing worse with a bad one than doing without.
+/// Settings that contain a path; with an invalid one the launch continues without it.
 struct PathSetting {
     const wchar_t* section;
     const wchar_t* key;
@@ -25,8 +25,8 @@ struct PathSetting {
 
 class LongPath : public FakeJvmFixture, public testing::WithParamInterface<std::size_t> {
   protected:
-    // What a path that leads nowhere may come to is told by other tests; here the launch ends at
-    // all, and well. Some of the settings make it ask for a runtime.
+    // Other tests cover the effect of a missing path; here the launch only has to end normally.
+    // Some of the settings make it ask for a runtime.
     std::int32_t RunAndCancel() {
         const auto process = Start();
         WaitUntil([&] {
@@ -39,7 +39,7 @@ class LongPath : public FakeJvmFixture, public testing::WithParamInterface<std::
     }
 };
 
-TEST_P(LongPath, OfASettingDoesNotKeepMainFromRunning) {
+TEST_P(LongPath, OfASettingDoesNotPreventMain) {
     constexpr PathSetting kSettings[] = {
         {L"Display", L"Splash Screen"},
         {L"Application", L"Output File"},
@@ -76,7 +76,7 @@ TEST_P(LongPath, WithoutARuntimeMakesTheLauncherAskForOne) {
 using LongRuntimePath = LongPath;
 
 TEST_P(LongRuntimePath, RunsUpToTheOldLimit) {
-    // The path of jvm.dll is what has the length.
+    // The path of jvm.dll has that length.
     constexpr wchar_t kBelow[] = L"\\bin\\client\\jvm.dll";
     const std::size_t homeLength = GetParam() - std::wstring_view(kBelow).size();
     std::wstring home = app.Path(L"r");
@@ -97,7 +97,7 @@ TEST_P(LongRuntimePath, RunsUpToTheOldLimit) {
         EXPECT_EQ(code, 0);
         EXPECT_EQ(MainArguments(), "[]");
     } else {
-        // Wine knows no such limit; Windows says that there is no such file.
+        // Wine has no such limit; Windows reports that the file does not exist.
         EXPECT_THAT(code, testing::AnyOf(0, -1));
         EXPECT_EQ(code == 0, MainArguments() == "[]");
     }
@@ -105,15 +105,15 @@ TEST_P(LongRuntimePath, RunsUpToTheOldLimit) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Characters, LongPath, testing::Values(259, 260, 261, 32'000));
-// No file system has the longest one.
+// No file system supports the longest one.
 INSTANTIATE_TEST_SUITE_P(Characters, LongRuntimePath, testing::Values(259, 260, 261));
 
 using OpenToAll = FakeJvmFixture;
 
-TEST_F(OpenToAll, ASettingsFileThatEverybodyMayWriteIsReadAsAnyOther) {
+TEST_F(OpenToAll, ASettingsFileThatEveryoneCanWriteIsReadNormally) {
     app.WriteSettings(settings);
     std::wstring file = app.SettingsFile();
-    // No list at all lets everybody do everything.
+    // A null list grants full access to everyone.
     EXPECT_EQ(SetNamedSecurityInfoW(file.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
                                     nullptr, nullptr, nullptr),
               static_cast<DWORD>(ERROR_SUCCESS));
@@ -121,7 +121,7 @@ TEST_F(OpenToAll, ASettingsFileThatEverybodyMayWriteIsReadAsAnyOther) {
     EXPECT_EQ(MainArguments(), R"(["a"])");
 }
 
-TEST_F(OpenToAll, AReadOnlyFolderIsNoHindrance) {
+TEST_F(OpenToAll, AReadOnlyFolderDoesNotPreventTheLaunch) {
     app.WriteSettings(settings);
     for (const std::wstring& each : {app.SettingsFile(), app.Executable(), app.folder()}) {
         SetFileAttributesW(each.c_str(), FILE_ATTRIBUTE_READONLY);
@@ -133,7 +133,7 @@ TEST_F(OpenToAll, AReadOnlyFolderIsNoHindrance) {
     }
 }
 
-/// The user names that stand in APPDATA.
+/// The user names that APPDATA contains.
 class UserName : public JreNotFoundFixture, public testing::WithParamInterface<const wchar_t*> {
   protected:
     UserName() {
@@ -149,14 +149,14 @@ class UserName : public JreNotFoundFixture, public testing::WithParamInterface<c
     std::wstring folder_;
 };
 
-TEST_P(UserName, IsNoHindranceToRememberingARuntime) {
+TEST_P(UserName, DoesNotPreventRememberingARuntime) {
     const std::wstring runtime = app.AddRuntime();
     app.WriteScript("main = exit 7");
     StartUntilDialog();
     BrowseTo(runtime);
     EXPECT_EQ(Confirm(), 7);
     EXPECT_NE(GetFileAttributesW(UsersFile().c_str()), INVALID_FILE_ATTRIBUTES);
-    // No dialog the second time.
+    // No dialog in the second launch.
     EXPECT_EQ(app.Launch()->ExitCode(), 7);
 }
 
@@ -165,7 +165,7 @@ INSTANTIATE_TEST_SUITE_P(All, UserName,
                                          L"\u7530\u4E2D \u592A\u90CE", L"\u0130\u0131",
                                          L"\U0001F600 smile", L"%APPDATA%", L"a;b,c=d"));
 
-/// A service remembers in the application's own file.
+/// A service remembers the runtime in the application's own file.
 class LockedSettings : public JreNotFoundFixture {};
 
 TEST_F(LockedSettings, ThatCannotBeWrittenDoNotEndTheLaunch) {
@@ -176,7 +176,7 @@ TEST_F(LockedSettings, ThatCannotBeWrittenDoNotEndTheLaunch) {
     const std::string before = ReadFileBytes(app.SettingsFile());
     BrowseTo(runtime);
     {
-        // Who may read but not write gets the same answer as in a read-only folder.
+        // A file that cannot be written gives the same result as a read-only folder.
         const UniqueFile reader(CreateFileW(app.SettingsFile().c_str(), GENERIC_READ,
                                             FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                             FILE_ATTRIBUTE_NORMAL, nullptr));

@@ -1,4 +1,4 @@
-// The hook that counts and fails the launcher's calls, tried out.
+// Tests of the hook that counts and fails the launcher's calls.
 
 #include <algorithm>
 
@@ -28,7 +28,7 @@ class ImportHook : public FakeJvmFixture {
     }
 };
 
-TEST_F(ImportHook, LogsTheCallsOfALaunchThatGoesOnAsEver) {
+TEST_F(ImportHook, LogsTheCallsWithoutAnEffectOnTheLaunch) {
     app.WriteScript("main = exit 7");
     EXPECT_EQ(RunHooked(), 7);
     const auto calls = ReadHookLog(HookLogFile(app));
@@ -40,7 +40,7 @@ TEST_F(ImportHook, LogsTheCallsOfALaunchThatGoesOnAsEver) {
     EXPECT_EQ(created[0].role, 1U);
     EXPECT_EQ(created[0].number, 1U);
     EXPECT_EQ(created[0].library, "KERNEL32.dll");
-    // A place in the program, not in a library.
+    // An address in the program, not in a library.
     EXPECT_LT(created[0].place, 0x100000U);
     EXPECT_GT(created[0].place, 0x1000U);
 }
@@ -55,12 +55,12 @@ TEST_F(ImportHook, CountsFromOneInEveryThread) {
     EXPECT_GT(number, 5U);
 }
 
-TEST_F(ImportHook, FailsTheCallThatItIsTold) {
+TEST_F(ImportHook, FailsTheSpecifiedCall) {
     EXPECT_EQ(RunHooked(L"LoadLibraryW:2;CreateThread:1:8"), 0);
     const auto created = Calls("CreateThread");
     ASSERT_EQ(created.size(), 1U);
     EXPECT_TRUE(created[0].failed);
-    // The work is done on the entry thread then.
+    // The entry thread then runs the application.
     EXPECT_EQ(MainArguments(), "[]");
 }
 
@@ -73,9 +73,9 @@ TEST_F(ImportHook, SetsTheLastErrorOfTheFailure) {
     EXPECT_EQ(process->ExitCode(), -1);
 }
 
-TEST_F(ImportHook, GivesTheResultThatItIsTold) {
+TEST_F(ImportHook, ReturnsTheSpecifiedResult) {
     app.WriteSettings(settings);
-    // As many characters as the buffer has: the path may have been cut.
+    // The length equals the buffer's size, as for a truncated path.
     const auto process = StartHooked(app, L"GetModuleFileNameW:1:0:260");
     EXPECT_EQ(ToUtf8(TakeErrorBox(*process)),
               "Windows exception: failed to get the module path (errno = 122).\n");

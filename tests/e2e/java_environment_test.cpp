@@ -1,4 +1,4 @@
-// What the launcher sets up around the JVM: Path, the TARN_ variables, the working directory.
+// The environment of the JVM: Path, the TARN_ variables, the working directory.
 
 #include "tests/support/fake_jvm_fixture.h"
 
@@ -20,7 +20,7 @@ TEST_F(JavaEnvironment, PathEndsWithTheRuntimesFolder) {
 
 TEST_F(JavaEnvironment, PathIsSetBeforeTheLibraryIsLoaded) {
     EXPECT_EQ(Run(), 0);
-    // The library's own lines: that it is loaded, the error mode, its environment.
+    // The lines of the library itself: loaded, error mode, environment.
     const auto texts = app.Log().Texts();
     ASSERT_GE(texts.size(), 3U);
     EXPECT_EQ(texts[0], "jvm.dll loaded");
@@ -50,7 +50,7 @@ TEST_F(JavaEnvironment, SystemPathMayNameTheRuntime) {
               TextInLog(app.Path(L"jre\\lib;C:\\windows\\system32;C:\\p;") + RuntimeBin()));
 }
 
-TEST_F(JavaEnvironment, PathOfTenThousandCharactersArrivesWhole) {
+TEST_F(JavaEnvironment, PathMayHaveTenThousandCharacters) {
     const std::wstring path = L"C:\\" + Repeated(L"0123456789", 1000);
     app.environment[L"PATH"] = L"C:\\windows\\system32;" + path;
     EXPECT_EQ(Run(), 0);
@@ -77,7 +77,7 @@ TEST_F(JavaEnvironment, ReplacesVariablesOfAnOuterLaunch) {
     EXPECT_EQ(app.Log().After("environment TARN_JVM_HOME="), TextInLog(app.Path(L"jre")));
 }
 
-TEST_F(JavaEnvironment, LeavesTheWorkingDirectoryAlone) {
+TEST_F(JavaEnvironment, KeepsTheWorkingDirectory) {
     settings.Application(L"Override WorkingDir", L"no");
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(app.Log().After("directory "),

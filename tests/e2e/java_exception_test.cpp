@@ -17,7 +17,7 @@ using testing::HasSubstr;
 constexpr char kThrows[] = "main = throw java/lang/IllegalStateException: boom\n";
 constexpr wchar_t kDialogClass[] = L"#32770";
 
-/// The text as the launcher reads it: bytes in the code page of the system's locale.
+/// The text as the launcher decodes it: bytes in the code page of the system's locale.
 std::wstring FromSystemCodePage(std::string_view bytes) {
     wchar_t page[8] = {};
     GetLocaleInfoW(GetSystemDefaultLCID(), LOCALE_IDEFAULTANSICODEPAGE, page, 8);
@@ -30,11 +30,11 @@ std::wstring FromSystemCodePage(std::string_view bytes) {
     return text;
 }
 
-class JavaExceptionTest : public FakeJvmFixture {
+class JavaException : public FakeJvmFixture {
   protected:
     void SetUp() override { settings.Application(L"Failure Check", L"Yes"); }
 
-    /// Starts the application and waits for the dialog; null when there is none.
+    /// Starts the application and waits for the dialog; null when none appears.
     HWND OpenDialog(std::string_view script = kThrows) {
         app.WriteScript(script);
         process_ = Start();
@@ -49,7 +49,7 @@ class JavaExceptionTest : public FakeJvmFixture {
     std::unique_ptr<LaunchedProcess> process_;
 };
 
-TEST_F(JavaExceptionTest, DialogShowsTheTrace) {
+TEST_F(JavaException, DialogShowsTheTrace) {
     const HWND dialog =
         OpenDialog(std::string(kThrows) + "trace = java.lang.Error: a\\r\\n\\tat b.C\\r\\n");
     EXPECT_EQ(WindowText(Child(dialog, IDC_EXCEPTION_TRACE)),
@@ -59,7 +59,7 @@ TEST_F(JavaExceptionTest, DialogShowsTheTrace) {
     EXPECT_EQ(ExitCode(), 0);
 }
 
-TEST_F(JavaExceptionTest, IgnoreGoesOnWithTheExceptionGone) {
+TEST_F(JavaException, IgnoreClearsTheExceptionAndContinues) {
     PressButton(OpenDialog(), IDOK);
     EXPECT_EQ(ExitCode(), 0);
     EXPECT_EQ(app.Log().Count("ExceptionClear"), 1U);
@@ -67,30 +67,30 @@ TEST_F(JavaExceptionTest, IgnoreGoesOnWithTheExceptionGone) {
     EXPECT_EQ(app.Log().Count("CallStaticVoidMethod(java/lang/System.exit"), 0U);
 }
 
-TEST_F(JavaExceptionTest, StopEndsTheProcessThroughSystemExit) {
+TEST_F(JavaException, StopEndsTheProcessThroughSystemExit) {
     PressButton(OpenDialog(), IDCANCEL);
     EXPECT_EQ(ExitCode(), -1);
     EXPECT_TRUE(app.Log().Has("CallStaticVoidMethod(java/lang/System.exit(I)V, -1)"));
     EXPECT_EQ(app.Log().Count("DetachCurrentThread"), 0U);
 }
 
-TEST_F(JavaExceptionTest, CloseBoxStops) {
+TEST_F(JavaException, CloseBoxStops) {
     PostMessageW(OpenDialog(), WM_SYSCOMMAND, SC_CLOSE, 0);
     EXPECT_EQ(ExitCode(), -1);
 }
 
-TEST_F(JavaExceptionTest, EscapeStops) {
+TEST_F(JavaException, EscapeStops) {
     PostMessageW(OpenDialog(), WM_KEYDOWN, VK_ESCAPE, 0);
     EXPECT_EQ(ExitCode(), -1);
 }
 
-TEST_F(JavaExceptionTest, SettingIsReadInAnyLetterCase) {
+TEST_F(JavaException, SettingIsCaseInsensitive) {
     settings.Application(L"Failure Check", L"yes");
     PressButton(OpenDialog(), IDOK);
     EXPECT_EQ(ExitCode(), 0);
 }
 
-TEST_F(JavaExceptionTest, NothingIsTouchedWithoutTheSetting) {
+TEST_F(JavaException, WithoutTheSettingTheExceptionStaysPending) {
     settings.Application(L"Failure Check", L"no");
     app.WriteScript(kThrows);
     EXPECT_EQ(Run(), 0);
@@ -100,15 +100,15 @@ TEST_F(JavaExceptionTest, NothingIsTouchedWithoutTheSetting) {
     EXPECT_EQ(app.Log().Count("DetachCurrentThread"), 1U);
 }
 
-TEST_F(JavaExceptionTest, NoDialogWithoutAnException) {
+TEST_F(JavaException, NoDialogWithoutAnException) {
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(app.Log().Count("ExceptionClear"), 0U);
 }
 
-TEST_F(JavaExceptionTest, TraceIsPrintedAndReadBeforeTheExit) {
+TEST_F(JavaException, TraceIsPrintedAndReadBeforeTheExit) {
     PressButton(OpenDialog(), IDCANCEL);
     EXPECT_EQ(ExitCode(), -1);
-    // Lookups of classes and methods may come at any time before their use.
+    // Classes and methods may be looked up at any time before their use.
     const auto isStep = [](const std::string& name) {
         return name.starts_with("Call") || name.starts_with("NewObject") ||
                name.starts_with("GetStringUTF");
@@ -125,7 +125,7 @@ TEST_F(JavaExceptionTest, TraceIsPrintedAndReadBeforeTheExit) {
     EXPECT_EQ(app.Log().Count("ReleaseStringUTFChars"), 1U);
 }
 
-TEST_F(JavaExceptionTest, TraceIsReadInTheSystemsCodePage) {
+TEST_F(JavaException, TraceIsReadInTheSystemsCodePage) {
     const std::string bytes = "Gr\xC3\xBC\xC3\x9F \xE4\xB8\x96";
     const HWND dialog = OpenDialog(std::string(kThrows) + "trace = " + bytes);
     EXPECT_EQ(WindowText(Child(dialog, IDC_EXCEPTION_TRACE)), FromSystemCodePage(bytes));
@@ -133,7 +133,7 @@ TEST_F(JavaExceptionTest, TraceIsReadInTheSystemsCodePage) {
     EXPECT_EQ(ExitCode(), 0);
 }
 
-TEST_F(JavaExceptionTest, TraceOfSeveralHundredKilobytesIsShownWhole) {
+TEST_F(JavaException, TraceOfSeveralHundredKilobytesIsNotTruncated) {
     std::string script = std::string(kThrows) + "trace = ";
     std::wstring trace;
     for (int line = 0; trace.size() < 300'000; ++line) {
@@ -147,7 +147,7 @@ TEST_F(JavaExceptionTest, TraceOfSeveralHundredKilobytesIsShownWhole) {
     EXPECT_EQ(ExitCode(), 0);
 }
 
-TEST_F(JavaExceptionTest, TraceThatThrowsIsDescribedAndShownAsFarAsItGoes) {
+TEST_F(JavaException, TraceThatThrowsIsDescribedAndShownInPart) {
     const HWND dialog =
         OpenDialog(std::string(kThrows) + "trace = part\nprint_stack_trace = throw");
     EXPECT_EQ(WindowText(Child(dialog, IDC_EXCEPTION_TRACE)), L"part");
@@ -156,20 +156,20 @@ TEST_F(JavaExceptionTest, TraceThatThrowsIsDescribedAndShownAsFarAsItGoes) {
     EXPECT_EQ(ExitCode(), 0);
 }
 
-TEST_F(JavaExceptionTest, TextThatThrowsIsDescribedAndShowsNoDialog) {
+TEST_F(JavaException, TextThatThrowsIsDescribedAndShowsNoDialog) {
     app.WriteScript(std::string(kThrows) + "throw CallObjectMethod");
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(app.Log().Count("ExceptionDescribe"), 1U);
     EXPECT_EQ(app.Log().Count("GetStringUTFChars("), 0U);
 }
 
-/// One way in which there comes to be no trace.
+/// A failure that leaves no trace to show.
 struct MissingStep {
     const char* name;
     const char* script;
 };
 
-class MissingTrace : public JavaExceptionTest, public testing::WithParamInterface<MissingStep> {};
+class MissingTrace : public JavaException, public testing::WithParamInterface<MissingStep> {};
 
 TEST_P(MissingTrace, ShowsNoDialogAndCountsAsIgnore) {
     app.WriteScript(std::string(kThrows) + GetParam().script);
@@ -206,10 +206,10 @@ INSTANTIATE_TEST_SUITE_P(
         MissingStep{"TraceIsEmpty", "trace ="}),
     [](const testing::TestParamInfo<MissingStep>& each) { return each.param.name; });
 
-/// One way in which System.exit does not end the process.
-class FailedExit : public JavaExceptionTest, public testing::WithParamInterface<MissingStep> {};
+/// A failure of System.exit.
+class FailedExit : public JavaException, public testing::WithParamInterface<MissingStep> {};
 
-TEST_P(FailedExit, GoesOnAsAfterIgnore) {
+TEST_P(FailedExit, ContinuesAsAfterIgnore) {
     PressButton(OpenDialog(std::string(kThrows) + GetParam().script), IDCANCEL);
     EXPECT_EQ(ExitCode(), 0);
     EXPECT_EQ(app.Log().Count("DetachCurrentThread"), 1U);
@@ -225,14 +225,14 @@ INSTANTIATE_TEST_SUITE_P(
                     MissingStep{"CallReturns", "system_exit = log came back"}),
     [](const testing::TestParamInfo<MissingStep>& each) { return each.param.name; });
 
-TEST_F(JavaExceptionTest, ExitThatThrowsIsDescribed) {
+TEST_F(JavaException, ExitThatThrowsIsDescribed) {
     PressButton(OpenDialog(std::string(kThrows) + "system_exit = throw"), IDCANCEL);
     EXPECT_EQ(ExitCode(), 0);
     EXPECT_EQ(app.Log().Count("ExceptionDescribe"), 1U);
 }
 
-TEST_F(JavaExceptionTest, DialogThatCannotBeShownStops) {
-    // A template with a window class that is not registered.
+TEST_F(JavaException, DialogThatCannotBeShownStops) {
+    // A template with a window class that does not exist.
     std::vector<WORD> words(sizeof(DLGTEMPLATE) / sizeof(WORD), 0);
     words.push_back(0);  // no menu
     for (const char c : std::string("TarnNoSuchClass")) words.push_back(static_cast<WORD>(c));
@@ -249,7 +249,7 @@ TEST_F(JavaExceptionTest, DialogThatCannotBeShownStops) {
     EXPECT_TRUE(app.Log().Has("CallStaticVoidMethod(java/lang/System.exit(I)V, -1)"));
 }
 
-TEST_F(JavaExceptionTest, DialogIsShownOnTheJavaThread) {
+TEST_F(JavaException, DialogIsShownOnTheJavaThread) {
     const HWND dialog = OpenDialog();
     unsigned long javaThread = 0;
     for (const FakeJvmLog::Line& line : app.Log().Lines()) {
@@ -261,7 +261,7 @@ TEST_F(JavaExceptionTest, DialogIsShownOnTheJavaThread) {
     EXPECT_EQ(ExitCode(), 0);
 }
 
-TEST_F(JavaExceptionTest, HooksReturnAtOnceWithoutAListener) {
+TEST_F(JavaException, HooksReturnAtOnceWithoutAListener) {
     app.WriteScript("main = call_exit_hook 5\nmain = call_abort_hook\n");
     EXPECT_EQ(Run(), 0);
     EXPECT_TRUE(app.Log().Has("exit hook returned"));

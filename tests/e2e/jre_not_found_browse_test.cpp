@@ -1,4 +1,4 @@
-// Browsing for a runtime in the dialog: which folders will do, and what the launch makes of them.
+// Browsing for a runtime in the dialog: which folders are accepted, and the launch with them.
 
 #include "tests/support/jre_not_found_fixture.h"
 
@@ -21,7 +21,7 @@ TEST_F(JreNotFoundBrowse, AFolderWithARuntimeEnablesOkAndIsUsed) {
               R"x(["one", "two words"]))x");
 }
 
-TEST_F(JreNotFoundBrowse, TheNextStartFindsTheRuntimeAtOnce) {
+TEST_F(JreNotFoundBrowse, TheNextStartFindsTheRuntimeWithoutTheDialog) {
     const std::wstring runtime = app.AddRuntime(L"other jre");
     app.WriteScript("main = exit 7");
     StartUntilDialog();
@@ -30,7 +30,7 @@ TEST_F(JreNotFoundBrowse, TheNextStartFindsTheRuntimeAtOnce) {
     EXPECT_EQ(app.Launch()->ExitCode(), 7);
 }
 
-TEST_F(JreNotFoundBrowse, TheBrowserSaysWhatItIsFor) {
+TEST_F(JreNotFoundBrowse, TheBrowserShowsItsPurpose) {
     StartUntilDialog();
     const HWND browser = OpenBrowser();
     ASSERT_NE(browser, nullptr);
@@ -41,7 +41,7 @@ TEST_F(JreNotFoundBrowse, TheBrowserSaysWhatItIsFor) {
         if (IsWindowVisible(each)) texts.push_back(WindowText(each));
     }
     EXPECT_THAT(texts, testing::Contains(L"Browse for JRE folder"));
-    // The button that makes a new folder is left out.
+    // The button for a new folder is hidden.
     EXPECT_THAT(texts, testing::Not(testing::Contains(testing::HasSubstr(L"New"))));
     CloseBrowser(browser, kCancel);
     PressButton(dialog, kCancel);
@@ -78,7 +78,7 @@ TEST_F(JreNotFoundBrowse, AFolderWithoutARuntimeIsShownAndLeavesOkDisabled) {
     EXPECT_EQ(GetFileAttributesW(PerUserFile().c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(JreNotFoundBrowse, OnceEnabledOkStaysSoAndTheLastFolderCounts) {
+TEST_F(JreNotFoundBrowse, OkStaysEnabledAndTheLastFolderCounts) {
     const std::wstring runtime = app.AddRuntime(L"other jre");
     const std::wstring empty = app.AddFolder(L"empty");
     StartUntilDialog();
@@ -89,14 +89,14 @@ TEST_F(JreNotFoundBrowse, OnceEnabledOkStaysSoAndTheLastFolderCounts) {
     EXPECT_TRUE(OkIsEnabled());
     PressButton(dialog, kOk);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(dialog); }));
-    // There is no library to load, and that is what the user hears.
+    // The library cannot be loaded, which the launch reports.
     EXPECT_THAT(TakeErrorBox(*process),
                 testing::StartsWith(L"Failed to load Java VM library:  (errno = "));
     EXPECT_EQ(End(), -1);
     EXPECT_THAT(ReadFileBytes(PerUserFile()), testing::HasSubstr("\\empty\\\r\n"));
 }
 
-TEST_F(JreNotFoundBrowse, AFolderOfADevelopmentKitWithAnInnerRuntimeIsRefused) {
+TEST_F(JreNotFoundBrowse, AFolderOfADevelopmentKitWithAnInnerRuntimeIsRejected) {
     app.AddRuntime(L"jdk\\jre");
     app.WriteScript("main = exit 7");
     StartUntilDialog();
@@ -107,7 +107,7 @@ TEST_F(JreNotFoundBrowse, AFolderOfADevelopmentKitWithAnInnerRuntimeIsRefused) {
     EXPECT_EQ(Confirm(), 7);
 }
 
-TEST_F(JreNotFoundBrowse, ARequiredServerJvmIsLookedForInTheFolder) {
+TEST_F(JreNotFoundBrowse, ARequiredServerJvmMustBeInTheFolder) {
     settings.Runtime(L"JVM Type", L"server");
     const std::wstring client = app.AddRuntime(L"client jre", kFullJvm, L"bin\\client");
     const std::wstring server = app.AddRuntime(L"server jre");
@@ -119,7 +119,7 @@ TEST_F(JreNotFoundBrowse, ARequiredServerJvmIsLookedForInTheFolder) {
     EXPECT_EQ(Confirm(), 0);
 }
 
-TEST_F(JreNotFoundBrowse, AClientJvmWillDoOtherwise) {
+TEST_F(JreNotFoundBrowse, AClientJvmIsAcceptedOtherwise) {
     const std::wstring client = app.AddRuntime(L"client jre", kFullJvm, L"bin\\client");
     StartUntilDialog();
     BrowseTo(client);
@@ -127,7 +127,7 @@ TEST_F(JreNotFoundBrowse, AClientJvmWillDoOtherwise) {
     EXPECT_EQ(Confirm(), 0);
 }
 
-TEST_F(JreNotFoundBrowse, AFolderThatVanishesMeanwhileIsUnusable) {
+TEST_F(JreNotFoundBrowse, AFolderRemovedMeanwhileIsUnusable) {
     const std::wstring folder = app.AddRuntime(L"removed drive\\jre");
     StartUntilDialog();
     const HWND browser = OpenBrowser();
@@ -153,7 +153,7 @@ TEST_F(JreNotFoundBrowse, AFolderWithoutAPathChangesNothing) {
     EXPECT_EQ(Confirm(), 0);
 }
 
-TEST_F(JreNotFoundBrowse, TheRootOfADriveKeepsItsOneBackslash) {
+TEST_F(JreNotFoundBrowse, TheRootOfADriveKeepsItsSingleBackslash) {
     StartUntilDialog();
     BrowseTo(L"C:\\");
     EXPECT_EQ(ShownPath(), L"C:\\");

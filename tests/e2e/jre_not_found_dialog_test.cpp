@@ -1,4 +1,4 @@
-// The dialog of a launch that finds no runtime: what it shows and how it ends.
+// The dialog "JRE Not Found": its contents and its end.
 
 #include <algorithm>
 #include <cstdlib>
@@ -19,7 +19,7 @@ struct ExpectedControl {
     DialogUnits place;
 };
 
-// A dialog unit is a fraction of the font's average size; the client area tells that.
+// A dialog unit is a fraction of the font's average size, which the client area reveals.
 RECT ToPixels(HWND dialog, const DialogUnits& units) {
     RECT client{};
     GetClientRect(dialog, &client);
@@ -37,7 +37,7 @@ RECT PlaceIn(HWND dialog, HWND control) {
 }
 
 bool AreClose(const RECT& a, const RECT& b) {
-    // Rounding the size or the edge makes a pixel's difference.
+    // Rounding the size or the edge gives a difference of a pixel.
     return std::abs(a.left - b.left) <= 1 && std::abs(a.top - b.top) <= 1 &&
            std::abs(a.right - b.right) <= 1 && std::abs(a.bottom - b.bottom) <= 1;
 }
@@ -86,7 +86,7 @@ TEST_F(JreNotFoundDialog, HasItsControlsInOrderWithTextsAndPlaces) {
     ASSERT_EQ(children.size(), std::size(expected));
     for (std::size_t i = 0; i < children.size(); ++i) {
         SCOPED_TRACE(ToUtf8(expected[i].text) + " " + std::to_string(i));
-        // A control without a number has -1, of which a window may keep 16 bits.
+        // A control without an id has -1, of which a window may keep 16 bits.
         EXPECT_EQ(static_cast<short>(GetDlgCtrlID(children[i])), expected[i].id);
         EXPECT_EQ(WindowClass(children[i]), expected[i].windowClass);
         EXPECT_EQ(WindowText(children[i]), expected[i].text);
@@ -96,7 +96,7 @@ TEST_F(JreNotFoundDialog, HasItsControlsInOrderWithTextsAndPlaces) {
     }
 }
 
-TEST_F(JreNotFoundDialog, ItsControlsAreOfTheRightKind) {
+TEST_F(JreNotFoundDialog, ItsControlsHaveTheirClassesAndStyles) {
     StartUntilDialog();
     const auto style = static_cast<DWORD>(GetWindowLongPtrW(dialog, GWL_STYLE));
     const DWORD wanted = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME;
@@ -140,7 +140,7 @@ TEST_F(JreNotFoundDialog, OnlyAServerJvmThatIsRequiredIsMentioned) {
               L"JRE with a server JVM (latest version) from:");
 }
 
-TEST_F(JreNotFoundDialog, AMessageOfFourLinesIsNotCutOff) {
+TEST_F(JreNotFoundDialog, AMessageOfFourLinesIsNotTruncated) {
     settings.Runtime(L"Minimum Version", L"1.6").Runtime(L"Maximum Version", L"1.8");
     settings.Runtime(L"JVM Type", L"server");
     StartUntilDialog();
@@ -176,7 +176,7 @@ TEST_F(JreNotFoundDialog, EscapeEndsTheLaunch) {
 
 TEST_F(JreNotFoundDialog, EnterDoesNotConfirmWhileOkIsDisabled) {
     StartUntilDialog();
-    // With the focus on no button Enter goes to the default button.
+    // When no button has the focus, Enter presses the default button.
     PostMessageW(Child(dialog, kPathEdit), WM_KEYDOWN, VK_RETURN, 0);
     SendMessageW(dialog, WM_NULL, 0, 0);
     PressButton(dialog, kCancel);
@@ -184,7 +184,7 @@ TEST_F(JreNotFoundDialog, EnterDoesNotConfirmWhileOkIsDisabled) {
     EXPECT_EQ(GetFileAttributesW(PerUserFile().c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(JreNotFoundDialog, ACancelledDialogOfAServiceLeavesItsSettingsAlone) {
+TEST_F(JreNotFoundDialog, ACancelledDialogOfAServiceDoesNotChangeItsSettings) {
     settings.Application(L"Application Type", L"service");
     StartUntilDialog();
     const std::string before = ReadFileBytes(app.SettingsFile());

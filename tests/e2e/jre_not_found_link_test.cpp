@@ -1,4 +1,4 @@
-// The dialog's link in the real launcher, and the dialog by the keyboard alone.
+// The dialog's link in the real launcher, and the dialog with the keyboard only.
 
 #include "tests/support/edited_launcher.h"
 #include "tests/support/jre_not_found_fixture.h"
@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kDialog = 201;
 
-/// A launcher whose author has put another address into the dialog, as a resource editor does.
+/// A launcher whose dialog has another address, as set with a resource editor.
 class JreNotFoundLink : public JreNotFoundFixture {
   protected:
     void SetUp() override {
@@ -27,7 +27,7 @@ class JreNotFoundLink : public JreNotFoundFixture {
         return info.hwndFocus;
     }
 
-    /// Types a key into whatever has the focus, as the keyboard does.
+    /// Sends a key to the window with the focus.
     void Type(WORD key) const {
         PostMessageW(Focus(), WM_KEYDOWN, key, 1);
         PostMessageW(Focus(), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
@@ -85,8 +85,8 @@ TEST_F(JreNotFoundLink, AClickBesideTheTextDoesNothing) {
     CancelAndEnd();
 }
 
-TEST_F(JreNotFoundLink, TheTabKeyGoesRoundTheControlsAndSpaceOpensTheLink) {
-    // OK is disabled, so the focus begins on Cancel.
+TEST_F(JreNotFoundLink, TheTabKeyReachesTheLinkAndSpaceOpensIt) {
+    // OK is disabled, so Cancel has the focus first.
     EXPECT_TRUE(WaitUntil([&] { return Focus() == Child(dialog, kCancel); }));
     EXPECT_TRUE(FocusMovesTo(kPathEdit));
     EXPECT_TRUE(FocusMovesTo(kBrowse));
@@ -107,7 +107,7 @@ TEST_F(JreNotFoundLink, EnterOpensTheLink) {
     CancelAndEnd();
 }
 
-TEST_F(JreNotFoundLink, ARuntimeIsChosenByTheKeyboard) {
+TEST_F(JreNotFoundLink, ARuntimeCanBeChosenWithTheKeyboard) {
     const std::wstring runtime = app.AddRuntime(L"jre");
     app.WriteScript("main = exit 7");
     EXPECT_TRUE(WaitUntil([&] { return Focus() == Child(dialog, kCancel); }));
@@ -131,7 +131,7 @@ TEST_F(JreNotFoundLink, ARuntimeIsChosenByTheKeyboard) {
 
 using JreNotFoundBrokenDialog = JreNotFoundFixture;
 
-TEST_F(JreNotFoundBrokenDialog, TheLaunchFailsInSilence) {
+TEST_F(JreNotFoundBrokenDialog, TheLaunchFailsWithoutAMessage) {
     ASSERT_TRUE(BreakDialog(app.Executable(), kDialog));
     app.WriteSettings(settings);
     process = app.Launch();

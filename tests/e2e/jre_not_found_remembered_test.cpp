@@ -1,4 +1,4 @@
-// What the dialog's choice leaves behind in the settings files.
+// What the dialog's choice changes in the settings files.
 
 #include "tests/support/jre_not_found_fixture.h"
 
@@ -7,8 +7,8 @@ namespace {
 
 class JreNotFoundRemembered : public JreNotFoundFixture {
   protected:
-    /// Chooses a scripted runtime and gives the launch's exit code. The folder's name is plain, so
-    /// that the file's bytes do not depend on a code page.
+    /// Chooses a scripted runtime and returns the launch's exit code. The folder's name is ASCII,
+    /// so that the file's bytes do not depend on a code page.
     std::int32_t ChooseRuntime() {
         runtime_ = app.AddRuntime(L"jre");
         app.WriteScript("main = exit 7");
@@ -28,7 +28,7 @@ class JreNotFoundRemembered : public JreNotFoundFixture {
     std::wstring runtime_;
 };
 
-/// Bytes of a file that Windows writes in its 8-bit code page.
+/// The bytes of a file that Windows writes in its 8-bit code page.
 std::string Ansi(const std::wstring& text) {
     std::string bytes(text.size() * 4, '\0');
     const int size =
@@ -38,7 +38,7 @@ std::string Ansi(const std::wstring& text) {
     return bytes;
 }
 
-/// A 32-bit library as far as its headers go.
+/// The headers of a 32-bit library.
 std::string Library32() {
     std::string bytes(512, '\0');
     auto* const dos = reinterpret_cast<IMAGE_DOS_HEADER*>(bytes.data());
@@ -53,7 +53,7 @@ std::string Library32() {
     return bytes;
 }
 
-TEST_F(JreNotFoundRemembered, TheFolderIsWrittenIntoTheUsersOwnFile) {
+TEST_F(JreNotFoundRemembered, TheFolderIsWrittenToThePerUserFile) {
     const std::wstring mainBefore = settings.Text();
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(ReadFileBytes(PerUserFile()),
@@ -61,7 +61,7 @@ TEST_F(JreNotFoundRemembered, TheFolderIsWrittenIntoTheUsersOwnFile) {
     EXPECT_EQ(ReadFileBytes(app.SettingsFile()), Utf16File(mainBefore));
 }
 
-TEST_F(JreNotFoundRemembered, WhatElseTheUsersFileHoldsIsKept) {
+TEST_F(JreNotFoundRemembered, OtherContentsOfThePerUserFileAreKept) {
     MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
     WriteFileBytes(PerUserFile(),
                    "[Other]\r\nA=1\r\n[Java Runtime Environment]\r\nJVM Type=x\r\n"
@@ -72,7 +72,7 @@ TEST_F(JreNotFoundRemembered, WhatElseTheUsersFileHoldsIsKept) {
                    runtime_ + L"\\\r\n[Last]\r\nB=2\r\n"));
 }
 
-TEST_F(JreNotFoundRemembered, AFolderOutsideTheCodePageIsWrittenWhole) {
+TEST_F(JreNotFoundRemembered, AFolderOutsideTheCodePageIsWrittenUnchanged) {
     const std::wstring runtime = app.AddRuntime(L"\u65E5\u672C jre");
     app.WriteScript("main = exit 7");
     StartUntilDialog();
@@ -88,7 +88,7 @@ TEST_F(JreNotFoundRemembered, AServiceWritesItsMainSettings) {
     EXPECT_EQ(JrePathIn(app.SettingsFile()), runtime_ + L"\\");
     SettingsText expected = settings;
     expected.Runtime(L"JRE Path", runtime_ + L"\\");
-    // In the section, behind what stood there already.
+    // In the section, after its existing contents.
     EXPECT_EQ(ReadFileBytes(app.SettingsFile()), Utf16File(expected.Text()));
     EXPECT_EQ(GetFileAttributesW(PerUserFile().c_str()), INVALID_FILE_ATTRIBUTES);
 }
@@ -101,7 +101,7 @@ TEST_F(JreNotFoundRemembered, ThePairedLaunchersFileIsWrittenToo) {
     EXPECT_EQ(GetFileAttributesW(app.Path(L"bin.32\\pair32.ini").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(JreNotFoundRemembered, AServicesPairedLauncherHasItsMainSettingsWritten) {
+TEST_F(JreNotFoundRemembered, TheMainSettingsOfAServicesPairedLauncherAreWritten) {
     settings.Application(L"Application Type", L"service");
     settings.Application(L"Pair Product", app.Path(L"pair32.exe"));
     EXPECT_EQ(ChooseRuntime(), 7);
@@ -112,7 +112,7 @@ TEST_F(JreNotFoundRemembered, AServicesPairedLauncherHasItsMainSettingsWritten) 
 
 TEST_F(JreNotFoundRemembered, A32BitLibraryStartsThePairedProgram) {
     app.AddFile(L"jre32\\bin\\client\\jvm.dll", Library32());
-    // A program that takes the launch's own command line and ends with a code of its own.
+    // A program that accepts the launch's command line and ends with a code of its own.
     settings.Application(L"Pair Product", L"C:\\windows\\system32\\cmd.exe");
     settings.Application(L"Pair Return Code", L"Yes");
     StartUntilDialog(L"/c exit 9");
@@ -122,14 +122,14 @@ TEST_F(JreNotFoundRemembered, A32BitLibraryStartsThePairedProgram) {
     EXPECT_EQ(JrePathIn(PerUserFile(L"cmd")), app.Path(L"jre32\\"));
 }
 
-TEST_F(JreNotFoundRemembered, AWriteThatFailsIsSilentAndTheLaunchGoesOn) {
-    // A file where a folder would have to be.
+TEST_F(JreNotFoundRemembered, AFailedWriteIsSilentAndTheLaunchContinues) {
+    // A file with the name of the folder.
     WriteFileBytes(app.AppDataFolder() + L"\\" + kProductName, "in the way");
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(ReadFileBytes(app.AppDataFolder() + L"\\" + kProductName), "in the way");
 }
 
-TEST_F(JreNotFoundRemembered, AFileThatAnotherProgramHoldsIsLeftAloneAndTheLaunchGoesOn) {
+TEST_F(JreNotFoundRemembered, AFileThatAnotherProgramHasOpenIsUnchangedAndTheLaunchContinues) {
     const std::string before = "[Java Runtime Environment]\r\nJRE Path=C:\\gone\r\n";
     MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
     WriteFileBytes(PerUserFile(), before);
@@ -142,7 +142,7 @@ TEST_F(JreNotFoundRemembered, AFileThatAnotherProgramHoldsIsLeftAloneAndTheLaunc
     EXPECT_EQ(ReadFileBytes(PerUserFile()), before);
 }
 
-TEST_F(JreNotFoundRemembered, AProductNameOfForbiddenCharactersOnlyLeavesItsFolderOut) {
+TEST_F(JreNotFoundRemembered, AProductNameOfInvalidCharactersOnlyHasNoFolder) {
     settings.Set(L"Product Information", L"Product Name", L"\\?|><:/*");
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(JrePathIn(app.AppDataFolder() + L"\\" + kProductCode + L"\\sample.ini"),
@@ -163,13 +163,13 @@ class JreNotFoundWithoutAppData : public JreNotFoundRemembered {
     const std::wstring folder_ = app.directory.substr(0, 2) + L"\\" + product_;
 };
 
-TEST_F(JreNotFoundWithoutAppData, WithoutTheVariableTheLaunchGoesOn) {
+TEST_F(JreNotFoundWithoutAppData, WithoutTheVariableTheLaunchContinues) {
     app.environment[L"APPDATA"] = std::nullopt;
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(JrePathIn(folder_ + L"\\" + kProductCode + L"\\sample.ini"), runtime_ + L"\\");
 }
 
-TEST_F(JreNotFoundWithoutAppData, AVariableThatIsTooLongCountsAsNone) {
+TEST_F(JreNotFoundWithoutAppData, AVariableThatIsTooLongIsIgnored) {
     app.environment[L"APPDATA"] = L"C:\\" + Repeated(L"a", 300);
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(JrePathIn(folder_ + L"\\" + kProductCode + L"\\sample.ini"), runtime_ + L"\\");

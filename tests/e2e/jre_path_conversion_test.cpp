@@ -1,4 +1,4 @@
-// A chosen folder whose name the code page cannot hold, in settings files that exist as 8-bit text.
+// A chosen folder whose name the code page cannot represent, in settings files of 8-bit text.
 
 #include "base/handles.h"
 #include "tests/support/jre_not_found_fixture.h"
@@ -54,14 +54,14 @@ class JrePathConversion : public JreNotFoundFixture {
     std::wstring runtime_;
 };
 
-TEST_F(JrePathConversion, TheNextStartFindsTheFolderInTheUsersFile) {
+TEST_F(JrePathConversion, TheNextStartFindsTheFolderInThePerUserFile) {
     WriteUserFile(kUserSettings);
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(JrePathIn(PerUserFile()), runtime_ + L"\\");
     EXPECT_EQ(app.Launch()->ExitCode(), 7);
 }
 
-TEST_F(JrePathConversion, TheUsersFileKeepsItsOtherContents) {
+TEST_F(JrePathConversion, ThePerUserFileKeepsItsOtherContents) {
     WriteUserFile(kUserSettings);
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(ReadFileBytes(PerUserFile()),
@@ -75,7 +75,7 @@ TEST_F(JrePathConversion, TheUsersFileKeepsItsOtherContents) {
 TEST_F(JrePathConversion, AServicesMainSettingsKeepTheirOtherValues) {
     settings.Application(L"Application Type", L"service");
     const std::wstring text = settings.Text();
-    // In ASCII, and one letter of the code page.
+    // ASCII and one letter of the code page.
     app.WriteSettingsBytes(std::string(text.begin(), text.end()) + "[Other]\r\nA=\xE9\r\n");
     const std::wstring before = Value(app.SettingsFile(), L"Other", L"A");
     process = app.Launch();
@@ -120,7 +120,7 @@ TEST_F(JrePathConversion, AReadOnlyFileIsNotChanged) {
     SetFileAttributesW(PerUserFile().c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(JrePathConversion, ARelativePairProductLeavesNothingInTheCurrentDirectory) {
+TEST_F(JrePathConversion, ARelativePairProductCreatesNoFileInTheCurrentDirectory) {
     const std::wstring name = L"tarn" + std::to_wstring(GetCurrentProcessId());
     settings.Application(L"Application Type", L"service");
     settings.Application(L"Pair Product", name + L".exe");
@@ -128,7 +128,7 @@ TEST_F(JrePathConversion, ARelativePairProductLeavesNothingInTheCurrentDirectory
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(CountFiles(app.directory), 0);
     EXPECT_EQ(JrePathIn(app.SettingsFile()), runtime_ + L"\\");
-    // Where the profile functions put a name without a folder.
+    // The folder in which the profile functions search for a name without one.
     wchar_t windows[MAX_PATH];
     GetWindowsDirectoryW(windows, MAX_PATH);
     DeleteFileW((std::wstring(windows) + L"\\" + name + L".ini").c_str());

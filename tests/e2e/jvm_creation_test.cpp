@@ -1,4 +1,4 @@
-// Loading jvm.dll, the Java thread and its stack, and every answer of JNI_CreateJavaVM.
+// Loading jvm.dll, the Java thread and its stack, and every result of JNI_CreateJavaVM.
 
 #include "tests/support/fake_jvm_fixture.h"
 
@@ -9,7 +9,7 @@ constexpr unsigned long long kMebibyte = 1024 * 1024;
 
 class JvmCreation : public FakeJvmFixture {
   protected:
-    /// The address space of the stack on which the JVM was created.
+    /// The size of the stack on which the JVM was created, in address space.
     unsigned long long Stack() const {
         const std::string size = app.Log().After("stack ");
         return size.empty() ? 0 : std::stoull(size);
@@ -34,7 +34,7 @@ struct Refusal {
 
 class JvmRefusal : public FakeJvmFixture, public testing::WithParamInterface<Refusal> {};
 
-TEST_P(JvmRefusal, IsToldWithItsReason) {
+TEST_P(JvmRefusal, IsReportedWithItsReason) {
     app.WriteScript(GetParam().script);
     EXPECT_EQ(
         RunWithErrorBox(std::wstring(L"JNI exception: failed to create the Java VM\nReason: ") +
@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(All, JvmRefusal,
                                          Refusal{"create = -6", L"invalid arguments"},
                                          Refusal{"create = -7", L""}, Refusal{"create = 1", L""}));
 
-TEST_F(JvmCreation, HappensOnAThreadOfItsOwn) {
+TEST_F(JvmCreation, HasItsOwnThread) {
     const auto process = Start();
     ASSERT_EQ(process->ExitCode(), 0);
     for (const FakeJvmLog::Line& line : app.Log().Lines()) {
@@ -65,7 +65,7 @@ TEST_F(JvmCreation, HappensOnAThreadOfItsOwn) {
     }
 }
 
-TEST_F(JvmCreation, TakesTheStackSizeOfTheSettings) {
+TEST_F(JvmCreation, UsesTheStackSizeOfTheSettings) {
     EXPECT_EQ(StackFor(L"-Xss4m", "default_stack = 8388608"), 4 * kMebibyte);
     EXPECT_FALSE(AskedForDefault());
 }
@@ -74,29 +74,29 @@ TEST_F(JvmCreation, TheLastStackSizeOfTheSettingsCounts) {
     EXPECT_EQ(StackFor(L"-Xss16m -Xss3072k", ""), 3 * kMebibyte);
 }
 
-TEST_F(JvmCreation, AsksTheRuntimeForItsStackSize) {
+TEST_F(JvmCreation, UsesTheDefaultStackSizeOfTheRuntime) {
     EXPECT_EQ(StackFor(L"", "default_stack = 5242880"), 5 * kMebibyte);
     EXPECT_TRUE(AskedForDefault());
 }
 
-TEST_F(JvmCreation, AsksTheRuntimeWhenTheSettingsAreNoNumber) {
+TEST_F(JvmCreation, UsesTheDefaultWhenTheSettingIsNotANumber) {
     EXPECT_EQ(StackFor(L"-Xss8m -Xss1:2m", "default_stack = 5242880"), 5 * kMebibyte);
 }
 
-TEST_F(JvmCreation, TakesTheProcesssStackSizeWhenTheRuntimeHasNone) {
+TEST_F(JvmCreation, UsesTheStackSizeOfTheExecutableWhenTheRuntimeHasNone) {
     EXPECT_EQ(StackFor(L"", "default_stack = 0"), kMebibyte);
     EXPECT_TRUE(AskedForDefault());
 }
 
-TEST_F(JvmCreation, TakesTheProcesssStackSizeWhenTheRuntimesIsNegative) {
+TEST_F(JvmCreation, UsesTheStackSizeOfTheExecutableWhenTheRuntimesIsNegative) {
     EXPECT_EQ(StackFor(L"", "default_stack = -1"), kMebibyte);
 }
 
-TEST_F(JvmCreation, NeverHasLessStackThanTheProcesss) {
+TEST_F(JvmCreation, NeverHasASmallerStackThanTheExecutable) {
     EXPECT_EQ(StackFor(L"-Xss64k", ""), kMebibyte);
 }
 
-TEST_F(JvmCreation, RunsOnTheEntryThreadWhenThereCannotBeAnother) {
+TEST_F(JvmCreation, RunsOnTheEntryThreadWhenCreateThreadFails) {
     // More than any address space.
     settings.Runtime(L"Virtual Machine Parameters", L"-Xss1000000g");
     settings.Application(L"Application Type", L"service");
@@ -109,7 +109,7 @@ TEST_F(JvmCreation, RunsOnTheEntryThreadWhenThereCannotBeAnother) {
     EXPECT_EQ(app.Log().Calls().back(), "DestroyJavaVM()");
 }
 
-TEST_F(JvmCreation, FailsOnTheEntryThreadJustSo) {
+TEST_F(JvmCreation, FailsOnTheEntryThreadInTheSameWay) {
     settings.Runtime(L"Virtual Machine Parameters", L"-Xss1000000g");
     app.WriteScript("create = -4");
     EXPECT_EQ(RunWithErrorBox(
@@ -117,7 +117,7 @@ TEST_F(JvmCreation, FailsOnTheEntryThreadJustSo) {
               -1);
 }
 
-TEST_F(JvmCreation, SurvivesAFailedQuestionForTheDefaults) {
+TEST_F(JvmCreation, SurvivesAFailedQueryOfTheDefaults) {
     EXPECT_EQ(StackFor(L"", "default_args = -3\ndefault_stack = 2097152"), 2 * kMebibyte);
 }
 

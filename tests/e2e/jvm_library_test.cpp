@@ -1,4 +1,4 @@
-// Which jvm.dll is taken, and what happens when it is none.
+// The choice of jvm.dll, and libraries that cannot be used.
 
 #include "tests/support/fake_jvm_fixture.h"
 #include "tests/support/jvm_files.h"
@@ -17,24 +17,24 @@ class JvmLibrary : public FakeJvmFixture {
 
     void ExpectLoadFailure() { EXPECT_EQ(RunWithErrorBox(LoadFailure(JvmPath())), -1); }
 
-    /// What the application sees as its jvm.dll.
+    /// The path of jvm.dll in the application's environment.
     std::string Chosen() {
         EXPECT_EQ(Run(), 0);
         return app.Log().After("environment TARN_JVM_PATH=");
     }
 };
 
-TEST_F(JvmLibrary, OfTextCannotBeLoaded) {
+TEST_F(JvmLibrary, ThatIsATextCannotBeLoaded) {
     WriteFileBytes(JvmPath(), "This is no library.\r\n");
     ExpectLoadFailure();
 }
 
-TEST_F(JvmLibrary, OfNoBytesCannotBeLoaded) {
+TEST_F(JvmLibrary, ThatIsEmptyCannotBeLoaded) {
     WriteFileBytes(JvmPath(), "");
     ExpectLoadFailure();
 }
 
-TEST_F(JvmLibrary, CutOffCannotBeLoaded) {
+TEST_F(JvmLibrary, ThatIsTruncatedCannotBeLoaded) {
     const std::string whole = ReadFileBytes(JvmPath());
     ASSERT_GT(whole.size(), 1000U);
     WriteFileBytes(JvmPath(), std::string_view(whole).substr(0, 300));
@@ -52,19 +52,19 @@ TEST_F(JvmLibrary, ThatIsAFolderCannotBeLoaded) {
     ExpectLoadFailure();
 }
 
-TEST_F(JvmLibrary, WithoutJniCreateJavaVmIsToldSo) {
+TEST_F(JvmLibrary, WithoutJniCreateJavaVmIsReported) {
     app.AddRuntime(L"jre", kJvmWithoutCreate);
     EXPECT_EQ(RunWithErrorBox(kNoEntryPoint), -1);
     EXPECT_EQ(app.Log().Count("JNI_"), 0U);
 }
 
-TEST_F(JvmLibrary, WithoutJniGetDefaultJavaVmInitArgsIsToldTheSame) {
+TEST_F(JvmLibrary, WithoutJniGetDefaultJavaVmInitArgsIsReported) {
     app.AddRuntime(L"jre", kJvmWithoutDefaults);
     EXPECT_EQ(RunWithErrorBox(kNoEntryPoint), -1);
     EXPECT_EQ(app.Log().Count("JNI_"), 0U);
 }
 
-TEST_F(JvmLibrary, FailuresComeBeforeTheClassPathIsLookedAt) {
+TEST_F(JvmLibrary, FailuresPrecedeTheClassPath) {
     settings.Remove(L"Class Path", L"Class Path");
     app.AddRuntime(L"jre", kJvmWithoutCreate);
     EXPECT_EQ(RunWithErrorBox(kNoEntryPoint), -1);
@@ -75,7 +75,7 @@ TEST_F(JvmLibrary, OfAClientIsPreferredByDefault) {
     EXPECT_EQ(Chosen(), TextInLog(app.Path(L"jre\\bin\\client\\jvm.dll")));
 }
 
-TEST_F(JvmLibrary, OfAServerIsChosenByItsWords) {
+TEST_F(JvmLibrary, OfAServerIsChosenByTheJvmType) {
     app.AddRuntime(L"jre", kFullJvm, L"bin\\client");
     for (const wchar_t* word : {L"server", L"favor_server"}) {
         DeleteFileW(app.LogFile().c_str());
@@ -84,13 +84,13 @@ TEST_F(JvmLibrary, OfAServerIsChosenByItsWords) {
     }
 }
 
-TEST_F(JvmLibrary, WordsInOtherLettersAreNoWords) {
+TEST_F(JvmLibrary, TheJvmTypeIsCaseSensitive) {
     app.AddRuntime(L"jre", kFullJvm, L"bin\\client");
     settings.Runtime(L"JVM Type", L"Server");
     EXPECT_EQ(Chosen(), TextInLog(app.Path(L"jre\\bin\\client\\jvm.dll")));
 }
 
-TEST_F(JvmLibrary, OfOlderRuntimesIsFoundInItsPlaces) {
+TEST_F(JvmLibrary, OfOlderRuntimesIsFound) {
     for (const wchar_t* place : {L"bin\\classic", L"bin\\hotspot", L"bin\\jrockit"}) {
         const std::wstring home =
             app.AddRuntime(std::wstring(L"old ") + (place + 4), kFullJvm, place);
@@ -100,7 +100,7 @@ TEST_F(JvmLibrary, OfOlderRuntimesIsFoundInItsPlaces) {
     }
 }
 
-TEST_F(JvmLibrary, OfAHomeWithABackslashAtItsEndGetsNoSecondOne) {
+TEST_F(JvmLibrary, OfAHomeWithATrailingBackslashGetsNoSecondOne) {
     settings.Runtime(L"JRE Path", app.Path(L"jre\\"));
     EXPECT_EQ(Chosen(), TextInLog(JvmPath()));
 }
@@ -124,19 +124,19 @@ class ShippedLibrary : public JvmLibrary {
     ShippedLibrary() { settings.Remove(L"Java Runtime Environment", L"JRE Path"); }
 };
 
-TEST_F(ShippedLibrary, LiesInTheLaunchersFolder) {
+TEST_F(ShippedLibrary, MayBeInTheLaunchersFolder) {
     app.AddFile(L"bin\\java.dll");
     app.AddRuntime(L".");
     EXPECT_EQ(Chosen(), TextInLog(app.Path(L"bin\\server\\jvm.dll")));
 }
 
-TEST_F(ShippedLibrary, LiesInAFolderOfItsOwn) {
+TEST_F(ShippedLibrary, MayBeInASubfolder) {
     app.AddFile(L"jre64\\bin\\java.dll");
     app.AddRuntime(L"jre64");
     EXPECT_EQ(Chosen(), TextInLog(app.Path(L"jre64\\bin\\server\\jvm.dll")));
 }
 
-TEST_F(ShippedLibrary, IsElseLookedForInTheWorkingDirectory) {
+TEST_F(ShippedLibrary, IsOtherwiseSearchedInTheWorkingDirectory) {
     app.directory = app.AddRuntime(L"elsewhere", kFullJvm, L"bin\\client");
     EXPECT_EQ(Chosen(), TextInLog(L"bin\\client\\jvm.dll"));
 }
@@ -149,7 +149,7 @@ class UnusableHome : public ShippedLibrary, public testing::WithParamInterface<c
     }
 };
 
-TEST_P(UnusableHome, IsPassedOverForTheShippedRuntime) {
+TEST_P(UnusableHome, IsSkippedForTheShippedRuntime) {
     app.AddFile(L"a file", "x");
     const std::wstring home = GetParam();
     settings.Runtime(L"JRE Path", home.starts_with(L"~") ? app.Path(home.substr(1)) : home);
@@ -165,8 +165,8 @@ INSTANTIATE_TEST_SUITE_P(
         L"33333333333333333333333333333333333333333333333333333333333333333333333333333333"
         L"33333333333333333333333333333333333333333333333333333333333333"));
 
-TEST_F(JvmLibrary, OfALongPathIsToldWhole) {
-    // Below folders whose whole path is longer than the old limit of 260.
+TEST_F(JvmLibrary, WithALongPathIsReportedCompletely) {
+    // Below folders whose path is longer than the old limit of 260.
     std::wstring home = L"\\\\?\\" + app.Path(L"long");
     CreateDirectoryW(home.c_str(), nullptr);
     while (home.size() < 300) {

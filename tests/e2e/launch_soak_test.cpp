@@ -1,4 +1,4 @@
-// Many launches, one after another and side by side: none leaves anything behind.
+// Many launches, in sequence and in parallel, leave no resources behind.
 
 #include <cstdio>
 #include <vector>
@@ -12,16 +12,16 @@
 namespace tarn::test {
 namespace {
 
-// The exit code of a program that Wine's assertion ends (EXCEPTION_WINE_ASSERTION).
+// The exit code after a failed assertion of Wine (EXCEPTION_WINE_ASSERTION).
 constexpr std::int32_t kWineAssertion = -0x7FFFFEFF;
 
 constexpr char kMainCall[] = "CallStaticVoidMethod(com/example/Main.main(";
 
-/// An application that does one of the things that a launch may leave something of.
+/// An application whose launch uses resources of one kind.
 struct Cycled {
     explicit Cycled(std::wstring_view name) : app(name), settings(app.StandardSettings()) {
         app.AddRuntime();
-        // Whoever makes temporary files makes them here.
+        // Temporary files are created here.
         app.environment[L"TEMP"] = app.AddFolder(L"temp");
         app.environment[L"TMP"] = app.environment[L"TEMP"];
     }
@@ -53,10 +53,10 @@ std::vector<std::unique_ptr<Cycled>> ApplicationsToCycle() {
     return all;
 }
 
-TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
+TEST(LaunchSoak, ManyLaunchesInARowLeakNothing) {
     const auto applications = ApplicationsToCycle();
-    // As a process ends, Wine stops its threads in the midst of their talk with Wine's server, and
-    // now and then an assertion of Wine's own fails then. Such a launch is made once more.
+    // When a process ends, Wine terminates its threads while they talk to Wine's server, and
+    // occasionally an assertion of Wine fails. Such a launch is repeated.
     int repeated = 0;
     const auto launchEach = [&](int round) {
         for (const auto& each : applications) {
@@ -77,7 +77,7 @@ TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
         for (const auto& each : applications) names.push_back(FilesBelow(each->app.directory));
         return names;
     };
-    // Whatever is made once is there after the first two.
+    // One-time resources exist after the first two.
     for (int round = -2; round < 0; ++round) launchEach(round);
     const auto filesBefore = files();
     const SystemFigures before = LookAround();
@@ -106,7 +106,7 @@ TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
         const SystemFigures now = LookAround();
         return now.processes <= before.processes && now.windows <= before.windows;
     }));
-    // What Wine tells is the size of the table of handles, which doubles when it has to grow.
+    // Under Wine the number is the size of the handle table, which doubles when it grows.
     EXPECT_LE(FiguresOf(GetCurrentProcess()).handles, 2 * ownBefore.handles);
     EXPECT_LE(repeated, 1 + launches / 100);
     print(launches);
@@ -118,7 +118,7 @@ TEST(LaunchSoakTest, ManyLaunchesInARowLeaveNothingBehind) {
     }
 }
 
-TEST(LaunchSoakTest, FiftyApplicationsStartSideBySide) {
+TEST(LaunchSoak, FiftyApplicationsStartInParallel) {
     constexpr int kApplications = 50;
     NamedEvent mayEnd;
     std::vector<std::unique_ptr<InstalledApplication>> applications;
@@ -142,7 +142,7 @@ TEST(LaunchSoakTest, FiftyApplicationsStartSideBySide) {
         EXPECT_THAT(applications[i]->Log().After(kMainCall),
                     testing::EndsWith("[\"of\", \"" + std::to_string(i) + "\"])"));
     }
-    // All of them at this moment.
+    // All of them at the same time.
     for (const auto& process : processes) EXPECT_FALSE(process->HasEnded());
     mayEnd.Set();
     for (std::size_t i = 0; i < kApplications; ++i) {

@@ -1,5 +1,5 @@
-// How the main class is found and called: the calls of the native interface in order, and what
-// happens when one of them fails.
+// Finding the main class and calling main: the JNI calls in order, and the result when one of them
+// fails.
 
 #include "tests/support/fake_jvm_fixture.h"
 
@@ -19,7 +19,7 @@ Calls operator+(Calls left, const Calls& right) {
     return left;
 }
 
-// The calls that make a Java string of a text.
+// The calls that create a Java string.
 Calls MakeString(const std::string& text) {
     const std::string length = std::to_string(text.size());
     return {"FindClass(\"java/lang/String\")",
@@ -50,7 +50,7 @@ const Calls kClear = {"ExceptionClear()"};
 
 class MainClass : public FakeJvmFixture {
   protected:
-    /// Runs with the script to a good end and compares all calls.
+    /// Runs with the script, expects success and compares all calls.
     void ExpectCalls(std::string_view script, const Calls& expected) {
         app.WriteScript(script);
         EXPECT_EQ(Run(), 0);
@@ -79,7 +79,7 @@ TEST_F(MainClass, IsFoundWithoutTheHelperClass) {
                 kFindHelper + kFallBack + kMain + kDetach);
 }
 
-TEST_F(MainClass, IsFoundWhenLookingForTheHelperThrows) {
+TEST_F(MainClass, IsFoundWhenFindingTheHelperThrows) {
     ExpectCalls("throw JVM_FindClassFromBootLoader",
                 Calls{"JVM_FindClassFromBootLoader(\"sun/launcher/LauncherHelper\") throws",
                       "ExceptionClear()"} +
@@ -91,12 +91,12 @@ TEST_F(MainClass, IsFoundWithoutTheHelpersMethod) {
                 kFindHelper + kFindLoad + kFallBack + kMain + kDetach);
 }
 
-TEST_F(MainClass, IsFoundWhenLookingForTheHelpersMethodThrows) {
+TEST_F(MainClass, IsFoundWhenFindingTheHelpersMethodThrows) {
     ExpectCalls("no_method checkAndLoadMain",
                 kFindHelper + kFindLoad + kClear + kFallBack + kMain + kDetach);
 }
 
-TEST_F(MainClass, IsFoundWhenTheHelperGivesNull) {
+TEST_F(MainClass, IsFoundWhenTheHelperReturnsNull) {
     ExpectCalls("load_and_main = null",
                 kFindHelper + kFindLoad + kLoad + kFallBack + kMain + kDetach);
 }
@@ -106,7 +106,7 @@ TEST_F(MainClass, IsFoundWhenTheHelperThrows) {
                 kFindHelper + kFindLoad + kLoad + kClear + kFallBack + kMain + kDetach);
 }
 
-TEST_F(MainClass, IsFoundWhenItsNameCannotBecomeAStringForTheHelper) {
+TEST_F(MainClass, IsFoundWithoutAStringForTheHelper) {
     for (const char* script :
          {"fail NewCharArray 1", "throw NewCharArray 1", "throw NewObject 1",
           "throw SetCharArrayRegion 1", "throw FindClass 1", "throw GetMethodID 1"}) {
@@ -120,7 +120,7 @@ TEST_F(MainClass, IsFoundWhenItsNameCannotBecomeAStringForTheHelper) {
     }
 }
 
-TEST_F(MainClass, WhoseNameBecomesNoStringIsToldSo) {
+TEST_F(MainClass, WithoutAStringForItsNameIsReported) {
     app.WriteScript("fail NewCharArray");
     EXPECT_EQ(RunWithErrorBox(L"Failed to load Main Class: com/example/Main.\n"), -1);
     EXPECT_FALSE(MainWasCalled());
@@ -133,7 +133,7 @@ TEST_F(MainClass, WhoseNameCannotBeReadIsDescribedOnly) {
     EXPECT_THAT(ReadFileBytes(app.ErrorFile()), HasSubstr("OutOfMemoryError"));
 }
 
-TEST_F(MainClass, ThatIsNotThereIsDescribedAndTold) {
+TEST_F(MainClass, ThatIsMissingIsDescribedAndReported) {
     app.WriteScript("load_and_main = null\nno_class com/example/Main");
     EXPECT_EQ(RunWithErrorBox(L"Could not find the main class com/example/Main.\n"), -1);
     EXPECT_THAT(app.Log().Calls(), Contains("ExceptionDescribe()"));
@@ -141,33 +141,33 @@ TEST_F(MainClass, ThatIsNotThereIsDescribedAndTold) {
                 HasSubstr("NoClassDefFoundError: com/example/Main"));
 }
 
-TEST_F(MainClass, ThatIsNotThereIsToldWithItsOwnLetters) {
+TEST_F(MainClass, ThatIsMissingIsReportedWithLettersOfAnyScript) {
     settings.Runtime(L"Main Class", L"a.\u8A66\xD83D\xDE00");
     app.WriteScript("load_and_main = null\nfail FindClass 3");
     EXPECT_EQ(RunWithErrorBox(L"Could not find the main class a/\u8A66\xD83D\xDE00.\n"), -1);
 }
 
-TEST_F(MainClass, OfALongNameIsToldWhole) {
+TEST_F(MainClass, WithALongNameIsReportedCompletely) {
     const std::wstring name = Repeated(L"n", 700);
     settings.Runtime(L"Main Class", name);
     app.WriteScript("load_and_main = null\nfail FindClass 3");
     EXPECT_EQ(RunWithErrorBox(L"Could not find the main class " + name + L".\n"), -1);
 }
 
-TEST_F(MainClass, WithoutMainIsToldWhenNoExceptionSaysSo) {
+TEST_F(MainClass, WithoutMainIsReportedWhenNoExceptionIsPending) {
     app.WriteScript("no_method_silent main");
     EXPECT_EQ(RunWithErrorBox(L"No main method found in specified class.\n"), -1);
     EXPECT_THAT(app.Log().Calls(), Not(Contains("ExceptionDescribe()")));
 }
 
-TEST_F(MainClass, WithoutMainIsDescribedOnlyWhenAnExceptionSaysSo) {
+TEST_F(MainClass, WithoutMainIsDescribedOnlyWhenAnExceptionIsPending) {
     app.WriteScript("no_method main");
     EXPECT_EQ(Run(), -1);
     EXPECT_EQ(app.Log().Calls().back(), "ExceptionDescribe()");
     EXPECT_THAT(ReadFileBytes(app.ErrorFile()), HasSubstr("NoSuchMethodError: main"));
 }
 
-TEST_F(MainClass, IsNotRunWhenItsArgumentsCannotBeMade) {
+TEST_F(MainClass, IsNotRunWithoutItsArguments) {
     for (const char* script :
          {"throw NewObjectArray", "fail NewObjectArray", "throw NewCharArray 2",
           "throw NewObject 3", "throw SetObjectArrayElement 2", "throw FindClass 2"}) {

@@ -1,4 +1,4 @@
-// The runtime's own splash library in a launch, played by a scripted splashscreen.dll.
+// A launch with the runtime's splash library, a scripted splashscreen.dll.
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// A Windows 7 without the update for the search flags refuses them as an invalid parameter.
+// A Windows 7 without the update for the search flags rejects them as an invalid parameter.
 constexpr wchar_t kWithoutSearchFlags[] = L"LoadLibraryExW:1:87";
 
 class NativeSplashLaunch : public SplashFixture {
@@ -22,7 +22,7 @@ class NativeSplashLaunch : public SplashFixture {
         settings.Set(L"Display", L"Preffer Native Splash Screen", L"Yes");
     }
 
-    // Puts a variant of the library, and the neighbour that it needs, into the runtime's folder.
+    // Copies a variant of the library, and the java.dll that it needs, to the runtime's folder.
     void AddLibrary(const std::wstring& variant) {
         const std::wstring from = GetPaths().fakeSplashes + L'\\';
         const std::wstring bin = app.Path(L"jre\\bin\\");
@@ -43,13 +43,13 @@ class NativeSplashLaunch : public SplashFixture {
         app.WriteSettings(settings);
         const std::int32_t code =
             StartHooked(app, kWithoutSearchFlags)->ExitCode().value_or(kNoExitCode);
-        // The failures have hit the calls that they are meant for.
+        // Both failures occurred in the intended calls.
         std::vector<std::string> loads;
         for (const HookedCall& call : ReadHookLog(HookLogFile(app))) {
             if (call.function == "LoadLibraryExW")
                 loads.push_back(call.function + (call.failed ? " failed" : ""));
         }
-        // A splash of the launcher's own loads a library afterwards.
+        // The launcher's own splash loads a library afterwards.
         loads.resize(std::min(loads.size(), std::size_t{2}));
         EXPECT_THAT(loads, ElementsAre("LoadLibraryExW failed", "LoadLibraryExW"));
         return code;
@@ -69,7 +69,7 @@ class NativeSplashLaunch : public SplashFixture {
     }
 };
 
-TEST_F(NativeSplashLaunch, IsCalledInOrderBeforeTheJvmIsMade) {
+TEST_F(NativeSplashLaunch, IsCalledInOrderBeforeTheJvmIsCreated) {
     AddLibrary(L"full");
     const auto process = Start();
     EXPECT_EQ(OwnSplashes(*process), 0U);
@@ -95,7 +95,7 @@ TEST_F(NativeSplashLaunch, RunsOnTheMainThread) {
     EndWell(*process);
 }
 
-TEST_F(NativeSplashLaunch, LeavesNoFolderToTheSearchForLibraries) {
+TEST_F(NativeSplashLaunch, RestoresTheLibrarySearchPath) {
     AddLibrary(L"full");
     app.WriteScript(WaitInMain() + "main = log_modules\n");
     const auto process = Start();
@@ -106,7 +106,7 @@ TEST_F(NativeSplashLaunch, LeavesNoFolderToTheSearchForLibraries) {
     EXPECT_FALSE(app.Log().Has("module \"gdiplus.dll\""));
 }
 
-TEST_F(NativeSplashLaunch, HappensForYesInAnyLetterCaseOnly) {
+TEST_F(NativeSplashLaunch, HappensForYesOnlyInAnyCase) {
     AddLibrary(L"full");
     LetMainEnd();
     for (const wchar_t* value : {L"Yes", L"YES", L"yes", L"true", L"1", L"yes1", L""}) {
@@ -134,13 +134,13 @@ TEST_F(NativeSplashLaunch, ConvertsTheNameToTheCodePage) {
     LetMainEnd();
     ShowPicture(L"d\u00E9j\u00E0 \u4E2D.png");
     EXPECT_EQ(Run(), 0);
-    // Windows-1252, in which the last letter has no place.
+    // Windows-1252, which lacks the last letter.
     const char* const ansi = R"("d\xE9j\xE0 ?.png")";
     EXPECT_EQ(app.Log().After("SplashLoadFile("), std::string(ansi) + ")");
     EXPECT_EQ(app.Log().After("SplashSetFileJarName("), std::string(ansi) + ", \"\")");
 }
 
-TEST_F(NativeSplashLaunch, NamesNoOtherFileByALetterThatLooksAlike) {
+TEST_F(NativeSplashLaunch, DoesNotReplaceALetterByASimilarOne) {
     AddLibrary(L"full");
     LetMainEnd();
     ShowPicture(L"\u0101-\u2260-\u56FE.png");
@@ -148,10 +148,10 @@ TEST_F(NativeSplashLaunch, NamesNoOtherFileByALetterThatLooksAlike) {
     EXPECT_EQ(app.Log().After("SplashLoadFile("), R"("?-?-?.png"))");
 }
 
-TEST_F(NativeSplashLaunch, GetsNamesOfAnyLengthWhole) {
+TEST_F(NativeSplashLaunch, ReceivesNamesOfAnyLength) {
     AddLibrary(L"full");
     LetMainEnd();
-    // Around the size of the first buffer that a setting is read into, and far beyond.
+    // Around the first size of the buffer for a setting, and far beyond it.
     for (const std::size_t length : {std::size_t{254}, std::size_t{255}, std::size_t{256},
                                      std::size_t{511}, std::size_t{5'000}}) {
         DeleteFileW(app.LogFile().c_str());
@@ -166,20 +166,20 @@ TEST_F(NativeSplashLaunch, IsClosedOnceWhenTheLaunchFails) {
     AddLibrary(L"full");
     app.WriteScript("create = -1\n");
     const auto process = Start();
-    // In this mode boxes have no owner: the splash is not the launcher's.
+    // Boxes have no owner in this mode: the splash is not the launcher's.
     EXPECT_THAT(TakeErrorBox(*process), testing::HasSubstr(L"failed to create the Java VM"));
     EXPECT_EQ(process->ExitCode(), -1);
     EXPECT_EQ(app.Log().Count("SplashClose"), 1U);
 }
 
-TEST_F(NativeSplashLaunch, IsLeftToTheApplicationThatExits) {
+TEST_F(NativeSplashLaunch, IsNotClosedWhenTheApplicationExits) {
     AddLibrary(L"full");
     app.WriteScript("main = exit 5\n");
     EXPECT_EQ(Run(), 5);
     EXPECT_EQ(app.Log().Count("SplashClose"), 0U);
 }
 
-TEST_F(NativeSplashLaunch, DoesWithoutACloseFunction) {
+TEST_F(NativeSplashLaunch, NeedsNoCloseFunction) {
     AddLibrary(L"without_close");
     const auto process = Start();
     EXPECT_EQ(OwnSplashes(*process), 0U);
@@ -194,7 +194,7 @@ INSTANTIATE_TEST_SUITE_P(Library, IncompleteNativeSplash,
                          testing::Values(L"without_init", L"without_load_file",
                                          L"without_set_name"));
 
-TEST_P(IncompleteNativeSplash, IsReplacedByTheOwnWindowAndClosedAllTheSame) {
+TEST_P(IncompleteNativeSplash, IsReplacedByTheLaunchersWindowAndClosedNevertheless) {
     AddLibrary(GetParam());
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
@@ -205,14 +205,14 @@ TEST_P(IncompleteNativeSplash, IsReplacedByTheOwnWindowAndClosedAllTheSame) {
     EXPECT_THAT(SplashCalls(), ElementsAre("SplashClose()"));
 }
 
-TEST_F(NativeSplashLaunch, FallsBackToTheOwnWindowWithoutALibrary) {
+TEST_F(NativeSplashLaunch, FallsBackToTheLaunchersWindowWithoutALibrary) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     EXPECT_NE(WaitForSplash(*process), nullptr);
     EndWell(*process);
 }
 
-TEST_F(NativeSplashLaunch, FallsBackWhenTheLibraryIsNone) {
+TEST_F(NativeSplashLaunch, FallsBackWhenTheFileIsNotALibrary) {
     app.AddFile(L"jre\\bin\\splashscreen.dll", "no library");
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
@@ -221,7 +221,7 @@ TEST_F(NativeSplashLaunch, FallsBackWhenTheLibraryIsNone) {
     EndWell(*process);
 }
 
-TEST_F(NativeSplashLaunch, FindsALibraryThatOnlyASystemPathFolderHas) {
+TEST_F(NativeSplashLaunch, FindsALibraryInASystemPathFolder) {
     AddLibrary(L"full");
     MoveNeighbourToSystemPath();
     LetMainEnd();
@@ -230,7 +230,7 @@ TEST_F(NativeSplashLaunch, FindsALibraryThatOnlyASystemPathFolderHas) {
     EXPECT_EQ(app.Log().Count("jvm.dll loaded"), 1U);
 }
 
-TEST_F(NativeSplashLaunch, FindsItsNeighboursOnAWindowsWithoutSearchFlags) {
+TEST_F(NativeSplashLaunch, FindsItsDependenciesOnAWindowsWithoutSearchFlags) {
     AddLibrary(L"full");
     EXPECT_EQ(RunWithoutSearchFlags(), 0);
     EXPECT_EQ(app.Log().Count("SplashInit() java 1"), 1U);
@@ -244,7 +244,7 @@ TEST_F(NativeSplashLaunch, FindsASystemPathFolderOnAWindowsWithoutSearchFlags) {
     EXPECT_EQ(app.Log().Count("SplashInit() java 1"), 1U);
 }
 
-TEST_F(NativeSplashLaunch, TakesNoNeighbourFromTheCurrentDirectory) {
+TEST_F(NativeSplashLaunch, LoadsNoDependencyFromTheCurrentDirectory) {
     AddLibrary(L"full");
     ASSERT_TRUE(MoveFileW(app.Path(L"jre\\bin\\java.dll").c_str(), app.Path(L"java.dll").c_str()));
     settings.Application(L"Override WorkingDir", L"Yes");
@@ -253,7 +253,7 @@ TEST_F(NativeSplashLaunch, TakesNoNeighbourFromTheCurrentDirectory) {
     EXPECT_THAT(SplashCalls(), IsEmpty());
 }
 
-TEST_F(NativeSplashLaunch, FallsBackWhenANeighbourIsMissing) {
+TEST_F(NativeSplashLaunch, FallsBackWhenADependencyIsMissing) {
     AddLibrary(L"full");
     ASSERT_TRUE(DeleteFileW(app.Path(L"jre\\bin\\java.dll").c_str()));
     ShowTestPicture(L"opaque.png");

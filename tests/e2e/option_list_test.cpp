@@ -1,4 +1,4 @@
-// The options that JNI_CreateJavaVM gets, byte for byte and in order.
+// The options of JNI_CreateJavaVM, byte for byte and in order.
 
 #include "tests/support/fake_jvm_fixture.h"
 
@@ -13,7 +13,7 @@ class OptionList : public FakeJvmFixture {
   protected:
     static constexpr char kClassPath[] = R"("-Djava.class.path=C:\app.jar;")";
 
-    /// The options behind the class path, for these parameters.
+    /// The options after the class path, for these parameters.
     std::vector<std::string> OptionsOf(std::wstring_view parameters) {
         settings.Runtime(L"Virtual Machine Parameters", parameters);
         EXPECT_EQ(Run(), 0);
@@ -26,7 +26,7 @@ class OptionList : public FakeJvmFixture {
     }
 };
 
-TEST_F(OptionList, HoldsTheClassPathAndTheHooksWithoutFurtherSettings) {
+TEST_F(OptionList, ContainsTheClassPathAndTheHooksByDefault) {
     ASSERT_EQ(Run(), 0);
     const FakeJvmLog log = app.Log();
     EXPECT_TRUE(log.Has("JNI_CreateJavaVM(version=0x10002, options=3, ignoreUnrecognized=false)"));
@@ -40,7 +40,7 @@ TEST_F(OptionList, BeginsWithTheLibraryPath) {
     settings.Runtime(L"Library Path", L"C:\\native\\");
     settings.Runtime(L"Virtual Machine Parameters", L"-Da=b -Dc=d");
     ASSERT_EQ(Run(), 0);
-    // By then the runtime's own folder is not yet on the Path.
+    // At that time the runtime's folder is not yet in the Path.
     const std::wstring libraryPath = L"-Djava.library.path=C:\\native\\" + app.folder() +
                                      L";.;C:\\windows\\system32;C:\\windows" +
                                      app.Path(L"jre\\lib");
@@ -59,20 +59,20 @@ TEST_F(OptionList, ExpandsVariablesInTheLibraryPath) {
                         L";.;C:\\p" + app.Path(L"jre\\lib")));
 }
 
-TEST_F(OptionList, SplitsParametersAtBlanks) {
+TEST_F(OptionList, SplitsParametersAtSpaces) {
     EXPECT_THAT(OptionsOf(L"-a  -b"), ElementsAre(R"("-a")", R"("-b")"));
 }
 
-TEST_F(OptionList, TakesQuotesOut) {
+TEST_F(OptionList, RemovesQuotes) {
     EXPECT_THAT(OptionsOf(L"-Dname=\"a b\" -Dq=\"x\"y\"z w\""),
                 ElementsAre(R"("-Dname=a b")", R"("-Dq=xyz w")"));
 }
 
-TEST_F(OptionList, AParameterInQuotesOfItsOwnWithoutTextIsEmpty) {
+TEST_F(OptionList, EmptyQuotesAreAnEmptyParameter) {
     EXPECT_THAT(OptionsOf(L"-a \"\" -b"), ElementsAre(R"("-a")", R"("")", R"("-b")"));
 }
 
-TEST_F(OptionList, AnUnclosedQuoteTakesTheRest) {
+TEST_F(OptionList, AnUnclosedQuoteExtendsToTheEnd) {
     EXPECT_THAT(OptionsOf(L"-a -D\"x y  z"), ElementsAre(R"("-a")", R"("-D"x y  z")"));
 }
 
@@ -82,19 +82,19 @@ TEST_F(OptionList, ExpandsVariablesOfParameters) {
                 ElementsAre(R"("-Da=with blank")", AnsiInLog(L"-Db=" + app.Path(L"jre"))));
 }
 
-TEST_F(OptionList, ExpandsVariablesToTheLengthThatWindowsExpands) {
-    // A little below 32,767 characters, the most that the platform's call puts together.
+TEST_F(OptionList, ExpandsVariablesUpToWindowsLimit) {
+    // A little below 32,767 characters, the limit of the Windows function that expands variables.
     const std::wstring big = Repeated(L"b", 16'000);
     app.environment[L"TARN_PROBE"] = big;
     EXPECT_THAT(OptionsOf(L"-Da=%TARN_PROBE%%TARN_PROBE%"),
                 ElementsAre(AnsiInLog(L"-Da=" + big + big)));
 }
 
-TEST_F(OptionList, ATabSeparatesNothing) {
+TEST_F(OptionList, ATabDoesNotSeparate) {
     EXPECT_THAT(OptionsOf(L"-a\t-b -c"), ElementsAre(R"("-a\x09-b")", R"("-c")"));
 }
 
-TEST_F(OptionList, ADoubledQuoteStandsForOne) {
+TEST_F(OptionList, ADoubledQuoteBecomesOne) {
     EXPECT_THAT(OptionsOf(L"-Da=\"b\"\"c -Dd"), ElementsAre(R"("-Da=b"c -Dd")"));
 }
 
@@ -103,18 +103,18 @@ TEST_F(OptionList, ConvertsToTheSystemsCodePage) {
                 ElementsAre(AnsiInLog(L"-Da=\u00E9\u20AC\u8A66")));
 }
 
-TEST_F(OptionList, TakesAdditiveParameters) {
+TEST_F(OptionList, AppendsAdditiveParameters) {
     settings.Set(L"Java Runtime Environment+", L"Virtual Machine Parameters", L"-Xmx1g -Da");
     ASSERT_EQ(Run(), 0);
     EXPECT_THAT(app.Log().Options(), ElementsAre(kClassPath, R"("-Xmx1g")", R"("-Da")"));
 }
 
-TEST_F(OptionList, HoldsAParameterOfThirtyThousandCharacters) {
+TEST_F(OptionList, AcceptsAParameterOfThirtyThousandCharacters) {
     const std::wstring value = L"-Dlong=" + Repeated(L"v", 30'000);
     EXPECT_THAT(OptionsOf(value), ElementsAre(AnsiInLog(value)));
 }
 
-TEST_F(OptionList, HoldsManyParameters) {
+TEST_F(OptionList, AcceptsManyParameters) {
     std::wstring value;
     for (int i = 0; i < 3000; ++i) value += L"-D" + std::to_wstring(i) + L' ';
     const auto options = OptionsOf(value);
@@ -144,27 +144,27 @@ TEST_F(MemorySizes, AreSharesOfThePhysicalMemory) {
                             Size("-Xss", Kibibytes(0.01))));
 }
 
-TEST_F(MemorySizes, KeepToTheirBoundsAndTheMinimumWins) {
+TEST_F(MemorySizes, AreWithinTheirBoundsAndTheMinimumWins) {
     EXPECT_THAT(
         OptionsOf(L"-Xmx100:16:64p -Xms0:32p -Xmx50:2048:1024p -Xmx0::7p"),
         ElementsAre(R"("-Xmx65536K")", R"("-Xms32768K")", R"("-Xmx2097152K")", R"("-Xmx0K")"));
 }
 
-TEST_F(MemorySizes, OfTheAddressSpaceAreNearThisProcesses) {
+TEST_F(MemorySizes, OfTheAddressSpaceAreCloseToThoseOfThisProcess) {
     MEMORYSTATUS status{};
     GlobalMemoryStatus(&status);
     const auto options = OptionsOf(L"-Xmx1:0:1024t -Xms1T");
     ASSERT_THAT(options, SizeIs(2));
-    // One percent of a 64-bit address space is far beyond a gibibyte.
+    // One percent of a 64-bit address space is far more than a gibibyte.
     EXPECT_EQ(options[0], R"("-Xmx1048576K")");
-    // The available address space differs a little from process to process.
+    // The available address space varies slightly between processes.
     const auto expected = static_cast<std::int32_t>(
         static_cast<unsigned long long>(static_cast<double>(status.dwAvailVirtual >> 10) * 0.01));
     const std::int32_t given = std::stoi(options[1].substr(5));
     EXPECT_NEAR(given, expected, 64.0 * 1024);
 }
 
-TEST_F(MemorySizes, OtherFormsAreLeftAlone) {
+TEST_F(MemorySizes, OtherFormsAreUnchanged) {
     EXPECT_THAT(
         OptionsOf(L"-XMX50p -Xmn50p -Xmx512m -Xmx -Xms25"),
         ElementsAre(R"("-XMX50p")", R"("-Xmn50p")", R"("-Xmx512m")", R"("-Xmx")", R"("-Xms25")"));
@@ -172,7 +172,7 @@ TEST_F(MemorySizes, OtherFormsAreLeftAlone) {
 
 class ClassPathMissing : public OptionList {};
 
-TEST_F(ClassPathMissing, IsToldAndTheLaunchGoesOn) {
+TEST_F(ClassPathMissing, IsReportedAndTheLaunchContinues) {
     settings.Remove(L"Class Path", L"Class Path");
     settings.Runtime(L"Virtual Machine Parameters", L"-Dnot=read");
     settings.Application(L"Cmd", L"not read");

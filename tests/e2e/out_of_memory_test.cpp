@@ -1,6 +1,6 @@
-// Every allocation of the launcher may be the one that fails: the process then ends with the code
-// for that, at once and silently, and no settings file has changed but as a whole. A sample of
-// them, or all when TARN_EVERY_CALL is set (scripts/fail_every_call.sh).
+// Every allocation of the launcher can fail: the process then ends immediately and silently with
+// the code for that, and every settings file is either unchanged or completely written. A sample of
+// the allocations, or all when TARN_EVERY_CALL is set (scripts/fail_every_call.sh).
 
 #include <algorithm>
 #include <map>
@@ -27,7 +27,8 @@ std::vector<CallPoint> Allocations(const std::vector<HookedCall>& calls) {
     return points;
 }
 
-/// An even sample with the first and the last, or all of them if TARN_EVERY_CALL is set.
+/// A sample, spaced evenly, with the first and the last call; all of them if TARN_EVERY_CALL is
+/// set.
 std::vector<CallPoint> Sample(const std::vector<CallPoint>& all) {
     if (GetEnvironmentVariableW(L"TARN_EVERY_CALL", nullptr, 0) != 0) return all;
     std::vector<CallPoint> some;
@@ -54,7 +55,7 @@ class OutOfMemory : public SplashFixture {
         EXPECT_GT(all.size(), 10U);
         RecordProperty("allocations", static_cast<int>(all.size()));
         for (const CallPoint& point : Sample(all)) {
-            // An output file that is there already takes fewer allocations.
+            // An existing output file saves allocations.
             DeleteFileW(app.Path(L"out_x.txt").c_str());
             const auto process =
                 StartHooked(app, point.FailureSpec(ERROR_NOT_ENOUGH_MEMORY), arguments);
@@ -80,7 +81,7 @@ TEST_F(OutOfMemory, EndsALaunchWithSplash) {
 
 class OutOfMemoryForABox : public FakeJvmFixture {
   protected:
-    /// Lets each allocation for the text of the launch's error box fail: no box is shown, and the
+    /// Makes each allocation for the text of the launch's error box fail: no box appears, and the
     /// launch ends with the result of the failure that the box would have reported.
     void FailEach() {
         {
@@ -98,7 +99,7 @@ class OutOfMemoryForABox : public FakeJvmFixture {
     }
 
   private:
-    /// The first one comes just before the first text is loaded.
+    /// The first one precedes the loading of the first text.
     std::vector<CallPoint> AllocationsOfTheBox() const {
         std::vector<HookedCall> calls;
         for (HookedCall& each : ReadHookLog(HookLogFile(app))) {
@@ -113,24 +114,24 @@ class OutOfMemoryForABox : public FakeJvmFixture {
     }
 };
 
-TEST_F(OutOfMemoryForABox, LeavesOutTheBoxOfAPlainText) {
+TEST_F(OutOfMemoryForABox, OmitsTheBoxOfAPlainText) {
     settings.Runtime(L"Main Class", L"");
     FailEach();
 }
 
-TEST_F(OutOfMemoryForABox, LeavesOutTheBoxOfALibraryThatCannotBeLoaded) {
+TEST_F(OutOfMemoryForABox, OmitsTheBoxOfALibraryThatCannotBeLoaded) {
     app.AddFile(L"jre\\bin\\server\\jvm.dll", "no library");
     FailEach();
 }
 
-TEST_F(OutOfMemoryForABox, LeavesOutTheBoxOfAJvmThatCannotBeCreated) {
+TEST_F(OutOfMemoryForABox, OmitsTheBoxOfAJvmThatCannotBeCreated) {
     app.WriteScript("create = -1\n");
     FailEach();
 }
 
 class OutOfMemoryRemembering : public JreNotFoundFixture {
   protected:
-    /// A launch in which the user picks a runtime, as far as it comes.
+    /// A launch in which the user chooses a runtime, as far as it gets.
     std::int32_t Browse(const std::wstring& failures) {
         WriteFileBytes(PerUserFile(), kBefore);
         DeleteFileW(HookLogFile(app).c_str());
@@ -160,7 +161,7 @@ class OutOfMemoryRemembering : public JreNotFoundFixture {
     static constexpr char kBefore[] = "[Other]\r\nKey=value\r\n";
 };
 
-TEST_F(OutOfMemoryRemembering, LeavesTheUsersFileWhole) {
+TEST_F(OutOfMemoryRemembering, LeavesThePerUserFileComplete) {
     app.AddRuntime();
     app.WriteSettings(settings);
     MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
@@ -170,7 +171,7 @@ TEST_F(OutOfMemoryRemembering, LeavesTheUsersFileWhole) {
     EXPECT_THAT(after, testing::StartsWith(kBefore));
 
     auto all = Allocations(ReadHookLog(HookLogFile(app)));
-    // What comes before the dialog is no different from another launch.
+    // The calls before the dialog are those of any launch.
     all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(all.size() / 2));
     for (const CallPoint& point : Sample(all)) {
         EXPECT_EQ(Browse(point.FailureSpec(ERROR_NOT_ENOUGH_MEMORY)), kOutOfMemoryCode)

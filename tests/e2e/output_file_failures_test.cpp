@@ -1,4 +1,4 @@
-// What becomes of Java's standard streams when a file cannot be opened or Java refuses.
+// Java's standard streams when a file cannot be opened or a JNI call fails.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,14 +13,14 @@ namespace {
 
 using testing::IsEmpty;
 
-class OutputFileFailureTest : public OutputFilesFixture {};
+class OutputFileFailure : public OutputFilesFixture {};
 
-TEST_F(OutputFileFailureTest, FolderInTheFilesPlaceIsDescribed) {
+TEST_F(OutputFileFailure, FolderWithTheFilesNameIsDescribed) {
     app.AddFolder(L"out.txt");
     ExpectOnlyErrorsRedirected(OutputPath());
 }
 
-TEST_F(OutputFileFailureTest, FileThatSomebodyElseHoldsIsDescribedAndKept) {
+TEST_F(OutputFileFailure, FileThatAnotherProgramHasOpenIsDescribedAndKept) {
     const std::wstring path = app.AddFile(L"out.txt", "old");
     {
         const UniqueFile held(CreateFileW(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING,
@@ -31,10 +31,10 @@ TEST_F(OutputFileFailureTest, FileThatSomebodyElseHoldsIsDescribedAndKept) {
     EXPECT_EQ(ReadFileBytes(path), "old");
 }
 
-TEST_F(OutputFileFailureTest, ReadOnlyFileIsKept) {
+TEST_F(OutputFileFailure, ReadOnlyFileIsKept) {
     const std::wstring path = app.AddFile(L"out.txt", "old");
     ASSERT_TRUE(SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_READONLY));
-    // Under Wine the superuser may write to it all the same.
+    // Under Wine the superuser can write to it nevertheless.
     const bool keeps =
         !UniqueFile(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                 OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -45,18 +45,18 @@ TEST_F(OutputFileFailureTest, ReadOnlyFileIsKept) {
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
-TEST_F(OutputFileFailureTest, FileInAFoldersPlaceIsDescribed) {
+TEST_F(OutputFileFailure, FileWithAFoldersNameIsDescribed) {
     app.AddFile(L"logs", "a file");
     ExpectOnlyErrorsRedirected(app.Path(L"logs\\a\\out.txt"));
     EXPECT_EQ(ReadFileBytes(app.Path(L"logs")), "a file");
 }
 
-TEST_F(OutputFileFailureTest, InvalidCharactersAreDescribed) {
+TEST_F(OutputFileFailure, InvalidCharactersAreDescribed) {
     ExpectOnlyErrorsRedirected(app.Path(L"logs\\a<b>|\"?*.txt"));
 }
 
-/// A long absolute name with many folders. Wine takes more of it than Windows does: either the
-/// file is there in the end or the failure was described.
+/// A long absolute name with many folders. Wine accepts longer ones than Windows does: either the
+/// file exists afterwards or the failure was described.
 class LongOutputName : public OutputFilesFixture,
                        public testing::WithParamInterface<std::size_t> {};
 
@@ -77,11 +77,11 @@ TEST_P(LongOutputName, IsOpenedOrDescribed) {
 
 INSTANTIATE_TEST_SUITE_P(Characters, LongOutputName, testing::Values(260, 1'000, 32'000));
 
-TEST_F(OutputFileFailureTest, LongFileNameIsDescribed) {
+TEST_F(OutputFileFailure, LongFileNameIsDescribed) {
     ExpectOnlyErrorsRedirected(app.Path(std::wstring(1'000, L'x')));
 }
 
-/// One way in which the redirection of the standard output fails.
+/// A failure in the redirection of the standard output.
 struct FailedStep {
     const char* name;
     const char* script;
@@ -91,7 +91,7 @@ struct FailedStep {
 class FailedRedirection : public OutputFilesFixture,
                           public testing::WithParamInterface<FailedStep> {};
 
-TEST_P(FailedRedirection, LeavesTheStreamAndTriesTheOther) {
+TEST_P(FailedRedirection, KeepsTheStreamAndTriesTheOther) {
     app.WriteScript(std::string(kPrints) + GetParam().script);
     NameBoth();
     EXPECT_EQ(Run(), 0);
@@ -130,7 +130,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FailedStep{"SetOutThrows", "throw CallStaticVoidMethod 1", true}),
     [](const testing::TestParamInfo<FailedStep>& each) { return each.param.name; });
 
-TEST_F(OutputFileFailureTest, ErrorStreamThatFailsIsDescribedAndLeavesTheOther) {
+TEST_F(OutputFileFailure, ErrorStreamThatFailsIsDescribedAndTheOtherIsRedirected) {
     for (const char* script : {"throw NewObject 5", "throw NewObject 6", "no_method setErr",
                                "throw CallStaticVoidMethod 2"}) {
         app.WriteScript(std::string(kPrints) + script);
@@ -143,7 +143,7 @@ TEST_F(OutputFileFailureTest, ErrorStreamThatFailsIsDescribedAndLeavesTheOther) 
     }
 }
 
-TEST_F(OutputFileFailureTest, StreamsOfAClassThatIsMissingStayBoth) {
+TEST_F(OutputFileFailure, BothStreamsStayWhenAClassIsMissing) {
     app.WriteScript(std::string(kPrints) + "no_class java/io/FileOutputStream");
     NameBoth();
     EXPECT_EQ(Run(), 0);

@@ -1,4 +1,4 @@
-// Where Java's standard streams go: names, folders, time stamps.
+// Output files of Java's standard streams: names, folders, time stamps.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -33,7 +33,7 @@ std::vector<std::string> FilesIn(const std::wstring& folder) {
     return names;
 }
 
-TEST_F(OutputFiles, StreamsStayWithoutNames) {
+TEST_F(OutputFiles, StreamsAreUnchangedWithoutNames) {
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(ReadFileBytes(app.OutputFile()), "to output\r\n");
     EXPECT_EQ(ReadFileBytes(app.ErrorFile()), "to error\r\n");
@@ -122,7 +122,7 @@ TEST_F(OutputFiles, RelativeNameGetsNoFolders) {
     EXPECT_FALSE(IsThere(app.Path(L"logs")));
 }
 
-TEST_F(OutputFiles, RelativeNameBelongsToTheWorkingDirectory) {
+TEST_F(OutputFiles, RelativeNameIsRelativeToTheWorkingDirectory) {
     app.directory = app.AddFolder(L"work");
     settings.Application(L"Output File", L"out.txt");
     EXPECT_EQ(Run(), 0);
@@ -162,7 +162,7 @@ TEST_F(OutputFiles, PictureInAFoldersNameCreatesThatFolder) {
     EXPECT_EQ(text(before) + (after.wYear != before.wYear ? text(after) : ""), "to output\r\n");
 }
 
-TEST_F(OutputFiles, SinglePercentVanishes) {
+TEST_F(OutputFiles, SinglePercentSignIsRemoved) {
     settings.Application(L"Output File", app.Path(L"logs\\100%.txt"));
     EXPECT_EQ(Run(), 0);
     EXPECT_THAT(FilesIn(app.Path(L"logs")), ElementsAre("100.txt"));
@@ -175,7 +175,7 @@ TEST_F(OutputFiles, EnvironmentVariableWinsOverAPictureOfItsName) {
     EXPECT_THAT(FilesIn(app.Path(L"logs")), ElementsAre("variable.txt"));
 }
 
-TEST_F(OutputFiles, PictureThatIsTooLongVanishes) {
+TEST_F(OutputFiles, PictureThatIsTooLongIsRemoved) {
     settings.Application(L"Output File",
                          app.Path(L"logs\\a%" + std::wstring(300, L'_') + L"%b.txt"));
     settings.Application(L"Error File", app.Path(L"logs\\c%" + Repeated(L"dddd ", 60) + L"%d.txt"));

@@ -1,5 +1,4 @@
-// Paired launches on a file that is a 32-bit library by nothing but its headers, and the exit
-// codes that come back.
+// Paired launches with a file that has only the headers of a 32-bit library, and their exit codes.
 
 #include "tests/support/fake_jvm_fixture.h"
 #include "tests/support/jvm_files.h"
@@ -19,15 +18,15 @@ class PairedLaunchEdges : public FakeJvmFixture {
     PairProduct pair{app, settings};
 };
 
-TEST_F(PairedLaunchEdges, EveryExitCodeComesBackWhole) {
-    // 259 is what Windows says of a process that has not ended.
+TEST_F(PairedLaunchEdges, EveryExitCodeIsReturnedUnchanged) {
+    // 259 is STILL_ACTIVE, the exit code of a running process.
     for (const int code : {0, 7, 256, -1, -559038737, 259}) {
         pair.EndWith(code);
         EXPECT_EQ(Run(), code);
     }
 }
 
-TEST_F(PairedLaunchEdges, LettersOfAnyScriptAreHandedOn) {
+TEST_F(PairedLaunchEdges, LettersOfAnyScriptArePassedOn) {
     app.environment[PairProduct::kProbeVariable] = L"\u4E2D\u00E9";
     app.directory = app.AddFolder(L"here \u00E9");
     EXPECT_EQ(Run(L"\u00E9\u4E2D\xD83D\xDE00 \"\""), 0);
@@ -36,23 +35,23 @@ TEST_F(PairedLaunchEdges, LettersOfAnyScriptAreHandedOn) {
     EXPECT_EQ(pair.Probe(), L"\u4E2D\u00E9");
 }
 
-TEST_F(PairedLaunchEdges, TheDirectoryIsTheLaunchersOwnWhenThatIsTheOneToUse) {
+TEST_F(PairedLaunchEdges, TheDirectoryIsTheLaunchersFolderWithOverrideWorkingDir) {
     settings.Application(L"Override WorkingDir", L"Yes");
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(pair.Directory() + L'\\', app.folder());
 }
 
-TEST_F(PairedLaunchEdges, AFileThatIsNoProgramGivesZero) {
+TEST_F(PairedLaunchEdges, AFileThatIsNotAProgramReturnsZero) {
     settings.Application(L"Pair Product", app.SettingsFile());
     EXPECT_EQ(Run(), 0);
     EXPECT_FALSE(pair.WasStarted());
 }
 
-TEST_F(PairedLaunchEdges, HeadersThatTheFileDoesNotHoldAreNoHeaders) {
+TEST_F(PairedLaunchEdges, HeadersBeyondTheEndOfTheFileAreIgnored) {
     WriteFileBytes(library, NarrowLibrary().substr(0, 70));
     EXPECT_EQ(Run(), 0);
     EXPECT_TRUE(pair.WaitUntilStarted());
-    // The machine's second byte is missing.
+    // The second byte of the machine field is missing.
     WriteFileBytes(library, NarrowLibrary().substr(0, 69));
     EXPECT_EQ(RunWithErrorBox(LoadFailure(library)), -1);
 }

@@ -23,15 +23,15 @@ class PairedLaunch : public FakeJvmFixture {
     std::wstring JvmPath() const { return app.Path(L"jre\\bin\\server\\jvm.dll"); }
     std::wstring Notes() const { return app.Path(L"pair.log"); }
 
-    /// What the paired program noted: its command line, directory, a variable, start flags, error
-    /// mode.
+    /// The report of the paired program: its command line, directory, a variable, start flags,
+    /// error mode.
     std::wstring Noted() const {
         const std::string bytes = ReadFileBytes(Notes());
         return {reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / sizeof(wchar_t)};
     }
 };
 
-TEST_F(PairedLaunch, HandsEverythingOnAndReturnsTheExitCode) {
+TEST_F(PairedLaunch, PassesEverythingOnAndReturnsTheExitCode) {
     settings.Application(L"Pair Return Code", L"yes");
     app.WriteSettings(settings);
     const std::wstring commandLine = L"  \"" + app.Executable() + L"\"  a  \"b c\"\t-nosplash  ";
@@ -60,7 +60,7 @@ TEST_F(PairedLaunch, WaitsForTheReturnCode) {
     EXPECT_EQ(process->ExitCode(), -77);
 }
 
-TEST_F(PairedLaunch, OfAProgramThatIsNotThereReturnsZero) {
+TEST_F(PairedLaunch, OfAMissingProgramReturnsZero) {
     settings.Application(L"Pair Product", L"C:\\nothing\\there.exe");
     settings.Application(L"Pair Return Code", L"Yes");
     EXPECT_EQ(Run(), 0);
@@ -74,14 +74,14 @@ TEST_F(PairedLaunch, ExpandsNoVariablesInTheProgram) {
     EXPECT_TRUE(Noted().empty());
 }
 
-TEST_F(PairedLaunch, IsNotMadeForA64BitLibrary) {
+TEST_F(PairedLaunch, IsNotStartedForA64BitLibrary) {
     app.AddRuntime();
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(app.Log().Count("JNI_CreateJavaVM"), 1U);
     EXPECT_TRUE(Noted().empty());
 }
 
-TEST_F(PairedLaunch, IsNotMadeForSomethingThatIsNoLibrary) {
+TEST_F(PairedLaunch, IsNotStartedForAnInvalidLibrary) {
     for (const std::string& bytes : {std::string("MZ"), std::string(5000, 'M'), std::string(),
                                      std::string("MZ") + std::string(62, '\x7F')}) {
         WriteFileBytes(JvmPath(), bytes);
@@ -90,7 +90,7 @@ TEST_F(PairedLaunch, IsNotMadeForSomethingThatIsNoLibrary) {
     }
 }
 
-TEST_F(PairedLaunch, IsNotMadeForAShippedRuntime) {
+TEST_F(PairedLaunch, IsNotStartedForAShippedRuntime) {
     settings.Remove(L"Java Runtime Environment", L"JRE Path");
     app.AddFile(L"jre64\\bin\\java.dll");
     const std::wstring library =

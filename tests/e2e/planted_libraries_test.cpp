@@ -54,7 +54,7 @@ class Planted {
 
 using PlantedLibraries = FakeJvmFixture;
 
-TEST_F(PlantedLibraries, NoteThatTheyAreLoaded) {
+TEST_F(PlantedLibraries, ReportThatTheyAreLoaded) {
     const Planted planted(app);
     app.AddFile(L"jre\\bin\\server\\jvm.dll");
     CopyFileW(app.Path(L"version.dll").c_str(), app.Path(L"jre\\bin\\server\\jvm.dll").c_str(),
@@ -63,20 +63,20 @@ TEST_F(PlantedLibraries, NoteThatTheyAreLoaded) {
     EXPECT_EQ(planted.Loaded(), ToUtf8(app.Path(L"jre\\bin\\server\\jvm.dll") + L"\n"));
 }
 
-TEST_F(PlantedLibraries, StayOutOfALaunch) {
+TEST_F(PlantedLibraries, AreNotLoadedByALaunch) {
     const Planted planted(app);
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(planted.Loaded(), "");
 }
 
-TEST_F(PlantedLibraries, StayOutOfAnErrorBox) {
+TEST_F(PlantedLibraries, AreNotLoadedByAnErrorBox) {
     const Planted planted(app);
     settings.Runtime(L"Main Class", L"");
     EXPECT_EQ(RunWithErrorBox(L"Main class was not specified in INI file."), -1);
     EXPECT_EQ(planted.Loaded(), "");
 }
 
-TEST_F(PlantedLibraries, StayOutOfTheLookAtA32BitRuntime) {
+TEST_F(PlantedLibraries, AreNotLoadedForA32BitRuntime) {
     const Planted planted(app);
     PairProduct pair(app, settings);
     settings.Application(L"Pair Return Code", L"Yes");
@@ -87,7 +87,7 @@ TEST_F(PlantedLibraries, StayOutOfTheLookAtA32BitRuntime) {
     EXPECT_EQ(planted.Loaded(), "");
 }
 
-TEST_F(PlantedLibraries, StayOutOfTheExceptionDialog) {
+TEST_F(PlantedLibraries, AreNotLoadedByTheExceptionDialog) {
     const Planted planted(app);
     settings.Application(L"Failure Check", L"Yes");
     app.WriteScript("main = throw java/lang/IllegalStateException: boom\n");
@@ -99,20 +99,20 @@ TEST_F(PlantedLibraries, StayOutOfTheExceptionDialog) {
 
 using PlantedLibrariesSplash = SplashFixture;
 
-TEST_F(PlantedLibrariesSplash, StayOutOfTheSplash) {
+TEST_F(PlantedLibrariesSplash, AreNotLoadedByTheSplash) {
     const Planted planted(app);
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     WaitForSplash(*process);
     EndWell(*process);
-    // Wine's own decoders look for this one by its bare name when they first need it; the launcher
-    // has no hand in that, and no say.
+    // Wine's own decoders load this one by its bare name when they first need it, which the
+    // launcher cannot influence.
     EXPECT_THAT(planted.Loaded(), testing::AnyOf("", ToUtf8(app.Path(L"propsys.dll") + L"\n")));
 }
 
 using PlantedLibrariesJreNotFound = JreNotFoundFixture;
 
-TEST_F(PlantedLibrariesJreNotFound, StayOutOfTheDialogAndTheFolderBrowser) {
+TEST_F(PlantedLibrariesJreNotFound, AreNotLoadedByTheDialogAndTheFolderBrowser) {
     const Planted planted(app);
     const std::wstring runtime = app.AddRuntime();
     StartUntilDialog();

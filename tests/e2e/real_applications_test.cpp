@@ -6,13 +6,13 @@
 namespace tarn::test {
 namespace {
 
-// A real application on a busy machine: it unpacks megabytes and draws a whole window.
+// A real application on a busy machine unpacks megabytes and draws a whole window.
 constexpr std::chrono::milliseconds kLongPatience{120'000};
 
-// Wine has no graphics card to offer on a virtual screen, and the windows would stay black.
-// Debian's Wine 10 reports an error instead of the network adapters when a route has a prefix of
-// length 0, as every default route has. Java reads the adapters for random numbers, and those for
-// the names of temporary files. Its IPv4 code asks differently.
+// Wine has no graphics acceleration on a virtual screen, and the windows would stay black. Debian's
+// Wine 10 reports an error instead of the network adapters when a route has a prefix of length 0,
+// as every default route has. Java reads the adapters for random numbers, and those for the names
+// of temporary files. Its IPv4 code uses another function.
 constexpr wchar_t kOnWine[] =
     L"-Dsun.java2d.d3d=false -Dsun.java2d.noddraw=true -Djava.net.preferIPv4Stack=true";
 
@@ -24,7 +24,7 @@ class RealApplication : public testing::Test {
         app.environment[L"JDK_JAVA_OPTIONS"] = std::nullopt;
     }
 
-    /// The jar of an application in the cache, whatever its version.
+    /// The jar of an application in the cache, of any version.
     static std::wstring Jar(const std::wstring& name, const std::wstring& stem) {
         const std::wstring folder = GetPaths().applications + L'\\' + name + L'\\';
         WIN32_FIND_DATAW found{};
@@ -35,7 +35,7 @@ class RealApplication : public testing::Test {
         return folder + found.cFileName;
     }
 
-    /// Runs tarn.exe in the test's folder; what it printed is shown when it fails.
+    /// Runs tarn.exe in the test's folder; a failure prints its output.
     void Tarn(const std::wstring& arguments) {
         Start start = app.StartWith(L"tarn " + arguments);
         start.program = GetPaths().companion;
@@ -58,8 +58,8 @@ class RealApplication : public testing::Test {
         return L" --set \"Java Runtime Environment/JRE Path=" + RuntimeHome(version) + L'"';
     }
 
-    /// Starts the wrapped application, waits for a visible window whose title ends so, closes that
-    /// and waits for the end.
+    /// Starts the wrapped application, waits for a visible window whose title has this ending,
+    /// closes the window and waits for the end.
     void ExpectWindow(const std::wstring& title) {
         Start start = app.StartWith(L"Demo.exe");
         start.program = app.Path(L"out\\Demo.exe");

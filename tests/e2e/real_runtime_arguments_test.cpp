@@ -1,4 +1,4 @@
-// What a real runtime's main gets: arguments, options, variables.
+// What main receives on a real runtime: arguments, options, variables.
 
 #include <algorithm>
 
@@ -14,10 +14,10 @@ class RealRuntimeArguments : public EachRuntimeFixture {};
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeArguments, kAllRuntimes, RuntimeName);
 
 TEST_P(RealRuntimeArguments, ReachMainUnitByUnit) {
-    // A pair, halves of one, quotes inside a word, a tab, a backslash before a quote.
+    // A surrogate pair, halves of one, quotes inside a word, a tab, a backslash before a quote.
     const std::wstring emoji = L"smile\xD83D\xDE00";
     const std::wstring halves = L"\xDE00half\xD83D";
-    // Windows takes the quotes off a value that begins and ends with one: this does not.
+    // Windows removes quotes at both ends of a value; this value keeps them.
     settings.Application(L"Cmd", L"\"from the settings\" \"\"   \"\" last\x20AC");
     ASSERT_EQ(Run(emoji + L"  " + halves + L" \"two words\"   in\"side \"\" tab\tstays " +
                   L"\"C:\\dir\\\" \x65E5\x672C\x8A9E -nosplash /nosplash \"open end"),
@@ -28,7 +28,7 @@ TEST_P(RealRuntimeArguments, ReachMainUnitByUnit) {
                             L"open end", L"from the settings", L"last\x20AC"));
 }
 
-TEST_P(RealRuntimeArguments, AreAnEmptyArrayWithoutAny) {
+TEST_P(RealRuntimeArguments, AreAnEmptyArrayByDefault) {
     ASSERT_EQ(Run(), 0);
     EXPECT_EQ(Report().One("argumentCount"), L"0");
 }
@@ -47,7 +47,7 @@ TEST_P(RealRuntimeArguments, MayBeAThousand) {
 class RealRuntimeEnvironment : public EachRuntimeFixture {};
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeEnvironment, kAllRuntimes, RuntimeName);
 
-TEST_P(RealRuntimeEnvironment, IsWhatTheSettingsSay) {
+TEST_P(RealRuntimeEnvironment, FollowsTheSettings) {
     const std::wstring oldPath = L"C:\\windows\\system32;C:\\windows";
     app.environment[L"Path"] = oldPath;
     app.environment[L"TARN_PROBE"] = L"pro be";
@@ -68,12 +68,12 @@ TEST_P(RealRuntimeEnvironment, IsWhatTheSettingsSay) {
     EXPECT_EQ(report.One("property:quoted"), L"b c");
     EXPECT_EQ(report.One("property:expanded"), L"pro be");
     EXPECT_EQ(report.One("property:umlaut"), L"\xC4\xE9");
-    // One after another, without a separator of its own before the last.
+    // Concatenated, without a separator before the last one.
     const std::wstring libraryPath =
         L"C:\\native;" + app.folder() + L";.;" + oldPath + home + L"\\lib";
     EXPECT_EQ(report.One("libraryPath"), libraryPath);
     EXPECT_EQ(report.One("classPath"), GetPaths().javaFixtures + L';');
-    // The runtime does not count the class path as an option, though it comes as one.
+    // The runtime does not list the class path among the options.
     EXPECT_THAT(
         report.All("jvmArgument"),
         ElementsAre(L"-Djava.library.path=" + libraryPath, L"-Dplain=a", L"-Dquoted=b c",
@@ -91,8 +91,9 @@ TEST_P(RealRuntimeEnvironment, RunsMainOnTheMainThreadOfJava) {
     EXPECT_EQ(report.One("javaVersion").substr(0, 2), FromUtf8(GetParam()));
 }
 
-TEST_P(RealRuntimeEnvironment, PathNamesTheRuntimeEvenWithoutOneBefore) {
-    // A runtime with a compressed image looks its zip.dll up by name, and would crash.
+TEST_P(RealRuntimeEnvironment, PathEndsWithTheRuntimesFolder) {
+    // Without the folder in Path, a runtime with a compressed image would crash: it loads its
+    // zip.dll by name.
     app.environment[L"Path"] = L"C:\\windows\\system32";
     ASSERT_EQ(Run(L"do:environment:Path"), 0);
     EXPECT_EQ(Report().One("environment:Path"), L"C:\\windows\\system32;" + home + L"\\bin");

@@ -19,7 +19,7 @@ class BrowsedRuntime : public JreNotFoundFixture {
     const std::wstring reportFile_ = app.directory + L"report.txt";
 };
 
-TEST_F(BrowsedRuntime, RunsTheApplicationNowAndAtTheNextStart) {
+TEST_F(BrowsedRuntime, RunsTheApplicationNowAndInTheNextStart) {
     PutRuntime(RuntimeHome("21"), app.Path(L"some java"));
     StartUntilDialog(L"do:facts do:exit:9");
     BrowseTo(app.Path(L"some java"));

@@ -1,4 +1,4 @@
-// Real runtimes 11, 17, 21 and 25 registered side by side: which of them the application runs on.
+// Real runtimes 11, 17, 21 and 25, all registered: which of them the launch chooses.
 
 #include "tests/support/real_runtime_fixture.h"
 #include "tests/support/registered_runtimes_fixture.h"
@@ -17,8 +17,8 @@ class RealRuntimeChoice : public RealRuntimeFixture {
         registered_.Add(kJrockitJreRoot, L"11.0.2", RuntimeHome("11-other"));
     }
 
-    /// Runs the application: the home of its runtime below the folder of all runtimes, and whether
-    /// it has a client or a server JVM.
+    /// Runs the application. Returns the home of its runtime, relative to the folder of all
+    /// runtimes, and whether it has a client or a server JVM.
     std::wstring Chosen() {
         EXPECT_EQ(Run(L"do:facts do:exit:9"), 9);
         std::wstring chosen = Report().One("javaHome");

@@ -1,4 +1,4 @@
-// Classes of a real application: where they lie and how the settings name them.
+// Classes of a real application: their location and the settings for it.
 
 #include "base/windows.h"
 #include "tests/support/paths.h"
@@ -19,7 +19,7 @@ class RealRuntimeClassPath : public EachRuntimeFixture {
 };
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeClassPath, kAllRuntimes, RuntimeName);
 
-TEST_P(RealRuntimeClassPath, RelativeEntriesLieBesideTheApplication) {
+TEST_P(RealRuntimeClassPath, RelativeEntriesAreBesideTheApplication) {
     app.AddFile(L"lib\\fixtures.jar", FixturesJar());
     SetClassPath(L";no such.jar;lib\\fixtures.jar;");
     ASSERT_EQ(Run(L"do:facts"), 0);

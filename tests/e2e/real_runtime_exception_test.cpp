@@ -17,7 +17,7 @@ class RealRuntimeException : public EachRuntimeFixture {
         settings.Application(L"Failure Check", L"Yes");
     }
 
-    /// Starts the application, which fails, and waits for the dialog; null when there is none.
+    /// Starts the application, which fails, and waits for the dialog; null when none appears.
     HWND OpenDialog(std::wstring_view furtherArguments) {
         process_ = Start(L'"' + TracePath() + L"\" " + std::wstring(furtherArguments));
         const HWND dialog = WaitForWindow(*process_, L"#32770");
@@ -27,7 +27,7 @@ class RealRuntimeException : public EachRuntimeFixture {
     }
 
     std::wstring TracePath() const { return app.Path(L"trace.txt"); }
-    /// The trace as Java has it, in UTF-8.
+    /// Java's own trace, in UTF-8.
     std::string Trace() const { return ReadFileBytes(TracePath()); }
     static std::wstring ShownTrace(HWND dialog) {
         return WindowText(Child(dialog, IDC_EXCEPTION_TRACE));
@@ -37,7 +37,7 @@ class RealRuntimeException : public EachRuntimeFixture {
 };
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeException, kAllRuntimes, RuntimeName);
 
-TEST_P(RealRuntimeException, IsShownWholeAndIgnoredSilently) {
+TEST_P(RealRuntimeException, IsShownCompletelyAndIgnoredSilently) {
     settings.Application(L"Error File", app.Path(L"err.txt"));
     settings.Runtime(L"VM Provider", L"any");
     const std::wstring released = FreshFile(L"released");
@@ -51,7 +51,7 @@ TEST_P(RealRuntimeException, IsShownWholeAndIgnoredSilently) {
               std::string::npos);
     EXPECT_TRUE(ToUtf8(ShownTrace(dialog)) == trace);
 
-    // Ignored, it leaves the other threads their way, and the end to System.exit.
+    // After Ignore, the other threads continue, and System.exit ends the process.
     PressButton(dialog, IDOK);
     EXPECT_FALSE(process_->HasEnded());
     app.AddFile(L"released");
@@ -66,7 +66,7 @@ TEST_P(RealRuntimeException, StopRunsShutdownHooksAndTheParentSeesMinusOne) {
     EXPECT_TRUE(Report().Has("hook", L"ran"));
 }
 
-/// What no runtime does differently, with the oldest and the newest.
+/// What is the same on all runtimes, with the oldest and the newest.
 class RealRuntimeExceptionDialog : public RealRuntimeException {};
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeExceptionDialog, testing::Values("11", "25"),
                          RuntimeName);
@@ -82,7 +82,7 @@ TEST_P(RealRuntimeExceptionDialog, StopsAtEscape) {
     EXPECT_EQ(process_->ExitCode(), -1);
 }
 
-TEST_P(RealRuntimeExceptionDialog, ReadsLettersInTheSystemsCodePageAndEndsWithMainWhenIgnored) {
+TEST_P(RealRuntimeExceptionDialog, ReadsTheTraceInTheSystemsCodePage) {
     const HWND dialog = OpenDialog(L"0 0 Gr\u00fc\u00dfe");
     const std::string trace = Trace();
     wchar_t page[8] = {};

@@ -1,4 +1,4 @@
-// How a real application ends, and with which exit code.
+// The end of a real application and its exit code.
 
 #include "tests/support/real_runtime_fixture.h"
 
@@ -20,7 +20,7 @@ TEST_P(RealRuntimeExit, IsTheCodeOfSystemExit) {
     EXPECT_THAT(Report().All("end"), IsEmpty());
 }
 
-TEST_P(RealRuntimeExit, IsZeroAtOnceWhenMainReturnsWhateverThreadsThereAre) {
+TEST_P(RealRuntimeExit, IsZeroWhenMainReturnsWithoutWaitingForThreads) {
     const std::wstring never = FreshFile(L"never");
     EXPECT_EQ(Run(L"\"do:user:" + never + L"\" \"do:daemon:" + never + L'"'), 0);
     EXPECT_TRUE(Report().Has("end", L"main"));
@@ -45,7 +45,7 @@ TEST_P(RealRuntimeExit, OfAServiceDoesNotWaitForDaemonThreads) {
     EXPECT_THAT(Report().All("background"), IsEmpty());
 }
 
-TEST_P(RealRuntimeExit, ComesOnlyFromSystemExitWithAnyProvider) {
+TEST_P(RealRuntimeExit, IsThatOfSystemExitOnlyWithAnyProvider) {
     settings.Runtime(L"VM Provider", L"any");
     const std::wstring released = FreshFile(L"released");
     const auto process = Start(L"\"do:exitLater:7:" + released + L'"');
@@ -55,20 +55,20 @@ TEST_P(RealRuntimeExit, ComesOnlyFromSystemExitWithAnyProvider) {
     EXPECT_EQ(process->ExitCode(), 7);
 }
 
-TEST_P(RealRuntimeExit, IsZeroAfterAnExceptionThatNobodyDescribes) {
+TEST_P(RealRuntimeExit, IsZeroAfterAnExceptionThatIsNotDescribed) {
     EXPECT_EQ(Run(L"do:out:before \"do:throw:out of main\" do:out:after"), 0);
     EXPECT_THAT(StandardOutput(), HasSubstr("before"));
     EXPECT_THAT(StandardOutput(), Not(HasSubstr("after")));
     EXPECT_THAT(Report().All("end"), IsEmpty());
 }
 
-TEST_P(RealRuntimeExit, KeepsWhatWasPrinted) {
+TEST_P(RealRuntimeExit, KeepsTheOutput) {
     EXPECT_EQ(Run(L"\"do:out:to the output\" \"do:err:to the error stream\" do:exit:3"), 3);
     EXPECT_THAT(StandardOutput(), HasSubstr("to the output\r\n"));
     EXPECT_THAT(StandardError(), HasSubstr("to the error stream\r\n"));
 }
 
-TEST_P(RealRuntimeExit, IsMinusOneWhenTheRuntimeRefusesAnOption) {
+TEST_P(RealRuntimeExit, IsMinusOneWhenTheRuntimeRejectsAnOption) {
     settings.Runtime(L"Virtual Machine Parameters", L"-XX:+NoSuchOptionAtAll");
     const auto process = Start();
     EXPECT_EQ(TakeErrorBox(*process),

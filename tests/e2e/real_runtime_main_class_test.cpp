@@ -1,4 +1,4 @@
-// How a real runtime finds the main class, and what happens when it does not.
+// How a real runtime finds the main class, and the result when it does not.
 
 #include "tests/support/real_runtime_fixture.h"
 
@@ -17,7 +17,8 @@ TEST_P(RealRuntimeMainClass, MayBeWrittenWithSlashes) {
 }
 
 TEST_P(RealRuntimeMainClass, ThatIsMissingEndsTheProcessWithOne) {
-    // The runtime's own helper says so and ends the process; the launcher has no part in it.
+    // The runtime's LauncherHelper prints the message and ends the process; the launcher has no
+    // part in it.
     settings.Runtime(L"Main Class", L"fixture.Missing");
     EXPECT_EQ(Run(), 1);
     EXPECT_THAT(StandardError(), HasSubstr("fixture.Missing"));
@@ -39,7 +40,7 @@ TEST_P(RealRuntimeMainClass, WhoseInitializerThrowsFailsTheLaunchWithItsTrace) {
 class NewestRuntimeMainClass : public RealRuntimeFixture {};
 
 TEST_F(NewestRuntimeMainClass, WithAnInstanceMainOnlyFailsTheLaunchWithItsTrace) {
-    // Since 25 the runtime's helper accepts such a class; the launcher calls static mains only.
+    // Since Java 25 LauncherHelper accepts such a class; the launcher calls static methods only.
     UseRuntime("25");
     settings.Runtime(L"Main Class", L"fixture.InstanceMain");
     EXPECT_EQ(Run(), -1);

@@ -31,11 +31,11 @@ class RealRuntimeMemory : public EachRuntimeFixture {
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeMemory, kAllRuntimes, RuntimeName);
 
 TEST_P(RealRuntimeMemory, PercentagesWithBoundsBecomeSizes) {
-    // Any machine has more than 128 MiB, so the bounds decide.
+    // Every machine has more than 128 MiB, so the bounds decide.
     settings.Runtime(L"Virtual Machine Parameters", L"-Xms1:16:16p -Xmx50:64:128P -Xss0:2p");
     ASSERT_EQ(Run(L"do:facts"), 0);
     EXPECT_THAT(SizeOptions(), ElementsAre("-Xms16384K", "-Xmx131072K", "-Xss2048K"));
-    // A collector may count a part of the heap that it keeps free out.
+    // A collector may exclude a part of the heap that it keeps free.
     EXPECT_GT(Report().Number("maxMemory"), 100 * kMiB);
     EXPECT_LE(Report().Number("maxMemory"), 128 * kMiB);
 }
@@ -52,7 +52,7 @@ TEST_P(RealRuntimeMemory, APercentageIsOfThePhysicalMemory) {
                 static_cast<double>(expected) * 1024, static_cast<double>(expected) * 1024 * 0.1);
 }
 
-TEST_P(RealRuntimeMemory, AMaximumAlsoHoldsForTheAddressSpace) {
+TEST_P(RealRuntimeMemory, AMaximumAlsoAppliesToTheAddressSpace) {
     settings.Runtime(L"Virtual Machine Parameters", L"-Xmx1:16:96t");
     ASSERT_EQ(Run(L"do:facts"), 0);
     EXPECT_THAT(SizeOptions(), ElementsAre("-Xmx98304K"));

@@ -1,4 +1,4 @@
-// Output files as real Java runtimes fill them.
+// Output files as real Java runtimes write them.
 
 #include <string>
 
@@ -25,7 +25,7 @@ class RealRuntimeOutput : public EachRuntimeFixture {
 };
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeOutput, kAllRuntimes, RuntimeName);
 
-TEST_P(RealRuntimeOutput, IsWholeHoweverTheApplicationEnds) {
+TEST_P(RealRuntimeOutput, IsCompleteHoweverTheApplicationEnds) {
     EXPECT_EQ(Run(L"print:one error:two byte:51 print:four-and-longer"), 0);
     EXPECT_EQ(Output(), "initializer;one3four-and-longer");
     EXPECT_EQ(Errors(), "initializer;two");
@@ -54,11 +54,11 @@ TEST_P(RealRuntimeOutput, IsInJavasDefaultCharacterSet) {
     EXPECT_TRUE(Report().Has("bytes", FromUtf8(hexadecimal))) << hexadecimal;
 }
 
-/// What no runtime does differently, with the oldest and the newest.
+/// What is the same on all runtimes, with the oldest and the newest.
 class RealRuntimeOutputFiles : public RealRuntimeOutput {};
 INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeOutputFiles, testing::Values("11", "25"), RuntimeName);
 
-TEST_P(RealRuntimeOutputFiles, TakeBothStreamsInOneFile) {
+TEST_P(RealRuntimeOutputFiles, MayBeOneFileForBothStreams) {
     settings.Application(L"Error File", OutputPath());
     settings.Application(L"Output Append", L"yes");
     settings.Application(L"Error Append", L"yes");
@@ -66,14 +66,14 @@ TEST_P(RealRuntimeOutputFiles, TakeBothStreamsInOneFile) {
     EXPECT_EQ(Output(), "initializer;initializer;onetwothree");
 }
 
-TEST_P(RealRuntimeOutputFiles, GetTheExceptionsOfOtherThreads) {
+TEST_P(RealRuntimeOutputFiles, ContainTheExceptionsOfOtherThreads) {
     EXPECT_EQ(Run(L"thread print:after"), 0);
     EXPECT_THAT(Errors(), HasSubstr("Exception in thread \"other\" "
                                     "java.lang.IllegalStateException: on another thread"));
     EXPECT_EQ(Output(), "initializer;after");
 }
 
-TEST_P(RealRuntimeOutputFiles, ThatCannotBeOpenedAreDescribedAndTheOtherStillServes) {
+TEST_P(RealRuntimeOutputFiles, ThatCannotBeOpenedAreDescribedAndTheOtherIsUsed) {
     app.AddFolder(L"logs\\out.txt");
     EXPECT_EQ(Run(L"print:one error:two"), 0);
     EXPECT_THAT(StandardError(), HasSubstr("java.io.FileNotFoundException: "));
@@ -94,7 +94,7 @@ TEST_P(RealRuntimeOutputFiles, MayHaveATimeStampAndLettersOfAnyAlphabetInTheirNa
     EXPECT_EQ(text(before) + (after.wYear != before.wYear ? text(after) : ""), "initializer;one");
 }
 
-TEST_P(RealRuntimeOutputFiles, TellWhyTheMainClassCannotBeLoaded) {
+TEST_P(RealRuntimeOutputFiles, ContainTheReasonForAMissingMainClass) {
     settings.Runtime(L"Main Class", L"com.example.NoSuchClass");
     EXPECT_EQ(Run(), 1);
     EXPECT_THAT(Errors(), HasSubstr("com.example.NoSuchClass"));

@@ -1,4 +1,4 @@
-// The splash over real Java runtimes: the library that they carry, and the launcher's own window.
+// The splash on real Java runtimes: their own library, and the launcher's own window.
 
 #include "tests/support/real_runtime_fixture.h"
 #include "tests/support/screen.h"
@@ -8,7 +8,7 @@
 namespace tarn::test {
 namespace {
 
-// What the application draws, as a COLORREF.
+// The application's drawing, as a COLORREF.
 constexpr COLORREF kDrawn = RGB(0x11, 0xEE, 0x33);
 
 class RealSplash : public EachRuntimeFixture {
@@ -24,14 +24,14 @@ class RealSplash : public EachRuntimeFixture {
     void LetWindowOpen() { app.AddFile(L"open"); }
     void LetMainEnd() { app.AddFile(L"end"); }
 
-    // Where both splashes put the picture.
+    // The place of the picture with both splashes.
     static RECT PicturePlace() {
         const LONG left = (GetSystemMetrics(SM_CXSCREEN) - kPatternSize.cx) / 2;
         const LONG top = (GetSystemMetrics(SM_CYSCREEN) - kPatternSize.cy) / 2;
         return {left, top, left + kPatternSize.cx, top + kPatternSize.cy};
     }
 
-    // Whether the picture is on the screen, with or without what the application draws.
+    // Whether the picture is on the screen, with or without the application's drawing.
     static bool PictureIsThere(bool drawn) {
         const RECT place = PicturePlace();
         const RECT drawing{10, 20, 40, 60};
@@ -47,7 +47,7 @@ class RealSplash : public EachRuntimeFixture {
 };
 INSTANTIATE_TEST_SUITE_P(Java, RealSplash, kAllRuntimes, RuntimeName);
 
-TEST_P(RealSplash, OfTheRuntimeIsHandedToTheApplicationAndGoesWithItsFirstWindow) {
+TEST_P(RealSplash, OfTheRuntimeIsPassedToTheApplicationAndClosesWithItsFirstWindow) {
     settings.Set(L"Display", L"Preffer Native Splash Screen", L"Yes");
     const auto process = StartApplication();
     ASSERT_TRUE(Report().WaitFor("splash", L"drawn"));
@@ -79,7 +79,7 @@ TEST_P(RealSplash, OfTheLauncherStaysUntilTheEnd) {
     EXPECT_EQ(process->ExitCode(), 0);
 }
 
-// What depends on the launcher more than on the runtime: one is enough.
+// Behaviour of the launcher rather than of the runtime: one is enough.
 class OneRealSplash : public RealSplash {};
 INSTANTIATE_TEST_SUITE_P(Java, OneRealSplash, testing::Values("21"), RuntimeName);
 
@@ -90,7 +90,7 @@ TEST_P(OneRealSplash, OfTheRuntimeIsClosedWhenMainReturns) {
     EXPECT_TRUE(Report().Has("end", L"main"));
 }
 
-TEST_P(OneRealSplash, OfTheRuntimeShowsNothingForAPictureThatIsNone) {
+TEST_P(OneRealSplash, OfTheRuntimeShowsNothingForAnInvalidPicture) {
     settings.Set(L"Display", L"Preffer Native Splash Screen", L"Yes");
     settings.Set(L"Display", L"Splash Screen", L"no such picture.png");
     const auto process = StartApplication();

@@ -1,4 +1,4 @@
-// Every place of the registry where a launch looks for runtimes, in both views.
+// Every registry key that a launch searches for runtimes, in both views.
 
 #include "tests/support/pair_product.h"
 #include "tests/support/registered_runtimes_fixture.h"
@@ -8,7 +8,7 @@ namespace {
 
 struct Root {
     const wchar_t* key;
-    const wchar_t* below;  ///< where the runtime stands inside the registered folder
+    const wchar_t* below;  ///< the runtime's folder, relative to the registered one
 };
 
 std::ostream& operator<<(std::ostream& out, const Root& root) {
@@ -47,12 +47,12 @@ INSTANTIATE_TEST_SUITE_P(Every, RegistryRoot,
 
 using RegistryViews = RegisteredRuntimesFixture;
 
-TEST_F(RegistryViews, AreOneWithoutAPairedLauncher) {
+TEST_F(RegistryViews, AreReducedToOneWithoutAPairedLauncher) {
     Add(kJdkRoot, L"17", L"narrow", L"bin\\server", RegistryView::k32Bit);
     EXPECT_EQ(Chosen(), "nothing");
 }
 
-TEST_F(RegistryViews, TheOwnOneComesFirstHoweverOldItsRuntimes) {
+TEST_F(RegistryViews, TheLaunchersViewComesFirstWhateverItsVersions) {
     Add(kJdkRoot, L"21", L"narrow", L"bin\\server", RegistryView::k32Bit);
     Add(kOldJreRoot, L"1.4", L"wide", L"bin\\client");
     const PairProduct pair(app, settings);
@@ -60,7 +60,7 @@ TEST_F(RegistryViews, TheOwnOneComesFirstHoweverOldItsRuntimes) {
     EXPECT_FALSE(pair.WasStarted());
 }
 
-TEST_F(RegistryViews, TheOtherOneIsSearchedByTheSameRules) {
+TEST_F(RegistryViews, TheOtherViewIsSearchedByTheSameRules) {
     Add(kJdkRoot, L"21", L"wide");
     Add(kJdkRoot, L"17", L"narrow", L"bin\\server", RegistryView::k32Bit);
     settings.Runtime(L"Maximum Version", L"17").Runtime(L"JVM Source", L"only_JDK");

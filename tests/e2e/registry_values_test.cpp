@@ -10,7 +10,7 @@ class JavaHomeValue : public RegisteredRuntimesFixture {
     JavaHomeValue() {
         app.AddRuntime(L"new");
         home_ = app.Path(L"new");
-        // What is taken when the newer one drops out.
+        // The runtime that is chosen when the newer one is rejected.
         Add(kJdkRoot, L"11", L"old");
     }
 
@@ -42,7 +42,7 @@ TEST_F(JavaHomeValue, MayBeOfAnyType) {
 }
 
 TEST_F(JavaHomeValue, IsNotExpanded) {
-    // A folder may be called so.
+    // A valid name of a folder.
     app.AddRuntime(L"%OS%");
     home_ = app.Path(L"%OS%");
     AddNew(REG_EXPAND_SZ, (home_.size() + 1) * sizeof(wchar_t));
@@ -54,7 +54,7 @@ TEST_F(JavaHomeValue, IsNotExpanded) {
     EXPECT_EQ(Chosen(), kOld);
 }
 
-TEST_F(JavaHomeValue, ThatIsUselessDropsOutSilently) {
+TEST_F(JavaHomeValue, ThatIsInvalidIsSkippedSilently) {
     const DWORD number = 17;
     registered.AddRaw(kJdkRoot, L"12", REG_DWORD, &number, sizeof number);
     registered.AddRaw(kJdkRoot, L"13", REG_SZ, home_.c_str(), 1);
@@ -71,8 +71,8 @@ TEST_F(JavaHomeValue, ThatIsUselessDropsOutSilently) {
     EXPECT_EQ(Chosen(), kOld);
 }
 
-TEST_F(JavaHomeValue, MayNameALongFolder) {
-    // As long as a path can be that is not written in the long form.
+TEST_F(JavaHomeValue, MayBeALongPath) {
+    // The maximum length of a path without the long form.
     std::wstring name = L"long";
     while (app.Path(name).size() < 225) name += L"x";
     Add(kJdkRoot, L"17", name);

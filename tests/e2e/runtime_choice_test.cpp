@@ -1,4 +1,4 @@
-// Which of several registered runtimes a launch takes, and how its settings steer that.
+// The choice among several registered runtimes, and the settings that control it.
 
 #include "tests/support/registered_runtimes_fixture.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 class RuntimeChoice : public RegisteredRuntimesFixture {
   protected:
-    /// The home of the runtime that was taken; all of them hold a server JVM here unless said
+    /// The home of the chosen runtime; all runtimes have a server JVM here unless a test says
     /// otherwise.
     std::string ChosenHome() {
         const std::string chosen = Chosen();
@@ -32,7 +32,7 @@ TEST_F(RuntimeChoice, IsTheNewestWithinTheBounds) {
     EXPECT_EQ(ChosenHome(), "nothing");
 }
 
-TEST_F(RuntimeChoice, WithoutAMaximumIsNone) {
+TEST_F(RuntimeChoice, WithoutAMaximumFindsNone) {
     Add(kJdkRoot, L"17", L"a");
     settings.Remove(L"Java Runtime Environment", L"Maximum Version");
     EXPECT_EQ(ChosenHome(), "nothing");
@@ -40,7 +40,7 @@ TEST_F(RuntimeChoice, WithoutAMaximumIsNone) {
     EXPECT_EQ(ChosenHome(), "nothing");
 }
 
-TEST_F(RuntimeChoice, IsOfTheFirstPreferredVersionThatIsThere) {
+TEST_F(RuntimeChoice, IsOfTheFirstPreferredVersionInstalled) {
     Add(kJdkRoot, L"11.0.2", L"a");
     Add(kOldJreRoot, L"1.8.0_231", L"b");
     Add(kOldJreRoot, L"1.7.0_80", L"c");
@@ -52,7 +52,7 @@ TEST_F(RuntimeChoice, IsOfTheFirstPreferredVersionThatIsThere) {
     EXPECT_EQ(ChosenHome(), "a");
 }
 
-TEST_F(RuntimeChoice, IsSteeredByTheSource) {
+TEST_F(RuntimeChoice, FollowsTheSource) {
     Add(kJdkRoot, L"11", L"jdk");
     Add(kOldJreRoot, L"1.8", L"jre");
     EXPECT_EQ(ChosenHome(), "jdk");
@@ -70,7 +70,7 @@ TEST_F(RuntimeChoice, IsSteeredByTheSource) {
     EXPECT_EQ(ChosenHome(), "nothing");
 }
 
-TEST_F(RuntimeChoice, IsSteeredByTheProvider) {
+TEST_F(RuntimeChoice, FollowsTheProvider) {
     Add(kIbmRoot, L"1.6", L"ibm");
     Add(kJrockitJreRoot, L"1.7", L"jrockit");
     Add(kJdkRoot, L"1.5", L"sun");
@@ -89,7 +89,7 @@ TEST_F(RuntimeChoice, IsSteeredByTheProvider) {
     EXPECT_EQ(ChosenHome(), "ibm");
 }
 
-TEST_F(RuntimeChoice, IsSteeredByTheTypeOfTheJvm) {
+TEST_F(RuntimeChoice, FollowsTheJvmType) {
     Add(kJreRoot, L"11", L"new", L"bin\\client");
     Add(kJdkRoot, L"1.8", L"old", L"bin\\client");
     app.AddRuntime(L"old");
@@ -112,7 +112,7 @@ TEST_F(RuntimeChoice, DoesNotCountTheServerJvmOfAnOldRuntimeButLoadsIt) {
     EXPECT_EQ(Chosen(), "old\\bin\\server\\jvm.dll");
 }
 
-TEST_F(RuntimeChoice, TakesTheOnlyJvmThatThereIs) {
+TEST_F(RuntimeChoice, UsesTheOnlyJvm) {
     Add(kJreRoot, L"1.8", L"a", L"bin\\jrockit");
     EXPECT_EQ(Chosen(), "a\\bin\\jrockit\\jvm.dll");
     app.AddRuntime(L"a", kFullJvm, L"bin\\hotspot");

@@ -1,4 +1,4 @@
-// The order in which a launch asks where its runtime is: settings, own folder, registry.
+// The order of the sources of a runtime: settings, own folder, registry.
 
 #include "tests/support/registered_runtimes_fixture.h"
 
@@ -12,7 +12,7 @@ class RuntimeSource : public RegisteredRuntimesFixture {
     static constexpr const char* kRegistered = "registered\\bin\\server\\jvm.dll";
 };
 
-TEST_F(RuntimeSource, SettingsComeFirstWhateverTheVersion) {
+TEST_F(RuntimeSource, SettingsPrecedeOthersWhateverTheVersion) {
     app.AddRuntime(L"mine", kFullJvm, L"bin\\client");
     app.AddRuntime(L"jre64");
     app.AddFile(L"jre64\\bin\\java.dll");
@@ -20,12 +20,12 @@ TEST_F(RuntimeSource, SettingsComeFirstWhateverTheVersion) {
     EXPECT_EQ(Chosen(), "mine\\bin\\client\\jvm.dll");
     settings.Runtime(L"JRE Path", app.Path(L"mine\\"));
     EXPECT_EQ(Chosen(), "mine\\bin\\client\\jvm.dll");
-    // The runtime is there, but not with the JVM that is asked for.
+    // The runtime exists, but not with the required JVM.
     settings.Runtime(L"JVM Type", L"server");
     EXPECT_EQ(Chosen(), "jre64\\bin\\server\\jvm.dll");
 }
 
-TEST_F(RuntimeSource, SettingsThatNameNoRuntimeArePassedOver) {
+TEST_F(RuntimeSource, SettingsThatNameNoRuntimeAreSkipped) {
     app.AddFolder(L"empty");
     settings.Runtime(L"JRE Path", app.Path(L"empty"));
     EXPECT_EQ(Chosen(), kRegistered);
@@ -45,27 +45,27 @@ TEST_F(RuntimeSource, SettingsMayBeRelativeToTheCurrentDirectory) {
     EXPECT_EQ(Chosen(), "mine\\bin\\server\\jvm.dll");
 }
 
-TEST_F(RuntimeSource, AShippedRuntimeComesBeforeTheRegistry) {
+TEST_F(RuntimeSource, AShippedRuntimePrecedesTheRegistry) {
     app.AddRuntime(L"jre64", kFullJvm, L"bin\\client");
-    // What makes it one is the Java library.
+    // java.dll makes it a runtime.
     EXPECT_EQ(Chosen(), kRegistered);
     app.AddFile(L"jre64\\bin\\java.dll");
     settings.Runtime(L"Minimum Version", L"21");
     EXPECT_EQ(Chosen(), "jre64\\bin\\client\\jvm.dll");
 }
 
-TEST_F(RuntimeSource, TheOwnFolderComesBeforeJre64) {
+TEST_F(RuntimeSource, TheLaunchersFolderPrecedesJre64) {
     app.AddRuntime(L"jre64");
     app.AddFile(L"jre64\\bin\\java.dll");
     app.AddRuntime(L".", kFullJvm, L"bin\\hotspot");
     app.AddFile(L"bin\\java.dll");
     EXPECT_EQ(Chosen(), "bin\\hotspot\\jvm.dll");
-    // It is that runtime or none of the two.
+    // This runtime or none.
     settings.Runtime(L"JVM Type", L"server");
     EXPECT_EQ(Chosen(), kRegistered);
 }
 
-TEST_F(RuntimeSource, WithoutAShippedRuntimeTheCurrentDirectoryComesBeforeTheRegistry) {
+TEST_F(RuntimeSource, WithoutAShippedRuntimeTheCurrentDirectoryPrecedesTheRegistry) {
     app.AddRuntime(L"elsewhere", kFullJvm, L"bin\\client");
     app.directory = app.Path(L"elsewhere");
     // The path stays relative.

@@ -1,4 +1,4 @@
-// The settings file on the disk: where it is, its encodings, and files that are no settings at all.
+// The settings file on the disk: its location, its encodings, and files with other contents.
 
 #include <random>
 
@@ -13,7 +13,7 @@ constexpr wchar_t kNoMainClass[] = L"Main class was not specified in INI file.";
 
 class SettingsFiles : public FakeJvmFixture {
   protected:
-    /// Starts with the file as it is, which must name no main class.
+    /// Starts with the file unchanged, which must not name a main class.
     void ExpectNoMainClass() {
         const auto process = app.Launch();
         EXPECT_EQ(ToUtf8(TakeErrorBox(*process)), ToUtf8(kNoMainClass));
@@ -27,16 +27,16 @@ class SettingsFiles : public FakeJvmFixture {
     }
 };
 
-TEST_F(SettingsFiles, MissingGiveNoMainClass) {
+TEST_F(SettingsFiles, ThatAreMissingNameNoMainClass) {
     ExpectNoMainClass();
 }
 
-TEST_F(SettingsFiles, OfNoBytesGiveNoMainClass) {
+TEST_F(SettingsFiles, ThatAreEmptyNameNoMainClass) {
     app.WriteSettingsBytes("");
     ExpectNoMainClass();
 }
 
-TEST_F(SettingsFiles, OfRandomBytesGiveNoMainClass) {
+TEST_F(SettingsFiles, OfRandomBytesNameNoMainClass) {
     std::mt19937 random(20'240'601);
     for (int round = 0; round < 5; ++round) {
         std::string bytes(50'000, '\0');
@@ -46,7 +46,7 @@ TEST_F(SettingsFiles, OfRandomBytesGiveNoMainClass) {
     }
 }
 
-TEST_F(SettingsFiles, OfZeroBytesAndHalfMarksGiveNoMainClass) {
+TEST_F(SettingsFiles, OfZerosAndIncompleteMarksNameNoMainClass) {
     for (const std::string& bytes : {std::string(10'000, '\0'), std::string("\xFF\xFE"),
                                      std::string("\xFF"), std::string("\xEF\xBB\xBF"),
                                      std::string("\xFF\xFE[", 3), std::string("[[[[====\r\n]]]")}) {
@@ -55,19 +55,19 @@ TEST_F(SettingsFiles, OfZeroBytesAndHalfMarksGiveNoMainClass) {
     }
 }
 
-TEST_F(SettingsFiles, AnEmptyMainClassIsNone) {
+TEST_F(SettingsFiles, AnEmptyMainClassIsMissing) {
     settings.Runtime(L"Main Class", L"");
     EXPECT_EQ(RunWithErrorBox(kNoMainClass), -1);
     EXPECT_EQ(app.Log().Count("jvm.dll loaded"), 0U);
 }
 
-TEST_F(SettingsFiles, InUtf16HoldEverything) {
+TEST_F(SettingsFiles, InUtf16MayContainAnyText) {
     settings.Application(L"Cmd", L"\u8A66\u00E9\xD83D\xDE00");
     app.WriteSettings(settings);
     EXPECT_EQ(MainArgumentsOfTheFile(), "[\"\xE8\xA9\xA6\xC3\xA9\xF0\x9F\x98\x80\"]");
 }
 
-TEST_F(SettingsFiles, InAnsiHoldTheCodePagesLetters) {
+TEST_F(SettingsFiles, InAnsiMayContainTheCodePagesLetters) {
     settings.Runtime(L"JRE Path", L"jre");
     settings.Application(L"Cmd", L"~");
     app.directory = app.folder();
@@ -79,7 +79,7 @@ TEST_F(SettingsFiles, InAnsiHoldTheCodePagesLetters) {
     EXPECT_EQ(MainArgumentsOfTheFile(), '[' + TextInLog(letter) + "]");
 }
 
-TEST_F(SettingsFiles, InPlainAsciiAreRead) {
+TEST_F(SettingsFiles, InAsciiAreRead) {
     settings.Runtime(L"JRE Path", L"jre");
     app.directory = app.folder();
     app.WriteSettingsBytes(ToUtf8(settings.Text()));
@@ -89,7 +89,7 @@ TEST_F(SettingsFiles, InPlainAsciiAreRead) {
 TEST_F(SettingsFiles, WithAUtf8MarkAreReadFromTheSecondLineAtTheLatest) {
     settings.Runtime(L"JRE Path", L"jre");
     app.directory = app.folder();
-    // Windows takes the mark for text of the first line; Wine knows what it is.
+    // Windows reads the mark as text of the first line; Wine recognises it.
     app.WriteSettingsBytes("\xEF\xBB\xBF; a comment\r\n" + ToUtf8(settings.Text()));
     EXPECT_EQ(MainArgumentsOfTheFile(), "[]");
 }
@@ -103,7 +103,7 @@ TEST_F(SettingsFiles, MayUseLineFeedsAlone) {
     EXPECT_EQ(MainArgumentsOfTheFile(), "[]");
 }
 
-TEST_F(SettingsFiles, OfTenMegabytesAreRead) {
+TEST_F(SettingsFiles, MayHaveTenMegabytes) {
     std::wstring text = L"[Filler]\r\n";
     for (int i = 0; i < 100'000; ++i) {
         text += L"key" + std::to_wstring(i) + L"=" + L"0123456789012345678901234567890123456\r\n";
@@ -114,8 +114,8 @@ TEST_F(SettingsFiles, OfTenMegabytesAreRead) {
     EXPECT_EQ(MainArgumentsOfTheFile(), "[\"behind\"]");
 }
 
-TEST_F(SettingsFiles, HoldValuesOfAnyLength) {
-    // Around the sizes of the buffers that grow.
+TEST_F(SettingsFiles, MayContainValuesOfAnyLength) {
+    // Around the sizes of the growing buffers.
     for (const std::size_t length :
          {254U, 255U, 256U, 257U, 300U, 510U, 511U, 512U, 1023U, 30'000U}) {
         SCOPED_TRACE(length);
@@ -127,7 +127,7 @@ TEST_F(SettingsFiles, HoldValuesOfAnyLength) {
     }
 }
 
-TEST_F(SettingsFiles, BearTheExecutablesNameUpToItsLastDot) {
+TEST_F(SettingsFiles, HaveTheExecutablesNameUpToItsLastDot) {
     app.WriteSettings(settings);
     const std::wstring program = app.Path(L"my.app v1.2.exe");
     ASSERT_TRUE(CopyFileW(app.Executable().c_str(), program.c_str(), FALSE));
@@ -138,7 +138,7 @@ TEST_F(SettingsFiles, BearTheExecutablesNameUpToItsLastDot) {
     EXPECT_EQ(MainArguments(), "[]");
 }
 
-TEST_F(SettingsFiles, OfAProgramWithoutExtensionBearAFoldersName) {
+TEST_F(SettingsFiles, OfAProgramWithoutExtensionHaveAFoldersName) {
     const std::wstring program = app.Path(L"v1.2 beta\\sample");
     app.AddFolder(L"v1.2 beta");
     app.WriteSettings(settings);
@@ -150,7 +150,7 @@ TEST_F(SettingsFiles, OfAProgramWithoutExtensionBearAFoldersName) {
     EXPECT_EQ(MainArguments(), "[]");
 }
 
-TEST_F(SettingsFiles, AreLetGoOfOnceRead) {
+TEST_F(SettingsFiles, AreClosedAfterReading) {
     NamedEvent end;
     app.WriteScript("main = wait_event " + end.utf8Name());
     const auto process = Start();
@@ -166,14 +166,15 @@ TEST_F(SettingsFiles, HaveNoNameWhenTheProgramsPathHasNoDot) {
     auto start = app.StartWith(L'"' + program + L'"');
     start.program = program;
     const LaunchedProcess process(start);
-    // Only a dot in the temporary folder's own path gives it a settings file somewhere.
+    // A settings path exists only when the path of the temporary folder contains a dot.
     if (app.folder().find(L'.') != std::wstring::npos) TakeErrorBox(process);
     EXPECT_EQ(process.ExitCode(), -1);
 }
 
 class LongProgramPath : public SettingsFiles {
   protected:
-    /// Copies the launcher to a path of that many characters; the path without its mark.
+    /// Copies the launcher to a path with that many characters. Returns the path without the prefix
+    /// "\\?\".
     std::wstring CopyTo(std::size_t length) {
         std::wstring folder = L"\\\\?\\" + app.Path(L"long");
         CreateDirectoryW(folder.c_str(), nullptr);
@@ -189,7 +190,7 @@ class LongProgramPath : public SettingsFiles {
     }
 };
 
-TEST_F(LongProgramPath, OfTheOldLimitIsReadWhole) {
+TEST_F(LongProgramPath, UpToTheOldLimitIsRead) {
     const std::wstring program = CopyTo(MAX_PATH - 1);
     auto start = app.StartWith(L"sample.exe");
     start.program = program;
@@ -202,7 +203,7 @@ TEST_F(LongProgramPath, OfTheOldLimitIsReadWhole) {
 TEST_F(LongProgramPath, BeyondTheOldLimitCannotBeRead) {
     auto start = app.StartWith(L"sample.exe");
     start.program = L"\\\\?\\" + CopyTo(MAX_PATH);
-    // Wine starts no program of such a path, which is as good an end as any.
+    // Wine does not start a program with such a path, which is equally acceptable.
     if (IsWine()) {
         PROCESS_INFORMATION made{};
         STARTUPINFOW how{};

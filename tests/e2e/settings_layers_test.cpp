@@ -1,4 +1,4 @@
-// The layers of the settings: built-in text, main file, additive sections, the user's file.
+// The layers of the settings: embedded text, main file, additive sections, per-user file.
 
 #include "base/windows.h"
 #include "tests/support/fake_jvm_fixture.h"
@@ -8,25 +8,25 @@ namespace {
 
 using SettingsLayers = FakeJvmFixture;
 
-TEST_F(SettingsLayers, AdditiveSectionsServeWhenTheMainOneHasNothing) {
+TEST_F(SettingsLayers, AdditiveSectionsAreUsedWhenTheMainOneHasNoValue) {
     settings.Application(L"Cmd", L"");
     settings.Set(L"Application+", L"Cmd", L"added");
     settings.Runtime(L"Main Class", L"");
-    // A blank goes before what is added; here it makes the class another one.
+    // An additional value begins with a space, which makes the class another one here.
     settings.Set(L"Java Runtime Environment+", L"Main Class", L"com.example.Main");
     app.WriteScript("load_and_main = null\nfail FindClass 3");
     EXPECT_EQ(RunWithErrorBox(L"Could not find the main class  com/example/Main.\n"), -1);
 }
 
-TEST_F(SettingsLayers, AdditiveSectionsAreLeftAloneWhenTheMainOneHasAValue) {
+TEST_F(SettingsLayers, AdditiveSectionsAreIgnoredWhenTheMainOneHasAValue) {
     settings.Application(L"Cmd", L"main");
     settings.Set(L"Application+", L"Cmd", L"added");
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(MainArguments(), "[\"main\"]");
 }
 
-TEST_F(SettingsLayers, AdditiveValuesMakeFlagsOfNothing) {
-    // With its blank in front the value is no longer the word.
+TEST_F(SettingsLayers, AdditiveValuesAreNoFlags) {
+    // With the space before it, the value is no longer the word.
     settings.Set(L"Application+", L"Application Type", L"service");
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(app.Log().Count("DestroyJavaVM"), 0U);
@@ -34,7 +34,7 @@ TEST_F(SettingsLayers, AdditiveValuesMakeFlagsOfNothing) {
 
 class BuiltInSettings : public FakeJvmFixture {
   protected:
-    /// Builds the text into the executable, as an application's maker would.
+    /// Embeds the text in the executable, as the maker of an application does.
     void BuildIn(std::string text) {
         const HANDLE update = BeginUpdateResourceW(app.Executable().c_str(), FALSE);
         ASSERT_NE(update, nullptr);
@@ -45,7 +45,7 @@ class BuiltInSettings : public FakeJvmFixture {
     }
 };
 
-TEST_F(BuiltInSettings, ServeWithoutAnyFile) {
+TEST_F(BuiltInSettings, AreUsedWithoutAFile) {
     SettingsText text = app.StandardSettings();
     text.Application(L"Cmd", L"built in \u8A66");
     BuildIn("\xEF\xBB\xBF  " + ToUtf8(text.Text()));
@@ -53,14 +53,14 @@ TEST_F(BuiltInSettings, ServeWithoutAnyFile) {
     EXPECT_EQ(MainArguments(), "[\"built\", \"in\", \"\xE8\xA9\xA6\"]");
 }
 
-TEST_F(BuiltInSettings, GiveWayToTheFile) {
+TEST_F(BuiltInSettings, AreOverriddenByTheFile) {
     BuildIn("[Application]\r\nCmd=built in\r\n");
     settings.Application(L"Cmd", L"file");
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(MainArguments(), "[\"file\"]");
 }
 
-TEST_F(BuiltInSettings, ServeForAnEmptyValueAndAreAddedTo) {
+TEST_F(BuiltInSettings, ReplaceAnEmptyValueAndAreExtended) {
     BuildIn("[Application]\r\nCmd=built in\r\n[application]\r\nCmd=another\r\n");
     settings.Application(L"Cmd", L"");
     settings.Set(L"Application+", L"Cmd", L"added");
@@ -68,7 +68,7 @@ TEST_F(BuiltInSettings, ServeForAnEmptyValueAndAreAddedTo) {
     EXPECT_EQ(MainArguments(), "[\"built\", \"in\", \"added\"]");
 }
 
-TEST_F(BuiltInSettings, NameNoProduct) {
+TEST_F(BuiltInSettings, DoNotNameTheProduct) {
     const std::wstring folder = app.AppDataFolder() + L"\\Name\\Code";
     MakeFolders(folder);
     SettingsText users;
@@ -106,12 +106,12 @@ TEST_F(UsersSettings, NameTheRuntimeWhenTheyExist) {
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"users")));
 }
 
-TEST_F(UsersSettings, AreNotMadeByReading) {
+TEST_F(UsersSettings, AreNotCreatedByReading) {
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
     EXPECT_EQ(GetFileAttributesW(app.AppDataFolder().c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(UsersSettings, OfNothingHideThePathOfTheMainFile) {
+TEST_F(UsersSettings, ThatAreEmptyHideThePathOfTheMainFile) {
     users_ = SettingsText();
     WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     app.AddFile(L"jre64\\bin\\java.dll");
@@ -119,13 +119,13 @@ TEST_F(UsersSettings, OfNothingHideThePathOfTheMainFile) {
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"jre64")));
 }
 
-TEST_F(UsersSettings, AreNotAServices) {
+TEST_F(UsersSettings, AreIgnoredByAService) {
     WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     settings.Application(L"Application Type", L"service");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
 }
 
-TEST_F(UsersSettings, HoldNothingButTheRuntime) {
+TEST_F(UsersSettings, AreReadForTheRuntimeOnly) {
     users_.Application(L"Cmd", L"not read");
     WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"users")));
@@ -144,7 +144,7 @@ TEST_F(UsersSettings, AreElsewhereWhenAppDataIsTooLong) {
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
 }
 
-TEST_F(UsersSettings, TakeTheProductNameFromTheMainSectionOnly) {
+TEST_F(UsersSettings, UseTheProductNameOfTheMainSectionOnly) {
     settings.Remove(L"Product Information", L"Product Name");
     settings.Set(L"Product Information+", L"Product Name", L"AB C");
     WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");

@@ -1,5 +1,4 @@
-// What another program can do to a single instance: create its block, and post messages to its
-// listener.
+// Another program can create the block of a single instance, and post messages to its listener.
 
 #include "tests/support/single_instance_fixture.h"
 
@@ -9,12 +8,12 @@ namespace {
 using testing::ElementsAre;
 
 // A block that another program created, with the test as the "first instance".
-class ForeignBlockTest : public SingleInstanceFixture {
+class ForeignBlock : public SingleInstanceFixture {
   protected:
     static constexpr UINT kMessage = WM_APP + 0x123;
 
-    ForeignBlockTest() : block(InstanceBlock::Create(app.Executable())) {
-        // From here on this thread has a queue.
+    ForeignBlock() : block(InstanceBlock::Create(app.Executable())) {
+        // This creates the thread's message queue.
         MSG message;
         PeekMessageW(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
         app.WriteSettings(settings);
@@ -44,7 +43,7 @@ class ForeignBlockTest : public SingleInstanceFixture {
     InstanceBlock block;
 };
 
-TEST_F(ForeignBlockTest, TheRequestNamesTheLaunchsThreadAndTheAnswerIsItsExitCode) {
+TEST_F(ForeignBlock, TheRequestNamesTheLaunchsThreadAndTheAnswerIsItsExitCode) {
     block.SetBytes(InstanceBlock::kArguments, std::string(2080, 'z'));
     const auto second = app.Launch(L"a bc");
     const MSG request = Request();
@@ -59,7 +58,7 @@ TEST_F(ForeignBlockTest, TheRequestNamesTheLaunchsThreadAndTheAnswerIsItsExitCod
     EXPECT_EQ(second->ExitCode(), 4242);
 }
 
-TEST_F(ForeignBlockTest, AnAnswerAtOnceIsNotLost) {
+TEST_F(ForeignBlock, AnImmediateAnswerIsNotLost) {
     for (int i = 0; i < 5; ++i) {
         const auto second = app.Launch();
         const MSG request = Request();
@@ -68,7 +67,7 @@ TEST_F(ForeignBlockTest, AnAnswerAtOnceIsNotLost) {
     }
 }
 
-TEST_F(ForeignBlockTest, ANegativeAnswerIsANegativeExitCode) {
+TEST_F(ForeignBlock, ANegativeAnswerIsANegativeExitCode) {
     const auto second = app.Launch();
     const MSG request = Request();
     EXPECT_TRUE(PostThreadMessageW(static_cast<DWORD>(request.wParam), kMessage,
@@ -76,12 +75,12 @@ TEST_F(ForeignBlockTest, ANegativeAnswerIsANegativeExitCode) {
     EXPECT_EQ(second->ExitCode(), -1);
 }
 
-TEST_F(ForeignBlockTest, WithoutAnybodyInItTheLaunchFails) {
+TEST_F(ForeignBlock, WithoutAListenerInItTheLaunchFails) {
     Name(0, 0, 0);
     EXPECT_EQ(Second(L"x"), -1);
 }
 
-TEST_F(ForeignBlockTest, ADeadThreadInItFailsTheLaunch) {
+TEST_F(ForeignBlock, ADeadThreadInItFailsTheLaunch) {
     const auto gone = app.LaunchWith(L"other");
     const DWORD thread = gone->threadId();
     gone->Terminate();
@@ -90,7 +89,7 @@ TEST_F(ForeignBlockTest, ADeadThreadInItFailsTheLaunch) {
     EXPECT_EQ(Second(L"x"), -1);
 }
 
-TEST_F(ForeignBlockTest, WithoutAProcessThereIsNobodyToWaitFor) {
+TEST_F(ForeignBlock, WithoutAProcessTheLaunchDoesNotWait) {
     Name(GetCurrentThreadId(), 0, kMessage);
     EXPECT_EQ(Second(L"x"), 0);
     Request();
@@ -99,7 +98,7 @@ TEST_F(ForeignBlockTest, WithoutAProcessThereIsNobodyToWaitFor) {
     Request();
 }
 
-TEST_F(ForeignBlockTest, TheCodeOfAProcessThatHasEndedIsTaken) {
+TEST_F(ForeignBlock, TheCodeOfAnEndedProcessIsUsed) {
     tarn::test::Start start;
     start.program = L"C:\\windows\\system32\\cmd.exe";
     start.commandLine = L"cmd.exe /c exit 31";
@@ -110,7 +109,7 @@ TEST_F(ForeignBlockTest, TheCodeOfAProcessThatHasEndedIsTaken) {
     Request();
 }
 
-TEST_F(ForeignBlockTest, AMessageIdOfZeroIsAMessageLikeAnyOther) {
+TEST_F(ForeignBlock, AMessageIdOfZeroIsAnOrdinaryMessage) {
     Name(GetCurrentThreadId(), GetCurrentProcessId(), WM_NULL);
     const auto second = app.Launch();
     MSG request{};
@@ -122,8 +121,8 @@ TEST_F(ForeignBlockTest, AMessageIdOfZeroIsAMessageLikeAnyOther) {
     EXPECT_EQ(second->ExitCode(), 12);
 }
 
-// Another program that posts to the first instance's listener and writes into its block.
-class ForeignMessageTest : public SingleInstanceFixture {
+// Another program that posts to the first instance's listener and writes to its block.
+class ForeignMessage : public SingleInstanceFixture {
   protected:
     void Post(UINT message, WPARAM wParam, LPARAM lParam = 0) {
         const InstanceBlock block = InstanceBlock::Open(app.Executable());
@@ -135,7 +134,7 @@ class ForeignMessageTest : public SingleInstanceFixture {
     }
 };
 
-TEST_F(ForeignMessageTest, AnyWParamIsServedAndHurtsNobody) {
+TEST_F(ForeignMessage, AnyWParamIsHandledWithoutHarm) {
     const auto first = StartFirst();
     const WPARAM senders[] = {0, 1, 0xFFFFFFFF, ~WPARAM{0}, first->threadId()};
     for (const WPARAM sender : senders) Post(Message(), sender, 99);
@@ -145,7 +144,7 @@ TEST_F(ForeignMessageTest, AnyWParamIsServedAndHurtsNobody) {
     EndFirst(*first);
 }
 
-TEST_F(ForeignMessageTest, OtherMessagesAreIgnored) {
+TEST_F(ForeignMessage, OtherMessagesAreIgnored) {
     const auto first = StartFirst();
     for (const UINT message : {0u, static_cast<UINT>(WM_CLOSE), 0x400u, 0xC000u, 0xFFFFu}) {
         if (message != Message()) Post(message, GetCurrentThreadId());
@@ -155,7 +154,7 @@ TEST_F(ForeignMessageTest, OtherMessagesAreIgnored) {
     EndFirst(*first);
 }
 
-TEST_F(ForeignMessageTest, AnAreaWithoutAnEndIsCutAtItsEnd) {
+TEST_F(ForeignMessage, AnUnterminatedAreaEndsTheLastArgument) {
     const auto first = StartFirst();
     InstanceBlock block = InstanceBlock::Open(app.Executable());
     block.SetBytes(InstanceBlock::kArguments, std::string(2080, 'x'));
@@ -167,7 +166,7 @@ TEST_F(ForeignMessageTest, AnAreaWithoutAnEndIsCutAtItsEnd) {
     EndFirst(*first);
 }
 
-TEST_F(ForeignMessageTest, IdsThatSomebodyWroteDoNotMoveTheAnswer) {
+TEST_F(ForeignMessage, ForeignIdsDoNotRedirectTheAnswer) {
     const auto first = StartFirst();
     InstanceBlock block = InstanceBlock::Open(app.Executable());
     MSG message;
@@ -182,7 +181,7 @@ TEST_F(ForeignMessageTest, IdsThatSomebodyWroteDoNotMoveTheAnswer) {
     EndFirst(*first);
 }
 
-TEST_F(ForeignMessageTest, AQuitEndsTheListenerButNotTheApplication) {
+TEST_F(ForeignMessage, AQuitEndsTheListenerButNotTheApplication) {
     const auto first = StartFirst();
     Post(WM_QUIT, 0);
     EXPECT_TRUE(WaitUntil([&] { return !IsListening(); }));

@@ -1,4 +1,4 @@
-// Many second launches, one after another and all at once.
+// Many second launches, in sequence and in parallel.
 
 #include <algorithm>
 #include <cstdio>
@@ -10,15 +10,15 @@
 namespace tarn::test {
 namespace {
 
-class SingleInstanceSoakTest : public SingleInstanceFixture {};
+class SingleInstanceSoak : public SingleInstanceFixture {};
 
-TEST_F(SingleInstanceSoakTest, ManyLaunchesInARowAreAllServedOnceAndLeaveNothingBehind) {
-    // What the scripted library remembers of every call would look like a leak.
+TEST_F(SingleInstanceSoak, ManyLaunchesInARowAreServedOnceAndLeakNothing) {
+    // The records that the scripted library keeps of every call would appear as a leak.
     Script(std::string(kOnlyInt) + "forget\nsecondaryMain = return 5");
     const auto first = StartFirst();
     const int launches = SoakCount("TARN_SOAK_HAND_OFFS", 200);
     constexpr int kSettled = 100;
-    // The worker of the last launch may be about to end.
+    // The worker of the last launch may not have ended yet.
     const auto wait = [&](int served, std::size_t threads) {
         EXPECT_TRUE(WaitUntil([&] {
             return app.Log().Count("DetachCurrentThread()") == static_cast<std::size_t>(served) &&
@@ -35,7 +35,7 @@ TEST_F(SingleInstanceSoakTest, ManyLaunchesInARowAreAllServedOnceAndLeaveNothing
             << ", last line of the log: " << app.Log().Texts().back();
         expected.push_back(R"(["launch", ")" + number + R"(", "of )" + number + R"("])");
         if (i == kSettled) {
-            // The entry thread, Java's and the listener.
+            // The entry thread, the Java thread and the listener.
             wait(i, 3);
             before = FiguresOf(first->handle());
         }
@@ -53,14 +53,14 @@ TEST_F(SingleInstanceSoakTest, ManyLaunchesInARowAreAllServedOnceAndLeaveNothing
         launches, kSettled, before.handles, after.handles, before.threads, after.threads,
         before.privateKiB, after.privateKiB);
     EXPECT_LE(after.handles, before.handles);
-    // A heap grows by pages, here and there.
+    // A heap grows by pages.
     EXPECT_LE(after.privateKiB, before.privateKiB + 512);
     EndFirst(*first);
 }
 
-// Launches at the same moment may overwrite each other's arguments, and those that come before the
-// first instance listens fail. What holds is that there is one JVM, and that everybody ends.
-TEST_F(SingleInstanceSoakTest, TwentyLaunchesAtOnceGiveOneJvm) {
+// Parallel launches may overwrite each other's arguments, and those before the first instance
+// listens fail. There is always one JVM, and every process ends.
+TEST_F(SingleInstanceSoak, TwentyLaunchesAtOnceCreateOneJvm) {
     constexpr int kRounds = 10;
     constexpr int kLaunches = 20;
     app.WriteSettings(settings);
@@ -72,7 +72,7 @@ TEST_F(SingleInstanceSoakTest, TwentyLaunchesAtOnceGiveOneJvm) {
         for (int i = 0; i < kLaunches; ++i) {
             launches.push_back(app.Launch(std::to_wstring(round) + L'-' + std::to_wstring(i)));
         }
-        // All but the first instance end on their own.
+        // All but the first instance end by themselves.
         EXPECT_TRUE(WaitUntil(
             [&] {
                 return std::count_if(launches.begin(), launches.end(), [](const auto& launch) {

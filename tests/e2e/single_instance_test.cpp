@@ -1,4 +1,4 @@
-// What the launches of one executable share, and when they share it.
+// The objects that the launches of one executable share, and when they share them.
 
 #include "tests/support/single_instance_fixture.h"
 
@@ -7,12 +7,12 @@ namespace {
 
 using testing::IsEmpty;
 
-class SharedObjectsTest : public SingleInstanceFixture {
+class SharedObjects : public SingleInstanceFixture {
   protected:
     std::wstring Name() const { return InstanceNameOf(app.Executable()); }
     std::wstring EventName() const { return Name() + L"_upr_evt"; }
 
-    /// Two launches that know nothing of each other: each creates a JVM.
+    /// Two independent launches: each creates a JVM.
     void ExpectIndependentLaunches() {
         const auto first = StartFirst();
         const auto second = app.Launch(L"x");
@@ -24,9 +24,9 @@ class SharedObjectsTest : public SingleInstanceFixture {
         EXPECT_THAT(SecondaryCalls(), IsEmpty());
     }
 
-    /// The same for a block that cannot be mapped whole for writing. Wine maps it all the same
-    /// (sizes count in pages, and protection does not count); it is then a block like any other
-    /// that names no first instance.
+    /// The same for a block that cannot be mapped completely for writing. Wine maps it
+    /// nevertheless, because it rounds sizes up to pages and ignores the protection; the block then
+    /// names no first instance.
     void ExpectBlockIsOfNoUse(const UniqueHandle& mapping) {
         ASSERT_TRUE(mapping);
         if (!InstanceBlock::Create(app.Executable())) {
@@ -38,7 +38,7 @@ class SharedObjectsTest : public SingleInstanceFixture {
     }
 };
 
-TEST_F(SharedObjectsTest, TheBlockNamesTheFirstInstance) {
+TEST_F(SharedObjects, TheBlockNamesTheFirstInstance) {
     const auto first = StartFirst();
     const InstanceBlock block = InstanceBlock::Open(app.Executable());
     ASSERT_TRUE(block);
@@ -53,7 +53,7 @@ TEST_F(SharedObjectsTest, TheBlockNamesTheFirstInstance) {
     EndFirst(*first);
 }
 
-TEST_F(SharedObjectsTest, TheBlockHoldsTheSecondLaunchsArguments) {
+TEST_F(SharedObjects, TheBlockContainsTheSecondLaunchsArguments) {
     const auto first = StartFirst(L"not these");
     EXPECT_EQ(Second(L"a much longer argument"), 0);
     EXPECT_EQ(Second(L"a bc"), 0);
@@ -66,7 +66,7 @@ TEST_F(SharedObjectsTest, TheBlockHoldsTheSecondLaunchsArguments) {
     EndFirst(*first);
 }
 
-TEST_F(SharedObjectsTest, TheReadyEventIsSetWhenMainIsAboutToBeCalled) {
+TEST_F(SharedObjects, TheReadyEventIsSetWhenMainIsAboutToBeCalled) {
     NamedEvent mayCreate;
     Script("on_create = wait_event " + mayCreate.utf8Name());
     const auto first = StartListeningFirst();
@@ -77,19 +77,19 @@ TEST_F(SharedObjectsTest, TheReadyEventIsSetWhenMainIsAboutToBeCalled) {
     mayCreate.Set();
     app.Log().WaitFor(kMainCall);
     EXPECT_EQ(WaitForSingleObject(ready.get(), 0), WAIT_OBJECT_0);
-    // It stays set.
+    // The event stays set.
     EXPECT_EQ(WaitForSingleObject(ready.get(), 0), WAIT_OBJECT_0);
     EndFirst(*first);
 }
 
-TEST_F(SharedObjectsTest, NothingIsLeftWhenMainHasReturned) {
+TEST_F(SharedObjects, NothingRemainsAfterMainHasReturned) {
     app.WriteScript("");
     EXPECT_EQ(Run(), 0);
     EXPECT_FALSE(InstanceBlock::Open(app.Executable()));
     EXPECT_FALSE(UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
 }
 
-TEST_F(SharedObjectsTest, TheNextLaunchIsAFirstOneAgain) {
+TEST_F(SharedObjects, TheNextLaunchIsAFirstOneAgain) {
     const auto first = StartFirst();
     EndFirst(*first);
     app.WriteScript("");
@@ -98,7 +98,7 @@ TEST_F(SharedObjectsTest, TheNextLaunchIsAFirstOneAgain) {
     EXPECT_THAT(SecondaryCalls(), IsEmpty());
 }
 
-TEST_F(SharedObjectsTest, ASecondLaunchNeedsNoRuntime) {
+TEST_F(SharedObjects, ASecondLaunchNeedsNoRuntime) {
     const auto first = StartFirst();
     settings.Runtime(L"JRE Path", L"C:\\nowhere");
     app.WriteSettings(settings);
@@ -106,7 +106,7 @@ TEST_F(SharedObjectsTest, ASecondLaunchNeedsNoRuntime) {
     EndFirst(*first);
 }
 
-TEST_F(SharedObjectsTest, CopiesUnderOtherPathsAreOnTheirOwn) {
+TEST_F(SharedObjects, CopiesWithOtherPathsAreIndependent) {
     InstalledApplication other;
     other.environment = app.environment;
     other.WriteSettings(SettingsText(settings));
@@ -121,18 +121,18 @@ TEST_F(SharedObjectsTest, CopiesUnderOtherPathsAreOnTheirOwn) {
     EXPECT_THAT(SecondaryCalls(), IsEmpty());
 }
 
-TEST_F(SharedObjectsTest, ACapitalYesLeavesItOff) {
+TEST_F(SharedObjects, ACapitalYesLeavesItOff) {
     settings.Application(L"Single Instance", L"Yes");
     ExpectIndependentLaunches();
 }
 
-TEST_F(SharedObjectsTest, AnAddedYesHasABlankBeforeItAndLeavesItOff) {
+TEST_F(SharedObjects, AnAdditiveYesBeginsWithASpaceAndLeavesItOff) {
     settings.Remove(L"Application", L"Single Instance");
     settings.Set(L"Application+", L"Single Instance", L"yes");
     ExpectIndependentLaunches();
 }
 
-TEST_F(SharedObjectsTest, OffMakesNoSharedObjects) {
+TEST_F(SharedObjects, OffCreatesNoSharedObjects) {
     settings.Remove(L"Application", L"Single Instance");
     const auto first = StartFirst();
     EXPECT_FALSE(InstanceBlock::Open(app.Executable()));
@@ -140,37 +140,37 @@ TEST_F(SharedObjectsTest, OffMakesNoSharedObjects) {
     EndFirst(*first);
 }
 
-TEST_F(SharedObjectsTest, AServiceIsNeverASingleInstance) {
+TEST_F(SharedObjects, AServiceIsNeverASingleInstance) {
     settings.Application(L"Application Type", L"service");
     ExpectIndependentLaunches();
 }
 
-TEST_F(SharedObjectsTest, OnlyTheExactWordMakesAService) {
+TEST_F(SharedObjects, OnlyTheExactWordMakesAService) {
     settings.Application(L"Application Type", L"Service");
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"a"), 0);
     EndFirst(*first);
 }
 
-TEST_F(SharedObjectsTest, AnObjectOfAnotherKindSwitchesItOff) {
+TEST_F(SharedObjects, AnObjectOfAnotherKindSwitchesItOff) {
     const UniqueHandle stranger(CreateEventW(nullptr, TRUE, FALSE, Name().c_str()));
     ASSERT_TRUE(stranger);
     ExpectIndependentLaunches();
 }
 
-TEST_F(SharedObjectsTest, ASmallerBlockSwitchesItOff) {
+TEST_F(SharedObjects, ASmallerBlockSwitchesItOff) {
     const UniqueHandle stranger(
         CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 100, Name().c_str()));
     ExpectBlockIsOfNoUse(stranger);
 }
 
-TEST_F(SharedObjectsTest, AReadOnlyBlockSwitchesItOff) {
+TEST_F(SharedObjects, AReadOnlyBlockSwitchesItOff) {
     const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
                                                    InstanceBlock::kSize, Name().c_str()));
     ExpectBlockIsOfNoUse(stranger);
 }
 
-TEST_F(SharedObjectsTest, ABlockWithoutMemoryBehindItSwitchesItOff) {
+TEST_F(SharedObjects, AReservedBlockSwitchesItOff) {
     const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
                                                    PAGE_READWRITE | SEC_RESERVE, 0,
                                                    InstanceBlock::kSize, Name().c_str()));
@@ -178,7 +178,7 @@ TEST_F(SharedObjectsTest, ABlockWithoutMemoryBehindItSwitchesItOff) {
     ExpectIndependentLaunches();
 }
 
-TEST_F(SharedObjectsTest, ATakenEventNameDoesNotHurt) {
+TEST_F(SharedObjects, AnEventNameInUseIsHarmless) {
     const UniqueHandle stranger(CreateMutexW(nullptr, FALSE, EventName().c_str()));
     ASSERT_TRUE(stranger);
     const auto first = StartFirst();
@@ -186,7 +186,7 @@ TEST_F(SharedObjectsTest, ATakenEventNameDoesNotHurt) {
     EndFirst(*first);
 }
 
-TEST_F(SharedObjectsTest, AnEventThatIsAlreadySetDoesNotAnswerEarly) {
+TEST_F(SharedObjects, AnEventThatIsAlreadySetDoesNotAnswerEarly) {
     const UniqueHandle stranger(CreateEventW(nullptr, TRUE, TRUE, EventName().c_str()));
     ASSERT_TRUE(stranger);
     NamedEvent mayCreate;

@@ -1,4 +1,4 @@
-// From when to when the splash is on the screen, and what it does to the launch around it.
+// The time during which the splash is shown, and its effect on the launch.
 
 #include "tests/support/splash_fixture.h"
 
@@ -9,7 +9,7 @@ using SplashLifetime = SplashFixture;
 
 TEST_F(SplashLifetime, BeginsWhileTheMainThreadIsBlocked) {
     NamedEvent release;
-    // The question for the default stack size is the main thread's last before the JVM is made.
+    // The entry thread calls this last before the JVM is created.
     app.WriteScript("on_default_args = wait_event " + release.utf8Name() + "\n" + WaitInMain());
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
@@ -51,7 +51,7 @@ TEST_F(SplashLifetime, EndsBeforeTheExceptionDialogOpens) {
     process->ExitCode();
 }
 
-TEST_F(SplashLifetime, EndsWithAnExceptionThatNobodySees) {
+TEST_F(SplashLifetime, EndsWithAnExceptionThatIsNotShown) {
     NamedEvent detaching;
     NamedEvent release;
     app.WriteScript("main = throw\non_detach = set_event " + detaching.utf8Name() +
@@ -78,7 +78,7 @@ TEST_F(SplashLifetime, OutlastsMainUntilTheLauncherEnds) {
     EXPECT_EQ(process->ExitCode(), 0);
 }
 
-TEST_F(SplashLifetime, IsNoHindranceToSystemExit) {
+TEST_F(SplashLifetime, DoesNotPreventSystemExit) {
     NamedEvent release;
     app.WriteScript("main = wait_event " + release.utf8Name() + "\nmain = exit 7\n");
     ShowTestPicture(L"opaque.png");
@@ -98,7 +98,7 @@ TEST_F(SplashLifetime, MayBeEndedByTheApplicationItself) {
     EndWell(*process);
 }
 
-TEST_F(SplashLifetime, BringsGdiPlusInForItself) {
+TEST_F(SplashLifetime, LoadsGdiPlus) {
     app.WriteScript(WaitInMain() + "main = log_modules\n");
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
@@ -117,11 +117,11 @@ TEST_F(SplashLifetime, OwnsTheErrorBoxes) {
     const auto box = WaitForMessageBox(*process);
     ASSERT_TRUE(box);
     EXPECT_EQ(box->owner, splash);
-    // The box lies above: the splash comes somewhere behind it.
+    // The box is above: the splash follows it in the z-order.
     HWND below = box->window;
     while (below != nullptr && below != splash) below = GetWindow(below, GW_HWNDNEXT);
     EXPECT_EQ(below, splash);
-    // The splash goes on painting while the box waits for an answer.
+    // The splash still paints while the box waits for an answer.
     DWORD_PTR answer = 0;
     EXPECT_NE(SendMessageTimeoutW(splash, WM_NULL, 0, 0, SMTO_NORMAL, 10'000, &answer), 0);
     EXPECT_TRUE(IsWindowVisible(splash));
@@ -130,7 +130,7 @@ TEST_F(SplashLifetime, OwnsTheErrorBoxes) {
     EXPECT_EQ(process->ExitCode(), -1);
 }
 
-TEST_F(SplashLifetime, LeavesErrorBoxesWithoutAnOwnerWhenThereIsNone) {
+TEST_F(SplashLifetime, WithoutASplashErrorBoxesHaveNoOwner) {
     app.WriteScript("create = -1\n");
     ShowTestPicture(L"opaque.png");
     const auto process = Start(L"-nosplash");
@@ -138,7 +138,7 @@ TEST_F(SplashLifetime, LeavesErrorBoxesWithoutAnOwnerWhenThereIsNone) {
     EXPECT_EQ(process->ExitCode(), -1);
 }
 
-// A picture that is opened but never read to its end, as on a share that has stopped answering.
+// A picture that is opened but cannot be read to its end, as on a share that stops responding.
 class SilentPicture {
   public:
     SilentPicture()
@@ -161,7 +161,7 @@ class SilentPicture {
     OVERLAPPED overlapped_{};
 };
 
-TEST_F(SplashLifetime, OfAPictureThatNeverComesDoesNotHoldUpMain) {
+TEST_F(SplashLifetime, WithAnUnreadablePictureDoesNotDelayMain) {
     SilentPicture picture;
     ShowPicture(picture.path());
     const auto process = Start();
@@ -171,9 +171,9 @@ TEST_F(SplashLifetime, OfAPictureThatNeverComesDoesNotHoldUpMain) {
     EndWell(*process);
 }
 
-// The quit message comes at any moment of the splash thread's beginning, also before it has a
-// queue to put it in.
-TEST_F(SplashLifetime, MayEndAtOnceTwoHundredTimes) {
+// The quit message arrives at any moment of the splash thread's start, also before the thread has a
+// message queue.
+TEST_F(SplashLifetime, EndsImmediatelyTwoHundredTimes) {
     ShowTestPicture(L"opaque.png");
     app.WriteScript("");
     app.WriteSettings(settings);

@@ -1,4 +1,4 @@
-// What the splash shows: pixels on the screen, and pictures that are none.
+// The contents of the splash: pixels on the screen, and files that are not pictures.
 
 #include <ostream>
 
@@ -10,11 +10,11 @@
 namespace tarn::test {
 namespace {
 
-// A picture and what of it has to be on the screen.
+// A picture and the part of it that has to be on the screen.
 struct Shown {
     const wchar_t* file;
     SIZE size;
-    int tolerance;  // of a format that keeps colours only nearly
+    int tolerance;  // of a lossy format
 };
 
 // For the names of the tests.
@@ -31,7 +31,7 @@ COLORREF Expected(const Shown& shown, int x, int y) {
                GetBValue(color) * part / 255);
 }
 
-// How many pixels of the window differ from the picture, where it is on the screen.
+// The number of pixels in the window that differ from the picture, where it is on the screen.
 int WrongPixels(const RECT& place, const Shown& shown) {
     const RECT visible = OnScreen(place);
     const ScreenShot screen(visible);
@@ -48,7 +48,7 @@ void ExpectOnScreen(HWND splash, const Shown& shown) {
     const RECT place = PlaceOf(splash);
     EXPECT_EQ(place.right - place.left, shown.size.cx);
     EXPECT_EQ(place.bottom - place.top, shown.size.cy);
-    // Another program's window may be in the way for a while.
+    // Another program's window may cover it for a while.
     int wrong = 0;
     EXPECT_TRUE(WaitUntil([&] { return (wrong = WrongPixels(place, shown)) == 0; }))
         << wrong << " pixels differ";
@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Shown{L"plain.bmp", kPatternSize, 0}, Shown{L"plain.tif", kPatternSize, 0},
                     Shown{L"dot.png", {1, 1}, 0}, Shown{L"odd.png", {101, 77}, 0}));
 
-TEST_P(SplashPicture, StandsOnTheScreenPixelByPixel) {
+TEST_P(SplashPicture, IsOnTheScreenPixelByPixel) {
     ShowTestPicture(GetParam().file);
     const auto process = Start();
     ExpectOnScreen(WaitForSplash(*process), GetParam());
@@ -102,8 +102,8 @@ TEST_F(SplashPictures, OverhangTheScreenOnAllSidesWhenTheyAreLarger) {
     EXPECT_EQ(place.right - place.left, size.cx);
     EXPECT_EQ(place.bottom - place.top, size.cy);
     const Shown shown{L"large.bmp", size, 0};
-    // Wine 10 takes a window that covers the whole screen for a full-screen one: it reports the
-    // window where it was created, and draws it from the screen's corner on.
+    // Wine 10 treats a window that covers the whole screen as a full-screen one: it reports the
+    // window where it was created, and draws it from the corner of the screen.
     const RECT onWine10{0, 0, size.cx, size.cy};
     EXPECT_TRUE(WaitUntil([&] {
         return WrongPixels(place, shown) == 0 || (IsWine() && WrongPixels(onWine10, shown) == 0);
@@ -112,7 +112,7 @@ TEST_F(SplashPictures, OverhangTheScreenOnAllSidesWhenTheyAreLarger) {
     EndWell(*process);
 }
 
-TEST_F(SplashPictures, ComeBackAfterBeingCovered) {
+TEST_F(SplashPictures, AreRepaintedAfterBeingCovered) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     const HWND splash = WaitForSplash(*process);
@@ -139,7 +139,7 @@ TEST_F(SplashPictures, AreFoundRelativeToTheWorkingDirectory) {
     EndWell(*process);
 }
 
-TEST_F(SplashPictures, AreTakenByTheirNameAsItStands) {
+TEST_F(SplashPictures, HaveLiteralNames) {
     app.environment[L"TARN_ART"] = L"somewhere else";
     ShowPicture(app.AddFile(L"100%TARN_ART%.bmp", PatternBitmap(kPatternSize)));
     const auto process = Start();
@@ -147,7 +147,7 @@ TEST_F(SplashPictures, AreTakenByTheirNameAsItStands) {
     EndWell(*process);
 }
 
-// What is named as the picture but shows nothing; {} stands for the application's folder.
+// A setting that shows nothing; {} stands for the application's folder.
 class NoPicture : public SplashFixture, public testing::WithParamInterface<const wchar_t*> {
   protected:
     NoPicture() {
@@ -163,13 +163,13 @@ INSTANTIATE_TEST_SUITE_P(Name, NoPicture,
                                          L"\\\\192.0.2.1\\share\\picture.png",
                                          L"http://192.0.2.1/picture.png", L"{}sample.exe"));
 
-TEST_P(NoPicture, ShowsNothingAndTheLaunchGoesOn) {
+TEST_P(NoPicture, ShowsNothingAndTheLaunchContinues) {
     std::wstring path = GetParam();
     if (path.starts_with(L"{}")) path.replace(0, 2, app.folder());
     ShowPicture(path);
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
-    // The window is there for its thread's sake, but has no extent.
+    // The window exists, with a size of 0 x 0.
     EXPECT_TRUE(WaitUntil([&] { return SplashesOf(*process) == 1; }));
     for (HWND splash : WindowsOf(process->id(), kSplashClass)) {
         const RECT place = PlaceOf(splash);
@@ -190,7 +190,7 @@ TEST_F(SplashPictures, MayHavePathsOfAnyLength) {
     }
 }
 
-TEST_F(SplashPictures, OfAHundredMegapixelsDoNotHoldUpTheLaunch) {
+TEST_F(SplashPictures, OfAHundredMegapixelsDoNotDelayTheLaunch) {
     const SIZE size{10'000, 10'000};
     std::string bytes = BlackBitmapHeader(size);
     bytes.append(static_cast<std::size_t>(PixelBytes(size)), '\0');
@@ -200,14 +200,14 @@ TEST_F(SplashPictures, OfAHundredMegapixelsDoNotHoldUpTheLaunch) {
     EndWell(*process);
 }
 
-TEST_F(SplashPictures, OfImpossibleSizeDoNotHoldUpTheLaunch) {
+TEST_F(SplashPictures, OfImpossibleSizeDoNotDelayTheLaunch) {
     ShowPicture(app.AddFile(L"impossible.bmp", BlackBitmapHeader({2'000'000'000, 2'000'000'000})));
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
     EndWell(*process);
 }
 
-TEST_F(SplashPictures, InHugeFilesDoNotHoldUpTheLaunch) {
+TEST_F(SplashPictures, InHugeFilesDoNotDelayTheLaunch) {
     const std::wstring path = app.AddFile(L"huge.png", "\x89PNG\r\n\x1A\n");
     {
         const UniqueFile file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,

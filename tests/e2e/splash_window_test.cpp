@@ -1,4 +1,4 @@
-// The launcher's own splash window as it looks from outside.
+// The launcher's own splash window as other programs see it.
 
 #include "tests/support/splash_fixture.h"
 #include "tests/support/test_pictures.h"
@@ -8,11 +8,11 @@ namespace {
 
 using SplashWindow = SplashFixture;
 
-TEST_F(SplashWindow, IsABarePopupInTheMiddleOfTheScreen) {
+TEST_F(SplashWindow, IsAPlainPopupInTheMiddleOfTheScreen) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     const HWND splash = WaitForSplash(*process);
-    // Windows adds the first to every top-level window, and visibility comes later.
+    // Windows adds the first to every top-level window, and ShowWindow adds the second.
     EXPECT_EQ(GetWindowLongW(splash, GWL_STYLE) & ~(WS_CLIPSIBLINGS | WS_VISIBLE),
               static_cast<LONG>(WS_POPUP));
     EXPECT_EQ(GetWindowLongW(splash, GWL_EXSTYLE), WS_EX_TOOLWINDOW);
@@ -48,7 +48,7 @@ TEST_F(SplashWindow, HasAShadowOnlyWhenTheSettingIsExactlyTrue) {
     }
 }
 
-TEST_F(SplashWindow, StaysInAThreadOfItsOwn) {
+TEST_F(SplashWindow, HasItsOwnThread) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     const DWORD thread = GetWindowThreadProcessId(WaitForSplash(*process), nullptr);
@@ -58,7 +58,7 @@ TEST_F(SplashWindow, StaysInAThreadOfItsOwn) {
     EndWell(*process);
 }
 
-TEST_F(SplashWindow, TakesNoNoticeOfClicksAndKeys) {
+TEST_F(SplashWindow, IgnoresClicksAndKeys) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     const HWND splash = WaitForSplash(*process);
@@ -66,7 +66,7 @@ TEST_F(SplashWindow, TakesNoNoticeOfClicksAndKeys) {
         PostMessageW(splash, message, 0, MAKELPARAM(10, 10));
     PostMessageW(splash, WM_KEYDOWN, VK_ESCAPE, 0);
     PostMessageW(splash, WM_KEYUP, VK_ESCAPE, 0);
-    // Answered only after what was posted.
+    // Answered only after the posted messages.
     DWORD_PTR answer = 0;
     EXPECT_NE(SendMessageTimeoutW(splash, WM_NULL, 0, 0, SMTO_NORMAL, 10'000, &answer), 0);
     EXPECT_TRUE(MainRuns());
@@ -74,7 +74,7 @@ TEST_F(SplashWindow, TakesNoNoticeOfClicksAndKeys) {
     EndWell(*process);
 }
 
-TEST_F(SplashWindow, IsNotThereWithoutAPicture) {
+TEST_F(SplashWindow, DoesNotExistWithoutAPicture) {
     for (const bool isEmpty : {true, false}) {
         if (isEmpty) ShowPicture(L"");
         if (!isEmpty) settings.Remove(L"Display", L"Splash Screen");
@@ -88,8 +88,8 @@ TEST_F(SplashWindow, IsNotThereWithoutAPicture) {
     }
 }
 
-TEST_F(SplashWindow, TakesThePictureOnlyFromTheMainSettingsFile) {
-    // Neither the section that adds to another nor another letter case of the value's key counts.
+TEST_F(SplashWindow, ReadsThePictureFromTheMainSettingsFileOnly) {
+    // Neither an additive section nor another case of the value counts.
     settings.Set(L"Display+", L"Splash Screen", PicturePath(L"opaque.png"));
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
@@ -103,7 +103,7 @@ class SuppressedSplash : public SplashSwitch {};
 INSTANTIATE_TEST_SUITE_P(Arguments, SuppressedSplash,
                          testing::Values(L"-nosplash", L"/nosplash", L"a \"-nosplash\" b"));
 
-TEST_P(SuppressedSplash, IsNotShownAndTheArgumentGoesOnToMain) {
+TEST_P(SuppressedSplash, IsNotShownAndTheArgumentReachesMain) {
     ShowTestPicture(L"opaque.png");
     app.WriteScript(WaitInMain() + "main = log_modules\n");
     const auto process = Start(GetParam());

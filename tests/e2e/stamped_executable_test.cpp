@@ -1,4 +1,4 @@
-// What tarn stamp and tarn wrap make, as the system's own loader sees it.
+// Executables made by tarn stamp and tarn wrap, as Windows' loader sees them.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@ namespace {
 
 class StampedExecutable : public testing::Test {
   protected:
-    // The companion program, with words as they stand behind its name.
+    // Runs the companion program with this command line.
     void Tarn(const std::wstring& words) {
         const std::wstring& launcher = GetPaths().launcher;
         Start start;
@@ -33,7 +33,7 @@ class StampedExecutable : public testing::Test {
     InstalledApplication app;
 };
 
-// The file as data: what the system's functions find in it.
+// The file as a data file: what Windows' functions find in it.
 class LoadedFile {
   public:
     explicit LoadedFile(const std::wstring& path)
@@ -60,7 +60,7 @@ class LoadedFile {
     HMODULE module_;
 };
 
-TEST_F(StampedExecutable, HasItsTextsAndSettingsForTheSystem) {
+TEST_F(StampedExecutable, HasItsTextsAndSettingsAsResources) {
     app.AddFile(L"built in.ini", "[Application]\nFailure Check=Yes\n");
     Stamp(
         L"--settings \"built in.ini\" --set-string 210=\"Keine Hauptklasse\" "
@@ -80,7 +80,7 @@ TEST_F(StampedExecutable, ShowsItsOwnText) {
     EXPECT_EQ(process->ExitCode(), -1);
 }
 
-TEST_F(StampedExecutable, RunsOnTheSettingsThatAreBuiltIn) {
+TEST_F(StampedExecutable, RunsWithItsEmbeddedSettings) {
     app.AddFile(L"built in.ini",
                 "[java runtime environment]\nmain class = \"com.example.BuiltIn\"\nJRE Path=jre\n"
                 "Virtual Machine Parameters= -Da=b \n[class path]\nclass path=*.exe\n");

@@ -22,7 +22,7 @@ struct VirtualMachine {
     static VirtualMachine& Get();
 };
 
-/// Guards everything; let go of while the application "runs".
+/// Protects everything; released while the application "runs".
 std::recursive_mutex& Lock();
 
 /// The calling thread's environment, created on first use.

@@ -41,8 +41,8 @@ class RegisteredRuntimes {
     std::vector<std::unique_ptr<TemporaryKey>> keys_;
 };
 
-/// An application without a "JRE Path", for which any version will do; the scripted jvm.dll stands
-/// in each of the runtimes that it may find.
+/// An application without "JRE Path" that accepts any version; each of its runtimes contains the
+/// scripted jvm.dll.
 class RegisteredRuntimesFixture : public FakeJvmFixture {
   protected:
     RegisteredRuntimesFixture();

@@ -4,14 +4,16 @@
 
 namespace tarn::test {
 
-/// The bound of every wait: longer than any awaited condition takes on a slow and busy machine.
+/// The time limit of every wait: longer than any expected condition takes on a slow and busy
+/// machine.
 constexpr std::chrono::milliseconds kTimeLimit{60'000};
 
-/// Evaluates the condition repeatedly until it holds or the time is up; its last result.
+/// Evaluates the condition repeatedly until it holds or the time limit is reached. Returns the last
+/// result.
 template <typename Condition>
 bool WaitUntil(Condition condition, std::chrono::milliseconds timeLimit = kTimeLimit);
 
-/// Sleeps 5 ms between two evaluations of a condition.
+/// The pause between two evaluations: sleeps 5 ms.
 void Pause();
 
 template <typename Condition>

@@ -34,7 +34,7 @@ class TestHive {
     /// Creates a key and its missing parents.
     void Make(const std::wstring& key) { Open(key); }
 
-    /// Sets "JavaHome" of a key, which is made if need be.
+    /// Sets "JavaHome" of a key, which is created if it does not exist.
     void Set(const std::wstring& key, DWORD type, const void* data, std::size_t size) {
         EXPECT_EQ(RegSetValueExW(Open(key).get(), L"JavaHome", 0, type,
                                  static_cast<const BYTE*>(data), static_cast<DWORD>(size)),

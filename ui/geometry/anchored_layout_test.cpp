@@ -12,17 +12,17 @@ TEST(AnchoredLayout, ControlWithoutAnchorStays) {
     EXPECT_EQ(Anchored(kFirst, {}, {30, 40}), (PixelRect{10, 20, 110, 70}));
 }
 
-TEST(AnchoredLayout, ControlOfTheCornerMovesWithIt) {
+TEST(AnchoredLayout, ControlInTheCornerMovesWithIt) {
     EXPECT_EQ(Anchored(kFirst, {.movesRight = true, .movesDown = true}, {30, 40}),
               (PixelRect{40, 60, 140, 110}));
 }
 
-TEST(AnchoredLayout, ControlOfTheMiddleGrows) {
+TEST(AnchoredLayout, ControlInTheMiddleGrows) {
     EXPECT_EQ(Anchored(kFirst, {.growsRight = true, .growsDown = true}, {30, 40}),
               (PixelRect{10, 20, 140, 110}));
 }
 
-TEST(AnchoredLayout, LineBelowWhatGrowsMovesDownAndWidens) {
+TEST(AnchoredLayout, LineBelowAGrowingControlMovesDownAndWidens) {
     EXPECT_EQ(Anchored(kFirst, {.movesDown = true, .growsRight = true}, {30, 40}),
               (PixelRect{10, 60, 140, 110}));
 }
@@ -33,19 +33,19 @@ TEST(AnchoredLayout, FirstSizeGivesFirstPlaces) {
               (PixelRect{10, 20, 110, 70}));
 }
 
-TEST(AnchoredLayout, SmallerWindowCountsAsItsFirstSize) {
+TEST(AnchoredLayout, SmallerWindowHasNoGrowth) {
     const Growth growth = GrowthBetween(kFirstClient, {0, 299});
     EXPECT_EQ(growth.right, 0);
     EXPECT_EQ(growth.down, 0);
 }
 
-TEST(AnchoredLayout, EachDirectionGrowsForItself) {
+TEST(AnchoredLayout, DirectionsGrowIndependently) {
     const Growth growth = GrowthBetween(kFirstClient, {450, 100});
     EXPECT_EQ(growth.right, 50);
     EXPECT_EQ(growth.down, 0);
 }
 
-TEST(AnchoredLayout, LengthsFollowTheScreensScale) {
+TEST(AnchoredLayout, LengthsAreScaledAndRounded) {
     EXPECT_EQ(ScaledLength(100, 144, 96), 150);
     EXPECT_EQ(ScaledLength(150, 96, 144), 100);
     EXPECT_EQ(ScaledLength(3, 144, 96), 5);
@@ -63,7 +63,7 @@ TEST(AnchoredLayout, UnknownScaleChangesNothing) {
     EXPECT_EQ(ScaledLength(100, 96, 0), 100);
 }
 
-TEST(AnchoredLayout, RectangleIsScaledWhole) {
+TEST(AnchoredLayout, RectangleIsScaled) {
     EXPECT_EQ(Scaled(kFirst, 192, 96), (PixelRect{20, 40, 220, 140}));
 }
 

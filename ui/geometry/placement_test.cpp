@@ -37,7 +37,7 @@ TEST(CenteredOnScreenTest, PutsAPictureInTheMiddle) {
     EXPECT_EQ(CenteredOnScreen(kScreenSize, {640, 400}), (PixelRect{640, 340, 1280, 740}));
 }
 
-TEST(CenteredOnScreenTest, KeepsThePicturesSizeWhenTheRestIsOdd) {
+TEST(CenteredOnScreenTest, KeepsThePicturesSizeWhenTheDifferenceIsOdd) {
     EXPECT_EQ(CenteredOnScreen(kScreenSize, {101, 77}), (PixelRect{909, 501, 1010, 578}));
     EXPECT_EQ(CenteredOnScreen(kScreenSize, {1, 1}), (PixelRect{959, 539, 960, 540}));
 }
@@ -46,11 +46,11 @@ TEST(CenteredOnScreenTest, FillsTheScreenExactly) {
     EXPECT_EQ(CenteredOnScreen(kScreenSize, kScreenSize), (PixelRect{0, 0, 1920, 1080}));
 }
 
-TEST(CenteredOnScreenTest, LetsALargePictureOverhangOnBothSides) {
+TEST(CenteredOnScreenTest, ALargePictureOverhangsOnBothSides) {
     EXPECT_EQ(CenteredOnScreen(kScreenSize, {3000, 2000}), (PixelRect{-540, -460, 2460, 1540}));
 }
 
-TEST(CenteredOnScreenTest, CutsAnOddOverhangTowardsZero) {
+TEST(CenteredOnScreenTest, TruncatesAnOddOverhangTowardsZero) {
     EXPECT_EQ(CenteredOnScreen(kScreenSize, {1921, 1083}), (PixelRect{0, -1, 1921, 1082}));
 }
 
@@ -68,7 +68,7 @@ TEST(CenteredOnScreenTest, DoesNotOverflowWithTheLargestSizes) {
 
 constexpr PixelRect kPlace{10, 40, 200, 80};
 
-TEST(TextRoomTest, ATextThatFitsStaysWhereItIs) {
+TEST(TextRoomTest, ATextThatFitsKeepsItsPlace) {
     EXPECT_EQ(MakeRoom(kPlace, 13, 30, 90), kPlace);
     EXPECT_EQ(MakeRoom(kPlace, 40, 30, 90), kPlace);
 }

@@ -58,7 +58,7 @@ TEST_F(HyperLinkTest, EnteringAndLeavingTheLinkRepaints) {
     EXPECT_TRUE(repaints(WM_MOUSEMOVE, over));
 }
 
-TEST_F(HyperLinkTest, AClickInsideTheLinkActivatesAndTakesTheFocus) {
+TEST_F(HyperLinkTest, AClickInsideTheLinkActivatesAndSetsTheFocus) {
     link_.SetMode(HyperLink::Mode::CommandParent);
     const HWND control = AttachTo(kAddress);
     const POINT inside = MiddleOf(link_.linkRect());
@@ -115,7 +115,7 @@ TEST_F(HyperLinkTest, AsksForCharactersAndForTheEnterKey) {
               DLGC_WANTCHARS | DLGC_WANTMESSAGE);
 }
 
-// Wine keeps no UI state, so what Windows would answer about it is answered here.
+// Wine keeps no UI state, so the test returns what Windows would.
 LRESULT gUiState = 0;
 WNDPROC gStaticProc = nullptr;
 
@@ -158,7 +158,7 @@ TEST_F(HyperLinkTest, TheFocusRectangleFollowsTheFocusAndTheUiState) {
     EXPECT_FALSE(hasFrame());
 }
 
-TEST_F(HyperLinkTest, TheParentIsNotifiedWhenItAsksForThat) {
+TEST_F(HyperLinkTest, TheParentIsNotifiedInItsMode) {
     link_.SetMode(HyperLink::Mode::NotifyParent);
     const HWND control = AttachTo(kAddress);
     Click(control, MiddleOf(link_.linkRect()));
@@ -177,7 +177,7 @@ TEST_F(HyperLinkTest, InTheParentsModesTheLabelIsNotAnAddress) {
     EXPECT_EQ(ContentsOf(link_.toolTip()).count, 1);
 }
 
-TEST_F(HyperLinkTest, AParentMayDestroyTheLinkWhenItIsTold) {
+TEST_F(HyperLinkTest, AParentMayDestroyTheLinkDuringTheNotification) {
     link_.SetMode(HyperLink::Mode::CommandParent);
     const HWND control = AttachTo(kAddress);
     parent_.DestroyOnCommand(control);
@@ -194,7 +194,7 @@ TEST_F(HyperLinkTest, AClickOpensTheAddressAndTheLinkIsVisitedFromThenOn) {
     Click(control, MiddleOf(link_.linkRect()));
     EXPECT_TRUE(handler.WasRun());
     EXPECT_TRUE(link_.visited());
-    SetFocus(parent_.window());  // the focus rectangle lies over the underline
+    SetFocus(parent_.window());  // the focus rectangle is drawn over the underline
     EXPECT_TRUE(PictureOf(control).HasUnderline(link_.linkRect(), kPurple));
     EXPECT_THAT(parent_.commands(), IsEmpty());
     EXPECT_THAT(parent_.notifications(), IsEmpty());

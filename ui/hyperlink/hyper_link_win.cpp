@@ -69,7 +69,7 @@ void HyperLink::ReadLabel() {
 void HyperLink::Detach() {
     if (!attached()) return;
     RemovePropW(window_, kObjectProperty);
-    // A later subclass stays in the chain and goes on calling this procedure.
+    // A later subclass stays in the chain and continues to call this procedure.
     if (GetWindowLongPtrW(window_, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&WindowProc))
         SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(previousProc_));
     window_ = nullptr;

@@ -13,7 +13,7 @@ namespace {
 
 using testing::IsEmpty;
 
-TEST_F(HyperLinkTest, ATextWithoutMarkUpIsALinkAsAWholeAndItsOwnAddress) {
+TEST_F(HyperLinkTest, ATextWithoutMarkUpIsALinkToItself) {
     const HWND control = AttachTo(kAddress);
     EXPECT_EQ(link_.url(), kAddress);
     EXPECT_EQ(link_.linkRect().left, 0);
@@ -46,7 +46,7 @@ TEST_F(HyperLinkTest, NothingIsAttachedToNoWindowOrTwice) {
     EXPECT_FALSE(second.Attach(control));
 }
 
-TEST_F(HyperLinkTest, APictureControlKeepsItsOwnPaintingAndIsALinkAllOver) {
+TEST_F(HyperLinkTest, APictureControlPaintsItselfAndIsALinkEntirely) {
     link_.SetUrl(kAddress);
     const HWND control = AttachTo(L"", SS_BLACKRECT);
     EXPECT_EQ(link_.linkRect(), (PixelRect{0, 0, kLinkWidth, kLinkHeight}));
@@ -54,7 +54,7 @@ TEST_F(HyperLinkTest, APictureControlKeepsItsOwnPaintingAndIsALinkAllOver) {
     EXPECT_EQ(picture.Count(kBlue), 0);
 }
 
-TEST_F(HyperLinkTest, ATextLongerThanAnyBufferIsReadWhole) {
+TEST_F(HyperLinkTest, ATextLongerThanAnyBufferIsReadCompletely) {
     const std::wstring text(5000, L'x');
     AttachTo(text.c_str());
     EXPECT_EQ(link_.url(), text);
@@ -64,12 +64,12 @@ TEST_F(HyperLinkTest, TheLinkIsUnderlinedInTheLinkColour) {
     const HWND control = AttachTo(kAddress);
     const Picture picture = PictureOf(control);
     EXPECT_TRUE(picture.HasUnderline(link_.linkRect(), kBlue));
-    // The parent's brush is behind it, up to the corners.
+    // The parent's brush is visible around it, up to the corners.
     EXPECT_EQ(picture.At(kLinkWidth - 1, kLinkHeight - 1), kParentColor);
     EXPECT_EQ(picture.At(0, kLinkHeight - 1), kParentColor);
 }
 
-TEST_F(HyperLinkTest, OnTheScreenItLooksTheSame) {
+TEST_F(HyperLinkTest, TheScreenShowsTheSamePixels) {
     const HWND control = AttachTo(kAddress);
     UpdateWindow(control);
     const Picture screen = ScreenOf(control);
@@ -106,7 +106,7 @@ TEST_F(HyperLinkTest, TheControlsStyleAlignsTheLink) {
     EXPECT_EQ(right.linkRect().right, kLinkWidth);
 }
 
-TEST_F(HyperLinkTest, ALongTextIsBrokenAtWordsUnlessItIsToStayOnOneLine) {
+TEST_F(HyperLinkTest, ALongTextIsBrokenAtWordsUnlessItIsASingleLine) {
     const wchar_t* const text = L"several words that do not fit beside each other in this control";
     AttachTo(text);
     EXPECT_LE(link_.linkRect().right, kLinkWidth);
@@ -117,7 +117,7 @@ TEST_F(HyperLinkTest, ALongTextIsBrokenAtWordsUnlessItIsToStayOnOneLine) {
     EXPECT_LT(single.linkRect().bottom, link_.linkRect().bottom);
 }
 
-TEST_F(HyperLinkTest, ErasingIsAnsweredAndErasesNothing) {
+TEST_F(HyperLinkTest, ErasingIsHandledWithoutAnEffect) {
     const HWND control = AttachTo(kAddress);
     Picture picture;
     SetPixel(picture.dc(), 3, 3, RGB(1, 200, 3));
@@ -126,7 +126,7 @@ TEST_F(HyperLinkTest, ErasingIsAnsweredAndErasesNothing) {
     EXPECT_EQ(picture.Count(RGB(0, 0, 0)), kLinkWidth * kLinkHeight - 1);
 }
 
-TEST_F(HyperLinkTest, AnotherFontOrSizeLaysTheLinkOutAnew) {
+TEST_F(HyperLinkTest, AnotherFontOrSizeChangesTheLayout) {
     const HWND control = AttachTo(kAddress);
     const PixelRect before = link_.linkRect();
     LOGFONTW description{};
@@ -174,7 +174,7 @@ TEST_F(HyperLinkTest, ANewAddressOfALinkWithoutLabelIsLaidOut) {
     EXPECT_EQ(ContentsOf(link_.toolTip()).area, link_.linkRect());
 }
 
-TEST_F(HyperLinkTest, TheControlTakesFontsAndToolTipWithIt) {
+TEST_F(HyperLinkTest, DestroyingTheControlReleasesFontsAndToolTip) {
     const HWND control = AttachTo(kAddress);
     const HWND toolTip = link_.toolTip().windowHandle();
     ASSERT_TRUE(IsWindow(toolTip));
@@ -184,7 +184,7 @@ TEST_F(HyperLinkTest, TheControlTakesFontsAndToolTipWithIt) {
     EXPECT_EQ(link_.url(), L"");
 }
 
-TEST_F(HyperLinkTest, ADestroyedLinkLeavesTheControlAsItWas) {
+TEST_F(HyperLinkTest, DestroyingTheLinkRestoresTheControl) {
     const HWND control = parent_.AddStatic(kAddress, SS_LEFT);
     const LONG_PTR before = GetWindowLongPtrW(control, GWLP_WNDPROC);
     {
@@ -198,7 +198,7 @@ TEST_F(HyperLinkTest, ADestroyedLinkLeavesTheControlAsItWas) {
     EXPECT_TRUE(again.Attach(control));
 }
 
-TEST_F(HyperLinkTest, AttachedAnewItIsUnvisited) {
+TEST_F(HyperLinkTest, AfterASecondAttachItIsUnvisited) {
     const UrlHandler handler(L"tarn-again");
     const HWND first = AttachTo(L"tarn-again:x");
     SendMessageW(first, WM_CHAR, L' ', 0);
@@ -208,15 +208,15 @@ TEST_F(HyperLinkTest, AttachedAnewItIsUnvisited) {
     EXPECT_FALSE(link_.visited());
 }
 
-TEST_F(HyperLinkTest, AttachedAnewItDrawsTextAgain) {
-    // A frame shows no text, so the link leaves the painting to the control.
+TEST_F(HyperLinkTest, AfterASecondAttachItDrawsText) {
+    // A frame shows no text, so the control paints itself.
     DestroyWindow(AttachTo(L"", SS_ETCHEDFRAME));
     EXPECT_TRUE(link_.Attach(parent_.AddStatic(L"A <A>link</A>", SS_CENTER)));
     EXPECT_LT(link_.linkRect().width(), kLinkWidth);
     EXPECT_GT(link_.linkRect().left, 0);
 }
 
-TEST_F(HyperLinkTest, AttachedAnewItTakesNoticeOfTheMouseAgain) {
+TEST_F(HyperLinkTest, AfterASecondAttachItReactsToTheMouse) {
     const HWND first = AttachTo(kAddress);
     const PixelRect& link = link_.linkRect();
     const LPARAM over = MAKELPARAM(link.left + 1, link.top + 1);
@@ -230,7 +230,7 @@ TEST_F(HyperLinkTest, AttachedAnewItTakesNoticeOfTheMouseAgain) {
     EXPECT_TRUE(GetUpdateRect(second, nullptr, FALSE));
 }
 
-TEST_F(HyperLinkTest, ManyLinksLeaveNothingBehind) {
+TEST_F(HyperLinkTest, ManyLinksLeakNothing) {
     const auto oneLife = [&] {
         HyperLink link;
         const HWND control = parent_.AddStatic(kAddress, SS_LEFT);
@@ -239,7 +239,7 @@ TEST_F(HyperLinkTest, ManyLinksLeaveNothingBehind) {
         DestroyWindow(control);
     };
     oneLife();
-    // Wine answers 0; there it is the tests of the fonts and the tooltip that find a leak.
+    // Wine returns 0; there the tests of the fonts and the tooltip detect a leak.
     const DWORD gdiBefore = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
     const DWORD userBefore = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
     for (int life = 0; life < 200; ++life) oneLife();

@@ -50,7 +50,7 @@ TEST(LinkColorTest, AThirdCommaEndsTheThirdNumber) {
     EXPECT_EQ(ParseLinkColor(L"1,2,3,4"), 0x030201u);
 }
 
-TEST(LinkColorTest, OnlyBlueIsCutToEightBits) {
+TEST(LinkColorTest, OnlyBlueIsMaskedToEightBits) {
     EXPECT_EQ(ParseLinkColor(L"0,0,256"), 0x000000u);
     EXPECT_EQ(ParseLinkColor(L"0,0,257"), 0x010000u);
     EXPECT_EQ(ParseLinkColor(L"256,0,0"), 0x000100u);
@@ -61,7 +61,7 @@ TEST(LinkColorTest, OnlyBlueIsCutToEightBits) {
     EXPECT_EQ(ParseLinkColor(L"0,-1,0"), 0xFFFFFF00u);
 }
 
-TEST(LinkColorTest, NumbersTooLargeAreHeldAtTheLimit) {
+TEST(LinkColorTest, NumbersOutOfRangeBecomeTheLimit) {
     EXPECT_EQ(ParseLinkColor(L"99999999999999999999,0,0"), 0x7FFFFFFFu);
     EXPECT_EQ(ParseLinkColor(L"-99999999999999999999,0,0"), 0x80000000u);
     EXPECT_EQ(ParseLinkColor(L"2147483648,0,0"), 0x7FFFFFFFu);
@@ -71,11 +71,11 @@ TEST(LinkColorTest, NumbersTooLargeAreHeldAtTheLimit) {
 TEST(LinkColorTest, ARegistryTextIsRead) {
     EXPECT_EQ(LinkColorOfValue(kText, Utf16(std::string("255,0,0\0", 8))), 0x0000FFu);
     EXPECT_EQ(LinkColorOfValue(kExpandableText, Utf16(std::string("0,255,0\0", 8))), 0x00FF00u);
-    // What stands behind a terminator is not part of the text.
+    // The text ends at the terminator.
     EXPECT_EQ(LinkColorOfValue(kText, Utf16(std::string("1,2,3\0,9\0", 9))), 0x030201u);
 }
 
-TEST(LinkColorTest, ACommaBehindATerminatorDoesNotCompleteTheText) {
+TEST(LinkColorTest, ACommaAfterATerminatorDoesNotCompleteTheText) {
     EXPECT_EQ(LinkColorOfValue(kText, Utf16(std::string("1,2\0,3\0", 7))), std::nullopt);
 }
 
@@ -94,7 +94,7 @@ TEST(LinkColorTest, BothBytesOfACharacterCount) {
     EXPECT_EQ(LinkColorOfValue(kText, data), 0x030200u);
 }
 
-TEST(LinkColorTest, ARegistryValueOfAnotherFormIsNot) {
+TEST(LinkColorTest, ARegistryValueOfAnotherFormIsRejected) {
     EXPECT_EQ(LinkColorOfValue(kBinary, Utf16(std::string("255,0,0\0", 8))), std::nullopt);
     EXPECT_EQ(LinkColorOfValue(0, Utf16(std::string("255,0,0\0", 8))), std::nullopt);
     EXPECT_EQ(LinkColorOfValue(kText, Utf16("255,0,0")), std::nullopt);

@@ -17,7 +17,7 @@ class BrowserColorsTest : public testing::Test {
     void TearDown() override { ClearBrowserColors(); }
 };
 
-TEST_F(BrowserColorsTest, AColourInAWrongFormLeavesTheDefault) {
+TEST_F(BrowserColorsTest, AnInvalidColourLeavesTheDefault) {
     const struct {
         DWORD type;
         std::wstring value;
@@ -27,7 +27,7 @@ TEST_F(BrowserColorsTest, AColourInAWrongFormLeavesTheDefault) {
         {REG_SZ, L"red"},
         {REG_BINARY, L"255,0,0"},
         {REG_MULTI_SZ, L"255,0,0"},
-        {REG_SZ, L"255,0,000000"},  // a terminator more than the buffer holds
+        {REG_SZ, L"255,0,000000"},  // one character longer than the buffer
     };
     for (const auto& [type, value] : wrong) {
         SetBrowserColor(L"Anchor Color", type, value);

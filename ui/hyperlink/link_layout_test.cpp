@@ -13,7 +13,7 @@ void ExpectPieces(std::wstring_view text, std::wstring_view prefix, std::wstring
     EXPECT_EQ(label.suffix, suffix);
 }
 
-TEST(LinkMarkupTest, ATextWithoutMarkUpIsALinkAsAWhole) {
+TEST(LinkMarkupTest, ATextWithoutMarkUpIsALinkEntirely) {
     ExpectPieces(L"http://example.com/", L"", L"http://example.com/", L"");
     ExpectPieces(L"", L"", L"", L"");
 }
@@ -24,7 +24,7 @@ TEST(LinkMarkupTest, TheMarkedWordIsTheLink) {
     ExpectPieces(L"Get <A>Java</A> now", L"Get ", L"Java", L" now");
 }
 
-TEST(LinkMarkupTest, LetterCaseOfTheMarksDoesNotCount) {
+TEST(LinkMarkupTest, TheMarksAreCaseInsensitive) {
     ExpectPieces(L"Get <a>Java</a>", L"Get ", L"Java", L"");
     ExpectPieces(L"Get <a>Java</A>.", L"Get ", L"Java", L".");
 }
@@ -45,7 +45,7 @@ TEST(LinkMarkupTest, AClosingMarkBeforeTheOpeningOneIsPlainText) {
     ExpectPieces(L"x</A>", L"", L"x</A>", L"");
 }
 
-TEST(LinkMarkupTest, NearlyMarksArePlainText) {
+TEST(LinkMarkupTest, IncompleteMarksArePlainText) {
     ExpectPieces(L"<A <B> < A> <A href>", L"", L"<A <B> < A> <A href>", L"");
     ExpectPieces(L"<", L"", L"<", L"");
     ExpectPieces(L"<A", L"", L"<A", L"");
@@ -56,7 +56,7 @@ TEST(LinkLayoutTest, TheStaticsStyleSetsTheAlignment) {
     EXPECT_EQ(LinkAlignmentOf(0x50000001), LinkAlignment::Center);
     EXPECT_EQ(LinkAlignmentOf(0x50000002), LinkAlignment::Right);
     EXPECT_EQ(LinkAlignmentOf(0x5000000C), LinkAlignment::Left);
-    // "No prefix" and "notify" stand beside the kind.
+    // SS_NOPREFIX and SS_NOTIFY are bits beside the kind.
     EXPECT_EQ(LinkAlignmentOf(0x50000181), LinkAlignment::Center);
 }
 
@@ -88,7 +88,7 @@ TEST(LinkLayoutTest, TheLinkFollowsThePrefixAndTheSuffixFollowsTheLink) {
     EXPECT_EQ(right.suffix, (PixelRect{70, 0, 100, 13}));
 }
 
-TEST(LinkLayoutTest, WhatIsTooWideBeginsAtTheLeftEdge) {
+TEST(LinkLayoutTest, ATextThatIsTooWideBeginsAtTheLeftEdge) {
     for (const LinkAlignment alignment :
          {LinkAlignment::Left, LinkAlignment::Center, LinkAlignment::Right})
         EXPECT_EQ(LayOutLink(30, alignment, {}, {40, 13}, {}).link, (PixelRect{0, 0, 40, 13}));

@@ -5,7 +5,7 @@
 namespace tarn {
 namespace {
 
-TEST(LinkFontsTest, ThePlainFontIsTheOwnersAndTheOtherItsUnderlinedCopy) {
+TEST(LinkFontsTest, ThePlainFontIsTheOwnersAndTheLinksItsUnderlinedCopy) {
     const auto owners = static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
     LinkFonts fonts;
     fonts.Use(owners);
@@ -38,7 +38,7 @@ TEST(LinkFontsTest, WithoutAnOwnersFontThatOfIconTitlesIsCopied) {
     EXPECT_EQ(fonts.link(), GetStockObject(SYSTEM_FONT));
 }
 
-TEST(LinkFontsTest, TheOwnersFontIsLeftToItsOwner) {
+TEST(LinkFontsTest, TheOwnersFontIsNotDeleted) {
     LOGFONTW description{};
     const HFONT owners = CreateFontIndirectW(&description);
     {

@@ -11,7 +11,7 @@ namespace tarn {
 /// Reports failures to the user, in message boxes with the error icon and an OK button
 /// (`MessageBoxW`). Each operation waits until the user has closed the box and returns the button
 /// that closed it, or 0 when there is not enough memory for the text: no box is then shown, and the
-/// caller goes on as if the user had closed it. Usable on any thread.
+/// caller continues as if the user had closed it. Usable on any thread.
 class ErrorReporter {
   public:
     /// The boxes have no owner, and thus a taskbar button of their own.

@@ -10,7 +10,7 @@
 namespace tarn {
 
 /// Loads an entry of the executable's string table, of any length (`LoadStringW`). An entry that
-/// does not exist gives an empty text.
+/// does not exist is an empty text.
 std::wstring LoadMessageText(unsigned id);
 
 /// The text of an error box, in UTF-16. `std::wstring` ends the process when an allocation fails;
@@ -18,9 +18,9 @@ std::wstring LoadMessageText(unsigned id);
 /// report keeps its own result.
 class MessageText {
   public:
-    /// No text. As a caption it stands for the default one of Windows.
+    /// No text. As a caption it means Windows' default one.
     MessageText() = default;
-    /// Loads an entry of the string table, as `LoadMessageText` does; 0 stands for no text.
+    /// Loads an entry of the string table, as `LoadMessageText` does; 0 means no text.
     MessageText(unsigned id);
     MessageText(std::wstring_view text);
     /// Fills the places of `format` with `values`, as `FormatText` does.

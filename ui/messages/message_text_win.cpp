@@ -47,7 +47,7 @@ MessageText::~MessageText() {
     std::free(characters_);
 }
 
-// Replaces what the text holds by `size` characters of unknown content.
+// Replaces the contents by `size` characters of unknown value.
 bool MessageText::Reserve(std::size_t size) {
     std::free(characters_);
     characters_ = static_cast<wchar_t*>(std::malloc(size * sizeof(wchar_t)));

@@ -5,7 +5,7 @@
 namespace tarn {
 namespace {
 
-TEST(MessageTextTest, HoldsTheExactTexts) {
+TEST(MessageTextTest, ContainsTheExactTexts) {
     EXPECT_EQ(LoadMessageText(202), L"Windows exception: %s (errno = %d).\n");
     EXPECT_EQ(LoadMessageText(203), L"JNI exception: %s\nReason: %s.\n");
     EXPECT_EQ(LoadMessageText(204), L"COM error: %s (errno = %d).\n");
@@ -41,7 +41,7 @@ TEST(MessageTextTest, HoldsTheExactTexts) {
     EXPECT_EQ(LoadMessageText(230), L"invalid arguments");
 }
 
-TEST(MessageTextTest, AnUnknownNumberGivesAnEmptyText) {
+TEST(MessageTextTest, AnUnknownNumberIsAnEmptyText) {
     EXPECT_EQ(LoadMessageText(201), L"");
     EXPECT_EQ(LoadMessageText(231), L"");
 }

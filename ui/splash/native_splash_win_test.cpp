@@ -17,7 +17,8 @@ class NativeSplashTest : public testing::Test {
         CreateDirectoryW(bin_.c_str(), nullptr);
     }
     ~NativeSplashTest() override {
-        // The library stays loaded, so it is unloaded here for its file to go.
+        // The launcher does not unload the library, so the test does, because its file must be
+        // deleted.
         if (const HMODULE library = GetModuleHandleW(L"splashscreen.dll")) FreeLibrary(library);
         DeleteFileW((bin_ + L"\\splashscreen.dll").c_str());
         RemoveDirectoryW(bin_.c_str());
@@ -38,12 +39,12 @@ class NativeSplashTest : public testing::Test {
     OneShotAction action_;
 };
 
-TEST_F(NativeSplashTest, IsNotThereWithoutALibrary) {
+TEST_F(NativeSplashTest, IsMissingWithoutALibrary) {
     EXPECT_FALSE(Start(true));
     EXPECT_EQ(action_.held(), nullptr);
 }
 
-TEST_F(NativeSplashTest, IsNotThereForALibraryPathWithoutFolders) {
+TEST_F(NativeSplashTest, IsMissingForALibraryPathWithoutFolders) {
     EXPECT_FALSE(StartNativeSplash(L"picture.png", true, L"jvm.dll", action_));
 }
 
@@ -53,14 +54,14 @@ TEST_F(NativeSplashTest, IsNotLoadedUnlessWanted) {
     EXPECT_EQ(GetModuleHandleW(L"splashscreen.dll"), nullptr);
 }
 
-TEST_F(NativeSplashTest, DoesWithoutALibraryThatLacksTheEntryPoints) {
+TEST_F(NativeSplashTest, IgnoresALibraryThatLacksTheEntryPoints) {
     AddLibraryWithoutEntryPoints();
     EXPECT_FALSE(Start(true));
     EXPECT_NE(GetModuleHandleW(L"splashscreen.dll"), nullptr);
     EXPECT_EQ(action_.held(), nullptr);
 }
 
-TEST_F(NativeSplashTest, DoesWithoutALibraryThatCannotBeLoaded) {
+TEST_F(NativeSplashTest, IgnoresALibraryThatCannotBeLoaded) {
     const std::wstring text = bin_ + L"\\splashscreen.dll";
     ASSERT_TRUE(WritePrivateProfileStringW(L"not", L"a", L"library", text.c_str()));
     EXPECT_FALSE(Start(true));

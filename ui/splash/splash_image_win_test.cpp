@@ -42,14 +42,14 @@ TEST_F(PictureTest, CanBeDrawnInPart) {
     EXPECT_EQ(PixelOf(bitmap, 2, 1), TestPicture::PixelAt(3, 2));
 }
 
-TEST_F(PictureTest, LeavesOutTheKeyColorOnly) {
+TEST_F(PictureTest, OmitsTheKeyColorOnly) {
     const COLORREF key = TestPicture::PixelAt(2, 1);
     const UniqueBitmap bitmap = RenderForScreen({.image = image_.get(), .colorKey = &key});
     EXPECT_EQ(PixelOf(bitmap, 2, 1), RGB(0, 0, 0));
     EXPECT_EQ(PixelOf(bitmap, 1, 1), TestPicture::PixelAt(1, 1));
 }
 
-TEST(DecodeImageTest, GivesNothingForWhatIsNoPicture) {
+TEST(DecodeImageTest, ReturnsNullForAnInvalidPicture) {
     for (const wchar_t* path : {L"", L"Z:\\no\\such\\picture.png", L"C:\\windows", L"NUL",
                                 L"C:\\windows\\system32\\gdiplus.dll"}) {
         const UniqueGpImage image = DecodeImage(path);

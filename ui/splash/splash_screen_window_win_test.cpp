@@ -99,7 +99,7 @@ TEST_F(SplashScreenWindowTest, IsAPlainHiddenPopupWithoutTaskbarButton) {
               GetModuleHandleW(nullptr));
 }
 
-TEST_F(SplashScreenWindowTest, IsAsLargeAsThePictureInTheMiddleOfTheScreen) {
+TEST_F(SplashScreenWindowTest, HasThePicturesSizeInTheMiddleOfTheScreen) {
     const HWND handle = window_.Create(picture_.path(), false);
     RECT place{};
     ASSERT_TRUE(GetWindowRect(handle, &place));
@@ -125,7 +125,7 @@ TEST_F(SplashScreenWindowTest, ReportsItsBackgroundAsErased) {
     EXPECT_EQ(SendMessageW(handle, WM_ERASEBKGND, 0, 0), 1);
 }
 
-TEST_F(SplashScreenWindowTest, PaintingLeavesNothingToPaint) {
+TEST_F(SplashScreenWindowTest, PaintingValidatesTheWindow) {
     const HWND handle = window_.Create(picture_.path(), false);
     ShowWindow(handle, SW_SHOWNORMAL);
     InvalidateRect(handle, nullptr, FALSE);

@@ -10,7 +10,7 @@
 namespace tarn {
 namespace {
 
-// Settings beside the test program, as those of a launcher lie beside it.
+// Settings beside the test program, as a launcher has them.
 class SplashTest : public testing::Test {
   protected:
     ~SplashTest() override { settings_.Remove(); }
@@ -38,7 +38,7 @@ TEST_F(SplashTest, ShowsNothingWithoutAPicture) {
     EXPECT_EQ(splash.splashWindowHandle.load(), nullptr);
 }
 
-TEST_F(SplashTest, KeepsTheHandleOfTheWindowThatWas) {
+TEST_F(SplashTest, KeepsTheHandleOfTheDestroyedWindow) {
     ShowPicture(picture_.path());
     Splash splash;
     EXPECT_TRUE(Show(splash));
@@ -48,12 +48,12 @@ TEST_F(SplashTest, KeepsTheHandleOfTheWindowThatWas) {
     splash.CloseSplash();
     EXPECT_FALSE(IsWindow(window));
     EXPECT_EQ(splash.splashWindowHandle.load(), window);
-    splash.CloseSplash();  // a second time nothing is left to do
+    splash.CloseSplash();  // the second call does nothing
     EXPECT_EQ(splash.splashWindowHandle.load(), window);
 }
 
-// Mostly before the thread has a queue for the quit message.
-TEST_F(SplashTest, MayBeClosedAtOnceAnyNumberOfTimes) {
+// In most rounds the thread has no queue for the quit message yet.
+TEST_F(SplashTest, MayBeClosedImmediatelyAnyNumberOfTimes) {
     ShowPicture(picture_.path());
     for (int i = 0; i < 100; ++i) {
         Splash splash;
