@@ -6,7 +6,6 @@
 
 namespace tarn {
 
-// The rules are fixed: docs/developer/compatibility.md.
 std::vector<std::wstring> SplitArguments(std::wstring_view text) {
     constexpr auto npos = std::wstring_view::npos;
     std::vector<std::wstring> arguments;

@@ -11,7 +11,7 @@ namespace tarn {
 /// quote extends to the next double quote, or to the end of the text; the quotes are removed, and
 /// the text after the closing quote begins a new argument. Any other argument extends to the next
 /// space, including quotes inside it. There is no escape character. Two adjacent quotes are an
-/// empty argument.
+/// empty argument. The rules are fixed: docs/developer/compatibility.md.
 std::vector<std::wstring> SplitArguments(std::wstring_view text);
 
 /// Returns the arguments of a process's command line, without the first token, which is the path of

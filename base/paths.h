@@ -19,8 +19,9 @@ bool FileExists(const std::wstring& path);
 
 /// Returns the full path of the launcher's executable (`GetModuleFileNameW`), or of the program
 /// that replaces it (`base/program.h`). Returns nothing, with the last error set, when the path
-/// cannot be read or has 260 or more characters: settings file, instance name and class path are
-/// derived from this path, and a truncated one would name foreign files.
+/// cannot be read or has 260 or more characters (docs/developer/compatibility.md): settings file,
+/// instance name and class path are derived from this path, and a truncated one would name other
+/// files.
 std::optional<std::wstring> ModulePath();
 
 /// Returns the folder of the executable, up to and including the last backslash.

@@ -1,10 +1,9 @@
 #include "bench/bench_case.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <stdexcept>
-
-#include "bench/statistics.h"
 
 namespace tarn::bench {
 
@@ -15,6 +14,29 @@ constexpr int kTries = 3;         // on a busy machine Wine now and then loses a
 
 // readings[contender][quantity]: the readings in the order of the rounds.
 using Readings = std::vector<std::vector<std::vector<double>>>;
+
+// Medians and quartiles, because start-up times have a long tail on one side.
+struct Summary {
+    double best = 0;  // the smallest, which background load affects least
+    double median = 0;
+    double lowerQuartile = 0;
+    double upperQuartile = 0;
+};
+
+// Interpolates linearly between the two nearest readings.
+double Quantile(const std::vector<double>& sorted, double share) {
+    const double place = share * static_cast<double>(sorted.size() - 1);
+    const auto below = static_cast<std::size_t>(std::floor(place));
+    const auto above = static_cast<std::size_t>(std::ceil(place));
+    return sorted[below] + (sorted[above] - sorted[below]) * (place - std::floor(place));
+}
+
+// Of at least one reading.
+Summary Summarize(std::vector<double> readings) {
+    std::sort(readings.begin(), readings.end());
+    return {readings.front(), Quantile(readings, 0.5), Quantile(readings, 0.25),
+            Quantile(readings, 0.75)};
+}
 
 Sample Run(const Contender& contender) {
     for (int tries = 1;; ++tries) {

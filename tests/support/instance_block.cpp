@@ -52,10 +52,4 @@ std::u16string InstanceBlock::Arguments() const {
     return units;
 }
 
-void InstanceBlock::SetArguments(std::u16string_view units) {
-    SetBytes(kArguments, std::string(kArgumentBytes, '\0'));
-    std::memcpy(static_cast<char*>(view_.get()) + kArguments, units.data(),
-                units.size() * sizeof(char16_t));
-}
-
 }  // namespace tarn::test

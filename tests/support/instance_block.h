@@ -39,7 +39,6 @@ class InstanceBlock {
 
     /// The argument area in UTF-16 units, without the trailing zeros.
     std::u16string Arguments() const;
-    void SetArguments(std::u16string_view units);
 
   private:
     explicit InstanceBlock(HANDLE mapping);

@@ -13,7 +13,8 @@ inline constexpr wchar_t kAddress[] = L"https://example.com/";
 inline constexpr COLORREF kBlue = RGB(0, 0, 255);
 inline constexpr COLORREF kPurple = RGB(128, 0, 128);
 
-class HyperLinkTest : public testing::Test {
+/// A parent window with a link, without link colours of the user.
+class HyperLinkFixture : public testing::Test {
   protected:
     void SetUp() override { ClearBrowserColors(); }
     void TearDown() override { ClearBrowserColors(); }

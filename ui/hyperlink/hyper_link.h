@@ -33,8 +33,6 @@ class HyperLink {
     void SetLabel(const std::wstring& label) { label_ = label; }
     /// The font of plain text, which the caller owns; by default that of icon titles.
     void SetFont(HFONT font) { ownersFont_ = font; }
-    /// The colours for a user who has set none for links.
-    void SetDefaultColors(const LinkColors& colors) { colors_ = colors; }
     void SetMode(Mode mode) { mode_ = mode; }
     void SetSingleLine(bool singleLine) { format_.singleLine = singleLine; }
 

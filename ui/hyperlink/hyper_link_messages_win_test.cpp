@@ -10,6 +10,8 @@
 namespace tarn {
 namespace {
 
+using HyperLinkTest = HyperLinkFixture;
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 

@@ -11,6 +11,8 @@
 namespace tarn {
 namespace {
 
+using HyperLinkTest = HyperLinkFixture;
+
 using testing::IsEmpty;
 
 TEST_F(HyperLinkTest, ATextWithoutMarkUpIsALinkToItself) {
