@@ -9,8 +9,8 @@ namespace tarn {
 /// Splits the setting "Class Path" at each ";". Empty entries are dropped.
 std::vector<std::wstring> ClassPathEntries(std::wstring_view text);
 
-/// Whether an entry is copied to the class path without a search on the disk: it is an absolute path
-/// and contains no "*".
+/// Whether an entry is copied to the class path without a search on the disk: it is an absolute
+/// path and contains no "*".
 bool IsLiteralEntry(std::wstring_view entry);
 
 /// The `FindFirstFileW` pattern of an entry that is not literal. A relative entry is joined to

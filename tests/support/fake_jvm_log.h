@@ -35,8 +35,8 @@ class FakeJvmLog {
     /// the closing "abort" and "exit".
     std::vector<std::string> Options() const;
 
-    /// The JNI calls and the calls of the VM's functions in order, without those that only check for
-    /// a pending exception, whose moment is the caller's choice.
+    /// The JNI calls and the calls of the VM's functions in order, without those that only check
+    /// for a pending exception, whose moment is the caller's choice.
     std::vector<std::string> Calls() const;
 
     /// The violations of JNI's rules.
