@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# Installs what building, running and testing require: scripts/setup.sh [demo|test]
+# Installs what building, running and testing require: scripts/setup.sh [demo|plugins|test]
 #
-# "demo" installs what building and running the sample takes, "test" (the default) everything. For
-# Debian 12 and 13 and Ubuntu 24.04, as root or with sudo. On other systems it lists what is missing
-# and installs nothing. When nothing is missing it only queries the package database.
+# "demo" installs what building and running the sample takes, "plugins" what building the Maven and
+# Gradle plugins takes, "test" (the default) everything. For Debian 12 and 13 and Ubuntu 24.04, as root
+# or with sudo. On other systems it lists what is missing and installs nothing. When nothing is missing
+# it only queries the package database.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 
@@ -21,8 +22,9 @@ run=(
     libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1 libgl1
     'libgnutls30t64|libgnutls30' fonts-liberation fonts-wine fonts-dejavu-core
 )
+plugins=(maven python3 ca-certificates)
 check=(
-    googletest git LLVM cppcheck shellcheck maven python3-pefile locales osslsigncode openssl curl
+    googletest git LLVM cppcheck shellcheck "${plugins[@]}" python3-pefile locales osslsigncode openssl curl
 )
 # The same as programs, for systems with other package names.
 build_programs=(
@@ -33,9 +35,11 @@ build_programs=(
     'g++: GCC 12 or newer for this machine, with CLI11, nlohmann-json and stb'
 )
 run_programs=('wine: Wine 8 or newer, 64-bit' 'Xvfb: Xvfb' 'import: ImageMagick' 'python3: Python 3.11 or newer with pip')
+plugins_programs=('mvn: Maven 3.8 or newer' 'python3: Python 3.11 or newer')
 check_programs=(
     'git: git' 'cppcheck: cppcheck' 'shellcheck: shellcheck' 'osslsigncode: osslsigncode'
-    'openssl: openssl' 'curl: curl' 'mvn: Maven' 'mvn: Maven'
+    'openssl: openssl' 'curl: curl'
+    "${plugins_programs[@]}"
 )
 
 case ${1:-test} in
@@ -43,11 +47,15 @@ case ${1:-test} in
         wanted=("${build[@]}" "${run[@]}")
         programs=("${build_programs[@]}" "${run_programs[@]}")
         ;;
+    plugins)
+        wanted=("${build[@]}" "${plugins[@]}")
+        programs=("${build_programs[@]}" "${plugins_programs[@]}")
+        ;;
     test)
         wanted=("${build[@]}" "${run[@]}" "${check[@]}")
         programs=("${build_programs[@]}" "${run_programs[@]}" "${check_programs[@]}")
         ;;
-    *) echo "usage: scripts/setup.sh [demo|test]" >&2; exit 2 ;;
+    *) echo "usage: scripts/setup.sh [demo|plugins|test]" >&2; exit 2 ;;
 esac
 
 toolchain() { "$TARN_ROOT/scripts/lib/toolchain.sh" "$@"; }

@@ -1,0 +1,241 @@
+package io.github.tarnlauncher.maven;
+
+import io.github.tarnlauncher.plugin.Companion;
+import io.github.tarnlauncher.plugin.CompanionRun;
+import io.github.tarnlauncher.plugin.PluginCache;
+import io.github.tarnlauncher.plugin.PluginException;
+import io.github.tarnlauncher.plugin.WrapRequest;
+import java.io.File;
+import java.io.IOException;
+import java.nio.file.Path;
+import java.util.Collection;
+import java.util.List;
+import java.util.stream.Collectors;
+import org.apache.maven.execution.MavenSession;
+import org.apache.maven.plugin.MojoExecutionException;
+import org.apache.maven.plugin.MojoFailureException;
+import org.apache.maven.plugins.annotations.Component;
+import org.apache.maven.plugins.annotations.LifecyclePhase;
+import org.apache.maven.plugins.annotations.Mojo;
+import org.apache.maven.plugins.annotations.Parameter;
+import org.apache.maven.plugins.annotations.ResolutionScope;
+import org.apache.maven.project.MavenProjectHelper;
+import org.eclipse.aether.RepositorySystem;
+
+/**
+ * Creates {@code target/tarn/NAME} with a Windows executable, its settings, the project's jar, the dependencies of scope
+ * runtime and, if wanted, a Java runtime. Runs on Linux, macOS and Windows. Nothing is done when nothing has changed.
+ */
+@Mojo(name = "wrap", defaultPhase = LifecyclePhase.PACKAGE, threadSafe = true,
+    requiresDependencyResolution = ResolutionScope.RUNTIME)
+public final class WrapMojo extends AbstractTarnMojo {
+    private static final String SHADE_PLUGIN = "org.apache.maven.plugins:maven-shade-plugin";
+    private static final String CLASSIFIER = "windows-x64";
+
+    @Parameter(defaultValue = "${session}", readonly = true, required = true)
+    private MavenSession session;
+
+    @Component
+    private RepositorySystem repositories;
+
+    @Component
+    private MavenProjectHelper projectHelper;
+
+    /** The application's jar. The default is the project's. */
+    @Parameter(property = "tarn.jar")
+    private File jar;
+
+    /** The main class. The default is that of the jar's manifest. */
+    @Parameter(property = "tarn.mainClass")
+    private String mainClass;
+
+    /** The icon: an .ico file, or a .png of 256 pixels or more. */
+    @Parameter(property = "tarn.icon")
+    private File icon;
+
+    /** The splash picture: PNG, GIF or JPEG. */
+    @Parameter(property = "tarn.splash")
+    private File splash;
+
+    /** Ignores the jar's own splash picture. */
+    @Parameter(property = "tarn.noSplash", defaultValue = "false")
+    private boolean noSplash;
+
+    /** A Java runtime for Windows that is shipped with the application. */
+    @Parameter(property = "tarn.runtime")
+    private File runtime;
+
+    /**
+     * Links the Java runtime that is shipped from a Windows JDK, instead of {@code runtime}:
+     * {@code <jlink><jmods>FOLDER</jmods><modules>...</modules><options>...</options></jlink>}. Without modules, those
+     * that {@code jdeps} finds are used.
+     */
+    @Parameter
+    private Jlink jlink;
+
+    /**
+     * Whether the dependencies of scope runtime are copied to {@code lib}. The default is true, unless the project uses
+     * the shade plugin, whose jar contains them.
+     */
+    @Parameter(property = "tarn.includeDependencies")
+    private Boolean includeDependencies;
+
+    /** Additional jars, or folders of jars, copied to {@code lib}. */
+    @Parameter
+    private List<File> classPath;
+
+    /** Additional files and folders, copied beside the executable. */
+    @Parameter
+    private List<File> add;
+
+    /** The application's version in the executable. */
+    @Parameter(property = "tarn.version", defaultValue = "${project.version}")
+    private String version;
+
+    /** The application's name that users see. */
+    @Parameter(property = "tarn.title", defaultValue = "${project.name}")
+    private String title;
+
+    /** The company's name. */
+    @Parameter(property = "tarn.vendor", defaultValue = "${project.organization.name}")
+    private String vendor;
+
+    /** The oldest Java version, or "any". The default is the one that the classes need. */
+    @Parameter(property = "tarn.minVersion")
+    private String minVersion;
+
+    /** The newest Java version. */
+    @Parameter(property = "tarn.maxVersion")
+    private String maxVersion;
+
+    /** JVM options. One with a space needs quotes: {@code "-Dgreeting=Good morning"}. */
+    @Parameter
+    private List<String> vmParameters;
+
+    /** Arguments that main always receives. */
+    @Parameter(property = "tarn.arguments")
+    private String arguments;
+
+    /** Hands the arguments of a second start to the running instance. */
+    @Parameter(property = "tarn.singleInstance", defaultValue = "false")
+    private boolean singleInstance;
+
+    /** When the process ends: {@code threads} (the default), {@code exit} or {@code main}. */
+    @Parameter(property = "tarn.endsWith")
+    private String endsWith;
+
+    /** Embeds the jar and the settings in the executable. */
+    @Parameter(property = "tarn.singleFile", defaultValue = "false")
+    private boolean singleFile;
+
+    /** Starts in the caller's directory instead of the application's folder. */
+    @Parameter(property = "tarn.keepWorkingDir", defaultValue = "false")
+    private boolean keepWorkingDir;
+
+    /** Other settings: {@code <setting>SECTION/KEY=VALUE</setting>}. */
+    @Parameter
+    private List<String> set;
+
+    /** Another launcher than the one that the plugin carries. */
+    @Parameter(property = "tarn.launcher")
+    private File launcher;
+
+    /** Attaches the folder as a zip artifact with the classifier {@code windows-x64}. */
+    @Parameter(property = "tarn.attach", defaultValue = "false")
+    private boolean attach;
+
+    /** Wraps the project's jar. */
+    @Override
+    public void execute() throws MojoExecutionException, MojoFailureException {
+        if (skip) {
+            getLog().info("skipped");
+            return;
+        }
+        try {
+            wrap();
+        } catch (IOException failure) {
+            throw new MojoExecutionException(Messages.of(failure), failure);
+        }
+    }
+
+    private void wrap() throws IOException, MojoFailureException {
+        Path application = applicationJar();
+        List<Path> libraries = libraries();
+        Path folder = outputDirectory.toPath().resolve(executableName());
+        Companion companion = Companion.unpackBelow(PluginCache.ofUser());
+        WrapRequest request = request(application, libraries, folder);
+        Jlink linked = jlink == null ? null : jlink.completed(session, application, libraries);
+        Fingerprint fingerprint = new Fingerprint(outputDirectory.toPath().resolve(executableName() + ".inputs"), folder);
+        fingerprint.addText(request.arguments());
+        fingerprint.addFiles(request.inputs());
+        fingerprint.addFiles(List.of(companion.program(), companion.program().resolveSibling("launcher.exe")));
+        if (linked != null) linked.describeTo(fingerprint);
+
+        if (fingerprint.isUnchanged()) {
+            getLog().info(folder + " is up to date");
+        } else {
+            if (linked != null) {
+                request.runtime(linked.link(outputDirectory.toPath().resolve(executableName() + ".runtime")));
+            }
+            run(companion, request);
+            fingerprint.store();
+            getLog().info("created " + folder);
+        }
+        if (attach) attachZip(folder);
+    }
+
+    private WrapRequest request(Path application, List<Path> libraries, Path folder) throws MojoFailureException {
+        if (runtime != null && jlink != null) {
+            throw new MojoFailureException("<runtime> and <jlink> exclude each other");
+        }
+        return new WrapRequest(application, folder).name(executableName()).mainClass(mainClass).icon(pathOf(icon))
+            .splash(pathOf(splash)).noSplash(noSplash).runtime(pathOf(runtime)).classPath(libraries)
+            .classPath(pathsOf(classPath)).add(pathsOf(add)).version(version).title(title).vendor(vendor)
+            .minVersion(minVersion).maxVersion(maxVersion).vmParameters(vmParameters).arguments(arguments)
+            .singleInstance(singleInstance).endsWith(endsWith).singleFile(singleFile).keepWorkingDir(keepWorkingDir)
+            .set(set).launcher(pathOf(launcher));
+    }
+
+    private void run(Companion companion, WrapRequest request) throws IOException, MojoFailureException {
+        CompanionRun run = companion.run(request.arguments(), project.getBasedir().toPath());
+        for (String warning : run.warnings("<", ">")) getLog().warn(warning);
+        if (run.exitCode() != 0) {
+            throw new MojoFailureException(run.failure("<", ">") + Messages.WHERE_TO_CONFIGURE);
+        }
+    }
+
+    private Path applicationJar() throws MojoFailureException {
+        File file = jar != null ? jar : project.getArtifact().getFile();
+        if (file == null) {
+            throw new MojoFailureException("the project has no jar yet: run the goal in the phase package or later "
+                + "(mvn package), or name a jar in <jar>" + Messages.WHERE_TO_CONFIGURE);
+        }
+        if (!file.isFile()) {
+            throw new MojoFailureException(file + " is no jar: <jar>" + Messages.WHERE_TO_CONFIGURE
+                + " names the application's, and the packaging of its project is jar");
+        }
+        return file.toPath();
+    }
+
+    private List<Path> libraries() throws PluginException {
+        boolean included =
+            includeDependencies != null ? includeDependencies : project.getPlugin(SHADE_PLUGIN) == null;
+        if (!included) return List.of();
+        return new RuntimeLibraries(repositories, session.getRepositorySession(), project, getLog()).files();
+    }
+
+    private void attachZip(Path folder) throws IOException {
+        Path zip = outputDirectory.toPath().resolve(
+            project.getArtifactId() + "-" + project.getVersion() + "-" + CLASSIFIER + ".zip");
+        ZipFolder.write(folder, zip);
+        projectHelper.attachArtifact(project, "zip", CLASSIFIER, zip.toFile());
+    }
+
+    private static Path pathOf(File file) {
+        return file == null ? null : file.toPath();
+    }
+
+    private static Collection<Path> pathsOf(List<File> files) {
+        return files == null ? List.of() : files.stream().map(File::toPath).collect(Collectors.toList());
+    }
+}

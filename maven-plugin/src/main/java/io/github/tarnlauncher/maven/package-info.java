@@ -1,0 +1,2 @@
+/** The goals of the Maven plugin. */
+package io.github.tarnlauncher.maven;

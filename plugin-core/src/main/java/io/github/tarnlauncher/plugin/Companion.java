@@ -1,0 +1,70 @@
+package io.github.tarnlauncher.plugin;
+
+import java.io.ByteArrayOutputStream;
+import java.io.IOException;
+import java.io.InputStream;
+import java.nio.charset.StandardCharsets;
+import java.nio.file.Path;
+import java.util.ArrayList;
+import java.util.List;
+import java.util.concurrent.CompletableFuture;
+
+/** The companion program {@code tarn}, which the plugins carry and run. */
+public final class Companion {
+    private final Path program;
+
+    private Companion(Path program) {
+        this.program = program;
+    }
+
+    /**
+     * Unpacks the program for this system below a folder, unless it is there.
+     *
+     * @param cache the folder, see {@link PluginCache}; it is created if it is missing
+     * @throws IOException if there is no program for this system, or the folder cannot be used
+     */
+    public static Companion unpackBelow(Path cache) throws IOException {
+        return new Companion(new CompanionFiles(Platform.current()).unpackBelow(cache));
+    }
+
+    /** The executable file. */
+    public Path program() {
+        return program;
+    }
+
+    /**
+     * Runs a command to its end.
+     *
+     * @param arguments the arguments, the command first
+     * @param folder the current directory, to which relative paths refer
+     * @throws IOException if the program cannot be started, or the thread is interrupted
+     */
+    public CompanionRun run(List<String> arguments, Path folder) throws IOException {
+        List<String> command = new ArrayList<>();
+        command.add(program.toString());
+        command.addAll(arguments);
+        Process process = new ProcessBuilder(command).directory(folder.toFile()).start();
+        try {
+            process.getOutputStream().close();
+            CompletableFuture<String> errors = CompletableFuture.supplyAsync(() -> readAll(process.getErrorStream()));
+            String output = readAll(process.getInputStream());
+            return new CompanionRun(process.waitFor(), output, errors.join());
+        } catch (InterruptedException interruption) {
+            Thread.currentThread().interrupt();
+            throw new PluginException("interrupted while running " + program, interruption);
+        } finally {
+            process.destroy();
+        }
+    }
+
+    private static String readAll(InputStream stream) {
+        ByteArrayOutputStream content = new ByteArrayOutputStream();
+        try (stream) {
+            stream.transferTo(content);
+        } catch (IOException ended) {
+            // The process has ended; what it wrote until then is what there is.
+            return content.toString(StandardCharsets.UTF_8);
+        }
+        return content.toString(StandardCharsets.UTF_8);
+    }
+}

@@ -1,0 +1,18 @@
+package io.github.tarnlauncher.plugin;
+
+import java.io.IOException;
+
+/** The companion program cannot do what a build asks for. The message is one line for the build's user. */
+public final class PluginException extends IOException {
+    private static final long serialVersionUID = 1L;
+
+    /** Creates an exception with a message for the build's user. */
+    public PluginException(String message) {
+        super(message);
+    }
+
+    /** Creates an exception with a message for the build's user, and its cause. */
+    public PluginException(String message, Throwable cause) {
+        super(message, cause);
+    }
+}
