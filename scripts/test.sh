@@ -7,6 +7,7 @@
 #     windows-clang  the launcher and its unit tests that call Windows, built by clang
 #     executable   launcher.exe as a file: sections, imports, resources, reproducibility
 #     tools        the companion program, on this machine and under Wine
+#     plugins      the Maven and Gradle plugins in real builds, and what they build under Wine
 #     endtoend     launcher.exe with scripted and real Java runtimes under Wine
 #     fuzz         each fuzzer for ten seconds, or for TARN_FUZZ_SECONDS
 #     format       clang-format
@@ -33,11 +34,11 @@ case ${1:-} in
         ;;
 esac
 
-parts=(host host-clang windows windows-clang executable tools endtoend fuzz format lint)
+parts=(host host-clang windows windows-clang executable tools plugins endtoend fuzz format lint)
 [ $# -eq 0 ] || parts=("$@")
 for part in "${parts[@]}"; do
     declare -F "part_$part" >/dev/null || {
-        echo "no part '$part'; there are: host host-clang windows windows-clang executable tools endtoend fuzz format lint" >&2
+        echo "no part '$part'; there are: host host-clang windows windows-clang executable tools plugins endtoend fuzz format lint" >&2
         exit 2
     }
 done

@@ -187,6 +187,39 @@ part_tools() {
     python_tests tools env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
 }
 
+# The Maven and Gradle plugins: their unit tests, and real builds whose results are started under Wine.
+part_plugins() {
+    local report
+    "$TARN_PYTHON" scripts/fetch_runtimes.py 17 21 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
+    rm -rf build/plugins/*/surefire-reports
+    check "build of the plugins" 900 scripts/build_plugins.sh
+    for report in build/plugins/*/surefire-reports/TEST-*.xml; do
+        [ -f "$report" ] || { count_failure "plugins: no unit test ran"; return 0; }
+        count_unit_tests "$report"
+    done
+    [ -d dist/repository ] || return 0
+    python_tests plugins env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
+}
+
+# Counts the tests in a report of JUnit.
+count_unit_tests() {  # report
+    local outcome test
+    while read -r outcome test; do
+        case $outcome in
+            passed) count_pass ;;
+            *) count_failure "plugins: $test" ;;
+        esac
+    done < <("$TARN_PYTHON" - "$1" <<'PYTHON'
+import sys
+import xml.etree.ElementTree as ElementTree
+
+for case in ElementTree.parse(sys.argv[1]).getroot().iter("testcase"):
+    bad = any(case.find(kind) is not None for kind in ("failure", "error", "skipped"))
+    print("failed" if bad else "passed", f"{case.get('classname')}.{case.get('name')}")
+PYTHON
+)
+}
+
 # Each fuzzer counts as one test.
 part_fuzz() {
     build host-clang fuzzers || return 0

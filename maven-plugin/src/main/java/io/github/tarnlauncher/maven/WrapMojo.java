@@ -206,15 +206,14 @@ public final class WrapMojo extends AbstractTarnMojo {
 
     private Path applicationJar() throws MojoFailureException {
         File file = jar != null ? jar : project.getArtifact().getFile();
-        if (file == null) {
-            throw new MojoFailureException("the project has no jar yet: run the goal in the phase package or later "
-                + "(mvn package), or name a jar in <jar>" + Messages.WHERE_TO_CONFIGURE);
+        if (file != null && file.isFile()) return file.toPath();
+        if (jar != null) {
+            throw new MojoFailureException(jar + " does not exist: <jar>" + Messages.WHERE_TO_CONFIGURE
+                + " names the application's jar");
         }
-        if (!file.isFile()) {
-            throw new MojoFailureException(file + " is no jar: <jar>" + Messages.WHERE_TO_CONFIGURE
-                + " names the application's, and the packaging of its project is jar");
-        }
-        return file.toPath();
+        // Before the phase package it is null or the folder of classes.
+        throw new MojoFailureException("the project has no jar yet: run the goal in the phase package or later "
+            + "(mvn package), or name a jar in <jar>" + Messages.WHERE_TO_CONFIGURE);
     }
 
     private List<Path> libraries() throws PluginException {

@@ -1,0 +1,3 @@
+package nomain;
+
+public final class Library {}

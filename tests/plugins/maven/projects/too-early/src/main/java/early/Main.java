@@ -1,0 +1,7 @@
+package early;
+
+public final class Main {
+    public static void main(String[] args) {
+        System.out.println("never started");
+    }
+}

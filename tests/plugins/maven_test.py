@@ -1,0 +1,135 @@
+"""The Maven plugin in real builds, and what they build under Wine."""
+
+import glob
+import os
+import shutil
+import unittest
+import xml.etree.ElementTree as ElementTree
+
+import builds
+
+HERE = os.path.dirname(os.path.abspath(__file__))
+WORK = os.path.join(builds.WORK, "maven")
+PROJECTS = os.path.join(WORK, "projects \u00e4")
+
+
+def setUpModule():
+    """Builds all projects at once: what each of them came to is looked at by the tests."""
+    builds.prepare()
+    shutil.rmtree(WORK, ignore_errors=True)
+    os.makedirs(WORK)
+    settings = os.path.join(WORK, "settings.xml")
+    with open(settings, "w", encoding="utf-8") as file:
+        file.write(builds.SETTINGS.format(repository=builds.REPOSITORY))
+    code, output = builds.maven(
+        os.path.join(HERE, "maven"), f"-Dtarn.work={WORK}", f"-Dtarn.settings={settings}",
+        f"-Dtarn.version={builds.version()}",
+        f"-Dtarn.testRuntime={os.path.join(builds.RUNTIMES, '17')}", "invoker:run")
+    if code != 0:
+        raise RuntimeError(output[-4000:])
+
+
+class MavenTest(unittest.TestCase):
+    def log(self, project):
+        with open(os.path.join(PROJECTS, project, "build.log"), encoding="utf-8") as file:
+            return file.read()
+
+    def expect_as_wanted(self, project):
+        """The build succeeded, or failed where its invoker.properties say so."""
+        for path in glob.glob(os.path.join(WORK, "reports", "BUILD-*.xml")):
+            build = ElementTree.parse(path).getroot()
+            if build.get("project").split("/")[0] == project:
+                self.assertEqual("success", build.get("result"), self.log(project)[-4000:])
+                return
+        self.fail(f"{project} was not built")
+
+    def application(self, project, name, *modules):
+        self.expect_as_wanted(project)
+        return os.path.join(PROJECTS, project, *modules, "target", "tarn", name)
+
+    def error(self, project):
+        """The first error of a build that failed as wanted."""
+        self.expect_as_wanted(project)
+        return next(line for line in self.log(project).splitlines() if line.startswith("[ERROR]"))
+
+
+class OneJarTest(MavenTest):
+    def test_starts_with_the_runtime_and_the_options_of_the_pom(self):
+        application = self.application("one-jar", "final")
+        self.assertTrue(os.path.isfile(os.path.join(application, "jre64", "bin", "server", "jvm.dll")))
+        self.assertEqual("one jar: 1, 2 3", builds.start(application, "final"))
+
+    def test_has_what_the_pom_adds(self):
+        self.assertTrue(os.path.isfile(os.path.join(self.application("one-jar", "final"), "notes \u00e4.txt")))
+
+    def test_carries_the_names_of_the_pom(self):
+        with open(os.path.join(self.application("one-jar", "final"), "final.exe"), "rb") as file:
+            content = file.read()
+        for text in ("One Jar Gr\u00f6\u00dfe", "Example Ltd", "2.1.0"):
+            self.assertIn(text.encode("utf-16-le"), content)
+
+    def test_is_attached_as_a_zip_file(self):
+        application = self.application("one-jar", "final")
+        names = builds.entries(os.path.join(os.path.dirname(application), "one-jar-2.1.0-windows-x64.zip"))
+        self.assertIn("final/final.exe", names)
+        self.assertIn("final/notes \u00e4.txt", names)
+
+    def test_is_made_once_when_nothing_changes(self):
+        self.expect_as_wanted("one-jar")
+        self.assertEqual((1, 1), (self.log("one-jar").count("[INFO] created "),
+                                  self.log("one-jar").count("is up to date")))
+
+
+class MultiModuleTest(MavenTest):
+    def test_starts_with_the_jar_of_the_other_module(self):
+        application = self.application("multi-module", "application", "application")
+        builds.link_runtime(application)
+        self.assertEqual("multi-module: from another module", builds.start(application, "application"))
+
+    def test_has_the_dependencies_of_scope_runtime_and_no_others(self):
+        application = self.application("multi-module", "application", "application")
+        self.assertEqual(["commons-lang3-3.14.0.jar", "library-2.1.0.jar"],
+                         sorted(os.listdir(os.path.join(application, "lib"))))
+
+
+class ShadedJarTest(MavenTest):
+    def test_starts_without_the_jars_that_it_contains(self):
+        application = self.application("shaded", "shaded")
+        self.assertFalse(os.path.exists(os.path.join(application, "lib")))
+        builds.link_runtime(application)
+        self.assertEqual("shaded: Word", builds.start(application, "shaded"))
+
+
+class JavaFxTest(MavenTest):
+    def test_has_the_jars_for_windows(self):
+        application = self.application("javafx", "javafx")
+        names = [os.path.basename(path)
+                 for path in glob.glob(os.path.join(application, "**", "*.jar"), recursive=True)]
+        self.assertIn("javafx-graphics-21.0.5-win.jar", names)
+        self.assertEqual([], [name for name in names if "linux" in name or "mac" in name])
+
+
+class MistakeTest(MavenTest):
+    def test_no_main_class_says_what_to_write(self):
+        self.assertIn("<mainClass>", self.error("no-main-class"))
+
+    def test_a_bad_icon_is_named(self):
+        self.assertIn("icon.png", self.error("bad-icon"))
+
+    def test_a_goal_before_the_jar_names_the_phase(self):
+        self.assertIn("mvn package", self.error("too-early"))
+
+    def test_a_finding_has_file_and_line(self):
+        self.expect_as_wanted("findings")
+        found = [line for line in self.log("findings").splitlines() if line.startswith("[ERROR]")]
+        place = os.path.join("App", "App.ini:2: warning: ")
+        self.assertTrue(any(place in line for line in found), found)
+
+    def test_a_failure_leaves_no_result(self):
+        for project in ("no-main-class", "bad-icon", "too-early"):
+            self.expect_as_wanted(project)
+            self.assertEqual([], glob.glob(os.path.join(PROJECTS, project, "target", "tarn", "*")))
+
+
+if __name__ == "__main__":
+    unittest.main()
