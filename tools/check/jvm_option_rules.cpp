@@ -12,7 +12,8 @@ namespace {
 
 constexpr char kEndsLaunch[] = ": the JVM refuses it, and the launch ends with a message";
 
-void ReportUnknown(std::wstring_view option, std::size_t line, Findings& findings) {
+void ReportUnknown(std::wstring_view option, std::size_t line, SpellingHelp& spelling,
+                   Findings& findings) {
     // Spelling is compared without the value.
     const std::wstring_view head = option.substr(0, option.find_first_of(L"=:"));
     std::vector<std::wstring> words;
@@ -21,7 +22,7 @@ void ReportUnknown(std::wstring_view option, std::size_t line, Findings& finding
         if (word.ends_with(L'=') || word.ends_with(L':')) word.remove_suffix(1);
         if (word.size() > 2) words.emplace_back(word);
     }
-    const std::wstring closest = ClosestWord(head, words);
+    const std::wstring closest = spelling.ClosestWord(head, words);
     findings.Error("unknown-option", line, Quoted(option) + " is not a JVM option" + kEndsLaunch,
                    closest.empty() ? "remove it" : "did you mean " + Utf8Of(closest) + "?");
 }
@@ -81,7 +82,7 @@ void CheckOverridden(std::wstring_view option, std::size_t line, Findings& findi
 }
 
 void CheckOption(const std::vector<std::wstring>& options, std::size_t at, VersionSet admitted,
-                 std::size_t line, Findings& findings) {
+                 std::size_t line, SpellingHelp& spelling, Findings& findings) {
     const std::wstring& option = options[at];
     CheckOverridden(option, line, findings);
     if (const RefusedOption* const refused = FindRefused(option)) {
@@ -103,7 +104,7 @@ void CheckOption(const std::vector<std::wstring>& options, std::size_t at, Versi
                        options[at - 1] == L"-p" || options[at - 1] == L"-m");
         if (!isValue) ReportLoose(options, at, line, findings);
     } else {
-        ReportUnknown(option, line, findings);
+        ReportUnknown(option, line, spelling, findings);
     }
 }
 
@@ -124,10 +125,11 @@ void CheckJvmOptions(const CheckedSettings& settings, Findings& findings) {
     if (!AdmitsHotSpot(settings)) return;
     const VersionSet admitted = AdmittedVersions(settings);
     const WrittenOptions written = JvmOptionsOf(settings);
+    SpellingHelp spelling;
     for (std::size_t at = 0; at < written.options.size(); ++at) {
         // A leading variable may expand to any option; elsewhere it is part of a value.
         if (written.options[at].starts_with(L'%')) continue;
-        CheckOption(written.options, at, admitted, written.line, findings);
+        CheckOption(written.options, at, admitted, written.line, spelling, findings);
     }
 }
 

@@ -13,7 +13,7 @@ constexpr std::size_t kLongestWord = 64;
 }  // namespace
 
 std::size_t EditDistance(std::wstring_view a, std::wstring_view b) {
-    std::vector<std::size_t> beforeLast, last(b.size() + 1), row(b.size() + 1);
+    std::vector<std::size_t> beforeLast(b.size() + 1), last(b.size() + 1), row(b.size() + 1);
     for (std::size_t j = 0; j <= b.size(); ++j) last[j] = j;
     for (std::size_t i = 1; i <= a.size(); ++i) {
         row[0] = i;
@@ -25,8 +25,8 @@ std::size_t EditDistance(std::wstring_view a, std::wstring_view b) {
                 row[j] = std::min(row[j], beforeLast[j - 2] + 1);
             }
         }
-        beforeLast = last;
-        last = row;
+        beforeLast.swap(last);
+        last.swap(row);
     }
     return last[b.size()];
 }
@@ -37,6 +37,10 @@ std::wstring ClosestWord(std::wstring_view written, const std::vector<std::wstri
     std::wstring closest;
     std::size_t smallest = limit + 1;
     for (const std::wstring& word : words) {
+        const std::size_t lengths = written.size() > word.size() ? written.size() - word.size()
+                                                                 : word.size() - written.size();
+        // Each character of difference is at least one insertion or deletion.
+        if (lengths >= smallest) continue;
         const std::size_t distance = EditDistance(written, word);
         if (distance < smallest) {
             smallest = distance;
@@ -44,6 +48,11 @@ std::wstring ClosestWord(std::wstring_view written, const std::vector<std::wstri
         }
     }
     return closest;
+}
+
+std::wstring SpellingHelp::ClosestWord(std::wstring_view written,
+                                       const std::vector<std::wstring>& words) {
+    return ++given_ > kMost ? std::wstring() : tools::ClosestWord(written, words);
 }
 
 }  // namespace tarn::tools

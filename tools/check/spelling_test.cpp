@@ -32,5 +32,13 @@ TEST(ClosestWordTest, IsEmptyWhenNoneIsClose) {
     EXPECT_EQ(ClosestWord(std::wstring(100'000, L'x'), {L"xx"}), L"");
 }
 
+TEST(SpellingHelpTest, IsGivenForTheFirstWordsOnly) {
+    SpellingHelp help;
+    for (std::size_t call = 0; call < SpellingHelp::kMost; ++call) {
+        EXPECT_EQ(help.ClosestWord(L"Cmdd", {L"Cmd"}), L"Cmd");
+    }
+    EXPECT_EQ(help.ClosestWord(L"Cmdd", {L"Cmd"}), L"");
+}
+
 }  // namespace
 }  // namespace tarn::tools

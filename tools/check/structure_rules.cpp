@@ -32,14 +32,15 @@ bool LooksLikeComment(std::wstring_view text) {
     return text.starts_with(L"#") || text.starts_with(L"//") || text.starts_with(L"--");
 }
 
-void CheckSectionName(const DocumentSection& section, Findings& findings) {
+void CheckSectionName(const DocumentSection& section, SpellingHelp& spelling, Findings& findings) {
     const std::wstring_view plain = PlainName(section.name);
     if (IsKnownSection(plain)) return;
     const std::wstring trimmed(TrimSpaces(PlainName(TrimSpaces(section.name))));
     std::string advice;
     if (IsKnownSection(trimmed)) {
         advice = "spaces inside the brackets are significant: write [" + Utf8Of(trimmed) + "]";
-    } else if (const std::wstring closest = ClosestWord(plain, KnownSections()); !closest.empty()) {
+    } else if (const std::wstring closest = spelling.ClosestWord(plain, KnownSections());
+               !closest.empty()) {
         advice = "did you mean [" + Utf8Of(closest) + "]?";
     } else {
         advice = "remove it, or begin its lines with \";\"";
@@ -48,7 +49,8 @@ void CheckSectionName(const DocumentSection& section, Findings& findings) {
                      "section " + Quoted(section.name) + " is never read", std::move(advice));
 }
 
-void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Findings& findings) {
+void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry,
+                  SpellingHelp& spelling, Findings& findings) {
     const std::wstring plain(PlainName(section.name));
     if (FindKnownKey(plain, entry.key) != nullptr) return;
     if (LooksLikeComment(entry.key)) {
@@ -68,8 +70,8 @@ void CheckKeyName(const DocumentSection& section, const DocumentEntry& entry, Fi
         anywhere.emplace_back(known.key);
         if (EqualsIgnoringCase(known.section, plain)) here.emplace_back(known.key);
     }
-    std::wstring closest = ClosestWord(entry.key, here);
-    if (closest.empty()) closest = ClosestWord(entry.key, anywhere);
+    std::wstring closest = spelling.ClosestWord(entry.key, here);
+    if (closest.empty()) closest = spelling.ClosestWord(entry.key, anywhere);
     std::string advice = "remove it, or begin the line with \";\"";
     if (const KnownKey* const meant = closest.empty() ? nullptr : FindKnownKey(closest)) {
         advice = "did you mean \"" + Utf8Of(closest) + '"';
@@ -100,6 +102,7 @@ void CheckRepeatedKeys(const DocumentSection& section, Findings& findings) {
 
 void CheckStructure(const CheckedSettings& settings, Findings& findings) {
     const SettingsDocument& document = settings.document();
+    SpellingHelp spelling;
     std::map<std::wstring, std::size_t> seen;
     for (const DocumentSection& section : document.sections()) {
         const auto [first, isNew] = seen.emplace(ToLowerAscii(section.name), section.line);
@@ -109,10 +112,12 @@ void CheckStructure(const CheckedSettings& settings, Findings& findings) {
                                  LineNumber(first->second) + "; Windows reads only that one",
                              "move the keys there");
         }
-        CheckSectionName(section, findings);
+        CheckSectionName(section, spelling, findings);
         CheckRepeatedKeys(section, findings);
         if (!IsKnownSection(PlainName(section.name))) continue;
-        for (const DocumentEntry& entry : section.entries) CheckKeyName(section, entry, findings);
+        for (const DocumentEntry& entry : section.entries) {
+            CheckKeyName(section, entry, spelling, findings);
+        }
     }
     for (const DocumentEntry& entry : document.entriesAboveSections()) {
         findings.Warning("outside-section", entry.line,

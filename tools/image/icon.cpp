@@ -74,6 +74,7 @@ std::vector<IconPicture> ReadIconFile(ByteSpan file) {
         throw Failure("is neither an .ico nor a .png file");
     }
     std::vector<IconPicture> pictures;
+    std::size_t total = 0;
     for (std::size_t number = 0; number < reader.U16(4); ++number) {
         const std::size_t entry = kHeadSize + number * kFileEntrySize;
         IconPicture picture;
@@ -83,7 +84,11 @@ std::vector<IconPicture> ReadIconFile(ByteSpan file) {
         picture.planes = reader.U16(entry + 4);
         picture.bits = reader.U16(entry + 6);
         const ByteSpan content = reader.Part(reader.U32(entry + 12), reader.U32(entry + 8));
-        if (content.size() < kSmallestPicture) throw Failure("has a corrupt image");
+        // Entries that share their bytes could exhaust the memory.
+        total += content.size();
+        if (content.size() < kSmallestPicture || total > reader.Size()) {
+            throw Failure("has a corrupt image");
+        }
         picture.content.assign(content.begin(), content.end());
         pictures.push_back(std::move(picture));
     }

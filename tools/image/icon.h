@@ -18,11 +18,14 @@ struct IconPicture {
     Bytes content;            // a DIB without file header, or a PNG file
 };
 
+/// The largest icon file in bytes, about ten times that of an uncompressed .ico with all sizes.
+inline constexpr std::uintmax_t kLargestIconFile = 16U << 20U;
+
 /// The images of an .ico or .png file. A .png is resized to 16, 24, 32, 48, 64 and 256 pixels.
 /// Throws Failure, without the file's name, for any other format and for corrupt files.
 std::vector<IconPicture> ReadIcon(ByteSpan file);
 
-/// The images of an .ico file.
+/// The images of an .ico file, which must not overlap.
 std::vector<IconPicture> ReadIconFile(ByteSpan file);
 
 /// The images resized from a PNG file (icon_png.cpp), with transparent borders when it is not

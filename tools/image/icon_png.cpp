@@ -1,9 +1,29 @@
 // Converts a PNG file to the images of an icon.
 #include <algorithm>
+#include <cstdlib>
 #include <memory>
+#include <string_view>
 
 #include "tools/common/failure.h"
 #include "tools/image/icon.h"
+
+namespace tarn::tools {
+namespace {
+
+// The decoder's largest block of memory, in bytes. A picture of 4096 x 4096 pixels takes 64 MiB;
+// without a limit a small file can unpack to any size.
+constexpr std::size_t kLargestBlock = 80U << 20U;
+
+void* Allocate(std::size_t size) {
+    return size > kLargestBlock ? nullptr : std::malloc(size);
+}
+
+void* Reallocate(void* block, std::size_t size) {
+    return size > kLargestBlock ? nullptr : std::realloc(block, size);
+}
+
+}  // namespace
+}  // namespace tarn::tools
 
 // Single-file libraries: their code is compiled here only.
 #pragma GCC diagnostic push
@@ -12,6 +32,9 @@
 #define STBI_ONLY_PNG
 #define STBI_NO_STDIO
 #define STBI_MAX_DIMENSIONS 4096
+#define STBI_MALLOC(size) tarn::tools::Allocate(size)
+#define STBI_REALLOC(block, size) tarn::tools::Reallocate(block, size)
+#define STBI_FREE(block) std::free(block)
 #define STB_IMAGE_STATIC
 #define STB_IMAGE_IMPLEMENTATION
 #include <stb/stb_image.h>
@@ -59,7 +82,11 @@ Picture DecodeSquare(ByteSpan file) {
         stbi_load_from_memory(bytes, static_cast<int>(std::min<std::size_t>(file.size(), INT_MAX)),
                               &width, &height, &channels, kChannels),
         &stbi_image_free);
-    if (!decoded) throw Failure("is not a readable PNG image");
+    if (!decoded) {
+        const std::string_view reason = stbi_failure_reason();
+        const bool isTooLarge = reason == "outofmem" || reason == "too large";
+        throw Failure(isTooLarge ? "is too large for an icon" : "is not a readable PNG image");
+    }
     Picture square = EmptyPicture(std::max(width, height));
     const int left = (square.size - width) / 2;
     const int top = (square.size - height) / 2;

@@ -57,6 +57,18 @@ TEST(Icon, RejectsOtherAndCorruptFiles) {
     }
 }
 
+TEST(Icon, RejectsImagesThatShareTheirBytes) {
+    Bytes content = IconFileOf({40, 50});
+    StoreU32(content, 6 + 16 + 12, ByteReader(content).U32(6 + 12));
+    EXPECT_NO_THROW(ReadIcon(content)) << "smaller than the file in total";
+    Bytes many = IconFileOf(std::vector<std::size_t>(100, 40));
+    for (std::size_t number = 0; number < 100; ++number) {
+        StoreU32(many, 6 + number * 16 + 8, 40 * 100);
+        StoreU32(many, 6 + number * 16 + 12, 6 + 16 * 100);
+    }
+    EXPECT_THROW(ReadIcon(many), Failure);
+}
+
 TEST(Icon, ResizesAPngToAllSizes) {
     const auto pictures = ReadIcon(TwoPixels());
     std::vector<std::uint32_t> sizes;

@@ -95,7 +95,8 @@ void RunStamp(const Arguments& arguments, const Console& console) {
     for (const std::string& text : arguments.strings) changes.strings.push_back(ParseString(text));
     if (!arguments.icon.empty()) {
         const std::filesystem::path file = PathOf(arguments.icon);
-        changes.icon = WithFileName(file, [&] { return ReadIcon(ReadWholeFile(file)); });
+        changes.icon =
+            WithFileName(file, [&] { return ReadIcon(ReadWholeFile(file, kLargestIconFile)); });
     }
     if (!arguments.settings.empty()) {
         const Bytes file = ReadWholeFile(PathOf(arguments.settings));

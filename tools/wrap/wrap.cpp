@@ -73,7 +73,7 @@ StampChanges ChangesFor(const WrapRequest& request, const JarFacts& facts) {
         {"ProductName", request.title}, {"FileDescription", request.title},
         {"InternalName", request.name}, {"OriginalFilename", request.name + ".exe"}};
     if (!request.icon.empty()) {
-        const Bytes file = ReadWholeFile(request.icon);
+        const Bytes file = ReadWholeFile(request.icon, kLargestIconFile);
         changes.icon = WithFileName(request.icon, [&] { return ReadIcon(file); });
     }
     return changes;
