@@ -22,8 +22,6 @@ bool IsNamedJar(const DiskEntry& entry) {
 
 std::string AdviceForMissing(const std::wstring& entry) {
     if (entry != TrimSpaces(entry)) return "spaces around \";\" are part of the name: remove them";
-    if (entry.find(L':', 2) != std::wstring::npos)
-        return "separate entries with \";\", not with \":\"";
     const std::size_t name = entry.rfind(L'\\') + 1;
     if (entry.substr(0, name).find_first_of(kWildcards) != std::wstring::npos) {
         return "wildcards apply to the last name only";
@@ -33,11 +31,32 @@ std::string AdviceForMissing(const std::wstring& entry) {
     return "entries are relative to the executable's folder; add the file, or remove the entry";
 }
 
+// Whether the entry is several, separated as on other systems. A drive has one letter.
+bool HasOtherSeparator(const std::wstring& entry) {
+    return !HasVariable(entry) && entry.find(L':', 2) != std::wstring::npos;
+}
+
+// The entries separated as Windows requires, with its own slashes.
+std::string AdviceForSeparator(const std::wstring& entry) {
+    if (entry.starts_with(L"file:")) return "write a path instead of a URL";
+    std::wstring separated = ReplaceAll(entry, L'/', L'\\');
+    for (std::size_t at = 0; (at = separated.find(L':', at + 1)) != std::wstring::npos;) {
+        const bool isDrive = at == 1 || separated[at - 2] == L';';
+        if (!isDrive) separated[at] = L';';
+    }
+    return "separate entries with \";\", not with \":\": " + Utf8Of(separated);
+}
+
 void CheckEntries(const std::vector<DiskEntry>& entries, const Setting& classPath,
                   Findings& findings) {
     for (const DiskEntry& entry : entries) {
         const bool isSearched = !IsLiteralEntry(entry.written);
-        if (isSearched && entry.written.find(L'/') != std::wstring::npos) {
+        if (HasOtherSeparator(entry.written)) {
+            findings.Warning("no-match", classPath.line,
+                             "the class path entry " + Quoted(entry.written) +
+                                 " is one file name for Windows, and matches nothing",
+                             AdviceForSeparator(entry.written));
+        } else if (isSearched && entry.written.find(L'/') != std::wstring::npos) {
             findings.Error("slash", classPath.line,
                            "of " + Quoted(entry.written) +
                                " only the part before the last \"\\\" is the folder, so the files "

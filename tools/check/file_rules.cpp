@@ -73,6 +73,31 @@ void CheckSplash(const CheckedSettings& settings, Findings& findings) {
     CheckPicture(settings, picture, found.front(), findings);
 }
 
+// Whether a text between percent signs is a time stamp rather than an environment variable.
+bool IsTimeStamp(std::wstring_view text) {
+    return text.find_first_not_of(L"yMdHhmstgL -_.") == std::wstring_view::npos;
+}
+
+// The launcher creates the folders of absolute names only.
+void CheckOutputFolder(const CheckedSettings& settings, const std::string& name,
+                       const Setting& file, Findings& findings) {
+    const std::wstring_view folder =
+        std::wstring_view(file.text).substr(0, file.text.find_last_of(L"\\/") + 1);
+    if (folder.empty() || folder.front() == L'\\' || folder.front() == L'/') return;
+    const std::size_t open = folder.find(L'%');
+    if (open != std::wstring_view::npos) {
+        const std::size_t close = folder.rfind(L'%');
+        if (close == open || !IsTimeStamp(folder.substr(open + 1, close - open - 1))) return;
+    } else if (!settings.checksFiles() || !FindAsWindows(settings.folder(), folder).empty()) {
+        return;
+    }
+    findings.Warning(
+        "output-folder", file.line,
+        "the folder of " + name + " is not created, because it is relative, and " + Quoted(folder) +
+            " will not exist: the output is lost",
+        "write an absolute path, such as %TEMP%\\" + Utf8Of(file.text) + ", or add the folder");
+}
+
 // Reports characters of the name, and of its time stamp, that file names cannot contain.
 void CheckOutputFile(const CheckedSettings& settings, const wchar_t* key, Findings& findings) {
     const Setting file = settings.Get(keys::kApplication, key);
@@ -99,6 +124,7 @@ void CheckOutputFile(const CheckedSettings& settings, const wchar_t* key, Findin
                          "write a time stamp between two of them, such as %yyyy-MM-dd%");
     }
     const bool isRelative = !IsAbsolutePath(file.text) && file.text.front() != L'%';
+    if (!IsAbsolutePath(file.text)) CheckOutputFolder(settings, name, file, findings);
     if (isRelative && !settings.IsOn(keys::kApplication, keys::kOverrideWorkingDir)) {
         findings.Note("working-directory", file.line,
                       name +

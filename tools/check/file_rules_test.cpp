@@ -89,6 +89,19 @@ TEST_F(FilesBeside, IncludeAReadableSplashPicture) {
     EXPECT_THAT(Ids(display + L"b.bmp\nPreffer Native Splash Screen=Yes"), ElementsAre("splash"));
 }
 
+TEST_F(FilesBeside, IncludeTheFolderOfARelativeOutputFile) {
+    EXPECT_THAT(Ids(L"Output File=logs\\out.txt"), ElementsAre("output-folder"));
+    EXPECT_THAT(Ids(L"Error File=jre/logs/out_%yyyy%.txt"), ElementsAre("output-folder"));
+    EXPECT_THAT(Ids(L"Error File=jre\\%yyyy-MM-dd%\\out.txt"), ElementsAre("output-folder"));
+    EXPECT_THAT(Ids(L"Error File=%yyyy%\\out.txt"), ElementsAre("output-folder"));
+    EXPECT_THAT(Ids(L"Output File=out.txt"), IsEmpty());
+    EXPECT_THAT(Ids(L"Output File=JRE\\bin\\out.txt"), IsEmpty());
+    EXPECT_THAT(Ids(L"Output File=.\\out_%yyyy%.txt"), IsEmpty());
+    EXPECT_THAT(Ids(L"Output File=jre\\%USERNAME%\\out.txt"), IsEmpty());
+    EXPECT_THAT(Ids(L"Output File=C:\\nosuch\\%yyyy%\\out.txt"), IsEmpty());
+    EXPECT_THAT(Ids(L"Output File=%TEMP%\\nosuch\\out.txt"), IsEmpty());
+}
+
 TEST_F(FilesBeside, IncludeTheConfiguredRuntime) {
     const std::wstring java = L"[Java Runtime Environment]\nJRE Path=jre\n";
     EXPECT_THAT(Ids(java), ElementsAre("no-runtime"));

@@ -114,6 +114,56 @@ TEST(VmFlagRulesTest, ChecksTheFormsOfSwitchesAndValues) {
     }
 }
 
+TEST(VmFlagRulesTest, RejectsValuesThatAreNotNumbers) {
+    for (const wchar_t* option :
+         {L"-XX:MaxRAMPercentage=50%", L"-XX:MaxRAMPercentage=half", L"-XX:MaxRAMPercentage=",
+          L"-XX:MaxMetaspaceSize=64MB", L"-XX:MaxGCPauseMillis=12.5"}) {
+        EXPECT_THAT(Check(CheckVmFlags, Options(option)), ElementsAre("2 error vm-flag")) << option;
+    }
+    EXPECT_EQ(AdviceOf(CheckVmFlags, Options(L"-XX:MaxRAMPercentage=50%")),
+              "write -XX:MaxRAMPercentage=50");
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxRAMPercentage=50 -XX:MaxRAMPercentage=12.5 "
+                                            L"-XX:MaxRAMPercentage=%PERCENT% "
+                                            L"-XX:MaxMetaspaceSize=64M -XX:MaxGCPauseMillis=12")),
+                IsEmpty());
+}
+
+TEST(VmFlagRulesTest, RejectsNumbersOutOfRange) {
+    for (const wchar_t* option :
+         {L"-XX:MaxRAMPercentage=150", L"-XX:MaxRAMPercentage=-1.0", L"-XX:MaxHeapSize=-1",
+          L"-XX:InitiatingHeapOccupancyPercent=101", L"-XX:ThreadStackSize=2m"}) {
+        EXPECT_THAT(Check(CheckVmFlags, Options(option)), ElementsAre("2 error vm-flag")) << option;
+    }
+    EXPECT_EQ(AdviceOf(CheckVmFlags, Options(L"-XX:MaxRAMPercentage=150")), "write 0 to 100");
+    EXPECT_EQ(AdviceOf(CheckVmFlags, Options(L"-XX:MaxHeapSize=-1")), "write 0 or more");
+    EXPECT_THAT(Check(CheckVmFlags,
+                      Options(L"-XX:MaxRAMPercentage=0 -XX:MaxRAMPercentage=100 "
+                              L"-XX:InitiatingHeapOccupancyPercent=100 -XX:ThreadStackSize=1024")),
+                IsEmpty());
+}
+
+TEST(VmFlagRulesTest, RejectsDecimalsThatOldVersionsDoNotRead) {
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxRAMPercentage=.5")),
+                ElementsAre("2 warning vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxRAMPercentage=.5", L"11", L"17")),
+                ElementsAre("2 error vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:MaxRAMPercentage=.5", L"21")), IsEmpty());
+}
+
+TEST(VmFlagRulesTest, RejectsTwoCollectors) {
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseG1GC -XX:+UseSerialGC")),
+                ElementsAre("2 error vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseZGC -ea -XX:+UseParallelGC", L"17")),
+                ElementsAre("2 error vm-flag"));
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseG1GC -XX:+UseG1GC -XX:-UseParallelGC")),
+                IsEmpty());
+    EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+UseG1GC -XX:-UseG1GC -XX:+UseSerialGC")),
+                IsEmpty());
+    EXPECT_THAT(
+        Check(CheckVmFlags, Options(L"-XX:+UseParallelGC -XX:+UseParallelOldGC", L"11", L"11")),
+        IsEmpty());
+}
+
 TEST(VmFlagRulesTest, ReportsLockedFlags) {
     EXPECT_THAT(Check(CheckVmFlags, Options(L"-XX:+PrintAssembly")),
                 ElementsAre("2 error vm-flag"));

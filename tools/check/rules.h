@@ -27,6 +27,12 @@ void CheckVersions(const CheckedSettings& settings, Findings& findings);
 /// "Virtual Machine Parameters": options that no JVM accepts through its interface.
 void CheckJvmOptions(const CheckedSettings& settings, Findings& findings);
 
+/// "--add-opens" and its relatives in "Virtual Machine Parameters": values that no JVM accepts.
+void CheckModuleOptions(const CheckedSettings& settings, Findings& findings);
+
+/// Agents and module paths in "Virtual Machine Parameters": files that do not exist.
+void CheckJvmFiles(const CheckedSettings& settings, Findings& findings);
+
 /// Heap and stack sizes in "Virtual Machine Parameters", including percentages.
 void CheckMemorySizes(const CheckedSettings& settings, Findings& findings);
 
@@ -38,6 +44,9 @@ void CheckClassPath(const CheckedSettings& settings, Findings& findings);
 
 /// The current directory on the class path: Java takes the empty element for it.
 void CheckCurrentDirectory(const CheckedSettings& settings, Findings& findings);
+
+/// [Application]: the words of "Cmd", and keys that exclude each other.
+void CheckApplication(const CheckedSettings& settings, Findings& findings);
 
 /// Splash picture, output files, runtime and library folders.
 void CheckFiles(const CheckedSettings& settings, Findings& findings);

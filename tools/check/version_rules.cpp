@@ -77,6 +77,13 @@ void CheckPreferred(const Setting& preferred, const Setting& minimum, const Sett
     const RuntimeVersion highest = MaximumBound(maximum.text);
     for (const std::wstring& piece : Split(preferred.text, L';')) {
         RuntimeVersion first, last;
+        if (piece.find(L',') != std::wstring::npos) {
+            findings.Warning("preferred-version", preferred.line,
+                             Quoted(piece) + " among \"Preferred versions\" is read as one version",
+                             "separate versions with \";\", not with \",\": " +
+                                 Utf8Of(ReplaceAll(piece, L',', L';')));
+            continue;
+        }
         if (!ParseVersion(piece, 0, first)) {
             findings.Warning("preferred-version", preferred.line,
                              Quoted(piece) +

@@ -53,6 +53,15 @@ TEST(VersionRulesTest, WarnsAboutPreferredVersionsOutsideTheBounds) {
                 ElementsAre("4 warning preferred-version"));
 }
 
+TEST(VersionRulesTest, WarnsAboutPreferredVersionsWithCommas) {
+    const std::wstring bounds = L"Minimum Version=11\nMaximum Version=any\n";
+    EXPECT_THAT(Check(CheckVersions, Java(bounds + L"Preferred versions=17,11")),
+                ElementsAre("4 warning preferred-version"));
+    EXPECT_THAT(AdviceOf(CheckVersions, Java(bounds + L"Preferred versions=17,11")),
+                testing::HasSubstr("17;11"));
+    EXPECT_THAT(Check(CheckVersions, Java(bounds + L"Preferred versions=17;11")), IsEmpty());
+}
+
 TEST(AdmittedVersionsTest, AreThoseWithinTheBounds) {
     const auto admitted = [](const std::wstring& lines) {
         return NameVersions(AdmittedVersions(SettingsOf(Java(lines))));

@@ -1,6 +1,10 @@
+#include <algorithm>
+#include <array>
+
 #include "tools/check/jvm_options.h"
 #include "tools/check/rules.h"
 #include "tools/check/spelling.h"
+#include "tools/check/vm_flag_number.h"
 #include "tools/check/vm_flags.h"
 #include "tools/common/text_encoding.h"
 
@@ -8,6 +12,9 @@ namespace tarn::tools {
 namespace {
 
 constexpr std::wstring_view kStart = L"-XX:";
+
+// 11 and 17.
+constexpr VersionSet kVersionsWithOldDecimals = 0b0011;
 
 // A flag in one of its forms: "-XX:+Name", "-XX:-Name", "-XX:Name=value".
 struct WrittenFlag {
@@ -40,6 +47,21 @@ bool IsReadEarly(const std::string& name) {
            name == "NativeMemoryTracking";
 }
 
+// The flags that select a collector. UseParallelOldGC is a variant of the parallel collector.
+constexpr std::array<std::string_view, 8> kCollectors = {
+    "UseSerialGC", "UseParallelGC", "UseParallelOldGC", "UseConcMarkSweepGC",
+    "UseG1GC",     "UseZGC",        "UseShenandoahGC",  "UseEpsilonGC"};
+
+bool IsCollector(std::string_view name) {
+    return std::find(kCollectors.begin(), kCollectors.end(), name) != kCollectors.end();
+}
+
+std::string RangeText(const VmFlag& flag) {
+    if (flag.highest.empty()) return std::string(flag.lowest) + " or more";
+    if (flag.lowest.empty()) return "at most " + std::string(flag.highest);
+    return std::string(flag.lowest) + " to " + std::string(flag.highest);
+}
+
 class FlagChecker {
   public:
     FlagChecker(VersionSet admitted, std::size_t line, Findings& findings)
@@ -48,6 +70,7 @@ class FlagChecker {
     void Check(std::wstring_view option) {
         const WrittenFlag written = ReadFlag(option);
         NoteUnlock(written);
+        NoteCollector(written);
         if (IsReadEarly(written.name) || admitted_ == 0) return;
         const VmFlag* const flag = FindVmFlag(written.name);
         if (flag == nullptr) {
@@ -59,6 +82,22 @@ class FlagChecker {
         CheckLock(option, *flag);
     }
 
+    // To be called after all options: a collector may be turned off again.
+    void CheckCollectors() {
+        VersionSet refusing = 0;
+        std::string names;
+        for (std::size_t at = 0; at < kMeasuredVersions.size(); ++at) {
+            const VersionSet version = 1U << at;
+            const auto known = std::count_if(
+                collectors_.begin(), collectors_.end(),
+                [&](const std::string& name) { return (FindVmFlag(name)->known & version) != 0; });
+            if (known > 1) refusing |= version & admitted_;
+        }
+        for (const std::string& name : collectors_) names += (names.empty() ? "" : ", ") + name;
+        Report(refusing, "two garbage collectors are selected, which the JVM refuses: " + names,
+               "write only one of them");
+    }
+
   private:
     void NoteUnlock(const WrittenFlag& written) {
         if (!written.isOn) return;
@@ -67,9 +106,17 @@ class FlagChecker {
         if (written.name == "IgnoreUnrecognizedVMOptions") ignoresUnknown_ = true;
     }
 
+    void NoteCollector(const WrittenFlag& written) {
+        if (!written.isSwitch || !IsCollector(written.name)) return;
+        const std::string name =
+            written.name == "UseParallelOldGC" ? "UseParallelGC" : written.name;
+        std::erase(collectors_, name);
+        if (written.isOn) collectors_.push_back(name);
+    }
+
     // Reports an error when no admitted version would start, otherwise a warning.
     void Report(VersionSet refusing, std::string message, std::string advice) {
-        if (ignoresUnknown_ || refusing == 0) return;
+        if (refusing == 0) return;
         if (refusing == admitted_) {
             findings_.Error("vm-flag", line_, std::move(message), std::move(advice));
         } else {
@@ -78,9 +125,10 @@ class FlagChecker {
     }
 
     void ReportUnknown(std::wstring_view option, const WrittenFlag& written) {
-        const std::wstring closest = ClosestWord(WideOf(written.name), VmFlagNames());
+        if (ignoresUnknown_) return;
         std::string advice(SuccessorOf(written.name));
         if (advice.empty()) {
+            const std::wstring closest = spelling_.ClosestWord(WideOf(written.name), VmFlagNames());
             advice = closest.empty() ? "remove it" : "did you mean " + Utf8Of(closest) + "?";
         }
         Report(admitted_,
@@ -89,7 +137,7 @@ class FlagChecker {
     }
 
     void CheckVersions(std::wstring_view option, const VmFlag& flag) {
-        const VersionSet refusing = admitted_ & ~(flag.known | flag.ignored);
+        const VersionSet refusing = ignoresUnknown_ ? 0 : admitted_ & ~(flag.known | flag.ignored);
         const VersionSet ignoring = admitted_ & flag.ignored;
         std::string advice(SuccessorOf(flag.name));
         if (refusing != 0) {
@@ -106,33 +154,45 @@ class FlagChecker {
 
     void CheckShape(std::wstring_view option, const VmFlag& flag, const WrittenFlag& written) {
         const std::string name(flag.name);
+        const VersionSet knowing = admitted_ & flag.known;
         if (flag.kind == FlagKind::Switch) {
             if (written.isSwitch && !written.hasValue) return;
-            Report(admitted_, Quoted(option) + " is a switch, which the JVM refuses in this form",
+            Report(knowing, Quoted(option) + " is a switch, which the JVM refuses in this form",
                    "write -XX:+" + name + " or -XX:-" + name);
         } else if (written.isSwitch || !written.hasValue) {
-            Report(admitted_, Quoted(option) + " requires a value: the JVM refuses it in this form",
+            Report(knowing, Quoted(option) + " requires a value: the JVM refuses it in this form",
                    "write -XX:" + name + "=<value>");
-        } else if (flag.kind == FlagKind::Number && !HasVariable(option) &&
-                   !IsNumber(written.value)) {
-            Report(admitted_, Quoted(option) + " requires a number: the JVM refuses it",
-                   "write a whole number, with k, m or g for a size");
+        } else if (flag.kind != FlagKind::Text && !HasVariable(option)) {
+            CheckNumber(option, flag, written.value);
         }
     }
 
-    static bool IsNumber(std::string_view value) {
-        if (value.starts_with('-')) value.remove_prefix(1);
-        if (value.starts_with("0x") || value.starts_with("0X")) {
-            value.remove_prefix(2);
-            return !value.empty();
+    void CheckNumber(std::wstring_view option, const VmFlag& flag, std::string_view value) {
+        const VersionSet knowing = admitted_ & flag.known;
+        const std::string name(flag.name);
+        const std::optional<VmFlagNumber> number = ParseVmFlagNumber(flag.kind, value);
+        if (!number) {
+            const bool isPercentage =
+                value.ends_with('%') &&
+                ParseVmFlagNumber(flag.kind, value.substr(0, value.size() - 1));
+            Report(knowing, Quoted(option) + " requires a number: the JVM refuses it",
+                   isPercentage
+                       ? "write -XX:" + name + '=' + std::string(value.substr(0, value.size() - 1))
+                   : flag.kind == FlagKind::Decimal
+                       ? "write a number such as 50 or 12.5"
+                       : "write a whole number, with k, m or g for a size");
+        } else if (!IsInRange(flag, number->value)) {
+            Report(knowing, Quoted(option) + " is out of range: the JVM refuses it",
+                   "write " + RangeText(flag));
+        } else if (number->isNewForm) {
+            const VersionSet old = knowing & kVersionsWithOldDecimals;
+            Report(old, "Java " + NameVersions(old) + " refuses the number in " + Quoted(option),
+                   "write it with digits before and after the point");
         }
-        const std::size_t end = value.find_first_not_of("0123456789");
-        if (end == std::string_view::npos) return !value.empty();
-        return end > 0 && end + 1 == value.size() &&
-               std::string_view("kKmMgGtT").find(value[end]) != std::string_view::npos;
     }
 
     void CheckLock(std::wstring_view option, const VmFlag& flag) {
+        if (ignoresUnknown_) return;
         if (!hasDiagnostic_) {
             Report(admitted_ & flag.diagnostic,
                    Quoted(option) + " is a diagnostic option, which is locked by default",
@@ -149,6 +209,8 @@ class FlagChecker {
     VersionSet admitted_;
     std::size_t line_;
     Findings& findings_;
+    SpellingHelp spelling_;
+    std::vector<std::string> collectors_;
     bool hasDiagnostic_ = false;
     bool hasExperimental_ = false;
     bool ignoresUnknown_ = false;
@@ -163,6 +225,7 @@ void CheckVmFlags(const CheckedSettings& settings, Findings& findings) {
     for (const std::wstring& option : written.options) {
         if (option.starts_with(kStart)) checker.Check(option);
     }
+    checker.CheckCollectors();
 }
 
 }  // namespace tarn::tools

@@ -18,13 +18,16 @@ struct VmFlag {
     VersionSet ignored = 0;       ///< accept it with a warning and ignore it
     VersionSet diagnostic = 0;    ///< require -XX:+UnlockDiagnosticVMOptions before it
     VersionSet experimental = 0;  ///< require -XX:+UnlockExperimentalVMOptions before it
+    /// The range of a number that at least one version accepts; an empty bound is not limited.
+    std::string_view lowest{};
+    std::string_view highest{};
 };
 
 /// The flag with exactly that name; null when no version has it.
 const VmFlag* FindVmFlag(std::string_view name);
 
 /// The names of all flags.
-std::vector<std::wstring> VmFlagNames();
+const std::vector<std::wstring>& VmFlagNames();
 
 /// The replacement for a flag that newer versions lack; empty when there is none.
 std::string_view SuccessorOf(std::string_view name);
