@@ -45,7 +45,7 @@ class WrapTest(FolderTest):
         self.assertEqual([
             "[Product Information]", "Product Name=Demo",
             "[Application]", "Application Type=service", "Override WorkingDir=Yes",
-            "Failure Check=Yes",
+            "Failure Check=Yes", "Error File=%LOCALAPPDATA%\\Demo\\errors.txt",
             "[Java Runtime Environment]", "Main Class=demo.Main", "Minimum Version=11",
             "Maximum Version=any",
             "[Class Path]", "Class Path=demo.jar;lib\\a.jar;lib\\d.jar;lib\\b c.jar",
@@ -88,6 +88,7 @@ class WrapTest(FolderTest):
         self.assertEqual([
             "[Application]", "Application Type=service", "Override WorkingDir=Yes",
             "Failure Check=Yes", "Embedded Jar=Yes",
+            "Error File=%LOCALAPPDATA%\\one\\errors.txt",
             "[Java Runtime Environment]", "Main Class=demo.Main", "Minimum Version=11",
             "Maximum Version=any",
             "[Class Path]", "Class Path=lib\\a.jar;lib\\d.jar;lib\\b c.jar",

@@ -70,6 +70,12 @@ void ReportTooNew(const AcceptedOption& accepted, VersionSet admitted, std::size
     }
 }
 
+// With this option a JVM ignores the options that only newer ones know.
+bool IgnoresUnknown(const std::vector<std::wstring>& options) {
+    return std::find(options.begin(), options.end(), L"-XX:+IgnoreUnrecognizedVMOptions") !=
+           options.end();
+}
+
 void CheckOverridden(std::wstring_view option, std::size_t line, Findings& findings) {
     const auto warn = [&](const char* key) {
         findings.Warning(
@@ -89,7 +95,9 @@ void CheckOption(const std::vector<std::wstring>& options, std::size_t at, Versi
         findings.Error("refused-option", line, Quoted(option) + kEndsLaunch,
                        std::string(refused->advice));
     } else if (const AcceptedOption* const accepted = FindAccepted(option)) {
-        if (accepted->since != 0) ReportTooNew(*accepted, admitted, line, findings);
+        if (accepted->since != 0 && !IgnoresUnknown(options)) {
+            ReportTooNew(*accepted, admitted, line, findings);
+        }
     } else if (RequiresEqualsSign(option)) {
         const bool hasValue = at + 1 < options.size() && !options[at + 1].starts_with(L"-");
         findings.Error("blank-for-equals", line,

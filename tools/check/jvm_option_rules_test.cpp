@@ -55,6 +55,12 @@ TEST(JvmOptionRulesTest, SuggestsTheIntendedOption) {
                 ElementsAre("2 error not-an-option"));
 }
 
+TEST(JvmOptionRulesTest, AcceptsNewOptionsThatAnOlderRuntimeIgnores) {
+    const wchar_t options[] =
+        L"-XX:+IgnoreUnrecognizedVMOptions --enable-native-access=ALL-UNNAMED";
+    EXPECT_THAT(Check(CheckJvmOptions, Options(options, L"11")), IsEmpty());
+}
+
 TEST(JvmOptionRulesTest, RejectsOptionsThatAreTooNew) {
     const wchar_t option[] = L"--enable-native-access=ALL-UNNAMED";
     EXPECT_THAT(Check(CheckJvmOptions, Options(option)), ElementsAre("2 warning unknown-option"));

@@ -158,23 +158,31 @@ void JarFile::ReadDirectory() {
     }
 }
 
-std::optional<Bytes> JarFile::Read(std::string_view name, std::size_t limit) const {
-    const auto found = positions_.find(name);
-    if (found == positions_.end()) return std::nullopt;
-    const std::string broken =
-        "its entry " + std::string(name) + " is corrupt or cannot be decompressed";
-    unz64_file_pos position = {found->second.inDirectory, found->second.number};
+void JarFile::FailEntry(std::string_view name) const {
+    Fail("its entry " + std::string(name) + " is corrupt or cannot be decompressed");
+}
+
+void JarFile::Open(const Position& position, std::string_view name, std::uint64_t limit) const {
+    unz64_file_pos place = {position.inDirectory, position.number};
     unz_file_info64 info = {};
-    if (unzGoToFilePos64(reader_->file, &position) != UNZ_OK ||
+    if (unzGoToFilePos64(reader_->file, &place) != UNZ_OK ||
         unzGetCurrentFileInfo64(reader_->file, &info, nullptr, 0, nullptr, 0, nullptr, 0) !=
             UNZ_OK ||
         unzOpenCurrentFile(reader_->file) != UNZ_OK) {
-        Fail(broken);
+        FailEntry(name);
     }
     if (info.uncompressed_size > limit) {
         unzCloseCurrentFile(reader_->file);
         Fail("its entry " + std::string(name) + " is too large");
     }
+}
+
+std::optional<Bytes> JarFile::Read(std::string_view name, std::size_t limit) const {
+    const auto found = positions_.find(name);
+    if (found == positions_.end()) return std::nullopt;
+    Open(found->second, name, limit);
+    unz_file_info64 info = {};
+    unzGetCurrentFileInfo64(reader_->file, &info, nullptr, 0, nullptr, 0, nullptr, 0);
     // Read in steps: the size in the directory is not trusted.
     constexpr unsigned kStep = 1U << 16;
     Bytes content;
@@ -186,7 +194,22 @@ std::optional<Bytes> JarFile::Read(std::string_view name, std::size_t limit) con
         content.resize(used + static_cast<std::size_t>(std::max(count, 0)));
     } while (count > 0 && content.size() <= limit);
     const int closed = unzCloseCurrentFile(reader_->file);
-    if (count != 0 || closed != UNZ_OK || content.size() != info.uncompressed_size) Fail(broken);
+    if (count != 0 || closed != UNZ_OK || content.size() != info.uncompressed_size) {
+        FailEntry(name);
+    }
+    return content;
+}
+
+std::optional<Bytes> JarFile::ReadStart(std::string_view name, std::size_t size) const {
+    const auto found = positions_.find(name);
+    if (found == positions_.end()) return std::nullopt;
+    Open(found->second, name, UINT64_MAX);
+    Bytes content(size);
+    const int count =
+        unzReadCurrentFile(reader_->file, content.data(), static_cast<unsigned>(size));
+    unzCloseCurrentFile(reader_->file);
+    if (count < 0) FailEntry(name);
+    content.resize(static_cast<std::size_t>(count));
     return content;
 }
 

@@ -39,6 +39,10 @@ class JarFile {
     /// is corrupt, compressed by an unknown method or larger than `limit` bytes.
     std::optional<Bytes> Read(std::string_view name, std::size_t limit = kLargestJarEntry) const;
 
+    /// The first `size` bytes of an entry, or all of a shorter one, without a check of the rest;
+    /// nothing when there is no such entry. Throws Failure when they cannot be decompressed.
+    std::optional<Bytes> ReadStart(std::string_view name, std::size_t size) const;
+
     const std::filesystem::path& Path() const { return path_; }
 
   private:
@@ -49,7 +53,9 @@ class JarFile {
     };
 
     void ReadDirectory();
+    void Open(const Position& position, std::string_view name, std::uint64_t limit) const;
     [[noreturn]] void Fail(std::string_view problem) const;
+    [[noreturn]] void FailEntry(std::string_view name) const;
 
     std::filesystem::path path_;
     std::unique_ptr<Reader> reader_;

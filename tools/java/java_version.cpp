@@ -12,6 +12,27 @@ namespace {
 constexpr int kFirstWithoutOne = 9;  // earlier versions are called "1.N"
 constexpr std::uintmax_t kLargestReleaseFile = 1U << 20;
 
+std::string ValueIn(std::string_view releaseFile, std::string_view key) {
+    while (!releaseFile.empty()) {
+        const std::string_view line = releaseFile.substr(0, releaseFile.find_first_of("\r\n"));
+        releaseFile.remove_prefix(std::min(line.size() + 1, releaseFile.size()));
+        if (!line.starts_with(key)) continue;
+        std::string value(line.substr(key.size()));
+        std::erase(value, '"');
+        return value;
+    }
+    return {};
+}
+
+// Empty when the file cannot be read.
+std::string ReleaseFileOf(const std::filesystem::path& home) {
+    try {
+        return std::string(AsText(ReadWholeFile(home / "release", kLargestReleaseFile)));
+    } catch (const Failure&) {
+        return {};
+    }
+}
+
 }  // namespace
 
 int JavaFeatureOf(std::string_view version) {
@@ -38,24 +59,26 @@ int JavaFeatureOfClass(std::span<const std::byte> classFile) {
 }
 
 std::string JavaVersionIn(std::string_view releaseFile) {
-    constexpr std::string_view kKey = "JAVA_VERSION=";
-    while (!releaseFile.empty()) {
-        const std::string_view line = releaseFile.substr(0, releaseFile.find_first_of("\r\n"));
-        releaseFile.remove_prefix(std::min(line.size() + 1, releaseFile.size()));
-        if (!line.starts_with(kKey)) continue;
-        std::string version(line.substr(kKey.size()));
-        std::erase(version, '"');
-        return version;
+    return ValueIn(releaseFile, "JAVA_VERSION=");
+}
+
+std::set<std::string> JavaModulesIn(std::string_view releaseFile) {
+    const std::string words = ValueIn(releaseFile, "MODULES=");
+    std::set<std::string> modules;
+    for (std::size_t at = 0; (at = words.find_first_not_of(' ', at)) != std::string::npos;) {
+        const std::size_t end = std::min(words.find(' ', at), words.size());
+        modules.insert(words.substr(at, end - at));
+        at = end;
     }
-    return {};
+    return modules;
 }
 
 std::string ReadJavaVersion(const std::filesystem::path& home) {
-    try {
-        return JavaVersionIn(AsText(ReadWholeFile(home / "release", kLargestReleaseFile)));
-    } catch (const Failure&) {
-        return {};
-    }
+    return JavaVersionIn(ReleaseFileOf(home));
+}
+
+std::set<std::string> ReadJavaModules(const std::filesystem::path& home) {
+    return JavaModulesIn(ReleaseFileOf(home));
 }
 
 }  // namespace tarn::tools

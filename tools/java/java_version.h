@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,7 +25,11 @@ int JavaFeatureOfClass(std::span<const std::byte> classFile);
 /// when there is none.
 std::string JavaVersionIn(std::string_view releaseFile);
 
-/// The same from the file `release` in a runtime's home; empty when it cannot be read.
+/// The words of `MODULES`, which a runtime's file `release` lists from Java 9 on.
+std::set<std::string> JavaModulesIn(std::string_view releaseFile);
+
+/// The same two from the file `release` in a runtime's home; empty when it cannot be read.
 std::string ReadJavaVersion(const std::filesystem::path& home);
+std::set<std::string> ReadJavaModules(const std::filesystem::path& home);
 
 }  // namespace tarn::tools

@@ -1,5 +1,6 @@
 #include "tools/java/java_version.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tools/common/folder_fixture.h"
@@ -28,6 +29,12 @@ TEST_F(JavaVersionOfARuntime, IsReadFromItsHome) {
     EXPECT_EQ(ReadJavaVersion(folder_), "21.0.8");
     Put("release", "IMPLEMENTOR=\"x\"\n");
     EXPECT_EQ(ReadJavaVersion(folder_), "");
+}
+
+TEST_F(JavaVersionOfARuntime, ComesWithTheListOfItsModules) {
+    EXPECT_THAT(ReadJavaModules(folder_), testing::IsEmpty());
+    Put("release", "JAVA_VERSION=\"21\"\nMODULES=\"java.base  javafx.graphics\"\n");
+    EXPECT_THAT(ReadJavaModules(folder_), testing::ElementsAre("java.base", "javafx.graphics"));
 }
 
 TEST(JavaFeatureTest, IsTheNumberThatCounts) {

@@ -53,18 +53,22 @@ void AddApplication(const WrapRequest& request, SettingsWriter& settings) {
         settings.Add(keys::kApplication, keys::kCmd, request.arguments,
                      "Arguments that main always receives, after those of the command line.");
     }
-    settings.AddSuggestion(keys::kApplication, keys::kOutputFile,
-                           "%LOCALAPPDATA%\\" + request.name + "\\output.txt",
-                           "Files for System.out and System.err.");
-    settings.AddSuggestion(keys::kApplication, keys::kErrorFile,
-                           "%LOCALAPPDATA%\\" + request.name + "\\errors.txt", "");
+    // A second "%" in a file's name begins the picture of a time stamp.
+    std::string name = request.name;
+    std::replace(name.begin(), name.end(), '%', '_');
+    const std::string folder = "%LOCALAPPDATA%\\" + name + '\\';
+    settings.AddSuggestion(keys::kApplication, keys::kOutputFile, folder + "output.txt",
+                           "A file for System.out.");
+    settings.Add(keys::kApplication, keys::kErrorFile, folder + "errors.txt",
+                 "A file for System.err, where Java writes why it cannot load the main class, and "
+                 "the\nexceptions of other threads than main's. Each start replaces it.");
 }
 
-void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsWriter& settings) {
+void AddRuntime(const WrapRequest& request, const JavaStart& start, SettingsWriter& settings) {
     const wchar_t* const section = keys::kJavaRuntimeEnvironment;
-    settings.Add(section, keys::kMainClass, facts.mainClass);
+    settings.Add(section, keys::kMainClass, start.mainClass);
     settings.Add(section, keys::kMinimumVersion,
-                 facts.minimumVersion.empty() ? "any" : facts.minimumVersion,
+                 start.minimumVersion.empty() ? "any" : start.minimumVersion,
                  "Versions of the installed Java runtimes that are accepted; \"any\" is no bound. "
                  "A runtime in\nthe folder jre64 beside the executable takes precedence.");
     settings.Add(section, keys::kMaximumVersion,
@@ -73,21 +77,26 @@ void AddRuntime(const WrapRequest& request, const JarFacts& facts, SettingsWrite
         settings.Add(section, keys::kVmProvider, "any",
                      "The process runs until it calls System.exit, not only until main returns.");
     }
-    std::vector<std::string> parameters = facts.vmParameters;
+    std::vector<std::string> parameters = start.vmParameters;
     if (!request.vmParameters.empty()) parameters.push_back(request.vmParameters);
-    const char* const kHeap =
+    const std::string kHeap =
         "JVM options. -Xmx25:256:4096p is a quarter of the machine's memory, but at least 256 and "
         "at\nmost 4096 MiB.";
+    const std::string kModules =
+        " The module path is relative to the current directory, which is the\nexecutable's folder.";
     if (parameters.empty()) {
         settings.AddSuggestion(section, keys::kVirtualMachineParameters, "-Xmx25:256:4096p", kHeap);
     } else {
-        settings.Add(section, keys::kVirtualMachineParameters, Concat(parameters, " "), kHeap);
+        const std::string options = Concat(parameters, " ");
+        const bool hasModules = options.find("--module-path=") != std::string::npos;
+        settings.Add(section, keys::kVirtualMachineParameters, options,
+                     kHeap + (hasModules ? kModules : ""));
     }
 }
 
 }  // namespace
 
-SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& facts,
+SettingsWriter ApplicationSettings(const WrapRequest& request, const JavaStart& start,
                                    const std::vector<std::string>& classPath,
                                    const std::string& splash) {
     SettingsWriter settings("Settings of " + request.name +
@@ -97,7 +106,7 @@ SettingsWriter ApplicationSettings(const WrapRequest& request, const JarFacts& f
                      "Folder of the per-user settings below %APPDATA%.");
     }
     AddApplication(request, settings);
-    AddRuntime(request, facts, settings);
+    AddRuntime(request, start, settings);
     if (!classPath.empty()) {
         settings.Add(keys::kClassPath, keys::kClassPath, AsWindowsPath(Concat(classPath, ";")),
                      "Relative to the executable's folder; lib\\*.jar is every jar in lib.");

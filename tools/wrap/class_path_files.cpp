@@ -33,6 +33,11 @@ std::string TargetBelow(const fs::path& base, const std::string& url) {
     return isOutside ? std::string() : target;
 }
 
+// In the form that "." and "./" have below it.
+fs::path OwnFolder(const fs::path& folder) {
+    return (folder / ".").lexically_normal();
+}
+
 class Collector {
   public:
     explicit Collector(std::vector<std::string>& warnings) : warnings_(warnings) {}
@@ -103,6 +108,14 @@ class Collector {
         if (file.target.empty()) {
             file.target = kLibraries + Utf8OfPath(file.source.lexically_normal().filename());
             // The jar's own folder or one above it would copy everything there.
+            if (file.isFolder && (folder / PathOf(url)).lexically_normal() == OwnFolder(folder)) {
+                warnings_.push_back(
+                    from +
+                    ", the jar's own folder: classes and resources beside the jar. The "
+                    "application's folder is searched as well, because it is the current "
+                    "directory; add the files that the application requires with --add");
+                return;
+            }
             if (file.isFolder) {
                 warnings_.push_back(from + ", a folder that is not below the jar's; it is omitted");
                 return;

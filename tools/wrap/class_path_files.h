@@ -8,11 +8,20 @@
 
 namespace tarn::tools {
 
+/// Where Java looks for a file's classes.
+enum class Placement {
+    ClassPath,
+    ModulePath,
+    Both,  // a module whose jar is also the only entry that keeps the class path from being empty
+    Omitted,  // the file is not part of the result
+};
+
 /// A file or folder on the class path.
 struct ClassPathFile {
     std::filesystem::path source;
     std::string target;  // relative to the application's folder, with "/", in UTF-8
     bool isFolder = false;
+    Placement placement = Placement::ClassPath;
 };
 
 /// Collects the application's jar and, recursively, everything that the Class-Path of its manifest

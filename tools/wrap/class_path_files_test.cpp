@@ -58,6 +58,15 @@ TEST_F(ClassPathFiles, AcceptsFoldersOfClasses) {
     EXPECT_THAT(warnings_, ElementsAre(HasSubstr("not below the jar")));
 }
 
+TEST_F(ClassPathFiles, ExplainsTheJarsOwnFolder) {
+    for (const char* const folder : {".", "./"}) {
+        warnings_.clear();
+        PutJar("in/app.jar", folder);
+        EXPECT_THAT(Collect(), ElementsAre("app.jar"));
+        EXPECT_THAT(warnings_, ElementsAre(HasSubstr("the jar's own folder")));
+    }
+}
+
 TEST_F(ClassPathFiles, WarnsAboutMissingFilesAndUrls) {
     PutJar("in/app.jar", "lib/none.jar https://example.org/x.jar file:/c:/y.jar");
     EXPECT_THAT(Collect(), ElementsAre("app.jar"));

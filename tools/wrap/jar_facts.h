@@ -15,18 +15,12 @@ struct JarFacts {
     std::string version;
     std::string vendor;
     std::string splashEntry;  // entry of the picture in the jar
-
-    /// The oldest Java version that runs the main class, such as "1.8" or "17"; empty when the
-    /// class is not in this jar.
-    std::string minimumVersion;
-
-    /// JVM options equivalent to the attributes that only "java -jar" reads.
-    std::vector<std::string> vmParameters;
+    Manifest manifest;
 };
 
-/// Reads the facts. `mainClass` and `minimumVersion` take precedence over the jar unless empty.
-/// Throws Failure when no main class is specified; adds unsupported attributes to `warnings`.
+/// Reads the facts. `mainClass` takes precedence over the manifest unless empty. Throws Failure
+/// when no main class is specified; adds unsupported attributes to `warnings`.
 JarFacts ReadJarFacts(const JarFile& jar, const std::string& mainClass,
-                      const std::string& minimumVersion, std::vector<std::string>& warnings);
+                      std::vector<std::string>& warnings);
 
 }  // namespace tarn::tools

@@ -6,13 +6,15 @@
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/image/picture_format.h"
-#include "tools/java/java_version.h"
 #include "tools/settings/embedded_settings_text.h"
 #include "tools/stamp/launcher_file.h"
 #include "tools/stamp/stamp.h"
+#include "tools/wrap/application_jars.h"
 #include "tools/wrap/application_settings.h"
 #include "tools/wrap/class_path_files.h"
 #include "tools/wrap/jar_facts.h"
+#include "tools/wrap/java_start.h"
+#include "tools/wrap/native_libraries.h"
 #include "tools/wrap/output_folder.h"
 #include "tools/wrap/result_check.h"
 #include "tools/wrap/runtime_folder.h"
@@ -106,16 +108,8 @@ WrapRequest Completed(WrapRequest request, const JarFacts& facts) {
     return request;
 }
 
-// The launcher uses a shipped runtime of any version.
-void CheckShippedRuntime(const WrapRequest& request, const JarFacts& facts,
-                         std::vector<std::string>& warnings) {
-    CheckRuntime(request.runtime);
-    const std::string version = ReadJavaVersion(request.runtime);
-    const int feature = JavaFeatureOf(version);
-    if (feature != 0 && feature < JavaFeatureOf(facts.minimumVersion)) {
-        warnings.push_back(Utf8OfPath(request.runtime) + ": is Java " + version +
-                           ", but the application requires " + facts.minimumVersion);
-    }
+bool IsOnClassPath(const ClassPathFile& file) {
+    return file.placement == Placement::ClassPath || file.placement == Placement::Both;
 }
 
 void WarnAboutNames(const std::vector<ClassPathFile>& files, std::vector<std::string>& warnings) {
@@ -162,11 +156,20 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     std::vector<std::string> warnings;
     const Bytes jarContent = ReadWholeFile(asked.jar);
     const JarFile jar(jarContent, asked.jar);
-    const JarFacts facts = ReadJarFacts(jar, asked.mainClass, asked.minimumVersion, warnings);
+    const JarFacts facts = ReadJarFacts(jar, asked.mainClass, warnings);
     const WrapRequest request = Completed(asked, facts);
     if (request.singleFile) CheckHasEffectInSingleFile(request);
-    if (!request.runtime.empty()) CheckShippedRuntime(request, facts, warnings);
-    std::vector<ClassPathFile> files = CollectClassPath(jar, request.classPath, warnings);
+    if (!request.runtime.empty()) CheckRuntime(request.runtime);
+    ApplicationJars jars = OpenJars(CollectClassPath(jar, request.classPath, warnings));
+    if (FindClass(jars, facts.mainClass) == nullptr) {
+        warnings.push_back("the main class " + facts.mainClass + " is in none of the jars");
+    }
+    const JavaStart start = PlanStart(request, facts, jars, warnings);
+    WarnAboutOtherSystems(jars, warnings);
+    std::vector<ClassPathFile> files;
+    for (const ApplicationJar& each : jars) {
+        if (each.file.placement != Placement::Omitted) files.push_back(each.file);
+    }
     WarnAboutNames(files, warnings);
     const Splash splash = ReadSplash(request, jar, facts, warnings);
     if (request.singleFile) {
@@ -178,8 +181,10 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     }
     std::vector<std::string> classPath;
     classPath.reserve(files.size());
-    for (const ClassPathFile& file : files) classPath.push_back(file.target);
-    const SettingsWriter settings = ApplicationSettings(request, facts, classPath, splash.file);
+    for (const ClassPathFile& file : files) {
+        if (IsOnClassPath(file)) classPath.push_back(file.target);
+    }
+    const SettingsWriter settings = ApplicationSettings(request, start, classPath, splash.file);
 
     StampChanges changes = ChangesFor(request, facts);
     if (request.singleFile) {

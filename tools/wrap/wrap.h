@@ -16,6 +16,13 @@ enum class EndsWith {
     Main,     // when main returns
 };
 
+/// How Java loads the main class.
+enum class StartsAs {
+    Automatic,  // as the jar's author meant it
+    ClassPath,
+    Module,
+};
+
 /// The options of `tarn wrap`. Texts are UTF-8; empty ones default to what the jar specifies.
 struct WrapRequest {
     std::filesystem::path jar;
@@ -36,6 +43,7 @@ struct WrapRequest {
     std::string vmParameters;
     std::string arguments;
     EndsWith endsWith = EndsWith::Threads;
+    StartsAs startsAs = StartsAs::Automatic;
     bool singleInstance = false;
     bool singleFile = false;
     bool noSplash = false;

@@ -22,7 +22,7 @@ constexpr char kExamples[] =
     "Comments in NAME.ini explain the settings; tarn check finds mistakes in them.";
 
 struct Arguments {
-    std::string jar, out, icon, splash, runtime, launcher, endsWith;
+    std::string jar, out, icon, splash, runtime, launcher, endsWith, startsAs;
     std::vector<std::string> classPath, added, settings;
     WrapRequest request;
 };
@@ -57,6 +57,13 @@ EndsWith EndOf(const Arguments& arguments) {
     return kWords.at(arguments.endsWith);
 }
 
+StartsAs StartOf(const std::string& word) {
+    static const std::map<std::string, StartsAs> kWords = {{"", StartsAs::Automatic},
+                                                           {"class-path", StartsAs::ClassPath},
+                                                           {"module", StartsAs::Module}};
+    return kWords.at(word);
+}
+
 std::pair<std::string, std::string> ParseSetting(const std::string& text) {
     const std::size_t equals = text.find('=');
     const std::size_t slash = text.find('/');
@@ -76,6 +83,7 @@ void RunWrap(const Arguments& arguments, const Console& console) {
     request.classPath = PathsOf(arguments.classPath);
     request.added = PathsOf(arguments.added);
     request.endsWith = EndOf(arguments);
+    request.startsAs = StartOf(arguments.startsAs);
     for (const std::string& text : arguments.settings) {
         request.settings.push_back(ParseSetting(text));
     }
@@ -113,7 +121,7 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
     option("--title", request.title, "TEXT", "Application name shown to users");
     option("--vendor", request.vendor, "TEXT", "Company name");
     option("--min-version", request.minimumVersion, "VERSION",
-           "Oldest Java version, or \"any\" (default: what the main class was compiled for)");
+           "Oldest Java version, or \"any\" (default: what the classes were compiled for)");
     option("--max-version", request.maximumVersion, "VERSION", "Newest Java version");
     option("--vm-parameters", request.vmParameters, "TEXT", "JVM options");
     option("--arguments", request.arguments, "TEXT", "Arguments that main always receives");
@@ -124,6 +132,11 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
                     "When the process ends: with its last thread, like java -jar (the default), on "
                     "System.exit (the default with --single-instance) or when main returns")
         ->check(CLI::IsMember({"threads", "exit", "main"}));
+    command
+        .add_option("--start-as", arguments.startsAs,
+                    "How Java loads the main class (default: as a module if the jar's "
+                    "module-info.class names it, with JavaFX as modules)")
+        ->check(CLI::IsMember({"class-path", "module"}));
     command.add_flag("--single-file", request.singleFile,
                      "Embed the jar and the settings in the executable");
     command.add_flag("--keep-working-dir", request.keepsWorkingDirectory,
