@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/unit_support/test_folder.h"
-#include "tests/unit_support/test_hive.h"
+#include "tests/unit_support/folder_fixture.h"
+#include "tests/unit_support/hive_fixture.h"
 
 namespace tarn {
 namespace {
@@ -51,9 +51,9 @@ class FindRuntimeTest : public testing::Test {
         return verdicts;
     }
 
-    TestHive hive_;
-    TestFolder runtimes_;
-    TestFolder current_;
+    HiveFixture hive_;
+    FolderFixture runtimes_;
+    FolderFixture current_;
     CurrentFolder there_{current_.path()};
     RuntimeSearchPolicy policy_;
     RuntimeChoice choice_;

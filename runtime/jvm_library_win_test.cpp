@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "base/environment.h"
-#include "tests/unit_support/test_folder.h"
+#include "tests/unit_support/folder_fixture.h"
 
 namespace tarn {
 namespace {
@@ -21,7 +21,7 @@ struct Selection {
 };
 
 Selection Select(std::initializer_list<const wchar_t*> folders, JvmType type) {
-    const TestFolder home;
+    const FolderFixture home;
     for (const wchar_t* folder : folders) {
         home.Write(std::wstring(L"bin\\") + folder + L"\\jvm.dll");
     }
@@ -111,7 +111,7 @@ TEST_F(PublishJvmLocationTest, PublishesAPathWithoutFoldersUnchanged) {
 }
 
 TEST(FindInRuntimeBinTest, FindsAFileInTheBinFolder) {
-    const TestFolder home;
+    const FolderFixture home;
     const std::wstring splash = home.Write(L"bin\\splashscreen.dll");
     const std::wstring library = home.path() + L"bin\\server\\jvm.dll";
     EXPECT_EQ(FindInRuntimeBin(library, L"splashscreen.dll"), splash);
@@ -121,7 +121,7 @@ TEST(FindInRuntimeBinTest, FindsAFileInTheBinFolder) {
 TEST(FindInRuntimeBinTest, UsesAPathWithoutFoldersAsTheFolder) {
     EXPECT_EQ(FindInRuntimeBin(L"jvm.dll", L"splashscreen.dll"), L"");
     // Slashes do not separate components.
-    const TestFolder home;
+    const FolderFixture home;
     home.Write(L"file.dll");
     std::wstring slashed = home.path();
     for (wchar_t& character : slashed) {

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "base/paths.h"
-#include "tests/unit_support/test_folder.h"
+#include "tests/unit_support/folder_fixture.h"
 
 namespace tarn {
 namespace {
@@ -30,7 +30,7 @@ class PairedMachineTest : public testing::Test {
         return NeedsPairedLauncher(folder_.Write(L"jvm.dll", bytes), pairProduct);
     }
 
-    TestFolder folder_;
+    FolderFixture folder_;
 };
 
 TEST_F(PairedMachineTest, A32BitLibraryNeedsThePairedLauncher) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/unit_support/test_hive.h"
+#include "tests/unit_support/hive_fixture.h"
 
 namespace tarn {
 namespace {
@@ -17,7 +17,7 @@ class RegistryReaderTest : public testing::Test {
         return view_.ReadHome(name);
     }
 
-    TestHive hive_;
+    HiveFixture hive_;
     RegistryReader view_{KEY_READ};
 };
 

@@ -25,15 +25,6 @@ std::wstring LettersOfCodePage() {
     }
 }
 
-std::string Bytes(const std::wstring& text) {
-    std::string bytes(text.size() * 4, '\0');
-    const int size =
-        WideCharToMultiByte(CP_ACP, 0, text.c_str(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(size));
-    return bytes;
-}
-
 /// A settings file of 8-bit text, as editors without UTF-16 wrote it.
 class CodePage : public FakeJvmFixture {
   protected:
@@ -44,7 +35,7 @@ class CodePage : public FakeJvmFixture {
     }
 
     std::int32_t RunWithBytes() {
-        app.WriteSettingsBytes(Bytes(settings.Text()));
+        app.WriteSettingsBytes(AnsiFile(settings.Text()));
         return app.Launch()->ExitCode().value_or(kNoExitCode);
     }
 
@@ -75,7 +66,7 @@ TEST_F(CodePage, ClassPathPatternsMatchFilesWithThoseLetters) {
 
 TEST_F(CodePage, ArgumentsOutsideTheCodePagePassUnchanged) {
     settings.Application(L"Cmd", letters_);
-    app.WriteSettingsBytes(Bytes(settings.Text()));
+    app.WriteSettingsBytes(AnsiFile(settings.Text()));
     EXPECT_EQ(app.Launch(L"\u00E9\u0416\u8868")->ExitCode(), 0);
     EXPECT_EQ(MainArguments(),
               "[" + TextInLog(L"\u00E9\u0416\u8868") + ", " + TextInLog(letters_) + "]");
@@ -84,7 +75,7 @@ TEST_F(CodePage, ArgumentsOutsideTheCodePagePassUnchanged) {
 TEST_F(CodePage, AnErrorBoxShowsThoseLetters) {
     const std::wstring library = app.AddFile(letters_ + L"\\bin\\client\\jvm.dll", "no library");
     settings.Runtime(L"JRE Path", letters_);
-    app.WriteSettingsBytes(Bytes(settings.Text()));
+    app.WriteSettingsBytes(AnsiFile(settings.Text()));
     const auto process = app.Launch();
     EXPECT_THAT(ToUtf8(TakeErrorBox(*process)),
                 StartsWith(ToUtf8(L"Failed to load Java VM library: " + letters_ +

@@ -1,6 +1,7 @@
 // What the dialog's choice changes in the settings files.
 
 #include "tests/support/jre_not_found_fixture.h"
+#include "tests/support/jvm_files.h"
 
 namespace tarn::test {
 namespace {
@@ -28,36 +29,11 @@ class JreNotFoundRemembered : public JreNotFoundFixture {
     std::wstring runtime_;
 };
 
-/// The bytes of a file that Windows writes in its 8-bit code page.
-std::string Ansi(const std::wstring& text) {
-    std::string bytes(text.size() * 4, '\0');
-    const int size =
-        WideCharToMultiByte(CP_ACP, 0, text.c_str(), static_cast<int>(text.size()), bytes.data(),
-                            static_cast<int>(bytes.size()), nullptr, nullptr);
-    bytes.resize(static_cast<std::size_t>(size));
-    return bytes;
-}
-
-/// The headers of a 32-bit library.
-std::string Library32() {
-    std::string bytes(512, '\0');
-    auto* const dos = reinterpret_cast<IMAGE_DOS_HEADER*>(bytes.data());
-    dos->e_magic = IMAGE_DOS_SIGNATURE;
-    dos->e_lfanew = 64;
-    auto* const headers = reinterpret_cast<IMAGE_NT_HEADERS32*>(bytes.data() + 64);
-    headers->Signature = IMAGE_NT_SIGNATURE;
-    headers->FileHeader.Machine = IMAGE_FILE_MACHINE_I386;
-    headers->FileHeader.SizeOfOptionalHeader = sizeof(IMAGE_OPTIONAL_HEADER32);
-    headers->FileHeader.Characteristics = IMAGE_FILE_EXECUTABLE_IMAGE | IMAGE_FILE_DLL;
-    headers->OptionalHeader.Magic = IMAGE_NT_OPTIONAL_HDR32_MAGIC;
-    return bytes;
-}
-
 TEST_F(JreNotFoundRemembered, TheFolderIsWrittenToThePerUserFile) {
     const std::wstring mainBefore = settings.Text();
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(ReadFileBytes(PerUserFile()),
-              Ansi(L"[Java Runtime Environment]\r\nJRE Path=" + runtime_ + L"\\\r\n"));
+              AnsiFile(L"[Java Runtime Environment]\r\nJRE Path=" + runtime_ + L"\\\r\n"));
     EXPECT_EQ(ReadFileBytes(app.SettingsFile()), Utf16File(mainBefore));
 }
 
@@ -68,8 +44,8 @@ TEST_F(JreNotFoundRemembered, OtherContentsOfThePerUserFileAreKept) {
                    "JRE Path=C:\\gone\r\n[Last]\r\nB=2\r\n");
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(ReadFileBytes(PerUserFile()),
-              Ansi(L"[Other]\r\nA=1\r\n[Java Runtime Environment]\r\nJVM Type=x\r\nJRE Path=" +
-                   runtime_ + L"\\\r\n[Last]\r\nB=2\r\n"));
+              AnsiFile(L"[Other]\r\nA=1\r\n[Java Runtime Environment]\r\nJVM Type=x\r\nJRE Path=" +
+                       runtime_ + L"\\\r\n[Last]\r\nB=2\r\n"));
 }
 
 TEST_F(JreNotFoundRemembered, AFolderOutsideTheCodePageIsWrittenUnchanged) {
@@ -111,7 +87,7 @@ TEST_F(JreNotFoundRemembered, TheMainSettingsOfAServicesPairedLauncherAreWritten
 }
 
 TEST_F(JreNotFoundRemembered, A32BitLibraryStartsThePairedProgram) {
-    app.AddFile(L"jre32\\bin\\client\\jvm.dll", Library32());
+    app.AddFile(L"jre32\\bin\\client\\jvm.dll", HeadersOf32BitLibrary());
     // A program that accepts the launch's command line and ends with a code of its own.
     settings.Application(L"Pair Product", L"C:\\windows\\system32\\cmd.exe");
     settings.Application(L"Pair Return Code", L"Yes");

@@ -10,7 +10,7 @@ namespace {
 class PairedLaunchEdges : public FakeJvmFixture {
   protected:
     PairedLaunchEdges() {
-        WriteFileBytes(library, NarrowLibrary());
+        WriteFileBytes(library, HeadersOf32BitLibrary());
         settings.Application(L"Pair Return Code", L"Yes");
     }
 
@@ -48,11 +48,11 @@ TEST_F(PairedLaunchEdges, AFileThatIsNotAProgramReturnsZero) {
 }
 
 TEST_F(PairedLaunchEdges, HeadersBeyondTheEndOfTheFileAreIgnored) {
-    WriteFileBytes(library, NarrowLibrary().substr(0, 70));
+    WriteFileBytes(library, HeadersOf32BitLibrary().substr(0, 70));
     EXPECT_EQ(Run(), 0);
     EXPECT_TRUE(pair.WaitUntilStarted());
     // The second byte of the machine field is missing.
-    WriteFileBytes(library, NarrowLibrary().substr(0, 69));
+    WriteFileBytes(library, HeadersOf32BitLibrary().substr(0, 69));
     EXPECT_EQ(RunWithErrorBox(LoadFailure(library)), -1);
 }
 

@@ -5,8 +5,22 @@
 namespace tarn::test {
 namespace {
 
+/// A value of a setting, and the home of the runtime that is chosen with it.
+struct Choice {
+    std::wstring_view value;
+    std::string_view home;
+};
+
 class RuntimeChoice : public RegisteredRuntimesFixture {
   protected:
+    /// Sets the key to each value and compares the choice.
+    void ExpectHomes(std::wstring_view key, std::initializer_list<Choice> choices) {
+        for (const Choice& choice : choices) {
+            settings.Runtime(key, choice.value);
+            EXPECT_EQ(ChosenHome(), choice.home) << ToUtf8(choice.value);
+        }
+    }
+
     /// The home of the chosen runtime; all runtimes have a server JVM here unless a test says
     /// otherwise.
     std::string ChosenHome() {
@@ -21,15 +35,20 @@ TEST_F(RuntimeChoice, IsTheNewestWithinTheBounds) {
     Add(kOldJdkRoot, L"1.9", L"c\\jre");
     registered.Add(kOldJdkRoot, L"1.9.0", app.Path(L"c"));
     Add(kJdkRoot, L"11.0.2", L"d");
-    EXPECT_EQ(ChosenHome(), "d");
-    settings.Runtime(L"Maximum Version", L"1.8");
-    EXPECT_EQ(ChosenHome(), "b");
-    settings.Runtime(L"Maximum Version", L"1.8.0_230");
-    EXPECT_EQ(ChosenHome(), "a");
-    settings.Runtime(L"Maximum Version", L"1.9").Runtime(L"Minimum Version", L"1.8.0_232");
-    EXPECT_EQ(ChosenHome(), "c");
-    settings.Runtime(L"Minimum Version", L"17").Runtime(L"Maximum Version", L"any");
-    EXPECT_EQ(ChosenHome(), "nothing");
+    const struct {
+        std::wstring_view minimum;
+        std::wstring_view maximum;
+        std::string_view home;
+    } kBounds[] = {{L"", L"any", "d"},
+                   {L"", L"1.8", "b"},
+                   {L"", L"1.8.0_230", "a"},
+                   {L"1.8.0_232", L"1.9", "c"},
+                   {L"17", L"any", "nothing"}};
+    for (const auto& bounds : kBounds) {
+        settings.Runtime(L"Minimum Version", bounds.minimum);
+        settings.Runtime(L"Maximum Version", bounds.maximum);
+        EXPECT_EQ(ChosenHome(), bounds.home) << ToUtf8(bounds.maximum);
+    }
 }
 
 TEST_F(RuntimeChoice, WithoutAMaximumFindsNone) {
@@ -44,30 +63,19 @@ TEST_F(RuntimeChoice, IsOfTheFirstPreferredVersionInstalled) {
     Add(kJdkRoot, L"11.0.2", L"a");
     Add(kOldJreRoot, L"1.8.0_231", L"b");
     Add(kOldJreRoot, L"1.7.0_80", L"c");
-    settings.Runtime(L"Preferred versions", L"1.7;1.8");
-    EXPECT_EQ(ChosenHome(), "c");
-    settings.Runtime(L"Preferred versions", L"17;1.8;1.7");
-    EXPECT_EQ(ChosenHome(), "b");
-    settings.Runtime(L"Preferred versions", L"17;;1.7");
-    EXPECT_EQ(ChosenHome(), "a");
+    ExpectHomes(L"Preferred versions",
+                {{L"1.7;1.8", "c"}, {L"17;1.8;1.7", "b"}, {L"17;;1.7", "a"}});
 }
 
 TEST_F(RuntimeChoice, FollowsTheSource) {
     Add(kJdkRoot, L"11", L"jdk");
     Add(kOldJreRoot, L"1.8", L"jre");
     EXPECT_EQ(ChosenHome(), "jdk");
-    settings.Runtime(L"JVM Source", L"favor_JRE");
-    EXPECT_EQ(ChosenHome(), "jre");
-    settings.Runtime(L"JVM Source", L"favor_JDK");
-    EXPECT_EQ(ChosenHome(), "jdk");
-    settings.Runtime(L"JVM Source", L"only_JRE");
-    EXPECT_EQ(ChosenHome(), "jre");
-    settings.Runtime(L"JVM Source", L"only_JDK").Runtime(L"Maximum Version", L"1.8");
-    EXPECT_EQ(ChosenHome(), "nothing");
-    settings.Runtime(L"JVM Source", L"favor_JDK");
-    EXPECT_EQ(ChosenHome(), "jre");
-    settings.Runtime(L"JVM Source", L"Favor_JRE");
-    EXPECT_EQ(ChosenHome(), "nothing");
+    ExpectHomes(L"JVM Source",
+                {{L"favor_JRE", "jre"}, {L"favor_JDK", "jdk"}, {L"only_JRE", "jre"}});
+    settings.Runtime(L"Maximum Version", L"1.8");
+    ExpectHomes(L"JVM Source",
+                {{L"only_JDK", "nothing"}, {L"favor_JDK", "jre"}, {L"Favor_JRE", "nothing"}});
 }
 
 TEST_F(RuntimeChoice, FollowsTheProvider) {
@@ -75,18 +83,12 @@ TEST_F(RuntimeChoice, FollowsTheProvider) {
     Add(kJrockitJreRoot, L"1.7", L"jrockit");
     Add(kJdkRoot, L"1.5", L"sun");
     EXPECT_EQ(ChosenHome(), "sun");
-    settings.Runtime(L"VM Provider", L"sun");
-    EXPECT_EQ(ChosenHome(), "sun");
-    settings.Runtime(L"VM Provider", L"IBM");
-    EXPECT_EQ(ChosenHome(), "ibm");
-    settings.Runtime(L"VM Provider", L"jrockit");
-    EXPECT_EQ(ChosenHome(), "jrockit");
-    settings.Runtime(L"VM Provider", L"any");
-    EXPECT_EQ(ChosenHome(), "jrockit");
-    settings.Runtime(L"VM Provider", L"favor_sun");
-    EXPECT_EQ(ChosenHome(), "sun");
-    settings.Runtime(L"VM Provider", L"Favor_IBM");
-    EXPECT_EQ(ChosenHome(), "ibm");
+    ExpectHomes(L"VM Provider", {{L"sun", "sun"},
+                                 {L"IBM", "ibm"},
+                                 {L"jrockit", "jrockit"},
+                                 {L"any", "jrockit"},
+                                 {L"favor_sun", "sun"},
+                                 {L"Favor_IBM", "ibm"}});
 }
 
 TEST_F(RuntimeChoice, FollowsTheJvmType) {

@@ -11,8 +11,8 @@ KIB = 1024
 WANTED_SIZE = 64 * KIB
 LARGEST_SIZE = 96 * KIB
 
-# What every program with a window has loaded anyway. Anything else costs each start its loading,
-# and a library that is needed later is loaded then.
+# Windows loads these into every GUI process. Any other import would delay each start; libraries
+# that are needed later are loaded on demand.
 ALLOWED_IMPORTS = {"kernel32.dll", "user32.dll", "gdi32.dll", "advapi32.dll", "msvcrt.dll"}
 
 
@@ -30,12 +30,12 @@ class HeadersTest(unittest.TestCase):
     def test_is_loaded_at_a_random_address(self):
         self.assertTrue(self.has_characteristic("DYNAMIC_BASE"))
         self.assertTrue(self.has_characteristic("HIGH_ENTROPY_VA"))
-        # The flags alone do nothing for an image that cannot be moved.
+        # The flags have no effect on an image without relocations.
         self.assertTrue(hasattr(load(), "DIRECTORY_ENTRY_BASERELOC"))
         self.assertFalse(load().FILE_HEADER.IMAGE_FILE_RELOCS_STRIPPED)
 
     def test_may_use_the_whole_address_space(self):
-        # A 64-bit program without the flag has 2 GiB for itself and for Java.
+        # Without the flag a 64-bit process, Java included, is limited to 2 GiB of address space.
         self.assertTrue(load().FILE_HEADER.IMAGE_FILE_LARGE_ADDRESS_AWARE)
 
     def test_forbids_running_data(self):
@@ -60,7 +60,7 @@ class HeadersTest(unittest.TestCase):
         self.assertNotEqual(section.VirtualAddress, entry)
 
     def test_has_no_work_for_each_thread(self):
-        # A thread callback of ours would run for every thread that Java starts.
+        # A TLS callback would run for every thread that Java starts.
         self.assertFalse(hasattr(load(), "DIRECTORY_ENTRY_TLS"))
 
     def test_reserves_the_usual_stack(self):
@@ -85,7 +85,7 @@ class ImportsTest(unittest.TestCase):
         self.assertEqual(set(), names - ALLOWED_IMPORTS)
 
     def test_delays_no_import(self):
-        # Libraries of a later moment are loaded by name, from the system's folder only.
+        # Libraries that are needed later are loaded by name, from the system folder only.
         self.assertFalse(hasattr(load(), "DIRECTORY_ENTRY_DELAY_IMPORT"))
 
 

@@ -1,4 +1,4 @@
-"""The executable under test, as its file shows it."""
+"""Reads the file of the executable under test."""
 
 import functools
 import os
@@ -20,7 +20,7 @@ def load(path=LAUNCHER):
 
 
 def resources(kind, path=LAUNCHER):
-    """The resources of a kind: (id, language, bytes)."""
+    """The resources of a type: (id, language, bytes)."""
     image = load(path)
     for entry in image.DIRECTORY_ENTRY_RESOURCE.entries:
         if entry.id != kind:
@@ -32,7 +32,7 @@ def resources(kind, path=LAUNCHER):
 
 
 def string_table(path=LAUNCHER):
-    """The string table's texts by id. A block holds 16, each behind its length; 0 is no text."""
+    """The string table's texts by id. A block contains 16, each after its length; length 0 is no text."""
     texts = {}
     for block, _, data in resources(RT_STRING, path):
         offset = 0

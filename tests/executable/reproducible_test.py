@@ -1,4 +1,4 @@
-"""Two builds of the same sources in two folders give the same bytes."""
+"""Two builds of the same sources in different folders have the same bytes."""
 
 import os
 import shutil
@@ -20,7 +20,7 @@ class ReproducibleTest(unittest.TestCase):
 
     def test_a_build_in_another_folder_gives_the_same_bytes(self):
         with tempfile.TemporaryDirectory(prefix="tarn elsewhere ") as elsewhere:
-            # Another depth and length than the first one, and a blank.
+            # A different depth and length, and a space.
             copy = os.path.join(elsewhere, "a", "longer", "way", "down")
             shutil.copytree(ROOT, copy, ignore=shutil.ignore_patterns("build", ".git"))
             self.run_quietly("cmake", "--preset", "release", folder=copy)

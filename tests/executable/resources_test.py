@@ -45,7 +45,7 @@ TEXTS = {
 SETTINGS_2005 = "{http://schemas.microsoft.com/SMI/2005/WindowsSettings}"
 SETTINGS_2016 = "{http://schemas.microsoft.com/SMI/2016/WindowsSettings}"
 COMPATIBILITY = "{urn:schemas-microsoft-com:compatibility.v1}"
-# The runtimes name it still; no supported one starts there.
+# Java runtimes still list it, although no supported one runs on it.
 WINDOWS_VISTA = "{e2011457-1546-43c5-a5fe-008deee3d3f0}"
 
 
@@ -149,7 +149,7 @@ class IconTest(unittest.TestCase):
     def test_has_the_sizes_that_the_shell_shows(self):
         groups = list(resources(RT_GROUP_ICON))
         self.assertTrue(groups)
-        # Explorer shows the group with the lowest number.
+        # Explorer shows the icon group with the lowest id.
         _, _, data = min(groups)
         count = int.from_bytes(data[4:6], "little")
         entries = [data[6 + 14 * i:6 + 14 * (i + 1)] for i in range(count)]

@@ -23,7 +23,7 @@ std::wstring GeneratedLaunch::AddHome(const std::wstring& home) {
         app.AddFile(library, "no library at all");
         notes_ += " (broken)";
     } else if (Chance(10)) {
-        app.AddFile(library, NarrowLibrary());
+        app.AddFile(library, HeadersOf32BitLibrary());
         notes_ += " (32-bit)";
     }
     notes_ += '\n';
@@ -109,7 +109,7 @@ void GeneratedLaunch::DrawPairedProgram() {
     app.environment[L"PAIR_LOG"] = app.Path(L"pair.log");
     app.environment[L"PAIR_EXIT"] = std::to_wstring(kPairCode);
     if (Chance(30)) {
-        app.AddFile(L"jre\\bin\\client\\jvm.dll", NarrowLibrary());
+        app.AddFile(L"jre\\bin\\client\\jvm.dll", HeadersOf32BitLibrary());
         notes_ += "a 32-bit client JVM in jre\n";
     }
     if (Chance(50)) PutApplication(L"Pair Return Code", OneOf({L"Yes", L"yes", L"on"}));

@@ -15,6 +15,15 @@ std::string As32Bit(std::string bytes) {
     return bytes;
 }
 
+std::string HeadersOf32BitLibrary() {
+    std::string bytes(256, '\0');
+    bytes.replace(0, 2, "MZ");
+    bytes[60] = 64;
+    bytes.replace(64, 2, "PE");
+    bytes.replace(68, 2, "\x4C\x01");
+    return bytes;
+}
+
 std::wstring LoadFailure(const std::wstring& path) {
     const UniqueLibrary library(LoadLibraryW(path.c_str()));
     const DWORD error = GetLastError();

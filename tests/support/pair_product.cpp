@@ -41,13 +41,4 @@ std::wstring PairProduct::Note(std::size_t line) const {
     return {};
 }
 
-std::string NarrowLibrary() {
-    std::string bytes(256, '\0');
-    bytes.replace(0, 2, "MZ");
-    bytes[60] = 64;
-    bytes.replace(64, 2, "PE");
-    bytes.replace(68, 2, "\x4C\x01");
-    return bytes;
-}
-
 }  // namespace tarn::test

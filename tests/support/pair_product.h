@@ -35,7 +35,4 @@ class PairProduct {
     std::wstring log_;
 };
 
-/// The headers of a 32-bit library and nothing else, in place of a 32-bit `jvm.dll`.
-std::string NarrowLibrary();
-
 }  // namespace tarn::test

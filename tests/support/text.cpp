@@ -48,6 +48,10 @@ std::string Utf16File(std::wstring_view text) {
     return bytes;
 }
 
+std::string AnsiFile(std::wstring_view text) {
+    return ToCodePage(CP_ACP, text);
+}
+
 std::string AnsiInLog(std::wstring_view text) {
     std::string quoted = "\"";
     for (const char byte : ToCodePage(AnsiCodePage(), text)) {

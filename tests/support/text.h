@@ -12,6 +12,9 @@ std::wstring FromUtf8(std::string_view text);
 /// UTF-16 with a byte-order mark, the only encoding in which the profile functions read any text.
 std::string Utf16File(std::wstring_view text);
 
+/// The text in the 8-bit code page of Windows (`CP_ACP`), as editors without UTF-16 write it.
+std::string AnsiFile(std::wstring_view text);
+
 /// The text as the JVM receives it, in the log's notation for bytes: in the code page of the
 /// system's default locale, in quotes, everything but printable ASCII as `\xNN`.
 std::string AnsiInLog(std::wstring_view text);

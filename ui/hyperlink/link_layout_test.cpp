@@ -2,54 +2,51 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 namespace tarn {
 namespace {
 
-void ExpectPieces(std::wstring_view text, std::wstring_view prefix, std::wstring_view link,
-                  std::wstring_view suffix) {
-    const LinkLabel label = ScanLinkMarkup(text);
-    EXPECT_EQ(label.prefix, prefix);
-    EXPECT_EQ(label.link, link);
-    EXPECT_EQ(label.suffix, suffix);
+/// A label and its pieces.
+struct LabelCase {
+    const char* name;
+    std::wstring_view text;
+    std::wstring_view prefix;
+    std::wstring_view link;
+    std::wstring_view suffix;
+};
+
+class LinkMarkup : public testing::TestWithParam<LabelCase> {};
+
+TEST_P(LinkMarkup, DividesTheLabel) {
+    const LinkLabel label = ScanLinkMarkup(GetParam().text);
+    EXPECT_EQ(label.prefix, GetParam().prefix);
+    EXPECT_EQ(label.link, GetParam().link);
+    EXPECT_EQ(label.suffix, GetParam().suffix);
 }
 
-TEST(LinkMarkupTest, ATextWithoutMarkUpIsALinkEntirely) {
-    ExpectPieces(L"http://example.com/", L"", L"http://example.com/", L"");
-    ExpectPieces(L"", L"", L"", L"");
-}
+constexpr LabelCase kLabels[] = {
+    {"WithoutMarkUp", L"http://example.com/", L"", L"http://example.com/", L""},
+    {"Empty", L"", L"", L"", L""},
+    {"LinkAtTheEnd", L"Get <A>Java</A>", L"Get ", L"Java", L""},
+    {"LinkOnly", L"<A>Java</A>", L"", L"Java", L""},
+    {"LinkInTheMiddle", L"Get <A>Java</A> now", L"Get ", L"Java", L" now"},
+    {"SmallLetters", L"Get <a>Java</a>", L"Get ", L"Java", L""},
+    {"MixedCase", L"Get <a>Java</A>.", L"Get ", L"Java", L"."},
+    {"NoClosingMark", L"Get <A>Java", L"Get ", L"Java", L""},
+    {"NothingAfterTheOpeningMark", L"Get <A>", L"Get ", L"", L""},
+    {"IncompleteClosingMark", L"Get <A>Java</A", L"Get ", L"Java</A", L""},
+    {"TwoLinks", L"<A>a</A>b<A>c</A>", L"", L"a", L"b<A>c</A>"},
+    {"TwoOpeningMarks", L"<A>a<A>b</A>", L"", L"a<A>b", L""},
+    {"ClosingMarkFirst", L"x</A>y<A>z</A>", L"x</A>y", L"z", L""},
+    {"ClosingMarkOnly", L"x</A>", L"", L"x</A>", L""},
+    {"OtherTags", L"<A <B> < A> <A href>", L"", L"<A <B> < A> <A href>", L""},
+    {"Bracket", L"<", L"", L"<", L""},
+    {"BracketAndLetter", L"<A", L"", L"<A", L""},
+};
 
-TEST(LinkMarkupTest, TheMarkedWordIsTheLink) {
-    ExpectPieces(L"Get <A>Java</A>", L"Get ", L"Java", L"");
-    ExpectPieces(L"<A>Java</A>", L"", L"Java", L"");
-    ExpectPieces(L"Get <A>Java</A> now", L"Get ", L"Java", L" now");
-}
-
-TEST(LinkMarkupTest, TheMarksAreCaseInsensitive) {
-    ExpectPieces(L"Get <a>Java</a>", L"Get ", L"Java", L"");
-    ExpectPieces(L"Get <a>Java</A>.", L"Get ", L"Java", L".");
-}
-
-TEST(LinkMarkupTest, WithoutTheClosingMarkTheLinkRunsToTheEnd) {
-    ExpectPieces(L"Get <A>Java", L"Get ", L"Java", L"");
-    ExpectPieces(L"Get <A>", L"Get ", L"", L"");
-    ExpectPieces(L"Get <A>Java</A", L"Get ", L"Java</A", L"");
-}
-
-TEST(LinkMarkupTest, OnlyTheFirstPairCounts) {
-    ExpectPieces(L"<A>a</A>b<A>c</A>", L"", L"a", L"b<A>c</A>");
-    ExpectPieces(L"<A>a<A>b</A>", L"", L"a<A>b", L"");
-}
-
-TEST(LinkMarkupTest, AClosingMarkBeforeTheOpeningOneIsPlainText) {
-    ExpectPieces(L"x</A>y<A>z</A>", L"x</A>y", L"z", L"");
-    ExpectPieces(L"x</A>", L"", L"x</A>", L"");
-}
-
-TEST(LinkMarkupTest, IncompleteMarksArePlainText) {
-    ExpectPieces(L"<A <B> < A> <A href>", L"", L"<A <B> < A> <A href>", L"");
-    ExpectPieces(L"<", L"", L"<", L"");
-    ExpectPieces(L"<A", L"", L"<A", L"");
-}
+INSTANTIATE_TEST_SUITE_P(Labels, LinkMarkup, testing::ValuesIn(kLabels),
+                         [](const auto& label) { return std::string(label.param.name); });
 
 TEST(LinkLayoutTest, TheStaticsStyleSetsTheAlignment) {
     EXPECT_EQ(LinkAlignmentOf(0x50000000), LinkAlignment::Left);
@@ -77,15 +74,20 @@ TEST(LinkLayoutTest, ALinkAloneIsAligned) {
 }
 
 TEST(LinkLayoutTest, TheLinkFollowsThePrefixAndTheSuffixFollowsTheLink) {
-    const LinkLayout left = LayOutLink(100, LinkAlignment::Left, {10, 13}, {20, 14}, {30, 13});
-    EXPECT_EQ(left.prefix, (PixelRect{0, 0, 10, 13}));
-    EXPECT_EQ(left.link, (PixelRect{10, 0, 30, 14}));
-    EXPECT_EQ(left.suffix, (PixelRect{30, 0, 60, 13}));
-
-    const LinkLayout right = LayOutLink(100, LinkAlignment::Right, {10, 13}, {20, 14}, {30, 13});
-    EXPECT_EQ(right.prefix, (PixelRect{40, 0, 50, 13}));
-    EXPECT_EQ(right.link, (PixelRect{50, 0, 70, 14}));
-    EXPECT_EQ(right.suffix, (PixelRect{70, 0, 100, 13}));
+    const struct {
+        LinkAlignment alignment;
+        LinkLayout layout;
+    } kLayouts[] = {
+        {LinkAlignment::Left, {{0, 0, 10, 13}, {10, 0, 30, 14}, {30, 0, 60, 13}}},
+        {LinkAlignment::Center, {{20, 0, 30, 13}, {30, 0, 50, 14}, {50, 0, 80, 13}}},
+        {LinkAlignment::Right, {{40, 0, 50, 13}, {50, 0, 70, 14}, {70, 0, 100, 13}}},
+    };
+    for (const auto& [alignment, layout] : kLayouts) {
+        const LinkLayout actual = LayOutLink(100, alignment, {10, 13}, {20, 14}, {30, 13});
+        EXPECT_EQ(actual.prefix, layout.prefix);
+        EXPECT_EQ(actual.link, layout.link);
+        EXPECT_EQ(actual.suffix, layout.suffix);
+    }
 }
 
 TEST(LinkLayoutTest, ATextThatIsTooWideBeginsAtTheLeftEdge) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/unit_support/test_picture.h"
+#include "tests/unit_support/picture_fixture.h"
 
 namespace tarn {
 namespace {
@@ -21,32 +21,32 @@ PixelSize SizeOf(const UniqueBitmap& bitmap) {
 
 class PictureTest : public testing::Test {
   protected:
-    TestPicture picture_;
+    PictureFixture picture_;
     UniqueGpImage image_ = DecodeImage(picture_.path());
 };
 
 TEST_F(PictureTest, IsRenderedPixelByPixel) {
     const UniqueBitmap bitmap = RenderForScreen({.image = image_.get()});
-    EXPECT_EQ(SizeOf(bitmap).width, TestPicture::kWidth);
-    EXPECT_EQ(SizeOf(bitmap).height, TestPicture::kHeight);
-    for (int y = 0; y < TestPicture::kHeight; ++y)
-        for (int x = 0; x < TestPicture::kWidth; ++x)
-            EXPECT_EQ(PixelOf(bitmap, x, y), TestPicture::PixelAt(x, y)) << x << "," << y;
+    EXPECT_EQ(SizeOf(bitmap).width, PictureFixture::kWidth);
+    EXPECT_EQ(SizeOf(bitmap).height, PictureFixture::kHeight);
+    for (int y = 0; y < PictureFixture::kHeight; ++y)
+        for (int x = 0; x < PictureFixture::kWidth; ++x)
+            EXPECT_EQ(PixelOf(bitmap, x, y), PictureFixture::PixelAt(x, y)) << x << "," << y;
 }
 
 TEST_F(PictureTest, CanBeDrawnInPart) {
     const UniqueBitmap bitmap = RenderForScreen({.image = image_.get(), .source = {1, 1, 4, 3}});
     EXPECT_EQ(SizeOf(bitmap).width, 3);
     EXPECT_EQ(SizeOf(bitmap).height, 2);
-    EXPECT_EQ(PixelOf(bitmap, 0, 0), TestPicture::PixelAt(1, 1));
-    EXPECT_EQ(PixelOf(bitmap, 2, 1), TestPicture::PixelAt(3, 2));
+    EXPECT_EQ(PixelOf(bitmap, 0, 0), PictureFixture::PixelAt(1, 1));
+    EXPECT_EQ(PixelOf(bitmap, 2, 1), PictureFixture::PixelAt(3, 2));
 }
 
 TEST_F(PictureTest, OmitsTheKeyColorOnly) {
-    const COLORREF key = TestPicture::PixelAt(2, 1);
+    const COLORREF key = PictureFixture::PixelAt(2, 1);
     const UniqueBitmap bitmap = RenderForScreen({.image = image_.get(), .colorKey = &key});
     EXPECT_EQ(PixelOf(bitmap, 2, 1), RGB(0, 0, 0));
-    EXPECT_EQ(PixelOf(bitmap, 1, 1), TestPicture::PixelAt(1, 1));
+    EXPECT_EQ(PixelOf(bitmap, 1, 1), PictureFixture::PixelAt(1, 1));
 }
 
 TEST(DecodeImageTest, ReturnsNullForAnInvalidPicture) {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "tests/unit_support/test_picture.h"
+#include "tests/unit_support/picture_fixture.h"
 
 namespace tarn {
 namespace {
@@ -78,7 +78,7 @@ class SplashScreenWindowTest : public testing::Test {
   protected:
     ~SplashScreenWindowTest() override { window_.Destroy(); }
 
-    TestPicture picture_;
+    PictureFixture picture_;
     SplashScreenWindow window_;
 };
 
@@ -103,10 +103,10 @@ TEST_F(SplashScreenWindowTest, HasThePicturesSizeInTheMiddleOfTheScreen) {
     const HWND handle = window_.Create(picture_.path(), false);
     RECT place{};
     ASSERT_TRUE(GetWindowRect(handle, &place));
-    EXPECT_EQ(place.left, (GetSystemMetrics(SM_CXSCREEN) - TestPicture::kWidth) / 2);
-    EXPECT_EQ(place.top, (GetSystemMetrics(SM_CYSCREEN) - TestPicture::kHeight) / 2);
-    EXPECT_EQ(place.right - place.left, TestPicture::kWidth);
-    EXPECT_EQ(place.bottom - place.top, TestPicture::kHeight);
+    EXPECT_EQ(place.left, (GetSystemMetrics(SM_CXSCREEN) - PictureFixture::kWidth) / 2);
+    EXPECT_EQ(place.top, (GetSystemMetrics(SM_CYSCREEN) - PictureFixture::kHeight) / 2);
+    EXPECT_EQ(place.right - place.left, PictureFixture::kWidth);
+    EXPECT_EQ(place.bottom - place.top, PictureFixture::kHeight);
 }
 
 TEST_F(SplashScreenWindowTest, HasNoExtentWithoutAPicture) {
@@ -151,7 +151,7 @@ class FinalMessageRecorder : public SplashScreenWindow {
 };
 
 TEST(SplashScreenWindowEndTest, ReceivesItsFinalMessageOnce) {
-    const TestPicture picture;
+    const PictureFixture picture;
     FinalMessageRecorder window;
     const HWND handle = window.Create(picture.path(), false);
     window.Destroy();

@@ -5,7 +5,7 @@
 #include "settings/ini_file.h"
 #include "settings/keys.h"
 #include "settings/settings_paths.h"
-#include "tests/unit_support/test_picture.h"
+#include "tests/unit_support/picture_fixture.h"
 
 namespace tarn {
 namespace {
@@ -27,7 +27,7 @@ class SplashTest : public testing::Test {
     }
 
     IniFile settings_{*MainSettingsPath()};
-    TestPicture picture_;
+    PictureFixture picture_;
     OneShotAction action_;
 };
 

@@ -11,7 +11,7 @@ namespace tarn {
 
 /// A small bitmap file for the unit tests, in which no two pixels have the same colour. The
 /// destructor removes the file.
-class TestPicture {
+class PictureFixture {
   public:
     static constexpr int kWidth = 5;
     static constexpr int kHeight = 3;
@@ -20,7 +20,7 @@ class TestPicture {
         return RGB(40 * x + 10, 80 * y + 20, 255 - 30 * x - 10 * y);
     }
 
-    TestPicture() {
+    PictureFixture() {
         wchar_t folder[MAX_PATH];
         GetTempPathW(MAX_PATH, folder);
         path_ = std::wstring(folder) + L"tarn_picture_" + std::to_wstring(GetCurrentProcessId()) +
@@ -42,9 +42,9 @@ class TestPicture {
         Write(file, &info, sizeof(info));
         Write(file, pixels.data(), static_cast<DWORD>(pixels.size()));
     }
-    TestPicture(const TestPicture&) = delete;
-    TestPicture& operator=(const TestPicture&) = delete;
-    ~TestPicture() { DeleteFileW(path_.c_str()); }
+    PictureFixture(const PictureFixture&) = delete;
+    PictureFixture& operator=(const PictureFixture&) = delete;
+    ~PictureFixture() { DeleteFileW(path_.c_str()); }
 
     const std::wstring& path() const { return path_; }
 

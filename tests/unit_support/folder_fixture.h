@@ -10,9 +10,9 @@
 
 namespace tarn {
 
-class TestFolder {
+class FolderFixture {
   public:
-    TestFolder() {
+    FolderFixture() {
         static int made = 0;
         const std::wstring name =
             L"tarn-" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++made);
@@ -20,9 +20,9 @@ class TestFolder {
         std::filesystem::remove_all(path_);
         std::filesystem::create_directories(path_);
     }
-    TestFolder(const TestFolder&) = delete;
-    TestFolder& operator=(const TestFolder&) = delete;
-    ~TestFolder() {
+    FolderFixture(const FolderFixture&) = delete;
+    FolderFixture& operator=(const FolderFixture&) = delete;
+    ~FolderFixture() {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
     }

@@ -12,18 +12,18 @@
 
 namespace tarn {
 
-class TestHive {
+class HiveFixture {
   public:
-    TestHive() : path_(L"Software\\Tarn tests\\" + std::to_wstring(GetCurrentProcessId())) {
+    HiveFixture() : path_(L"Software\\Tarn tests\\" + std::to_wstring(GetCurrentProcessId())) {
         UniqueRegistryKey top;
         EXPECT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, path_.c_str(), 0, nullptr, REG_OPTION_VOLATILE,
                                   KEY_ALL_ACCESS, nullptr, top.put(), nullptr),
                   ERROR_SUCCESS);
         EXPECT_EQ(RegOverridePredefKey(HKEY_LOCAL_MACHINE, top.get()), ERROR_SUCCESS);
     }
-    TestHive(const TestHive&) = delete;
-    TestHive& operator=(const TestHive&) = delete;
-    ~TestHive() {
+    HiveFixture(const HiveFixture&) = delete;
+    HiveFixture& operator=(const HiveFixture&) = delete;
+    ~HiveFixture() {
         // With the original access rights, because the key could not be removed otherwise.
         for (const UniqueRegistryKey& key : locked_) SetRights(key, nullptr);
         locked_.clear();
