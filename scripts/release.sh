@@ -4,6 +4,7 @@
 # Builds everything and writes into dist/:
 #     tarn-VERSION-windows-x64.zip     launcher.exe, tarn.exe, the sample, documentation, licences
 #     tarn-VERSION-PLATFORM.tar.gz     launcher.exe and the companion program for Linux and macOS
+#     tarn-VERSION-maven-repository.zip  the Maven and the Gradle plugin
 #     tarn-VERSION.cdx.json            the list of components (CycloneDX)
 #     SHA256SUMS                       the checksums of all of them
 # The same sources and the same compiler give the same bytes on every machine.
@@ -35,6 +36,9 @@ tarn_say "building version $version"
 } >&2
 examples/build.sh build/release-files/notes.jar
 
+scripts/build_plugins.sh --all-platforms
+
 tarn_say "packing"
-"$TARN_PYTHON" scripts/lib/pack_release.py "$version" dist "${platforms[@]}"
+"$TARN_PYTHON" scripts/lib/pack_release.py --repository dist/repository "$version" dist "${platforms[@]}"
+rm -rf dist/repository
 cat dist/SHA256SUMS

@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
-"""Packs what was built into a release: pack_release.py VERSION FOLDER [PLATFORM...]
+"""Packs what was built into a release: pack_release.py [--repository FOLDER] VERSION FOLDER [PLATFORM...]
 
-Writes into FOLDER the zip file for Windows, for each PLATFORM (linux-x86_64, macos-aarch64 ...) an
+Writes into FOLDER the zip file for Windows, the Maven repository of the plugins, for each PLATFORM (linux-x86_64, macos-aarch64 ...) an
 archive with the companion program that the preset companion-PLATFORM built, the list of components
 (sbom.py) and the SHA-256 of each file (SHA256SUMS). Nothing of this machine gets into an archive:
 entries are sorted, with one time and no further fields.
 """
 
+import argparse
 import calendar
 import gzip
 import hashlib
@@ -32,6 +33,8 @@ FILES = {
     "LICENSE.txt": "LICENSE",
     "THIRD-PARTY-NOTICES.txt": "third_party/NOTICES.txt",
 }
+# What building the examples leaves in their folders.
+BUILT = {"target", "build", ".gradle"}
 FOLDERS = {"docs": "docs", "examples": "examples"}
 SAMPLE = ["--name", "sample", "--title", "Tarn Notes", "--version", "1.0", "--vendor",
           "The Tarn developers", "--splash", "examples/splash.png", "--single-instance",
@@ -61,7 +64,7 @@ def read(path):
 
 def files_below(folder):
     for parent, folders, names in os.walk(folder):
-        folders.sort()
+        folders[:] = sorted(set(folders) - BUILT)
         for name in names:
             path = os.path.join(parent, name)
             yield os.path.relpath(path, folder).replace(os.sep, "/"), path
@@ -136,14 +139,30 @@ def pack_companion(version, folder, date, platform):
     return name
 
 
+def pack_repository(version, folder, date, repository):
+    """The Maven repository of the plugins, in a folder of that name."""
+    entries = {f"repository/{below}": path for below, path in files_below(repository)}
+    name = f"tarn-{version}-maven-repository.zip"
+    write_zip(os.path.join(folder, name), [(entry, read(path)) for entry, path in sorted(entries.items())], date)
+    return name
+
+
 def main():
-    version, target, *platforms = sys.argv[1:]
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--repository", type=os.path.abspath)
+    parser.add_argument("version")
+    parser.add_argument("target")
+    parser.add_argument("platforms", nargs="*")
+    arguments = parser.parse_args()
+    version, target, platforms = arguments.version, arguments.target, arguments.platforms
     date = release_date(version)
     os.makedirs(target, exist_ok=True)
     # Complete or absent: the files are moved to their place when all of them are there.
     with tempfile.TemporaryDirectory(dir=target) as folder:
         names = [pack_windows(version, folder, date)]
         names += [pack_companion(version, folder, date, platform) for platform in platforms]
+        if arguments.repository:
+            names.append(pack_repository(version, folder, date, arguments.repository))
         digests = {}
         for name in names:
             with open(os.path.join(folder, name), "rb") as file:

@@ -191,6 +191,7 @@ part_tools() {
 part_plugins() {
     local report
     "$TARN_PYTHON" scripts/fetch_runtimes.py 17 21 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
+    "$TARN_PYTHON" scripts/lib/assemble_gradle.py >/dev/null || { count_failure "assembling Gradle"; return 0; }
     rm -rf build/plugins/*/surefire-reports
     check "build of the plugins" 900 scripts/build_plugins.sh
     for report in build/plugins/*/surefire-reports/TEST-*.xml; do

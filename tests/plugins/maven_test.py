@@ -131,5 +131,36 @@ class MistakeTest(MavenTest):
             self.assertEqual([], glob.glob(os.path.join(PROJECTS, project, "target", "tarn", "*")))
 
 
+class ExampleTest(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = os.path.join(WORK, "example \u00e4")
+        shutil.copytree(os.path.join(builds.ROOT, "examples", "maven"), cls.folder,
+                        ignore=shutil.ignore_patterns("target"))
+        builds.replace(os.path.join(cls.folder, "pom.xml"), "${project.baseUri}../../dist/repository",
+                       f"file://{builds.REPOSITORY}")
+        cls.code, cls.output = builds.maven(cls.folder, "package")
+
+    def test_shows_its_window(self):
+        self.assertEqual(0, self.code, self.output[-4000:])
+        application = os.path.join(self.folder, "target", "tarn", "Hello")
+        builds.link_runtime(application)
+        self.assertTrue(builds.shows_window(application, "Hello", "Hello Example"))
+
+    def test_names_the_plugin_of_this_version(self):
+        with open(os.path.join(builds.ROOT, "examples", "maven", "pom.xml"), encoding="utf-8") as file:
+            self.assertIn(f"<version>{builds.version()}</version>", file.read())
+
+
+class HelpTest(unittest.TestCase):
+    def test_lists_the_parameters_of_a_goal(self):
+        code, output = builds.maven(
+            os.path.join(builds.ROOT, "examples", "maven"), "--settings", os.path.join(WORK, "settings.xml"),
+            f"io.github.tarn-launcher:tarn-maven-plugin:{builds.version()}:help", "-Ddetail", "-Dgoal=wrap")
+        self.assertEqual(0, code, output[-4000:])
+        for parameter in ("mainClass", "icon", "runtime", "attach"):
+            self.assertRegex(output, rf"(?m)^ +{parameter}\b")
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -89,6 +89,12 @@ class ReleaseTest(FolderTest):
             modes = {entry.name.split("/", 1)[1]: entry.mode for entry in archive.getmembers()}
         self.assertEqual((0o755, 0o644), (modes["tarn"], modes["launcher.exe"]))
 
+    def test_the_repository_of_the_plugins_is_an_archive_of_its_own(self):
+        pom = self.put(os.path.join("repository", "io", "plugin.pom"), b"<project/>")
+        path, _ = self.pack("dist", "--repository", os.path.dirname(os.path.dirname(pom)))
+        with zipfile.ZipFile(path.replace("-windows-x64.zip", "-maven-repository.zip")) as archive:
+            self.assertEqual(["repository/io/plugin.pom"], archive.namelist())
+
 
 if __name__ == "__main__":
     unittest.main()

@@ -136,6 +136,10 @@ public final class WrapMojo extends AbstractTarnMojo {
     @Parameter
     private List<String> set;
 
+    /** The ids of findings of {@code tarn check} that are accepted. Any other finding fails the goal. */
+    @Parameter
+    private List<String> allow;
+
     /** Another launcher than the one that the plugin carries. */
     @Parameter(property = "tarn.launcher")
     private File launcher;
@@ -193,7 +197,7 @@ public final class WrapMojo extends AbstractTarnMojo {
             .classPath(pathsOf(classPath)).add(pathsOf(add)).version(version).title(title).vendor(vendor)
             .minVersion(minVersion).maxVersion(maxVersion).vmParameters(vmParameters).arguments(arguments)
             .singleInstance(singleInstance).endsWith(endsWith).singleFile(singleFile).keepWorkingDir(keepWorkingDir)
-            .set(set).launcher(pathOf(launcher));
+            .set(set).allow(allow).launcher(pathOf(launcher));
     }
 
     private void run(Companion companion, WrapRequest request) throws IOException, MojoFailureException {

@@ -68,6 +68,12 @@ public final class WrapRequest {
         return this;
     }
 
+    /** The ids of findings of {@code tarn check} that are accepted. */
+    public WrapRequest allow(Collection<String> ids) {
+        if (ids != null) ids.forEach(id -> text("--allow", id));
+        return this;
+    }
+
     private WrapRequest text(String option, String value) {
         // One word: a value that begins with "-" is no option.
         if (value != null && !value.isEmpty()) arguments.add(option + "=" + value);

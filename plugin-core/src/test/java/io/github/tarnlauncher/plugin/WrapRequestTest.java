@@ -16,7 +16,7 @@ class WrapRequestTest {
 
     @Test
     void leavesOutWhatIsNotSet() {
-        request.name(null).title("").icon(null).classPath(null).vmParameters(null).set(null).singleFile(false);
+        request.name(null).title("").icon(null).classPath(null).vmParameters(null).set(null).allow(null).singleFile(false);
         assertEquals(List.of("wrap", "a b.jar", "--out=out", "--replace"), request.arguments());
     }
 

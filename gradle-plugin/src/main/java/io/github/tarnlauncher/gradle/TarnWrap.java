@@ -1,0 +1,129 @@
+package io.github.tarnlauncher.gradle;
+
+import io.github.tarnlauncher.plugin.Companion;
+import io.github.tarnlauncher.plugin.CompanionRun;
+import io.github.tarnlauncher.plugin.PluginCache;
+import io.github.tarnlauncher.plugin.RuntimeLink;
+import io.github.tarnlauncher.plugin.WrapRequest;
+import java.io.File;
+import java.io.IOException;
+import java.nio.file.Path;
+import java.util.Collection;
+import java.util.List;
+import java.util.stream.Collectors;
+import javax.inject.Inject;
+import org.gradle.api.DefaultTask;
+import org.gradle.api.GradleException;
+import org.gradle.api.file.ConfigurableFileCollection;
+import org.gradle.api.file.DirectoryProperty;
+import org.gradle.api.file.FileSystemLocation;
+import org.gradle.api.file.FileSystemOperations;
+import org.gradle.api.provider.Property;
+import org.gradle.api.provider.Provider;
+import org.gradle.api.tasks.CacheableTask;
+import org.gradle.api.tasks.Input;
+import org.gradle.api.tasks.InputFiles;
+import org.gradle.api.tasks.Nested;
+import org.gradle.api.tasks.Optional;
+import org.gradle.api.tasks.OutputDirectory;
+import org.gradle.api.tasks.PathSensitive;
+import org.gradle.api.tasks.PathSensitivity;
+import org.gradle.api.tasks.TaskAction;
+import org.gradle.jvm.toolchain.JavaLauncher;
+
+/** Creates a folder with a Windows executable, its settings, the application's jars and, if wanted, a Java runtime. */
+@CacheableTask
+public abstract class TarnWrap extends DefaultTask {
+    /** What to wrap; by default the extension {@code tarn}. */
+    @Nested
+    public abstract Property<WrapOptions> getOptions();
+
+    /** The jars of the runtime class path. */
+    @InputFiles
+    @PathSensitive(PathSensitivity.NAME_ONLY)
+    public abstract ConfigurableFileCollection getLibraries();
+
+    /** The names of these jars, in the order of the class path. */
+    @Input
+    public List<String> getLibraryNames() {
+        return getLibraries().getFiles().stream().map(File::getName).collect(Collectors.toList());
+    }
+
+    /** The JDK whose jlink links the runtime; by default the project's toolchain. */
+    @Nested
+    @Optional
+    public abstract Property<JavaLauncher> getJavaLauncher();
+
+    /** The application's folder; by default {@code build/tarn/NAME}. The task replaces it. */
+    @OutputDirectory
+    public abstract DirectoryProperty getDestination();
+
+    @Inject
+    protected abstract FileSystemOperations getFiles();
+
+    /** Runs the companion program. */
+    @TaskAction
+    public void wrap() {
+        try {
+            run();
+        } catch (IOException failure) {
+            throw new GradleException(failure.getMessage(), failure);
+        }
+    }
+
+    private void run() throws IOException {
+        WrapRequest request = request();
+        // Only what this task made is there.
+        getFiles().delete(spec -> spec.delete(getDestination()));
+        CompanionRun run = Companion.unpackBelow(PluginCache.ofUser())
+            .run(request.arguments(), getTemporaryDir().toPath());
+        for (String warning : run.warnings("", "")) getLogger().warn("warning: {}", warning);
+        if (run.exitCode() != 0) {
+            throw new GradleException(run.failure("", "") + " in the block tarn { } of the build script");
+        }
+    }
+
+    private WrapRequest request() throws IOException {
+        WrapOptions options = getOptions().get();
+        boolean included = options.getIncludeDependencies().get();
+        Collection<Path> libraries = included ? pathsOf(getLibraries()) : List.of();
+        Path jar = pathOf(options.getJar());
+        return new WrapRequest(jar, pathOf(getDestination())).name(options.getName().get())
+            .mainClass(options.getMainClass().getOrNull()).icon(pathOf(options.getIcon()))
+            .splash(pathOf(options.getSplash())).noSplash(options.getNoSplash().get())
+            .runtime(runtimeFor(jar, libraries)).classPath(libraries).classPath(pathsOf(options.getClassPath()))
+            .add(pathsOf(options.getAdd())).version(options.getVersion().getOrNull())
+            .title(options.getTitle().getOrNull()).vendor(options.getVendor().getOrNull())
+            .minVersion(options.getMinVersion().getOrNull()).maxVersion(options.getMaxVersion().getOrNull())
+            .vmParameters(options.getVmParameters().get()).arguments(options.getArguments().getOrNull())
+            .singleInstance(options.getSingleInstance().get()).endsWith(options.getEndsWith().getOrNull())
+            .singleFile(options.getSingleFile().get()).keepWorkingDir(options.getKeepWorkingDir().get())
+            .set(options.getSet().get()).allow(options.getAllow().get()).launcher(pathOf(options.getLauncher()));
+    }
+
+    private Path runtimeFor(Path jar, Collection<Path> libraries) throws IOException {
+        WrapOptions options = getOptions().get();
+        JlinkOptions jlink = options.getJlink();
+        if (!jlink.getJmods().isPresent()) return pathOf(options.getRuntime());
+        if (options.getRuntime().isPresent()) throw new GradleException("runtime and jlink exclude each other");
+        RuntimeLink link =
+            new RuntimeLink(pathOf(getJavaLauncher().get().getMetadata().getInstallationPath()), pathOf(jlink.getJmods()));
+        List<String> modules = jlink.getModules().get();
+        Path target = getTemporaryDir().toPath().resolve("runtime");
+        getFiles().delete(spec -> spec.delete(target));
+        link.link(modules.isEmpty() ? link.modulesOf(jar, libraries) : modules, jlink.getOptions().get(), target);
+        return target;
+    }
+
+    private static Path pathOf(Provider<? extends FileSystemLocation> file) {
+        return file.isPresent() ? pathOf(file.get()) : null;
+    }
+
+    private static Path pathOf(FileSystemLocation file) {
+        return file.getAsFile().toPath();
+    }
+
+    private static Collection<Path> pathsOf(ConfigurableFileCollection files) {
+        return files.getFiles().stream().map(File::toPath).collect(Collectors.toList());
+    }
+}

@@ -1,0 +1,143 @@
+package io.github.tarnlauncher.gradle;
+
+import org.gradle.api.Action;
+import org.gradle.api.file.ConfigurableFileCollection;
+import org.gradle.api.file.DirectoryProperty;
+import org.gradle.api.file.RegularFileProperty;
+import org.gradle.api.provider.ListProperty;
+import org.gradle.api.provider.Property;
+import org.gradle.api.tasks.Input;
+import org.gradle.api.tasks.InputDirectory;
+import org.gradle.api.tasks.InputFile;
+import org.gradle.api.tasks.InputFiles;
+import org.gradle.api.tasks.Nested;
+import org.gradle.api.tasks.Optional;
+import org.gradle.api.tasks.PathSensitive;
+import org.gradle.api.tasks.PathSensitivity;
+
+/** The extension {@code tarn}: what the application is called, starts with and comes with. */
+public interface WrapOptions {
+    /** The application's jar; by default that of the task {@code jar}. */
+    @InputFile
+    @PathSensitive(PathSensitivity.NAME_ONLY)
+    RegularFileProperty getJar();
+
+    /** The name of the executable and of its folder; by default the project's. */
+    @Input
+    Property<String> getName();
+
+    /** The main class; by default that of the plugin {@code application}, else of the jar's manifest. */
+    @Input
+    @Optional
+    Property<String> getMainClass();
+
+    /** The icon: an .ico file, or a .png of 256 pixels or more. */
+    @InputFile
+    @Optional
+    @PathSensitive(PathSensitivity.NONE)
+    RegularFileProperty getIcon();
+
+    /** The splash picture: PNG, GIF or JPEG. */
+    @InputFile
+    @Optional
+    @PathSensitive(PathSensitivity.NONE)
+    RegularFileProperty getSplash();
+
+    /** Ignores the jar's own splash picture. */
+    @Input
+    Property<Boolean> getNoSplash();
+
+    /** A Java runtime for Windows that is shipped with the application. */
+    @InputDirectory
+    @Optional
+    @PathSensitive(PathSensitivity.RELATIVE)
+    DirectoryProperty getRuntime();
+
+    /** Links the runtime that is shipped from a Windows JDK, instead of {@code runtime}. */
+    @Nested
+    JlinkOptions getJlink();
+
+    /** Whether the runtime class path is copied to {@code lib}; by default true. A jar that contains it needs false. */
+    @Input
+    Property<Boolean> getIncludeDependencies();
+
+    /** Additional jars, or folders of jars, copied to {@code lib}. */
+    @InputFiles
+    @PathSensitive(PathSensitivity.RELATIVE)
+    ConfigurableFileCollection getClassPath();
+
+    /** Additional files and folders, copied beside the executable. */
+    @InputFiles
+    @PathSensitive(PathSensitivity.RELATIVE)
+    ConfigurableFileCollection getAdd();
+
+    /** The application's version in the executable; by default the project's. */
+    @Input
+    @Optional
+    Property<String> getVersion();
+
+    /** The application's name that users see; by default that of the executable. */
+    @Input
+    @Optional
+    Property<String> getTitle();
+
+    /** The company's name. */
+    @Input
+    @Optional
+    Property<String> getVendor();
+
+    /** The oldest Java version, or "any"; by default the one that the classes need. */
+    @Input
+    @Optional
+    Property<String> getMinVersion();
+
+    /** The newest Java version. */
+    @Input
+    @Optional
+    Property<String> getMaxVersion();
+
+    /** JVM options. One with a space needs quotes: {@code '"-Dgreeting=Good morning"'}. */
+    @Input
+    ListProperty<String> getVmParameters();
+
+    /** Arguments that main always receives. */
+    @Input
+    @Optional
+    Property<String> getArguments();
+
+    /** Hands the arguments of a second start to the running instance. */
+    @Input
+    Property<Boolean> getSingleInstance();
+
+    /** When the process ends: {@code threads} (the default), {@code exit} or {@code main}. */
+    @Input
+    @Optional
+    Property<String> getEndsWith();
+
+    /** Embeds the jar and the settings in the executable. */
+    @Input
+    Property<Boolean> getSingleFile();
+
+    /** Starts in the caller's directory instead of the application's folder. */
+    @Input
+    Property<Boolean> getKeepWorkingDir();
+
+    /** Other settings: {@code SECTION/KEY=VALUE}. */
+    @Input
+    ListProperty<String> getSet();
+
+    /** The ids of findings of {@code tarn check} that are accepted. Any other finding fails the task. */
+    @Input
+    ListProperty<String> getAllow();
+
+    /** Another launcher than the one that the plugin carries. */
+    @InputFile
+    @Optional
+    @PathSensitive(PathSensitivity.NONE)
+    RegularFileProperty getLauncher();
+
+    /** Configures the linked runtime. */
+    default void jlink(Action<? super JlinkOptions> action) {
+        action.execute(getJlink());
+    }
+}
