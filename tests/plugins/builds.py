@@ -64,7 +64,7 @@ def run(command, folder, seconds):
     return done.returncode, done.stdout.decode(errors="replace")
 
 
-def maven(folder, *arguments, seconds=240):
+def maven(folder, *arguments, seconds=900):
     """Runs Maven in a folder, with what it downloads in the shared cache."""
     return run(["mvn", "--batch-mode", "--no-transfer-progress", f"-Dmaven.repo.local={LOCAL_REPOSITORY}",
                 *arguments], folder, seconds)
@@ -77,14 +77,14 @@ def link_runtime(application, feature="21"):
         os.symlink(os.path.join(RUNTIMES, feature), target)
 
 
-def start(application, name, *arguments, seconds=120):
+def start(application, name, *arguments, seconds=300):
     """Starts an application under Wine, waits for its end and returns what it printed."""
     done = subprocess.run(["wine", os.path.join(application, name + ".exe"), *arguments], cwd=application,
                           stdin=subprocess.DEVNULL, capture_output=True, timeout=seconds, check=False)
     return done.stdout.decode(errors="replace").strip()
 
 
-def shows_window(application, name, title, seconds=90):
+def shows_window(application, name, title, seconds=240):
     """Starts an application under Wine, waits until a window of this title is on the screen, and ends it."""
     process = subprocess.Popen(["wine", os.path.join(application, name + ".exe")], cwd=application,
                                stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)

@@ -33,7 +33,7 @@ def gradle(folder, *arguments):
         [java, *(f"--add-opens={package}=ALL-UNNAMED" for package in OPENED), "-Dorg.gradle.internal.instrumentation.agent=false", "-Dfile.encoding=UTF-8", "-cp",
          os.path.join(_installation[0], "lib", "*"), "org.gradle.launcher.GradleMain", "--no-daemon",
          "--gradle-user-home", HOME, "--project-cache-dir", os.path.join(folder, ".gradle"), "--console", "plain",
-         "--init-script", os.path.join(WORK, "init.gradle"), "--warning-mode", "all", *arguments], folder, 240)
+         "--init-script", os.path.join(WORK, "init.gradle"), "--warning-mode", "all", *arguments], folder, 600)
 
 
 def setUpModule():
