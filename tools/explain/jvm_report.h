@@ -14,6 +14,10 @@ namespace tarn::tools {
 /// current directory. Of several definitions, the last one counts.
 bool HasEmptyClassPathElement(const std::vector<std::string>& options);
 
+/// The value of an environment variable of this process, in UTF-8 (`GetEnvironmentVariableW`);
+/// empty when it is not set.
+std::string EnvironmentVariable(const wchar_t* name);
+
 /// The Java side of a launch with these options. `defaultStackSize` is the stack size in bytes that
 /// the runtime gives when the options have none.
 JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,

@@ -24,6 +24,21 @@ void ReportPercentages(const std::wstring& parameters, JvmReport& report) {
     }
 }
 
+// The JVM reads the first two itself, whoever creates it; the third is read by java.exe.
+void ReportOptionVariables(JvmReport& report) {
+    constexpr struct {
+        const char* name;
+        const char* effect;
+    } kVariables[] = {{"JAVA_TOOL_OPTIONS", "read-first"},
+                      {"_JAVA_OPTIONS", "read-last"},
+                      {"JDK_JAVA_OPTIONS", "ignored"}};
+    for (const auto& variable : kVariables) {
+        const std::string value = EnvironmentVariable(WideOf(variable.name).c_str());
+        if (!value.empty())
+            report.optionVariables.push_back({variable.name, value, variable.effect});
+    }
+}
+
 void ReportOutput(const char* stream, const std::wstring& name, bool append, const SYSTEMTIME& now,
                   JvmReport& report) {
     if (name.empty()) return;
@@ -38,6 +53,13 @@ void ReportOutput(const char* stream, const std::wstring& name, bool append, con
 
 }  // namespace
 
+std::string EnvironmentVariable(const wchar_t* name) {
+    const DWORD size = GetEnvironmentVariableW(name, nullptr, 0);
+    std::wstring value(size, L'\0');
+    value.resize(GetEnvironmentVariableW(name, value.data(), size));
+    return Utf8Of(value);
+}
+
 JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
                     const JvmOptions& options, std::uint64_t defaultStackSize) {
     JvmReport report;
@@ -45,6 +67,7 @@ JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
     for (const std::string& option : options.ansiOptions) {
         report.options.push_back(Utf8Of(FromThreadAnsi(option)));
     }
+    ReportOptionVariables(report);
     for (const std::wstring& argument : options.arguments)
         report.arguments.push_back(Utf8Of(argument));
     const bool fromOption = options.javaThreadStackSize != 0;

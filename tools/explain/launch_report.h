@@ -118,6 +118,15 @@ struct SplashReport {
     std::string nativeFailure;
 };
 
+/// An environment variable with JVM options that is set.
+struct OptionVariableReport {
+    std::string name;
+    std::string value;
+    /// What the JVM of a launch does with it: "read-first" (before its options, which override it),
+    /// "read-last" (after them, so that it overrides them) or "ignored".
+    std::string effect;
+};
+
 struct PercentageReport {
     /// As written in the settings, and as passed to the JVM.
     std::string written;
@@ -142,6 +151,7 @@ struct JvmReport {
     bool classPathDirectoryIsOwn = false;  ///< whether that is the executable's folder
     /// In order, as the JVM decodes their bytes. The hooks "abort" and "exit" follow.
     std::vector<std::string> options;
+    std::vector<OptionVariableReport> optionVariables;
     /// The arguments of `main`: the command line's and those of "Cmd".
     std::vector<std::string> arguments;
     std::uint64_t stackSize = 0;

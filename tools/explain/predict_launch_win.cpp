@@ -25,13 +25,6 @@ namespace {
 
 constexpr std::int32_t kFailedStart = -1;
 
-std::string Variable(const wchar_t* name) {
-    const DWORD size = GetEnvironmentVariableW(name, nullptr, 0);
-    std::wstring value(size, L'\0');
-    value.resize(GetEnvironmentVariableW(name, value.data(), size));
-    return Utf8Of(value);
-}
-
 std::wstring CurrentDirectory() {
     const DWORD size = GetCurrentDirectoryW(0, nullptr);
     std::wstring folder(size, L'\0');
@@ -139,9 +132,9 @@ class LaunchPrediction {
 
     bool LoadLibraries() {
         libraryPathOption_ = PrepareNativePaths(settings_, choice_.jvmLibraryPath);
-        report_.environment =
-            EnvironmentReport{Utf8Of(CurrentDirectory()), Variable(L"Path"),
-                              Variable(L"TARN_JVM_PATH"), Variable(L"TARN_JVM_HOME")};
+        report_.environment = EnvironmentReport{
+            Utf8Of(CurrentDirectory()), EnvironmentVariable(L"Path"),
+            EnvironmentVariable(L"TARN_JVM_PATH"), EnvironmentVariable(L"TARN_JVM_HOME")};
         report_.splash = ReportSplash(arguments_, choice_.jvmLibraryPath);
         if (!LoadJvmLibrary(errors_, choice_.jvmLibraryPath, entryPoints_)) {
             return Fail("The runtime's jvm.dll cannot be used.");

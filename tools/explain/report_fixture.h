@@ -48,6 +48,9 @@ inline LaunchReport FullReport() {
     report.jvm->mainClass = "com/example/Main";
     report.jvm->classPathDirectory = "C:\\work";
     report.jvm->options = {"-Djava.class.path=a.jar;", "-Xmx1024K"};
+    report.jvm->optionVariables = {{"JAVA_TOOL_OPTIONS", "-Xmx1g", "read-first"},
+                                   {"_JAVA_OPTIONS", "-Xmx2g", "read-last"},
+                                   {"JDK_JAVA_OPTIONS", "-Xmx3g", "ignored"}};
     report.jvm->arguments = {"a", "b"};
     report.jvm->stackSize = 1'048'576;
     report.jvm->stackSizeFrom = "option";

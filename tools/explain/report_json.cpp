@@ -127,6 +127,10 @@ static Json ToJson(const SplashReport& splash) {
             {"nativeFailure", OrNull(splash.nativeFailure)}};
 }
 
+static Json ToJson(const OptionVariableReport& variable) {
+    return {{"name", variable.name}, {"value", variable.value}, {"effect", variable.effect}};
+}
+
 static Json ToJson(const PercentageReport& percentage) {
     return {{"written", percentage.written}, {"option", percentage.option}};
 }
@@ -144,6 +148,7 @@ static Json ToJson(const JvmReport& jvm) {
             {"classPathDirectory", OrNull(jvm.classPathDirectory)},
             {"classPathDirectoryIsOwn", jvm.classPathDirectoryIsOwn},
             {"options", jvm.options},
+            {"optionVariables", Array(jvm.optionVariables)},
             {"arguments", jvm.arguments},
             {"stackSize", jvm.stackSize},
             {"stackSizeFrom", jvm.stackSizeFrom},

@@ -41,6 +41,9 @@ TEST(ReportJsonTest, HasEveryPartOfALaunchThatStarts) {
     EXPECT_EQ(report["environment"]["TARN_JVM_HOME"], "C:\\Java");
     EXPECT_EQ(report["splash"]["nativeFailure"], "unusable");
     EXPECT_EQ(report["jvm"]["options"], json({"-Djava.class.path=a.jar;", "-Xmx1024K"}));
+    EXPECT_EQ(report["jvm"]["optionVariables"].size(), 3U);
+    EXPECT_EQ(report["jvm"]["optionVariables"][0],
+              json({{"name", "JAVA_TOOL_OPTIONS"}, {"value", "-Xmx1g"}, {"effect", "read-first"}}));
     EXPECT_EQ(report["jvm"]["classPathDirectory"], "C:\\work");
     EXPECT_EQ(report["jvm"]["classPathDirectoryIsOwn"], false);
     EXPECT_EQ(report["jvm"]["memory"]["physical"], 8'589'934'592);

@@ -163,6 +163,15 @@ void PrintSplash(const SplashReport& splash, TextPage& page) {
     }
 }
 
+void PrintOptionVariable(const OptionVariableReport& variable, TextPage& page) {
+    page.Value(variable.name, variable.value);
+    page.Line(
+        variable.effect == "read-first"  ? "read by the JVM before these options, which override it"
+        : variable.effect == "read-last" ? "read by the JVM after these options, which it overrides"
+                                         : "ignored: only the program java.exe reads it",
+        2);
+}
+
 std::string StackText(const JvmReport& jvm) {
     if (jvm.stackSizeFrom == "executable") return "the executable's own default";
     return SizeText(jvm.stackSize) +
@@ -183,6 +192,9 @@ void PrintJvm(const JvmReport& jvm, TextPage& page) {
     page.Heading("Java");
     page.Value("main class", jvm.mainClass);
     for (const std::string& option : jvm.options) page.Value("option", option);
+    for (const OptionVariableReport& variable : jvm.optionVariables) {
+        PrintOptionVariable(variable, page);
+    }
     if (!jvm.classPathDirectory.empty()) {
         page.Value("classes also in", jvm.classPathDirectory + (jvm.classPathDirectoryIsOwn
                                                                     ? " (the executable's folder)"

@@ -65,6 +65,13 @@ TEST_F(ReportTextTest, ShowsWhatJavaGets) {
     EXPECT_THAT(text, HasSubstr("stays after main until System.exit"));
 }
 
+TEST_F(ReportTextTest, ShowsWhatEachVariableWithOptionsDoes) {
+    const std::string text = Text(FullReport());
+    EXPECT_THAT(text, HasSubstr("  JAVA_TOOL_OPTIONS  -Xmx1g\n    read by the JVM before"));
+    EXPECT_THAT(text, HasSubstr("  _JAVA_OPTIONS     -Xmx2g\n    read by the JVM after"));
+    EXPECT_THAT(text, HasSubstr("  JDK_JAVA_OPTIONS  -Xmx3g\n    ignored: "));
+}
+
 TEST_F(ReportTextTest, ShowsTheDirectoryOnTheClassPath) {
     LaunchReport report = FullReport();
     EXPECT_THAT(Text(report), HasSubstr("  classes also in   C:\\work (the current directory)\n"
