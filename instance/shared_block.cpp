@@ -14,10 +14,14 @@ std::wstring ReadyEventName(std::wstring_view instanceName) {
     return Concat({instanceName, L"_upr_evt"});
 }
 
-bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea area) {
+std::size_t ArgumentUnits(const std::vector<std::wstring>& arguments) {
     std::size_t needed = 1;  // the list's zero
     for (const std::wstring& argument : arguments) needed += argument.size() + 1;
-    if (needed > area.size()) return false;
+    return needed;
+}
+
+bool EncodeArguments(const std::vector<std::wstring>& arguments, ArgumentArea area) {
+    if (ArgumentUnits(arguments) > area.size()) return false;
 
     std::fill(area.begin(), area.end(), u'\0');
     auto out = area.begin();

@@ -47,6 +47,9 @@ static_assert(sizeof(SharedBlock) == 2092);
 using ArgumentArea = std::span<char16_t, kArgumentUnits>;
 using ConstArgumentArea = std::span<const char16_t, kArgumentUnits>;
 
+/// Returns the UTF-16 units that the arguments take in the area, whether they fit or not.
+std::size_t ArgumentUnits(const std::vector<std::wstring>& arguments);
+
 /// Overwrites the whole area with the arguments. Returns false, without a change of the area, when
 /// they do not fit: each needs a terminating zero, and the list another one. The size is fixed:
 /// docs/developer/compatibility.md.

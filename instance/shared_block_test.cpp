@@ -45,6 +45,12 @@ Arguments HandedOver(const Arguments& arguments) {
     return DecodeArguments(area);
 }
 
+TEST(ArgumentUnitsTest, CountsTheTerminatorOfEachArgumentAndOfTheList) {
+    EXPECT_EQ(ArgumentUnits({}), 1u);
+    EXPECT_EQ(ArgumentUnits({L"a", L"bc", L""}), 2u + 3u + 1u + 1u);
+    EXPECT_EQ(ArgumentUnits({std::wstring(30000, L'a')}), 30002u);
+}
+
 TEST(EncodeArgumentsTest, TerminatesEachArgumentAndZeroesTheRest) {
     Area area = FilledWith(u'x');
     ASSERT_TRUE(EncodeArguments({L"a", L"bc"}, area));

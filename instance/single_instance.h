@@ -9,6 +9,16 @@
 
 namespace tarn {
 
+class LayeredSettings;
+
+/// Returns whether "Single Instance" is on. It has no effect for a service.
+bool IsSingleInstanceOn(const LayeredSettings& settings);
+
+/// Returns whether the pages of a view of the shared block are committed (`VirtualQuery`). Another
+/// program may have created the block with reserved pages, which the first access would fault on.
+/// The block is smaller than a page.
+bool IsCommitted(const void* view);
+
 /// The objects with which one launch takes part in "Single Instance": one running application for
 /// each executable path. Without the setting there are none.
 class SingleInstance {

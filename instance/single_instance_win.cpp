@@ -15,13 +15,6 @@ namespace {
 
 constexpr DWORD kPollIntervalMs = 100;
 
-// Whether the pages of a view are committed. Another program may have created the block with
-// reserved pages, which the first access would fault on. The block is smaller than a page.
-bool IsCommitted(const void* view) {
-    MEMORY_BASIC_INFORMATION region;
-    return VirtualQuery(view, &region, sizeof region) != 0 && region.State == MEM_COMMIT;
-}
-
 // Windows creates a thread's message queue with its first call that reads messages. An answer that
 // is posted before that is lost.
 void CreateMessageQueue() {
@@ -31,12 +24,20 @@ void CreateMessageQueue() {
 
 }  // namespace
 
+bool IsSingleInstanceOn(const LayeredSettings& settings) {
+    return IsExactlyYes(settings.GetValue(keys::kApplication, keys::kSingleInstance));
+}
+
+bool IsCommitted(const void* view) {
+    MEMORY_BASIC_INFORMATION region;
+    return VirtualQuery(view, &region, sizeof region) != 0 && region.State == MEM_COMMIT;
+}
+
 bool SingleInstance::SetupSingleInstance(const std::vector<std::wstring>& arguments) {
     std::optional<std::wstring> settingsPath = MainSettingsPath();
     if (!settingsPath) return false;
     if (target_.settings.serviceMode) return true;
-    const LayeredSettings settings(*std::move(settingsPath));
-    if (!IsExactlyYes(settings.GetValue(keys::kApplication, keys::kSingleInstance))) return true;
+    if (!IsSingleInstanceOn(LayeredSettings(*std::move(settingsPath)))) return true;
 
     const std::optional<std::wstring> modulePath = ModulePath();
     if (!modulePath) return true;

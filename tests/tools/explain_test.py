@@ -6,6 +6,9 @@ import shutil
 import subprocess
 import tempfile
 import unittest
+import unittest.mock
+
+from tarn_program import RUNTIMES
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 LAUNCHER = os.path.join(ROOT, "build", "release", "launcher.exe")
@@ -73,6 +76,26 @@ class ExplainTest(unittest.TestCase):
         self.assertEqual(["a", "b c"], report["program"]["arguments"])
         self.assertIsNone(report["runtime"])
         self.assertEqual(["sample.exe"], os.listdir(self.folder))
+
+    def test_the_variables_with_options_are_explained(self):
+        shutil.copy(LAUNCHER, os.path.join(self.folder, "sample.exe"))
+        home = os.path.join(RUNTIMES, "17")
+        if os.name != "nt":
+            home = "Z:" + home.replace("/", "\\")
+        with open(os.path.join(self.folder, "sample.ini"), "w", encoding="ascii") as file:
+            file.write(f"[Java Runtime Environment]\nMain Class=a.B\nJRE Path={home}\n"
+                       "[Class Path]\nClass Path=sample.exe\n")
+        variables = {"JAVA_TOOL_OPTIONS": "-Xmx96m", "_JAVA_OPTIONS": "-Da=b", "JDK_JAVA_OPTIONS": "-Xmx1g"}
+        with unittest.mock.patch.dict(os.environ, variables):
+            code, output, errors = self.explain(WINDOWS, "--json", "sample.exe")
+            self.assertEqual((0, ""), (code, errors))
+            found = json.loads(output)["jvm"]["optionVariables"]
+            self.assertEqual([("JAVA_TOOL_OPTIONS", "-Xmx96m", "read-first"),
+                              ("_JAVA_OPTIONS", "-Da=b", "read-last"),
+                              ("JDK_JAVA_OPTIONS", "-Xmx1g", "ignored")],
+                             [(each["name"], each["value"], each["effect"]) for each in found])
+            _, output, _ = self.explain(WINDOWS, "sample.exe")
+            self.assertIn("_JAVA_OPTIONS     -Da=b\n    read by the JVM after", output.replace("\r\n", "\n"))
 
 
 if __name__ == "__main__":

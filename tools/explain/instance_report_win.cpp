@@ -1,8 +1,9 @@
 #include "tools/explain/instance_report.h"
 
 #include "base/handles.h"
+#include "base/thread.h"
 #include "instance/shared_block.h"
-#include "settings/keys.h"
+#include "instance/single_instance.h"
 #include "settings/layered_settings.h"
 #include "settings/settings_paths.h"
 #include "tools/common/text_encoding.h"
@@ -22,18 +23,14 @@ bool IsSwitchedOn(const std::wstring& programPath, const Settings& settings,
         return false;
     }
     const std::optional<std::wstring> file = SettingsPathOf(programPath);
-    if (file &&
-        LayeredSettings(*file).GetValue(keys::kApplication, keys::kSingleInstance) == L"yes") {
-        return true;
-    }
+    if (file && IsSingleInstanceOn(LayeredSettings(*file))) return true;
     report.reason = "\"Single Instance\" is not exactly \"yes\"";
     return false;
 }
 
-bool ThreadRuns(DWORD id) {
-    const UniqueHandle thread(OpenThread(THREAD_QUERY_INFORMATION, FALSE, id));
-    DWORD code = 0;
-    return thread && GetExitCodeThread(thread.get(), &code) && code == STILL_ACTIVE;
+bool Runs(DWORD threadId) {
+    const UniqueHandle thread(OpenThread(SYNCHRONIZE | THREAD_QUERY_INFORMATION, FALSE, threadId));
+    return thread && !HasEnded(thread.get(), 0);
 }
 
 void ReadBlock(const SharedBlock& block, const std::vector<std::wstring>& arguments,
@@ -41,10 +38,9 @@ void ReadBlock(const SharedBlock& block, const std::vector<std::wstring>& argume
     report.state = "second";
     report.processId = block.processId;
     report.listenerThreadId = block.listenerThreadId;
-    std::array<char16_t, kArgumentUnits> area;
-    if (!EncodeArguments(arguments, area)) {
+    if (ArgumentUnits(arguments) > kArgumentUnits) {
         report.reason = "the arguments are too long to hand over";
-    } else if (!ThreadRuns(block.listenerThreadId)) {
+    } else if (!Runs(block.listenerThreadId)) {
         report.reason = "its listener has ended";
     }
 }
@@ -59,10 +55,7 @@ InstanceReport ReportInstance(const std::wstring& programPath, const Settings& s
     report.blockName = report.messageName = Utf8Of(name);
     report.eventName = Utf8Of(ReadyEventName(name));
     report.argumentRoom = kArgumentUnits * sizeof(char16_t);
-    report.argumentBytes = sizeof(char16_t);
-    for (const std::wstring& argument : arguments) {
-        report.argumentBytes += (argument.size() + 1) * sizeof(char16_t);
-    }
+    report.argumentBytes = ArgumentUnits(arguments) * sizeof(char16_t);
 
     const UniqueHandle mapping(OpenFileMappingW(FILE_MAP_WRITE, FALSE, name.c_str()));
     if (!mapping) {
@@ -79,8 +72,7 @@ InstanceReport ReportInstance(const std::wstring& programPath, const Settings& s
         MarkUnusable(report, "the shared block is too small");
         return report;
     }
-    MEMORY_BASIC_INFORMATION region;
-    if (VirtualQuery(view.get(), &region, sizeof region) == 0 || region.State != MEM_COMMIT) {
+    if (!IsCommitted(view.get())) {
         MarkUnusable(report, "the shared block is not committed");
         return report;
     }

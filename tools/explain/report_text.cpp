@@ -165,11 +165,12 @@ void PrintSplash(const SplashReport& splash, TextPage& page) {
 
 void PrintOptionVariable(const OptionVariableReport& variable, TextPage& page) {
     page.Value(variable.name, variable.value);
-    page.Line(
-        variable.effect == "read-first"  ? "read by the JVM before these options, which override it"
-        : variable.effect == "read-last" ? "read by the JVM after these options, which it overrides"
-                                         : "ignored: only the program java.exe reads it",
-        2);
+    page.Line(variable.effect == "read-first"
+                  ? "read by the JVM before the options above, which override it"
+              : variable.effect == "read-last"
+                  ? "read by the JVM after the options above, which it overrides"
+                  : "ignored: only the program java.exe reads it",
+              2);
 }
 
 std::string StackText(const JvmReport& jvm) {
