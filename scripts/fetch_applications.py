@@ -31,12 +31,15 @@ POM = """<project xmlns="http://maven.apache.org/POM/4.0.0">
 DEPENDENCY = """    <dependency>
       <groupId>{group}</groupId>
       <artifactId>{artifact}</artifactId>
-      <version>{version}</version>
+      <version>{version}</version>{classifier}
+      <exclusions><exclusion><groupId>*</groupId><artifactId>*</artifactId></exclusion></exclusions>
     </dependency>"""
+CLASSIFIER = """
+      <classifier>{}</classifier>"""
 
 
 def read_lock_file():
-    """{application: [(group:artifact:version, SHA-256)]}"""
+    """{application: [(group:artifact:version or group:artifact:version:classifier, SHA-256)]}"""
     applications = {}
     for line in (SCRIPTS / "applications.lock").read_text(encoding="utf-8").splitlines():
         if line and not line.startswith("#"):
@@ -46,16 +49,17 @@ def read_lock_file():
 
 
 def jar_name(artifact):
-    _, name, version = artifact.split(":")
-    return f"{name}-{version}.jar"
+    return "-".join(artifact.split(":")[1:]) + ".jar"
 
 
 def download(artifacts, folder):
     """The jars of an application, without what their own POMs ask for."""
     dependencies = []
     for artifact, _ in artifacts:
-        group, name, version = artifact.split(":")
-        dependencies.append(DEPENDENCY.format(group=group, artifact=name, version=version))
+        group, name, version, *classifier = artifact.split(":")
+        dependencies.append(DEPENDENCY.format(
+            group=group, artifact=name, version=version,
+            classifier="".join(map(CLASSIFIER.format, classifier))))
     pom = folder / "pom.xml"
     pom.write_text(POM.format(dependencies="\n".join(dependencies)), encoding="utf-8")
     # On Windows Maven is a batch file, which is not found without its ending.

@@ -1,5 +1,7 @@
 #include "tools/explain/report_text.h"
 
+#include <algorithm>
+
 #include "tools/explain/text_page.h"
 #include "tools/explain/verdict_text.h"
 
@@ -212,6 +214,12 @@ void PrintJvm(const JvmReport& jvm, TextPage& page) {
         if (output.hasPicture) text += "  from " + output.name;
         page.Value("standard " + output.stream, text);
     }
+    // Java's own message when it cannot load the main class, for example.
+    const bool keepsErrors =
+        std::any_of(jvm.outputs.begin(), jvm.outputs.end(),
+                    [](const OutputReport& output) { return output.stream == "error"; });
+    page.Line(keepsErrors ? "if no window appears, see what Java wrote to the standard error's file"
+                          : "if no window appears, set \"Error File\" to see what Java writes");
     page.Value("uncaught error", jvm.showsUncaughtException ? "shown in a dialog" : "not shown");
     if (jvm.destroysJvm) page.Line("waits for the application's threads after main (service)");
     if (jvm.staysAfterMain) page.Line("stays after main until System.exit (\"VM Provider\")");

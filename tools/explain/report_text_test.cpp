@@ -72,6 +72,13 @@ TEST_F(ReportTextTest, ShowsWhatEachVariableWithOptionsDoes) {
     EXPECT_THAT(text, HasSubstr("  JDK_JAVA_OPTIONS  -Xmx3g\n    ignored: "));
 }
 
+TEST_F(ReportTextTest, SaysWhereToLookWhenNoWindowAppears) {
+    LaunchReport report = FullReport();
+    EXPECT_THAT(Text(report), HasSubstr("if no window appears, set \"Error File\""));
+    report.jvm->outputs.push_back({"error", "e.txt", "C:\\e.txt", false, false});
+    EXPECT_THAT(Text(report), HasSubstr("if no window appears, see what Java wrote"));
+}
+
 TEST_F(ReportTextTest, ShowsTheDirectoryOnTheClassPath) {
     LaunchReport report = FullReport();
     EXPECT_THAT(Text(report), HasSubstr("  classes also in   C:\\work (the current directory)\n"

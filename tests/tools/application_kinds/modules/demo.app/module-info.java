@@ -1,0 +1,4 @@
+module demo.app {
+    requires demo.greeting;
+    requires java.desktop;
+}

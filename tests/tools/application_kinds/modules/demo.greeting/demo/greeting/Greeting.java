@@ -1,0 +1,7 @@
+package demo.greeting;
+
+public class Greeting {
+    public static String text() {
+        return "Hello";
+    }
+}
