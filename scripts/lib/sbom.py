@@ -45,6 +45,8 @@ def libraries(root):
         library("zlib", zlib, "Zlib", f"pkg:github/madler/zlib@v{zlib}"),
         library("minizip", first_match(f"{root}/third_party/minizip/unzip.h", r"Version ([0-9.]+),"),
                 "Zlib"),
+        library("pugixml", first_match(f"{root}/third_party/pugixml/pugixml.cpp",
+                                       r"pugixml parser - version ([0-9.]+)"), "MIT"),
         library("CLI11", first_match("/usr/include/CLI/Version.hpp",
                                      r'#define CLI11_VERSION "([0-9.]+)"'), "BSD-3-Clause"),
         library("nlohmann-json", json_version(), "MIT"),

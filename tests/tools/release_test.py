@@ -72,7 +72,7 @@ class ReleaseTest(FolderTest):
         document = json.loads(self.read("dist", name))
         self.assertEqual(("CycloneDX", "1.5"), (document["bomFormat"], document["specVersion"]))
         components = {entry["name"]: entry for entry in document["components"]}
-        for library in ("zlib", "minizip", "CLI11", "nlohmann-json", "stb_image", "libstdc++"):
+        for library in ("zlib", "minizip", "pugixml", "CLI11", "nlohmann-json", "stb_image", "libstdc++"):
             self.assertRegex(components[library]["version"], r"^[0-9]+(\.[0-9]+)+$")
         self.assertEqual([{"alg": "SHA-256", "content": hashlib.sha256(content).hexdigest()}],
                          components[os.path.basename(path)]["hashes"])

@@ -1,6 +1,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#ifdef __APPLE__
+#include <mach-o/dyld.h>
+#endif
 
 #include <cerrno>
 
@@ -35,7 +38,15 @@ bool IsLink(const std::filesystem::path& path) {
 
 std::filesystem::path ProgramFolder() {
     std::error_code error;
+#ifdef __APPLE__
+    std::uint32_t size = 0;
+    _NSGetExecutablePath(nullptr, &size);
+    std::string path(size, '\0');
+    if (_NSGetExecutablePath(path.data(), &size) != 0) return {};
+    return std::filesystem::canonical(path.c_str(), error).parent_path();
+#else
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+#endif
 }
 
 Terminals PrepareTerminals() {

@@ -12,6 +12,7 @@ namespace tarn::tools {
 namespace {
 
 constexpr int kTemporaryNames = 100;
+constexpr std::size_t kCopiedAtOnce = 1U << 20U;
 
 [[noreturn]] void Fail(const std::filesystem::path& file, const char* problem, int error) {
     throw Failure(file, std::string(problem) + " (" + std::generic_category().message(error) + ")");
@@ -48,6 +49,35 @@ int WriteAndClose(UniqueStream stream, std::span<const std::byte> content) {
     return error != 0 ? error : EIO;
 }
 
+UniqueStream OpenForReading(const std::filesystem::path& file) {
+    std::error_code error;
+    if (std::filesystem::is_directory(file, error)) {
+        throw Failure(file, "is a folder; a file is required");
+    }
+    UniqueStream opened = OpenRegularFile(file);
+    if (!opened && errno == EINVAL) throw Failure(file, "cannot be read: not a regular file");
+    if (!opened) Fail(file, "cannot be read", errno);
+    return opened;
+}
+
+// Copies all bytes and closes `to`, also on failure.
+void CopyBytes(const UniqueStream& from, const std::filesystem::path& source, UniqueStream to,
+               const std::filesystem::path& file,
+               const std::function<void(std::uintmax_t)>& copied) {
+    Bytes part(kCopiedAtOnce);
+    for (;;) {
+        errno = 0;
+        const std::size_t size = std::fread(part.data(), 1, part.size(), from.get());
+        if (std::ferror(from.get()) != 0) Fail(source, "cannot be read to its end", errno);
+        if (size == 0) break;
+        if (std::fwrite(part.data(), 1, size, to.get()) != size) {
+            Fail(file, "cannot be written", errno);
+        }
+        copied(size);
+    }
+    if (const int error = WriteAndClose(std::move(to), {})) Fail(file, "cannot be written", error);
+}
+
 }  // namespace
 
 std::string_view AsText(std::span<const std::byte> bytes) {
@@ -60,12 +90,7 @@ std::span<const std::byte> AsBytes(std::string_view text) {
 
 Bytes ReadWholeFile(const std::filesystem::path& file, std::uintmax_t limit) {
     std::error_code error;
-    if (std::filesystem::is_directory(file, error)) {
-        throw Failure(file, "is a folder; a file is required");
-    }
-    const UniqueStream opened = OpenRegularFile(file);
-    if (!opened && errno == EINVAL) throw Failure(file, "cannot be read: not a regular file");
-    if (!opened) Fail(file, "cannot be read", errno);
+    const UniqueStream opened = OpenForReading(file);
     const std::uintmax_t size = std::filesystem::file_size(file, error);
     if (error) throw Failure(file, "cannot be read (" + error.message() + ")");
     if (size > limit) throw Failure(file, "is too large");
@@ -83,6 +108,16 @@ void WriteNewFile(const std::filesystem::path& file, std::span<const std::byte> 
     if (const int error = WriteAndClose(std::move(stream), content)) {
         Fail(file, "cannot be written", error);
     }
+    remover.Keep();
+}
+
+void CopyToNewFile(const std::filesystem::path& source, const std::filesystem::path& file,
+                   const std::function<void(std::uintmax_t)>& copied) {
+    const UniqueStream from = OpenForReading(source);
+    UniqueStream to = CreateNewFile(file);
+    if (!to) Fail(file, "cannot be written", errno);
+    FileRemover remover(file);
+    CopyBytes(from, source, std::move(to), file, copied);
     remover.Keep();
 }
 

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,6 +23,11 @@ Bytes ReadWholeFile(const std::filesystem::path& file, std::uintmax_t limit = UI
 
 /// Creates `file` with these bytes. Throws Failure when the name exists, even as a link.
 void WriteNewFile(const std::filesystem::path& file, std::span<const std::byte> content);
+
+/// Copies a regular file of any size to a new one, and calls `copied` with the number of bytes of
+/// each part. Throws Failure when the name exists, even as a link, and leaves no file behind.
+void CopyToNewFile(const std::filesystem::path& source, const std::filesystem::path& file,
+                   const std::function<void(std::uintmax_t)>& copied);
 
 /// Replaces `file` as a whole, or leaves it unchanged: the bytes go into a new file beside it,
 /// which is then renamed. A link is replaced, not followed. Throws Failure.

@@ -54,6 +54,16 @@ void SetStrings(ResourceTree& tree, const StampChanges& changes,
     }
 }
 
+void SetManifest(ResourceTree& tree, const StampChanges& changes) {
+    const ManifestChanges& edits = changes.manifestChanges;
+    if (!changes.manifest && !edits.requiresAdministrator && !edits.usesUtf8) return;
+    const Bytes* const present = changes.manifest
+                                     ? &*changes.manifest
+                                     : FindResource(tree, kResourceManifest, kManifestNumber);
+    if (present == nullptr) throw Failure("has no manifest that could be changed; specify one");
+    ReplaceResource(tree, kResourceManifest, kManifestNumber, ChangedManifest(*present, edits));
+}
+
 // Padding before a jar, so that the file ends where a signature can follow.
 std::size_t PaddingFor(std::size_t offset, std::size_t size) {
     return AlignedUp(offset + size, kSignatureAlignment) - offset - size;
@@ -108,9 +118,7 @@ Bytes Stamp(ByteSpan content, const StampChanges& changes, std::vector<std::stri
         ReplaceResource(tree, kResourceData, kSettingsName,
                         Bytes(settings.begin(), settings.end()));
     }
-    if (changes.manifest) {
-        ReplaceResource(tree, kResourceManifest, kManifestNumber, *changes.manifest);
-    }
+    SetManifest(tree, changes);
     executable.SetResources(tree);
     SetJar(executable, changes.jar);
     return executable.Content();

@@ -8,6 +8,7 @@
 
 #include "tools/common/byte_io.h"
 #include "tools/image/icon.h"
+#include "tools/stamp/application_manifest.h"
 
 namespace tarn::tools {
 
@@ -27,8 +28,11 @@ struct StampChanges {
     /// Built-in settings from `EmbeddedSettingsText`; an empty text removes them.
     std::optional<std::string> settings;
 
-    /// The complete manifest (XML).
+    /// The complete manifest (XML), which replaces the present one.
     std::optional<Bytes> manifest;
+
+    /// Changes to that manifest, or to the present one.
+    ManifestChanges manifestChanges;
 
     /// A jar to append; replaces an appended one.
     std::optional<Bytes> jar;

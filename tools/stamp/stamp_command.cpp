@@ -1,6 +1,5 @@
 #include "tools/stamp/stamp_command.h"
 
-#include <charconv>
 #include <memory>
 
 #include "tools/common/failure.h"
@@ -9,7 +8,9 @@
 #include "tools/java/jar_file.h"
 #include "tools/settings/embedded_settings_text.h"
 #include "tools/settings/ini_encoding.h"
+#include "tools/stamp/icon_file.h"
 #include "tools/stamp/stamp.h"
+#include "tools/stamp/string_option.h"
 
 namespace tarn::tools {
 namespace {
@@ -28,6 +29,7 @@ struct Arguments {
     std::string version, product, description, company, copyright;
     std::vector<std::string> texts;
     std::vector<std::string> strings;
+    ManifestChanges manifestChanges;
     bool dropsSignature = false;
 };
 
@@ -38,32 +40,6 @@ std::pair<std::string, std::string> SplitAtEquals(const std::string& option,
         throw Failure(option + " " + text + ": NAME=TEXT is required");
     }
     return {text.substr(0, equals), text.substr(equals + 1)};
-}
-
-// Resolves the escapes "\n", "\t" and "\\".
-std::string Unescaped(std::string_view text) {
-    std::string plain;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        const char next = at + 1 < text.size() ? text[at + 1] : '\0';
-        if (text[at] == '\\' && (next == 'n' || next == 't' || next == '\\')) {
-            plain += next == 'n' ? '\n' : next == 't' ? '\t' : '\\';
-            ++at;
-        } else {
-            plain += text[at];
-        }
-    }
-    return plain;
-}
-
-std::pair<std::uint16_t, std::string> ParseString(const std::string& option) {
-    const auto [id, text] = SplitAtEquals("--set-string", option);
-    std::uint16_t number = 0;
-    const auto parsed = std::from_chars(id.data(), id.data() + id.size(), number);
-    if (parsed.ec != std::errc() || parsed.ptr != id.data() + id.size()) {
-        throw Failure("--set-string " + option +
-                      ": the id before \"=\" must be a number from 0 to 65535");
-    }
-    return {number, Unescaped(text)};
 }
 
 void AddVersionTexts(const Arguments& arguments, StampChanges& changes) {
@@ -92,18 +68,20 @@ void RunStamp(const Arguments& arguments, const Console& console) {
     changes.dropsSignature = arguments.dropsSignature;
     changes.version = arguments.version;
     AddVersionTexts(arguments, changes);
-    for (const std::string& text : arguments.strings) changes.strings.push_back(ParseString(text));
+    for (const std::string& text : arguments.strings)
+        changes.strings.push_back(ParseStringOption(text));
     if (!arguments.icon.empty()) {
-        const std::filesystem::path file = PathOf(arguments.icon);
-        changes.icon =
-            WithFileName(file, [&] { return ReadIcon(ReadWholeFile(file, kLargestIconFile)); });
+        changes.icon = ReadIconFile(PathOf(arguments.icon));
     }
     if (!arguments.settings.empty()) {
         const Bytes file = ReadWholeFile(PathOf(arguments.settings));
         changes.settings = EmbeddedSettingsText(SettingsDocument(DecodeIni(file).text), warnings);
         for (std::string& warning : warnings) warning.insert(0, arguments.settings + ": ");
     }
-    if (!arguments.manifest.empty()) changes.manifest = ReadWholeFile(PathOf(arguments.manifest));
+    if (!arguments.manifest.empty()) {
+        changes.manifest = ReadApplicationManifest(PathOf(arguments.manifest));
+    }
+    changes.manifestChanges = arguments.manifestChanges;
     if (!arguments.jar.empty()) {
         const std::filesystem::path file = PathOf(arguments.jar);
         changes.jar = ReadWholeFile(file);
@@ -156,6 +134,11 @@ void AddStampCommand(CLI::App& app, const Console& console, int& exitCode) {
         ->allow_extra_args(false);
     option("--manifest", arguments->manifest, "FILE",
            "Manifest (XML) that replaces the existing one");
+    command.add_flag("--admin", arguments->manifestChanges.requiresAdministrator,
+                     "Start as administrator only (in the manifest)");
+    command.add_flag("--utf8", arguments->manifestChanges.usesUtf8,
+                     "UTF-8 as the 8-bit code page, from Windows 10 version 1903 on (in the "
+                     "manifest)");
     command.add_flag("--drop-signature", arguments->dropsSignature,
                      "Remove the signature of a signed executable");
     command.callback([arguments, &console, &exitCode] {

@@ -78,7 +78,7 @@ void AddRuntime(const WrapRequest& request, const JavaStart& start, SettingsWrit
                      "The process runs until it calls System.exit, not only until main returns.");
     }
     std::vector<std::string> parameters = start.vmParameters;
-    if (!request.vmParameters.empty()) parameters.push_back(request.vmParameters);
+    parameters.insert(parameters.end(), request.vmParameters.begin(), request.vmParameters.end());
     const std::string kHeap =
         "JVM options. -Xmx25:256:4096p is a quarter of the machine's memory, but at least 256 and "
         "at\nmost 4096 MiB.";

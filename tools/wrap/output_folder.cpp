@@ -90,21 +90,19 @@ void OutputFolder::Write(const std::string& target, std::span<const std::byte> c
 }
 
 void OutputFolder::CopyFile(const fs::path& source, const std::string& target,
-                            const Progress& progress) {
-    const Bytes content = ReadWholeFile(source);
-    if (names_.AddFile(target, Utf8OfPath(source), source)) {
-        const fs::path file = unfinished_ / PathOf(target);
-        CreateFolders(file.parent_path());
-        WriteNewFile(file, content);
-    }
-    if (progress) progress(content.size());
+                            const Copied& copied) {
+    if (!names_.AddFile(target, Utf8OfPath(source), source)) return;
+    const fs::path file = unfinished_ / PathOf(target);
+    CreateFolders(file.parent_path());
+    CopyToNewFile(source, file, [&](std::uintmax_t size) {
+        if (copied) copied(size);
+    });
 }
 
-void OutputFolder::Copy(const fs::path& source, const std::string& target,
-                        const Progress& progress) {
+void OutputFolder::Copy(const fs::path& source, const std::string& target, const Copied& copied) {
     std::error_code error;
     if (!fs::is_directory(source, error)) {
-        CopyFile(source, target, progress);
+        CopyFile(source, target, copied);
         return;
     }
     names_.AddFolder(target, Utf8OfPath(source));
@@ -115,7 +113,7 @@ void OutputFolder::Copy(const fs::path& source, const std::string& target,
             names_.AddFolder(entryTarget, Utf8OfPath(source / entry.path));
             CreateFolders(unfinished_ / PathOf(entryTarget));
         } else {
-            CopyFile(source / entry.path, entryTarget, progress);
+            CopyFile(source / entry.path, entryTarget, copied);
         }
     }
 }
@@ -160,6 +158,23 @@ std::vector<TreeEntry> ListTree(const fs::path& folder) {
     std::sort(entries.begin(), entries.end(),
               [](const TreeEntry& a, const TreeEntry& b) { return a.path < b.path; });
     return entries;
+}
+
+std::uintmax_t TreeSize(const fs::path& path) {
+    std::error_code error;
+    std::uintmax_t whole = 0;
+    const auto add = [&](const fs::path& file) {
+        const std::uintmax_t size = fs::file_size(file, error);
+        if (!error) whole += size;
+    };
+    if (!fs::is_directory(path, error)) {
+        add(path);
+        return whole;
+    }
+    for (const TreeEntry& entry : ListTree(path)) {
+        if (!entry.isFolder) add(path / entry.path);
+    }
+    return whole;
 }
 
 }  // namespace tarn::tools

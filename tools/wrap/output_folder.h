@@ -32,13 +32,13 @@ class OutputFolder {
     void Write(const std::string& target, std::span<const std::byte> content,
                const std::string& origin);
 
-    /// Called with the size in bytes of each file that was copied.
-    using Progress = std::function<void(std::uintmax_t)>;
+    /// Called with the size in bytes of each part that was copied.
+    using Copied = std::function<void(std::uintmax_t)>;
 
     /// Copies a file, or a folder with its contents, including empty folders. Links are followed.
     /// Throws Failure, also for anything but files and folders.
     void Copy(const std::filesystem::path& source, const std::string& target,
-              const Progress& progress = {});
+              const Copied& copied = {});
 
     /// The folder while it is being filled.
     const std::filesystem::path& Unfinished() const { return unfinished_; }
@@ -49,7 +49,7 @@ class OutputFolder {
   private:
     void CheckReplaceable() const;
     void CopyFile(const std::filesystem::path& source, const std::string& target,
-                  const Progress& progress);
+                  const Copied& copied);
 
     std::filesystem::path folder_;
     std::string mark_;
@@ -67,5 +67,8 @@ struct TreeEntry {
 /// Everything below a folder, sorted by path; links are followed. Throws Failure when the folder
 /// cannot be read or contains a link to a folder above it.
 std::vector<TreeEntry> ListTree(const std::filesystem::path& folder);
+
+/// The size in bytes of a file, or of all files below a folder. Throws Failure like `ListTree`.
+std::uintmax_t TreeSize(const std::filesystem::path& path);
 
 }  // namespace tarn::tools

@@ -9,7 +9,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::uint16_t kMachineAmd64 = 0x8664;
-constexpr std::uintmax_t kMebibyte = 1U << 20;
 
 }  // namespace
 
@@ -28,21 +27,6 @@ void CheckRuntime(const fs::path& runtime) {
     if (isOther)
         throw Failure(runtime, "is a Java runtime for another system; one for Windows is required");
     throw Failure(runtime, "contains no Java runtime (bin/server/jvm.dll was not found)");
-}
-
-void CopyRuntime(const fs::path& runtime, OutputFolder& output, const Console& console) {
-    std::uintmax_t whole = 0;
-    std::error_code error;
-    for (const TreeEntry& entry : ListTree(runtime)) {
-        if (!entry.isFolder) whole += fs::file_size(runtime / entry.path, error);
-    }
-    std::uintmax_t done = 0;
-    output.Copy(runtime, kShippedRuntime, [&](std::uintmax_t size) {
-        done += size;
-        console.ShowProgress("copying the runtime: " + std::to_string(done / kMebibyte) + " of " +
-                             std::to_string(whole / kMebibyte) + " MiB");
-    });
-    console.ShowProgress("");
 }
 
 }  // namespace tarn::tools

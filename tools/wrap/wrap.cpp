@@ -4,9 +4,11 @@
 
 #include "tools/common/ascii.h"
 #include "tools/common/failure.h"
+#include "tools/common/progress.h"
 #include "tools/common/text_encoding.h"
 #include "tools/image/picture_format.h"
 #include "tools/settings/embedded_settings_text.h"
+#include "tools/stamp/icon_file.h"
 #include "tools/stamp/launcher_file.h"
 #include "tools/stamp/stamp.h"
 #include "tools/wrap/application_jars.h"
@@ -71,12 +73,17 @@ StampChanges ChangesFor(const WrapRequest& request, const JarFacts& facts) {
     const std::string vendor = request.vendor.empty() ? facts.vendor : request.vendor;
     // Company and copyright never default to the launcher's.
     changes.versionTexts = {
-        {"CompanyName", vendor},        {"LegalCopyright", vendor},
-        {"ProductName", request.title}, {"FileDescription", request.title},
-        {"InternalName", request.name}, {"OriginalFilename", request.name + ".exe"}};
+        {"CompanyName", vendor},
+        {"LegalCopyright", request.copyright.empty() ? vendor : request.copyright},
+        {"ProductName", request.title},
+        {"FileDescription", request.description.empty() ? request.title : request.description},
+        {"InternalName", request.name},
+        {"OriginalFilename", request.name + ".exe"}};
+    changes.strings = request.strings;
+    if (!request.manifest.empty()) changes.manifest = ReadApplicationManifest(request.manifest);
+    changes.manifestChanges = request.manifestChanges;
     if (!request.icon.empty()) {
-        const Bytes file = ReadWholeFile(request.icon, kLargestIconFile);
-        changes.icon = WithFileName(request.icon, [&] { return ReadIcon(file); });
+        changes.icon = ReadIconFile(request.icon);
     }
     return changes;
 }
@@ -117,7 +124,8 @@ void WarnAboutNames(const std::vector<ClassPathFile>& files, std::vector<std::st
         if (!IsAscii(std::string_view(file.target))) {
             warnings.push_back(file.target +
                                ": Java receives the class path in the user's 8-bit code page, "
-                               "which may lack some of these characters");
+                               "which may lack some of these characters; --utf8 makes it UTF-8, "
+                               "from Windows 10 version 1903 on");
         }
     }
 }
@@ -130,6 +138,29 @@ void CheckHasEffectInSingleFile(const WrapRequest& request) {
                       ": has no effect with --single-file, because "
                       "the launcher reads [" +
                       section + "] only from a settings file beside the executable");
+    }
+}
+
+// Copies the class path, the additional files and the runtime.
+void CopyFiles(const WrapRequest& request, const std::vector<ClassPathFile>& files,
+               OutputFolder& output, const Console& console) {
+    struct Copy {
+        fs::path source;
+        std::string target;
+    };
+    std::vector<Copy> copies;
+    for (const ClassPathFile& file : files) copies.push_back({file.source, file.target});
+    for (const fs::path& added : request.added) {
+        const fs::path named = added.has_filename() ? added : added.parent_path();
+        copies.push_back({added, Utf8OfPath(named.filename())});
+    }
+    if (!request.runtime.empty()) copies.push_back({request.runtime, kShippedRuntime});
+
+    std::uintmax_t whole = 0;
+    for (const Copy& copy : copies) whole += TreeSize(copy.source);
+    Progress progress(console, "copying files", whole);
+    for (const Copy& copy : copies) {
+        output.Copy(copy.source, copy.target, [&](std::uintmax_t size) { progress.Add(size); });
     }
 }
 
@@ -170,7 +201,7 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     for (const ApplicationJar& each : jars) {
         if (each.file.placement != Placement::Omitted) files.push_back(each.file);
     }
-    WarnAboutNames(files, warnings);
+    if (!request.manifestChanges.usesUtf8) WarnAboutNames(files, warnings);
     const Splash splash = ReadSplash(request, jar, facts, warnings);
     if (request.singleFile) {
         files.erase(files.begin());
@@ -199,13 +230,8 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     output.Write(executableName, executable, "the executable");
     if (!request.singleFile)
         output.Write(request.name + ".ini", settings.Content(), "the settings file");
-    for (const ClassPathFile& file : files) output.Copy(file.source, file.target);
     if (!splash.file.empty()) output.Write(splash.file, splash.picture, "the splash picture");
-    for (const fs::path& added : request.added) {
-        const fs::path named = added.has_filename() ? added : added.parent_path();
-        output.Copy(added, Utf8OfPath(named.filename()));
-    }
-    if (!request.runtime.empty()) CopyRuntime(request.runtime, output, console);
+    CopyFiles(request, files, output, console);
     CheckUnfinished(request, changes, output);
     output.Finish();
     for (const std::string& warning : warnings) console.PrintWarning(warning);

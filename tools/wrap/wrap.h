@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "tools/common/console.h"
+#include "tools/stamp/application_manifest.h"
 
 namespace tarn::tools {
 
@@ -38,9 +40,14 @@ struct WrapRequest {
     std::string version;
     std::string title;
     std::string vendor;
+    std::string copyright;    // default: the vendor
+    std::string description;  // default: the title
+    std::filesystem::path manifest;
+    ManifestChanges manifestChanges;
+    std::vector<std::pair<std::uint16_t, std::string>> strings;  // string table entries by id
     std::string minimumVersion;
     std::string maximumVersion;
-    std::string vmParameters;
+    std::vector<std::string> vmParameters;
     std::string arguments;
     EndsWith endsWith = EndsWith::Threads;
     StartsAs startsAs = StartsAs::Automatic;

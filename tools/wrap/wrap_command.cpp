@@ -1,11 +1,14 @@
 #include "tools/wrap/wrap_command.h"
 
+#include <algorithm>
 #include <map>
 #include <memory>
 
+#include "tools/common/config_file.h"
 #include "tools/common/failure.h"
 #include "tools/common/system.h"
 #include "tools/common/text_encoding.h"
+#include "tools/stamp/string_option.h"
 #include "tools/wrap/wrap.h"
 
 namespace tarn::tools {
@@ -22,8 +25,8 @@ constexpr char kExamples[] =
     "Comments in NAME.ini explain the settings; tarn check finds mistakes in them.";
 
 struct Arguments {
-    std::string jar, out, icon, splash, runtime, launcher, endsWith, startsAs;
-    std::vector<std::string> classPath, added, settings;
+    std::string jar, out, icon, splash, runtime, launcher, manifest, config, endsWith, startsAs;
+    std::vector<std::string> classPath, added, settings, strings;
     WrapRequest request;
 };
 
@@ -36,12 +39,32 @@ std::vector<std::filesystem::path> PathsOf(const std::vector<std::string>& texts
 
 std::filesystem::path LauncherFor(const std::string& typed) {
     if (!typed.empty()) return PathOf(typed);
-    std::filesystem::path launcher = ProgramFolder() / "launcher.exe";
+    const std::filesystem::path beside = ProgramFolder() / "launcher.exe";
+    // A checkout builds the launcher and this program for other systems in two folders.
+    const std::filesystem::path built = ProgramFolder().parent_path() / "release" / "launcher.exe";
     std::error_code error;
-    if (!std::filesystem::exists(launcher, error)) {
-        throw Failure(launcher, "was not found; specify launcher.exe with --launcher");
+    for (const std::filesystem::path& launcher : {beside, built}) {
+        if (std::filesystem::exists(launcher, error)) return launcher;
     }
-    return launcher;
+    throw Failure(beside,
+                  "was not found; copy it there from a release, build it in a checkout with "
+                  "\"cmake --preset release\" and \"cmake --build --preset release "
+                  "--target launcher\", or specify it with --launcher");
+}
+
+// No option has a use for them: a line break would end a setting.
+void CheckTexts(const CLI::App& command) {
+    for (const CLI::Option* const option : command.get_options()) {
+        for (const std::string& text : option->results()) {
+            const bool hasControl = std::any_of(text.begin(), text.end(), [](char character) {
+                return static_cast<unsigned char>(character) < ' ';
+            });
+            if (hasControl) {
+                throw Failure(option->get_name() +
+                              ": the value contains a line break or another control character");
+            }
+        }
+    }
 }
 
 EndsWith EndOf(const Arguments& arguments) {
@@ -73,7 +96,10 @@ std::pair<std::string, std::string> ParseSetting(const std::string& text) {
     return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-void RunWrap(const Arguments& arguments, const Console& console) {
+void RunWrap(CLI::App& command, const Arguments& arguments, const Console& console) {
+    if (!arguments.config.empty()) ApplyConfigFile(command, PathOf(arguments.config));
+    CheckTexts(command);
+    if (arguments.jar.empty()) throw Failure("no jar is specified; see tarn wrap --help");
     WrapRequest request = arguments.request;
     request.jar = PathOf(arguments.jar);
     request.out = PathOf(arguments.out);
@@ -82,10 +108,14 @@ void RunWrap(const Arguments& arguments, const Console& console) {
     request.runtime = PathOf(arguments.runtime);
     request.classPath = PathsOf(arguments.classPath);
     request.added = PathsOf(arguments.added);
+    request.manifest = PathOf(arguments.manifest);
     request.endsWith = EndOf(arguments);
     request.startsAs = StartOf(arguments.startsAs);
     for (const std::string& text : arguments.settings) {
         request.settings.push_back(ParseSetting(text));
+    }
+    for (const std::string& text : arguments.strings) {
+        request.strings.push_back(ParseStringOption(text));
     }
     if (request.singleFile && !request.splash.empty()) {
         throw Failure(
@@ -120,10 +150,13 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
     option("--version", request.version, "TEXT", "Version of the application");
     option("--title", request.title, "TEXT", "Application name shown to users");
     option("--vendor", request.vendor, "TEXT", "Company name");
+    option("--description", request.description, "TEXT",
+           "Description, shown by the task manager (default: the title)");
+    option("--copyright", request.copyright, "TEXT", "Copyright notice (default: the vendor)");
     option("--min-version", request.minimumVersion, "VERSION",
            "Oldest Java version, or \"any\" (default: what the classes were compiled for)");
     option("--max-version", request.maximumVersion, "VERSION", "Newest Java version");
-    option("--vm-parameters", request.vmParameters, "TEXT", "JVM options");
+    option("--vm-parameters", request.vmParameters, "TEXT", "JVM options; may be repeated");
     option("--arguments", request.arguments, "TEXT", "Arguments that main always receives");
     command.add_flag("--single-instance", request.singleInstance,
                      "Hand the arguments of a second start to the running instance");
@@ -145,9 +178,24 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
     option("--set", arguments.settings, "SECTION/KEY=VALUE", "Another setting; may be repeated");
     option("--allow", request.allowedFindings, "ID",
            "Accept a finding of tarn check, which otherwise ends the command; may be repeated");
+    option(
+        "--set-string", arguments.strings, "ID=TEXT",
+        "Another text for a message of the launcher, with \\n for a line break; may be repeated");
+    option("--manifest", arguments.manifest, "FILE", "Manifest (XML) instead of the launcher's");
+    command.add_flag("--admin", request.manifestChanges.requiresAdministrator,
+                     "Start as administrator only (in the manifest)");
+    command.add_flag("--utf8", request.manifestChanges.usesUtf8,
+                     "UTF-8 as the 8-bit code page, from Windows 10 version 1903 on (in the "
+                     "manifest)");
     option("--launcher", arguments.launcher, "FILE", "launcher.exe (default: the one beside tarn)");
     command.add_flag("--replace", request.replaces,
                      "Replace an existing folder of the same application");
+    command
+        .add_option("--config", arguments.config,
+                    "Read options from a file with lines such as name = \"App\"; those of the "
+                    "command line take precedence")
+        ->type_name("FILE")
+        ->configurable(false);
 }
 
 }  // namespace
@@ -157,12 +205,10 @@ void AddWrapCommand(CLI::App& app, const Console& console, int& exitCode) {
     CLI::App& command = *app.add_subcommand(
         "wrap", "Creates an application folder or a single executable from a jar");
     command.footer(kExamples);
-    command.add_option("jar", arguments->jar, "The application's jar")
-        ->required()
-        ->type_name("APP.jar");
+    command.add_option("jar", arguments->jar, "The application's jar")->type_name("APP.jar");
     AddOptions(command, *arguments);
-    command.callback([arguments, &console, &exitCode] {
-        RunWrap(*arguments, console);
+    command.callback([arguments, &command, &console, &exitCode] {
+        RunWrap(command, *arguments, console);
         exitCode = kSuccess;
     });
 }

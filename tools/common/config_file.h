@@ -1,0 +1,14 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+
+namespace tarn::tools {
+
+/// Sets those options of a command that the command line does not contain from a file with lines
+/// "option = value" (UTF-8), to be called when the command line has been read. Throws Failure for a
+/// file that cannot be read and for a line that is not an option with its values; the options'
+/// own checks throw `CLI::ParseError`.
+void ApplyConfigFile(CLI::App& command, const std::filesystem::path& file);
+
+}  // namespace tarn::tools
