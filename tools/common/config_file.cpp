@@ -12,15 +12,28 @@ namespace {
 constexpr std::uintmax_t kLargestFile = 1U << 20U;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// Versions of the library differ in whether a backslash between double quotes is an escape, and
-// would give other results for the same file.
+// Whether the line has a backslash between double quotes, outside of single quotes. Versions of the
+// library differ in whether that is an escape, and would read the same file differently.
+bool HasEscape(std::string_view line) {
+    char quote = '\0';
+    for (const char character : line) {
+        if (character == '\\' && quote == '"') return true;
+        if (quote == '\0' && (character == '"' || character == '\'')) {
+            quote = character;
+        } else if (character == quote) {
+            quote = '\0';
+        }
+    }
+    return false;
+}
+
 void CheckLine(std::string_view line, const std::filesystem::path& file) {
     const std::size_t begin = line.find_first_not_of(" \t");
     if (begin == std::string_view::npos || line[begin] == '#' || line[begin] == ';') return;
-    if (line.find('\\') != std::string_view::npos && line.find('"') != std::string_view::npos) {
+    if (HasEscape(line)) {
         throw Failure(file,
-                      "a backslash and double quotes in one line: quote the value with "
-                      "single quotes, or write paths with \"/\": " +
+                      "a backslash between double quotes: quote the value with single "
+                      "quotes, or write paths with \"/\": " +
                           std::string(line));
     }
 }

@@ -80,6 +80,23 @@ TEST_F(OutputFolderTest, CopiesFoldersWithTheirContents) {
                                      "in/a.txt", "in/sub/b.txt"));
 }
 
+TEST_F(OutputFolderTest, ReportsWhatItHasCopied) {
+    Put("in/a.txt", "abc");
+    Put("in/sub/large", std::string(3U << 20U, 'x'));
+    OutputFolder output(folder_ / "app", false, "app.exe");
+    std::uintmax_t whole = 0;
+    int parts = 0;
+    output.Copy(folder_ / "in", "data", [&](std::uintmax_t size) {
+        whole += size;
+        ++parts;
+    });
+    EXPECT_EQ(whole, TreeSize(folder_ / "in"));
+    EXPECT_GT(parts, 2) << "a large file is copied in parts";
+    EXPECT_EQ(TreeSize(folder_ / "in/a.txt"), 3U);
+    output.Finish();
+    EXPECT_EQ(TextOf(folder_ / "app/data/sub/large"), TextOf(folder_ / "in/sub/large"));
+}
+
 TEST_F(OutputFolderTest, NamesAFolderThatCannotBeCreated) {
     Put("file", "x");
     EXPECT_THROW(OutputFolder(folder_ / "file/app", false, "app.exe"), Failure);

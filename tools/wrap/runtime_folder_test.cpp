@@ -39,16 +39,5 @@ TEST_F(RuntimeFolder, IsRejectedForAnotherSystem) {
     EXPECT_THAT(Problem(), HasSubstr("another system"));
 }
 
-TEST_F(RuntimeFolder, IsCopiedCompletely) {
-    Put("runtime/bin/java.exe", "x");
-    Put("runtime/release", "y");
-    OutputFolder output(folder_ / "app", false, "app.exe");
-    const Console console(stdout, stderr, false, false);
-    CopyRuntime(folder_ / "runtime", output, console);
-    output.Finish();
-    EXPECT_EQ(TextOf(folder_ / "app/jre64/bin/java.exe"), "x");
-    EXPECT_EQ(TextOf(folder_ / "app/jre64/release"), "y");
-}
-
 }  // namespace
 }  // namespace tarn::tools
