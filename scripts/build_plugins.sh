@@ -54,8 +54,9 @@ lay_out_companions() {
     carry windows-x86_64 tarn.exe build/release/tarn.exe
     for platform in linux-x86_64 linux-aarch64 macos-x86_64 macos-aarch64; do
         own=()
-        [ "$platform" != "linux-$(uname -m)" ] || own=(build/native/tarn)
-        carry "$platform" tarn "build/companion-$platform/tarn" "${own[@]}"
+        # What has just been built, unless it is for a release.
+        [ "$platform" != "linux-$(uname -m)" ] || [ $demands_all = yes ] || own=(build/native/tarn)
+        carry "$platform" tarn "${own[@]}" "build/companion-$platform/tarn"
     done
     (cd "$companions" && find . -type f -printf '%P\n' | LC_ALL=C sort | while read -r name; do
         printf '%s=%s\n' "$name" "$(sha256sum "$name" | cut -d ' ' -f 1)"

@@ -192,7 +192,7 @@ part_tools() {
 # The Maven and Gradle plugins: their unit tests, and real builds whose results are started under Wine.
 part_plugins() {
     local report
-    "$TARN_PYTHON" scripts/fetch_runtimes.py 17 21 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
+    "$TARN_PYTHON" scripts/fetch_runtimes.py 17 21 25 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
     "$TARN_PYTHON" scripts/lib/assemble_gradle.py >/dev/null || { count_failure "assembling Gradle"; return 0; }
     rm -rf build/plugins/*/surefire-reports
     check "build of the plugins" 900 scripts/build_plugins.sh

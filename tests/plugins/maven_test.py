@@ -7,6 +7,7 @@ import unittest
 import xml.etree.ElementTree as ElementTree
 
 import builds
+import windows_jmods
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 WORK = os.path.join(builds.WORK, "maven")
@@ -21,9 +22,12 @@ def setUpModule():
     settings = os.path.join(WORK, "settings.xml")
     with open(settings, "w", encoding="utf-8") as file:
         file.write(builds.SETTINGS.format(repository=builds.REPOSITORY))
+    jmods = os.path.join(WORK, "jmods")
+    windows_jmods.create(builds.environment()["JAVA_HOME"], builds.RUNTIMES, jmods)
     code, output = builds.maven(
         os.path.join(HERE, "maven"), f"-Dtarn.work={WORK}", f"-Dtarn.settings={settings}",
         f"-Dtarn.version={builds.version()}",
+        f"-Dtarn.testJmods={jmods}",
         f"-Dtarn.testRuntime={os.path.join(builds.RUNTIMES, '17')}", "invoker:run")
     if code != 0:
         raise RuntimeError(output[-4000:])
@@ -107,6 +111,20 @@ class JavaFxTest(MavenTest):
                  for path in glob.glob(os.path.join(application, "**", "*.jar"), recursive=True)]
         self.assertIn("javafx-graphics-21.0.5-win.jar", names)
         self.assertEqual([], [name for name in names if "linux" in name or "mac" in name])
+
+    def test_shows_its_window(self):
+        application = self.application("javafx", "javafx")
+        builds.link_runtime(application)
+        self.assertIn("JavaFX: shown", builds.start(application, "javafx"))
+
+
+class LinkedRuntimeTest(MavenTest):
+    def test_starts_with_the_runtime_that_is_linked_for_it(self):
+        application = self.application("linked-runtime", "linked-runtime")
+        with open(os.path.join(application, "jre64", "release"), encoding="utf-8") as file:
+            self.assertIn('MODULES="java.base"', file.read())
+        feature = windows_jmods.feature_of(builds.environment()["JAVA_HOME"])
+        self.assertRegex(builds.start(application, "linked-runtime"), rf"^linked: {feature}\.")
 
 
 class MistakeTest(MavenTest):

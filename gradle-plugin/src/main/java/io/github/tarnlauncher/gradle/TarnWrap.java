@@ -97,6 +97,7 @@ public abstract class TarnWrap extends DefaultTask {
             .minVersion(options.getMinVersion().getOrNull()).maxVersion(options.getMaxVersion().getOrNull())
             .vmParameters(options.getVmParameters().get()).arguments(options.getArguments().getOrNull())
             .singleInstance(options.getSingleInstance().get()).endsWith(options.getEndsWith().getOrNull())
+            .startAs(options.getStartAs().getOrNull())
             .singleFile(options.getSingleFile().get()).keepWorkingDir(options.getKeepWorkingDir().get())
             .set(options.getSet().get()).allow(options.getAllow().get()).launcher(pathOf(options.getLauncher()));
     }

@@ -114,6 +114,11 @@ public interface WrapOptions {
     @Optional
     Property<String> getEndsWith();
 
+    /** How the main class is started: {@code module}, or {@code class-path}; by default it depends on the jar. */
+    @Input
+    @Optional
+    Property<String> getStartAs();
+
     /** Embeds the jar and the settings in the executable. */
     @Input
     Property<Boolean> getSingleFile();

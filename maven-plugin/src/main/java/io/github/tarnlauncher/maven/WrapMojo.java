@@ -124,6 +124,10 @@ public final class WrapMojo extends AbstractTarnMojo {
     @Parameter(property = "tarn.endsWith")
     private String endsWith;
 
+    /** How the main class is started: {@code module}, or {@code class-path}. The default depends on the jar. */
+    @Parameter(property = "tarn.startAs")
+    private String startAs;
+
     /** Embeds the jar and the settings in the executable. */
     @Parameter(property = "tarn.singleFile", defaultValue = "false")
     private boolean singleFile;
@@ -196,7 +200,7 @@ public final class WrapMojo extends AbstractTarnMojo {
             .splash(pathOf(splash)).noSplash(noSplash).runtime(pathOf(runtime)).classPath(libraries)
             .classPath(pathsOf(classPath)).add(pathsOf(add)).version(version).title(title).vendor(vendor)
             .minVersion(minVersion).maxVersion(maxVersion).vmParameters(vmParameters).arguments(arguments)
-            .singleInstance(singleInstance).endsWith(endsWith).singleFile(singleFile).keepWorkingDir(keepWorkingDir)
+            .singleInstance(singleInstance).endsWith(endsWith).startAs(startAs).singleFile(singleFile).keepWorkingDir(keepWorkingDir)
             .set(set).allow(allow).launcher(pathOf(launcher));
     }
 

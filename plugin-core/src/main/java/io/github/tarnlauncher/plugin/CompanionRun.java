@@ -17,7 +17,7 @@ public final class CompanionRun {
     // Those of WrapRequest. Other options in messages are the JVM's.
     static final Set<String> PARAMETERS = Set.of("name", "icon", "splash", "noSplash", "runtime", "classPath", "add",
         "mainClass", "version", "title", "vendor", "minVersion", "maxVersion", "vmParameters", "arguments",
-        "singleInstance", "endsWith", "singleFile", "keepWorkingDir", "set", "allow", "launcher");
+        "singleInstance", "endsWith", "startAs", "singleFile", "keepWorkingDir", "set", "allow", "launcher");
 
     private final int exitCode;
     private final String output;

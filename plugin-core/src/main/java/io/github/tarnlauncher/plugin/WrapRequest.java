@@ -53,6 +53,7 @@ public final class WrapRequest {
     public WrapRequest arguments(String value) { return text("--arguments", value); }
     public WrapRequest singleInstance(boolean value) { return flag("--single-instance", value); }
     public WrapRequest endsWith(String value) { return text("--ends-with", value); }
+    public WrapRequest startAs(String value) { return text("--start-as", value); }
     public WrapRequest singleFile(boolean value) { return flag("--single-file", value); }
     public WrapRequest keepWorkingDir(boolean value) { return flag("--keep-working-dir", value); }
     public WrapRequest launcher(Path file) { return input("--launcher", file); }
