@@ -38,8 +38,7 @@ Case WildcardCase(const Workspace& workspace) {
 }
 
 Case SettingsCase(const Workspace& workspace) {
-    constexpr const wchar_t* kLine =
-        L"a key that nobody asks for=a value of some length, as in\r\n";
+    constexpr const wchar_t* kLine = L"a key that is never read=a value of some length, as in\r\n";
     Case result = EmptyCase("Growth: size of the settings file");
     for (const int kib : {1, 10, 100, 1024, 10240}) {
         // The file has two bytes for a character.

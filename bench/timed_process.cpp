@@ -103,7 +103,7 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
     const PROCESS_INFORMATION process =
         Start(program, commandLine, options.library.empty() ? 0 : CREATE_SUSPENDED);
     if (!options.library.empty()) {
-        if (!test::PutLibraryInto(process.hProcess, options.library))
+        if (!test::InjectLibrary(process.hProcess, options.library))
             Fail("the library cannot be injected");
         ResumeThread(process.hThread);
     }

@@ -1,4 +1,4 @@
-// The numbers inside "Virtual Machine Parameters", and the stack size that they give.
+// The numbers in "Virtual Machine Parameters", and the stack size that they specify.
 
 #include <vector>
 

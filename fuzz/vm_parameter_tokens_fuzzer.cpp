@@ -1,4 +1,4 @@
-// How "Virtual Machine Parameters" is taken apart, and what its quotes become.
+// Splits "Virtual Machine Parameters" into tokens and removes their quotes.
 
 #include <algorithm>
 #include <vector>

@@ -21,7 +21,7 @@ struct OutputFiles {
 struct JvmOptions {
     /// The JVM's options in their order, in the thread's ANSI code page. An option can be empty.
     std::vector<std::string> ansiOptions;
-    /// Stack size of the Java thread in bytes, from the last "-Xss"; 0 stands for the runtime's
+    /// Stack size of the Java thread in bytes, from the last "-Xss"; 0 means the runtime's
     /// default.
     std::uint64_t javaThreadStackSize = 0;
     OutputFiles outputFiles;

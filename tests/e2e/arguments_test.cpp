@@ -1,4 +1,4 @@
-// What main gets: the command line's arguments, then those of "Cmd".
+// The arguments of main: those of the command line, then those of "Cmd".
 
 #include "tests/support/fake_jvm_fixture.h"
 

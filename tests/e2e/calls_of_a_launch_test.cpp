@@ -146,7 +146,7 @@ TEST_F(CallsOfASplashLaunch, TheDecoderIsLoadedByTheSplashsOwnThread) {
     app.WriteSettings(settings);
     const auto process = StartHooked(app);
     WaitForSplash(*process);
-    EndWell(*process);
+    EndSuccessfully(*process);
     const Calls splash = {"GetModuleFileNameW", "GetPrivateProfileStringW x 3", "FindFirstFileW"};
     EXPECT_EQ(CallsOf(app),
               kSettings + kSingleInstance + kConfiguredRuntime + splash + kLibrary + kOptions);

@@ -77,7 +77,7 @@ TEST_F(CodePage, AnErrorBoxShowsThoseLetters) {
     settings.Runtime(L"JRE Path", letters_);
     app.WriteSettingsBytes(AnsiFile(settings.Text()));
     const auto process = app.Launch();
-    EXPECT_THAT(ToUtf8(TakeErrorBox(*process)),
+    EXPECT_THAT(ToUtf8(CloseErrorBox(*process)),
                 StartsWith(ToUtf8(L"Failed to load Java VM library: " + letters_ +
                                   L"\\bin\\client\\jvm.dll (errno = ")));
     EXPECT_EQ(process->ExitCode(), -1);

@@ -1,5 +1,5 @@
-// Windows' own message box about a library that cannot be loaded ("hard error"): suppressed for the
-// two loads of a launch, and for nothing else.
+// Windows' message box for a library that cannot be loaded ("hard error") is suppressed for the two
+// loads of a launch, and for nothing else.
 
 #include "tests/support/jvm_files.h"
 #include "tests/support/pair_product.h"
@@ -85,14 +85,14 @@ TEST_P(CorruptLibrary, OfTheSplashIsReplacedByTheLaunchersSplashWithoutAMessage)
     EXPECT_NE(WaitForSplash(*process), nullptr);
     EXPECT_TRUE(MainRuns());
     EXPECT_THAT(WindowsOf(process->id(), L"#32770"), IsEmpty());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_P(CorruptLibrary, OfTheJvmShowsTheLaunchersMessageOnly) {
     const std::wstring path = app.Path(L"jre\\bin\\server\\jvm.dll");
     WriteFileBytes(path, Corrupted(path));
     const auto process = Start(L"-nosplash");
-    EXPECT_EQ(TakeErrorBox(*process), LoadFailure(path));
+    EXPECT_EQ(CloseErrorBox(*process), LoadFailure(path));
     EXPECT_EQ(process->ExitCode(), -1);
 }
 

@@ -38,16 +38,16 @@ TEST_P(FailingCalls, EndAsRecorded) {
     const auto scenario = GetParam().make();
     const Facts undisturbed = scenario->Run(L"");
     const auto calls = scenario->Calls();
-    EXPECT_TRUE(IsDecent(undisturbed, undisturbed, scenario->ApplicationCode()));
+    EXPECT_TRUE(IsAcceptable(undisturbed, undisturbed, scenario->ApplicationCode()));
 
     const auto normalize = [&](const std::string& text) { return scenario->Normalized(text); };
     std::vector<std::pair<CallPoint, std::string>> outcomes;
     const bool isSample = folder.empty() && GetParam().most != kEveryCall;
-    for (const CallPoint& point :
-         isSample ? SomeCalls(calls, normalize, GetParam().most) : EveryCall(calls, normalize)) {
+    for (const CallPoint& point : isSample ? SampleOfCalls(calls, normalize, GetParam().most)
+                                           : EveryCall(calls, normalize)) {
         const Facts facts = scenario->Run(point.FailureSpec(ERROR_ACCESS_DENIED));
         const std::string outcome = OutcomeOf(facts, undisturbed);
-        EXPECT_TRUE(IsDecent(facts, undisturbed, scenario->ApplicationCode()))
+        EXPECT_TRUE(IsAcceptable(facts, undisturbed, scenario->ApplicationCode()))
             << point.Text() << ": " << outcome;
         // Not every launch receives the same window messages.
         const auto failed = FailedCall(scenario->Calls(), normalize);

@@ -14,7 +14,7 @@ class RealHandOff : public EachRuntimeFixture {
   protected:
     static constexpr std::int32_t kFirstCode = 9;
 
-    RealHandOff() : mayEnd_(FreshFile(L"may-end")) {
+    RealHandOff() : mayEnd_(NewFilePath(L"may-end")) {
         settings.Application(L"Single Instance", L"yes");
     }
 
@@ -58,7 +58,7 @@ TEST_P(RealHandOffForms, TheVoidFormReceivesTheArguments) {
 
 TEST_P(RealHandOff, TheVoidFormAnswersBeforeItReturns) {
     const auto first = StartFirst(L"fixture.SecondVoid");
-    EXPECT_EQ(Second(L"\"do:await:" + FreshFile(L"go") + L'"'), 0);
+    EXPECT_EQ(Second(L"\"do:await:" + NewFilePath(L"go") + L'"'), 0);
     EXPECT_THAT(Report().All("secondEnd"), IsEmpty());
     app.AddFile(L"go");
     Report().WaitFor("secondEnd", L"0");
@@ -77,7 +77,7 @@ TEST_P(RealHandOffForms, TheIntFormsResultIsTheExitCode) {
 
 TEST_P(RealHandOff, TheIntFormMakesTheSecondLaunchWait) {
     const auto first = StartFirst(L"fixture.SecondInt");
-    const auto second = app.Launch(L"return:4 \"do:await:" + FreshFile(L"go") + L'"');
+    const auto second = app.Launch(L"return:4 \"do:await:" + NewFilePath(L"go") + L'"');
     EXPECT_TRUE(WaitUntil([&] { return !Report().All("second").empty(); }));
     EXPECT_FALSE(second->HasEnded());
     app.AddFile(L"go");
@@ -107,7 +107,7 @@ TEST_P(RealHandOff, AnExceptionIsDescribedAndTheApplicationContinues) {
 
 TEST_P(RealHandOff, ARequestDuringStartUpIsAnswered) {
     settings.Runtime(L"Main Class", L"fixture.SecondInt");
-    const auto first = Start(L"\"do:await:" + FreshFile(L"go") + L"\" do:exit:9");
+    const auto first = Start(L"\"do:await:" + NewFilePath(L"go") + L"\" do:exit:9");
     EXPECT_TRUE(WaitUntil([&] {
         const InstanceBlock block = InstanceBlock::Open(app.Executable());
         return block && block.Number(InstanceBlock::kMessage) != 0 &&

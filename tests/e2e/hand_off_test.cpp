@@ -43,7 +43,7 @@ TEST_F(HandOff, TheVoidFormReceivesTheArgumentsAndAnswersZero) {
     const auto first = StartFirst(L"own");
     EXPECT_EQ(Second(L"a \"b c\" -nosplash"), 0);
     EXPECT_THAT(SecondaryCalls(), ElementsAre(R"(["a", "b c", "-nosplash"])"));
-    EXPECT_EQ(Machines(), 1u);
+    EXPECT_EQ(JvmCount(), 1u);
     EndFirst(*first);
 }
 
@@ -194,7 +194,7 @@ TEST_F(HandOff, AFirstInstanceThatFailsEndsTheWaitingLaunch) {
     const auto second = app.Launch(L"x");
     EXPECT_TRUE(
         WaitUntil([&] { return !InstanceBlock::Open(app.Executable()).Arguments().empty(); }));
-    EXPECT_THAT(TakeErrorBox(*first), HasSubstr(L"com"));
+    EXPECT_THAT(CloseErrorBox(*first), HasSubstr(L"com"));
     EXPECT_EQ(first->ExitCode(), -1);
     EXPECT_EQ(second->ExitCode(), -1);
 }

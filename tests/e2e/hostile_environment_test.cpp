@@ -138,11 +138,11 @@ class UserName : public JreNotFoundFixture, public testing::WithParamInterface<c
   protected:
     UserName() {
         folder_ = app.AppDataFolder() + L'\\' + GetParam();
-        MakeFolders(folder_);
+        CreateFolders(folder_);
         app.environment[L"APPDATA"] = folder_;
     }
 
-    std::wstring UsersFile() const {
+    std::wstring RememberedFile() const {
         return folder_ + L'\\' + kProductName + L'\\' + kProductCode + L"\\sample.ini";
     }
 
@@ -155,7 +155,7 @@ TEST_P(UserName, DoesNotPreventRememberingARuntime) {
     StartUntilDialog();
     BrowseTo(runtime);
     EXPECT_EQ(Confirm(), 7);
-    EXPECT_NE(GetFileAttributesW(UsersFile().c_str()), INVALID_FILE_ATTRIBUTES);
+    EXPECT_NE(GetFileAttributesW(RememberedFile().c_str()), INVALID_FILE_ATTRIBUTES);
     // No dialog in the second launch.
     EXPECT_EQ(app.Launch()->ExitCode(), 7);
 }

@@ -67,7 +67,7 @@ TEST_F(ImportHook, FailsTheSpecifiedCall) {
 TEST_F(ImportHook, SetsTheLastErrorOfTheFailure) {
     app.WriteSettings(settings);
     const auto process = StartHooked(app, L"LoadLibraryW:1+:1114");
-    EXPECT_EQ(ToUtf8(TakeErrorBox(*process)),
+    EXPECT_EQ(ToUtf8(CloseErrorBox(*process)),
               ToUtf8(L"Failed to load Java VM library: " + app.Path(L"jre") +
                      L"\\bin\\server\\jvm.dll (errno = 1114).\n"));
     EXPECT_EQ(process->ExitCode(), -1);
@@ -77,7 +77,7 @@ TEST_F(ImportHook, ReturnsTheSpecifiedResult) {
     app.WriteSettings(settings);
     // The length equals the buffer's size, as for a truncated path.
     const auto process = StartHooked(app, L"GetModuleFileNameW:1:0:260");
-    EXPECT_EQ(ToUtf8(TakeErrorBox(*process)),
+    EXPECT_EQ(ToUtf8(CloseErrorBox(*process)),
               "Windows exception: failed to get the module path (errno = 122).\n");
     EXPECT_EQ(process->ExitCode(), -1);
 }

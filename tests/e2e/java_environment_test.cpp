@@ -10,12 +10,12 @@ class JavaEnvironment : public FakeJvmFixture {
     JavaEnvironment() { app.environment[L"PATH"] = L"C:\\windows\\system32;C:\\p"; }
 
     std::wstring RuntimeBin() const { return app.Path(L"jre\\bin"); }
-    std::string PathSeen() const { return app.Log().After("environment Path="); }
+    std::string LoggedPath() const { return app.Log().After("environment Path="); }
 };
 
 TEST_F(JavaEnvironment, PathEndsWithTheRuntimesFolder) {
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(PathSeen(), TextInLog(L"C:\\windows\\system32;C:\\p;" + RuntimeBin()));
+    EXPECT_EQ(LoggedPath(), TextInLog(L"C:\\windows\\system32;C:\\p;" + RuntimeBin()));
 }
 
 TEST_F(JavaEnvironment, PathIsSetBeforeTheLibraryIsLoaded) {
@@ -32,21 +32,21 @@ TEST_F(JavaEnvironment, PathBeginsWithTheSettings) {
     app.environment[L"TARN_PROBE"] = L"D:\\probe";
     settings.Runtime(L"System Path", L"C:\\first;%TARN_PROBE%\\%TARN_UNKNOWN%");
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(PathSeen(), TextInLog(L"C:\\first;D:\\probe\\%TARN_UNKNOWN%;C:\\windows\\system32;"
-                                    L"C:\\p;" +
-                                    RuntimeBin()));
+    EXPECT_EQ(LoggedPath(), TextInLog(L"C:\\first;D:\\probe\\%TARN_UNKNOWN%;C:\\windows\\system32;"
+                                      L"C:\\p;" +
+                                      RuntimeBin()));
 }
 
 TEST_F(JavaEnvironment, PathGetsNoSecondSemicolon) {
     settings.Runtime(L"System Path", L"C:\\first;");
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(PathSeen(), TextInLog(L"C:\\first;C:\\windows\\system32;C:\\p;" + RuntimeBin()));
+    EXPECT_EQ(LoggedPath(), TextInLog(L"C:\\first;C:\\windows\\system32;C:\\p;" + RuntimeBin()));
 }
 
 TEST_F(JavaEnvironment, SystemPathMayNameTheRuntime) {
     settings.Runtime(L"System Path", L"%TARN_JVM_HOME%\\lib");
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(PathSeen(),
+    EXPECT_EQ(LoggedPath(),
               TextInLog(app.Path(L"jre\\lib;C:\\windows\\system32;C:\\p;") + RuntimeBin()));
 }
 
@@ -54,13 +54,13 @@ TEST_F(JavaEnvironment, PathMayHaveTenThousandCharacters) {
     const std::wstring path = L"C:\\" + Repeated(L"0123456789", 1000);
     app.environment[L"PATH"] = L"C:\\windows\\system32;" + path;
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(PathSeen(), TextInLog(L"C:\\windows\\system32;" + path + L';' + RuntimeBin()));
+    EXPECT_EQ(LoggedPath(), TextInLog(L"C:\\windows\\system32;" + path + L';' + RuntimeBin()));
 }
 
 TEST_F(JavaEnvironment, WithoutPathItsNameStays) {
     app.environment[L"PATH"] = std::nullopt;
     EXPECT_EQ(Run(), 0);
-    EXPECT_EQ(PathSeen(), TextInLog(L"%Path%;" + RuntimeBin()));
+    EXPECT_EQ(LoggedPath(), TextInLog(L"%Path%;" + RuntimeBin()));
 }
 
 TEST_F(JavaEnvironment, NamesTheLibraryAndTheHome) {

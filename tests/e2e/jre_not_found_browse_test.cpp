@@ -90,7 +90,7 @@ TEST_F(JreNotFoundBrowse, OkStaysEnabledAndTheLastFolderCounts) {
     PressButton(dialog, kOk);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(dialog); }));
     // The library cannot be loaded, which the launch reports.
-    EXPECT_THAT(TakeErrorBox(*process),
+    EXPECT_THAT(CloseErrorBox(*process),
                 testing::StartsWith(L"Failed to load Java VM library:  (errno = "));
     EXPECT_EQ(End(), -1);
     EXPECT_THAT(ReadFileBytes(PerUserFile()), testing::HasSubstr("\\empty\\\r\n"));
@@ -143,8 +143,8 @@ TEST_F(JreNotFoundBrowse, AFolderWithoutAPathChangesNothing) {
     const std::wstring runtime = app.AddRuntime(L"other jre");
     StartUntilDialog();
     BrowseTo(runtime);
-    // Some children of the desktop ("My Computer") are no part of the file system. The browser
-    // disables its button there, so the command is sent.
+    // Some items below the desktop ("My Computer") are not in the file system. The browser disables
+    // its button for them, so the test sends the button's command.
     const HWND browser = OpenBrowser();
     ASSERT_NE(browser, nullptr);
     SelectVirtualFolder(browser);

@@ -38,7 +38,7 @@ TEST_F(JreNotFoundRemembered, TheFolderIsWrittenToThePerUserFile) {
 }
 
 TEST_F(JreNotFoundRemembered, OtherContentsOfThePerUserFileAreKept) {
-    MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
+    CreateFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
     WriteFileBytes(PerUserFile(),
                    "[Other]\r\nA=1\r\n[Java Runtime Environment]\r\nJVM Type=x\r\n"
                    "JRE Path=C:\\gone\r\n[Last]\r\nB=2\r\n");
@@ -107,7 +107,7 @@ TEST_F(JreNotFoundRemembered, AFailedWriteIsSilentAndTheLaunchContinues) {
 
 TEST_F(JreNotFoundRemembered, AFileThatAnotherProgramHasOpenIsUnchangedAndTheLaunchContinues) {
     const std::string before = "[Java Runtime Environment]\r\nJRE Path=C:\\gone\r\n";
-    MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
+    CreateFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
     WriteFileBytes(PerUserFile(), before);
     {
         const UniqueFile held(CreateFileW(PerUserFile().c_str(), GENERIC_READ, 0, nullptr,

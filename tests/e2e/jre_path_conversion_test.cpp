@@ -15,8 +15,8 @@ class JrePathConversion : public JreNotFoundFixture {
         app.WriteScript("main = exit 7");
     }
 
-    void WriteUserFile(std::string_view bytes) const {
-        MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
+    void WritePerUserFile(std::string_view bytes) const {
+        CreateFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
         WriteFileBytes(PerUserFile(), bytes);
     }
 
@@ -38,7 +38,7 @@ class JrePathConversion : public JreNotFoundFixture {
         return Value(file, L"Java Runtime Environment", L"JRE Path");
     }
 
-    /// The files of a folder besides "." and "..".
+    /// The number of files in a folder, without "." and "..".
     static int CountFiles(const std::wstring& folder) {
         int count = 0;
         WIN32_FIND_DATAW found;
@@ -49,27 +49,29 @@ class JrePathConversion : public JreNotFoundFixture {
         } while (FindNextFileW(search.get(), &found));
         return count;
     }
-    std::wstring UserFolder() const { return PerUserFile().substr(0, PerUserFile().rfind(L'\\')); }
+    std::wstring PerUserFolder() const {
+        return PerUserFile().substr(0, PerUserFile().rfind(L'\\'));
+    }
 
     std::wstring runtime_;
 };
 
 TEST_F(JrePathConversion, TheNextStartFindsTheFolderInThePerUserFile) {
-    WriteUserFile(kUserSettings);
+    WritePerUserFile(kUserSettings);
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(JrePathIn(PerUserFile()), runtime_ + L"\\");
     EXPECT_EQ(app.Launch()->ExitCode(), 7);
 }
 
 TEST_F(JrePathConversion, ThePerUserFileKeepsItsOtherContents) {
-    WriteUserFile(kUserSettings);
+    WritePerUserFile(kUserSettings);
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(ReadFileBytes(PerUserFile()),
               Utf16File(L"; a comment\r\n[Other]\r\nA=\"1 \"\r\n[Java Runtime Environment]\r\n"
                         L"JRE Path=" +
                         runtime_ + L"\\\r\n"));
     EXPECT_EQ(Value(PerUserFile(), L"Other", L"A"), L"1 ");
-    EXPECT_EQ(CountFiles(UserFolder()), 1);
+    EXPECT_EQ(CountFiles(PerUserFolder()), 1);
 }
 
 TEST_F(JrePathConversion, AServicesMainSettingsKeepTheirOtherValues) {
@@ -91,16 +93,16 @@ TEST_F(JrePathConversion, AServicesMainSettingsKeepTheirOtherValues) {
 
 TEST_F(JrePathConversion, ThePairedLaunchersFileIsConvertedToo) {
     settings.Application(L"Pair Product", app.Path(L"pair32.exe"));
-    WriteUserFile(kUserSettings);
+    WritePerUserFile(kUserSettings);
     WriteFileBytes(PerUserFile(L"pair32"), kUserSettings);
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(JrePathIn(PerUserFile(L"pair32")), runtime_ + L"\\");
     EXPECT_EQ(Value(PerUserFile(L"pair32"), L"Other", L"A"), L"1 ");
-    EXPECT_EQ(CountFiles(UserFolder()), 2);
+    EXPECT_EQ(CountFiles(PerUserFolder()), 2);
 }
 
 TEST_F(JrePathConversion, AFileThatAnotherProgramHasOpenIsNotChanged) {
-    WriteUserFile(kUserSettings);
+    WritePerUserFile(kUserSettings);
     {
         const UniqueFile other(CreateFileW(PerUserFile().c_str(), GENERIC_READ, 0, nullptr,
                                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
@@ -108,15 +110,15 @@ TEST_F(JrePathConversion, AFileThatAnotherProgramHasOpenIsNotChanged) {
         EXPECT_EQ(ChooseRuntime(), 7);
     }
     EXPECT_EQ(ReadFileBytes(PerUserFile()), kUserSettings);
-    EXPECT_EQ(CountFiles(UserFolder()), 1);
+    EXPECT_EQ(CountFiles(PerUserFolder()), 1);
 }
 
 TEST_F(JrePathConversion, AReadOnlyFileIsNotChanged) {
-    WriteUserFile(kUserSettings);
+    WritePerUserFile(kUserSettings);
     SetFileAttributesW(PerUserFile().c_str(), FILE_ATTRIBUTE_READONLY);
     EXPECT_EQ(ChooseRuntime(), 7);
     EXPECT_EQ(ReadFileBytes(PerUserFile()), kUserSettings);
-    EXPECT_EQ(CountFiles(UserFolder()), 1);
+    EXPECT_EQ(CountFiles(PerUserFolder()), 1);
     SetFileAttributesW(PerUserFile().c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 

@@ -22,7 +22,7 @@ class JvmCreation : public FakeJvmFixture {
         return Stack();
     }
 
-    bool AskedForDefault() const {
+    bool QueriedDefault() const {
         return app.Log().Has("JNI_GetDefaultJavaVMInitArgs(version=0x10001, rest zero)");
     }
 };
@@ -67,7 +67,7 @@ TEST_F(JvmCreation, HasItsOwnThread) {
 
 TEST_F(JvmCreation, UsesTheStackSizeOfTheSettings) {
     EXPECT_EQ(StackFor(L"-Xss4m", "default_stack = 8388608"), 4 * kMebibyte);
-    EXPECT_FALSE(AskedForDefault());
+    EXPECT_FALSE(QueriedDefault());
 }
 
 TEST_F(JvmCreation, TheLastStackSizeOfTheSettingsCounts) {
@@ -76,7 +76,7 @@ TEST_F(JvmCreation, TheLastStackSizeOfTheSettingsCounts) {
 
 TEST_F(JvmCreation, UsesTheDefaultStackSizeOfTheRuntime) {
     EXPECT_EQ(StackFor(L"", "default_stack = 5242880"), 5 * kMebibyte);
-    EXPECT_TRUE(AskedForDefault());
+    EXPECT_TRUE(QueriedDefault());
 }
 
 TEST_F(JvmCreation, UsesTheDefaultWhenTheSettingIsNotANumber) {
@@ -85,7 +85,7 @@ TEST_F(JvmCreation, UsesTheDefaultWhenTheSettingIsNotANumber) {
 
 TEST_F(JvmCreation, UsesTheStackSizeOfTheExecutableWhenTheRuntimeHasNone) {
     EXPECT_EQ(StackFor(L"", "default_stack = 0"), kMebibyte);
-    EXPECT_TRUE(AskedForDefault());
+    EXPECT_TRUE(QueriedDefault());
 }
 
 TEST_F(JvmCreation, UsesTheStackSizeOfTheExecutableWhenTheRuntimesIsNegative) {

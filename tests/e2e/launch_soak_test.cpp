@@ -18,8 +18,9 @@ constexpr std::int32_t kWineAssertion = -0x7FFFFEFF;
 constexpr char kMainCall[] = "CallStaticVoidMethod(com/example/Main.main(";
 
 /// An application whose launch uses resources of one kind.
-struct Cycled {
-    explicit Cycled(std::wstring_view name) : app(name), settings(app.StandardSettings()) {
+struct CycledApplication {
+    explicit CycledApplication(std::wstring_view name)
+        : app(name), settings(app.StandardSettings()) {
         app.AddRuntime();
         // Temporary files are created here.
         app.environment[L"TEMP"] = app.AddFolder(L"temp");
@@ -32,11 +33,11 @@ struct Cycled {
     std::size_t launches = 0;
 };
 
-std::vector<std::unique_ptr<Cycled>> ApplicationsToCycle() {
-    std::vector<std::unique_ptr<Cycled>> all;
+std::vector<std::unique_ptr<CycledApplication>> ApplicationsToCycle() {
+    std::vector<std::unique_ptr<CycledApplication>> all;
     const auto add = [&](std::wstring_view name, std::string_view script,
-                         std::int32_t code) -> Cycled& {
-        all.push_back(std::make_unique<Cycled>(name));
+                         std::int32_t code) -> CycledApplication& {
+        all.push_back(std::make_unique<CycledApplication>(name));
         all.back()->app.WriteScript(script);
         all.back()->exitCode = code;
         return *all.back();
@@ -44,7 +45,7 @@ std::vector<std::unique_ptr<Cycled>> ApplicationsToCycle() {
     add(L"plain", "", 0);
     add(L"splash", "main = exit 3", 3)
         .settings.Set(L"Display", L"Splash Screen", PicturePath(L"opaque.png"));
-    Cycled& redirected = add(L"redirected", "main = print line\\n\nmain = exit 4", 4);
+    CycledApplication& redirected = add(L"redirected", "main = print line\\n\nmain = exit 4", 4);
     redirected.settings.Application(L"Output File", redirected.app.Path(L"logs\\out.txt"));
     redirected.settings.Application(L"Error File", redirected.app.Path(L"logs\\error.txt"));
     add(L"single", "main = exit 5", 5).settings.Application(L"Single Instance", L"yes");
@@ -80,11 +81,11 @@ TEST(LaunchSoak, ManyLaunchesInARowLeakNothing) {
     // One-time resources exist after the first two.
     for (int round = -2; round < 0; ++round) launchEach(round);
     const auto filesBefore = files();
-    const SystemFigures before = LookAround();
+    const SystemFigures before = SystemFiguresNow();
     const ProcessFigures ownBefore = FiguresOf(GetCurrentProcess());
 
     const auto print = [&](int launches) {
-        const SystemFigures now = LookAround();
+        const SystemFigures now = SystemFiguresNow();
         std::printf(
             "%d launches: %zu to %zu processes, %zu to %zu windows, %zu to %zu handles of "
             "the parent, %d repeated\n",
@@ -103,7 +104,7 @@ TEST(LaunchSoak, ManyLaunchesInARowLeakNothing) {
 
     EXPECT_EQ(files(), filesBefore);
     EXPECT_TRUE(WaitUntil([&] {
-        const SystemFigures now = LookAround();
+        const SystemFigures now = SystemFiguresNow();
         return now.processes <= before.processes && now.windows <= before.windows;
     }));
     // Under Wine the number is the size of the handle table, which doubles when it grows.

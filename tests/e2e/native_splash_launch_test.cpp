@@ -31,7 +31,7 @@ class NativeSplashLaunch : public SplashFixture {
         ASSERT_TRUE(CopyFileW((from + L"java.dll").c_str(), (bin + L"java.dll").c_str(), FALSE));
     }
 
-    void MoveNeighbourToSystemPath() {
+    void MoveDependencyToSystemPath() {
         const std::wstring java = app.Path(L"jre\\bin\\java.dll");
         const std::wstring moved = app.AddFile(L"native\\java.dll");
         ASSERT_TRUE(MoveFileExW(java.c_str(), moved.c_str(), MOVEFILE_REPLACE_EXISTING));
@@ -63,7 +63,7 @@ class NativeSplashLaunch : public SplashFixture {
     }
 
     // The launcher's own window while `main` runs.
-    std::size_t OwnSplashes(const LaunchedProcess& process) {
+    std::size_t LauncherSplashes(const LaunchedProcess& process) {
         EXPECT_TRUE(MainRuns());
         return SplashesOf(process);
     }
@@ -72,11 +72,11 @@ class NativeSplashLaunch : public SplashFixture {
 TEST_F(NativeSplashLaunch, IsCalledInOrderBeforeTheJvmIsCreated) {
     AddLibrary(L"full");
     const auto process = Start();
-    EXPECT_EQ(OwnSplashes(*process), 0U);
+    EXPECT_EQ(LauncherSplashes(*process), 0U);
     EXPECT_THAT(SplashCalls(), ElementsAre("SplashInit()", R"(SplashLoadFile("picture.png"))",
                                            R"(SplashSetFileJarName("picture.png", ""))"));
     EXPECT_EQ(app.Log().Count("JNI_CreateJavaVM("), 1U);
-    EndWell(*process);
+    EndSuccessfully(*process);
 
     std::vector<std::string> order;
     for (const std::string& text : app.Log().Texts())
@@ -92,7 +92,7 @@ TEST_F(NativeSplashLaunch, RunsOnTheMainThread) {
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
     EXPECT_EQ(app.Log().After("SplashInit() java 1 thread "), std::to_string(process->threadId()));
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(NativeSplashLaunch, RestoresTheLibrarySearchPath) {
@@ -100,7 +100,7 @@ TEST_F(NativeSplashLaunch, RestoresTheLibrarySearchPath) {
     app.WriteScript(WaitInMain() + "main = log_modules\n");
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
-    EndWell(*process);
+    EndSuccessfully(*process);
     EXPECT_EQ(app.Log().Count("module \"jvm.dll\""), 1U);
     EXPECT_EQ(app.Log().Count("jvm.dll loaded"), 1U);
     EXPECT_FALSE(app.Log().Has("module \"gdiplus.dll\""));
@@ -167,7 +167,7 @@ TEST_F(NativeSplashLaunch, IsClosedOnceWhenTheLaunchFails) {
     app.WriteScript("create = -1\n");
     const auto process = Start();
     // Boxes have no owner in this mode: the splash is not the launcher's.
-    EXPECT_THAT(TakeErrorBox(*process), testing::HasSubstr(L"failed to create the Java VM"));
+    EXPECT_THAT(CloseErrorBox(*process), testing::HasSubstr(L"failed to create the Java VM"));
     EXPECT_EQ(process->ExitCode(), -1);
     EXPECT_EQ(app.Log().Count("SplashClose"), 1U);
 }
@@ -182,8 +182,8 @@ TEST_F(NativeSplashLaunch, IsNotClosedWhenTheApplicationExits) {
 TEST_F(NativeSplashLaunch, NeedsNoCloseFunction) {
     AddLibrary(L"without_close");
     const auto process = Start();
-    EXPECT_EQ(OwnSplashes(*process), 0U);
-    EndWell(*process);
+    EXPECT_EQ(LauncherSplashes(*process), 0U);
+    EndSuccessfully(*process);
     EXPECT_EQ(app.Log().Count("SplashInit"), 1U);
     EXPECT_EQ(app.Log().Count("SplashClose"), 0U);
 }
@@ -201,7 +201,7 @@ TEST_P(IncompleteNativeSplash, IsReplacedByTheLaunchersWindowAndClosedNeverthele
     EXPECT_NE(WaitForSplash(*process), nullptr);
     EXPECT_TRUE(MainRuns());
     EXPECT_THAT(SplashCalls(), IsEmpty());
-    EndWell(*process);
+    EndSuccessfully(*process);
     EXPECT_THAT(SplashCalls(), ElementsAre("SplashClose()"));
 }
 
@@ -209,7 +209,7 @@ TEST_F(NativeSplashLaunch, FallsBackToTheLaunchersWindowWithoutALibrary) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     EXPECT_NE(WaitForSplash(*process), nullptr);
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(NativeSplashLaunch, FallsBackWhenTheFileIsNotALibrary) {
@@ -218,12 +218,12 @@ TEST_F(NativeSplashLaunch, FallsBackWhenTheFileIsNotALibrary) {
     const auto process = Start();
     EXPECT_NE(WaitForSplash(*process), nullptr);
     EXPECT_TRUE(WindowsOf(process->id(), L"#32770").empty());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(NativeSplashLaunch, FindsALibraryInASystemPathFolder) {
     AddLibrary(L"full");
-    MoveNeighbourToSystemPath();
+    MoveDependencyToSystemPath();
     LetMainEnd();
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(app.Log().Count("SplashInit() java 1"), 1U);
@@ -239,7 +239,7 @@ TEST_F(NativeSplashLaunch, FindsItsDependenciesOnAWindowsWithoutSearchFlags) {
 
 TEST_F(NativeSplashLaunch, FindsASystemPathFolderOnAWindowsWithoutSearchFlags) {
     AddLibrary(L"full");
-    MoveNeighbourToSystemPath();
+    MoveDependencyToSystemPath();
     EXPECT_EQ(RunWithoutSearchFlags(), 0);
     EXPECT_EQ(app.Log().Count("SplashInit() java 1"), 1U);
 }
@@ -260,7 +260,7 @@ TEST_F(NativeSplashLaunch, FallsBackWhenADependencyIsMissing) {
     const auto process = Start();
     EXPECT_NE(WaitForSplash(*process), nullptr);
     EXPECT_THAT(SplashCalls(), IsEmpty());
-    EndWell(*process);
+    EndSuccessfully(*process);
     EXPECT_THAT(SplashCalls(), IsEmpty());
 }
 

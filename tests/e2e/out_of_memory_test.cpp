@@ -87,7 +87,7 @@ class OutOfMemoryForABox : public FakeJvmFixture {
         {
             app.WriteSettings(settings);
             const auto process = StartHooked(app);
-            EXPECT_NE(TakeErrorBox(*process), L"");
+            EXPECT_NE(CloseErrorBox(*process), L"");
             EXPECT_EQ(process->ExitCode(), -1);
         }
         const std::vector<CallPoint> points = AllocationsOfTheBox();
@@ -164,7 +164,7 @@ class OutOfMemoryRemembering : public JreNotFoundFixture {
 TEST_F(OutOfMemoryRemembering, LeavesThePerUserFileComplete) {
     app.AddRuntime();
     app.WriteSettings(settings);
-    MakeFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
+    CreateFolders(PerUserFile().substr(0, PerUserFile().rfind(L'\\')));
     EXPECT_EQ(Browse(L""), 0);
     const std::string after = ReadFileBytes(PerUserFile());
     EXPECT_NE(after, kBefore);

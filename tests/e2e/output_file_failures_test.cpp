@@ -68,7 +68,7 @@ TEST_P(LongOutputName, IsOpenedOrDescribed) {
     NameBoth();
     settings.Application(L"Output File", name);
     EXPECT_EQ(Run(), 0);
-    EXPECT_TRUE(IsThere(app.Path(L"deep")));
+    EXPECT_TRUE(PathExists(app.Path(L"deep")));
     EXPECT_EQ(ReadFileBytes(ErrorPath()), "to error\r\n");
     const std::size_t opened = app.Log().Count("CallStaticVoidMethod(java/lang/System.setOut");
     EXPECT_EQ(app.Log().Count("ExceptionDescribe"), 1U - opened);

@@ -119,7 +119,7 @@ TEST_F(OutputFiles, MissingFoldersOfAnAbsoluteNameAreCreated) {
 TEST_F(OutputFiles, RelativeNameGetsNoFolders) {
     app.directory = app.folder();
     ExpectOnlyErrorsRedirected(L"logs\\out.txt");
-    EXPECT_FALSE(IsThere(app.Path(L"logs")));
+    EXPECT_FALSE(PathExists(app.Path(L"logs")));
 }
 
 TEST_F(OutputFiles, RelativeNameIsRelativeToTheWorkingDirectory) {

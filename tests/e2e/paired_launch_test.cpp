@@ -15,18 +15,18 @@ class PairedLaunch : public FakeJvmFixture {
         const std::wstring pair = app.AddFile(L"pair product.exe");
         CopyFileW((GetPaths().programs + L"\\pair_product.exe").c_str(), pair.c_str(), FALSE);
         settings.Application(L"Pair Product", pair);
-        app.environment[L"PAIR_LOG"] = Notes();
+        app.environment[L"PAIR_LOG"] = ReportFile();
         app.environment[L"PAIR_EXIT"] = L"-77";
         app.environment[L"PAIR_PROBE"] = L"inherited";
     }
 
     std::wstring JvmPath() const { return app.Path(L"jre\\bin\\server\\jvm.dll"); }
-    std::wstring Notes() const { return app.Path(L"pair.log"); }
+    std::wstring ReportFile() const { return app.Path(L"pair.log"); }
 
     /// The report of the paired program: its command line, directory, a variable, start flags,
     /// error mode.
-    std::wstring Noted() const {
-        const std::string bytes = ReadFileBytes(Notes());
+    std::wstring ReportText() const {
+        const std::string bytes = ReadFileBytes(ReportFile());
         return {reinterpret_cast<const wchar_t*>(bytes.data()), bytes.size() / sizeof(wchar_t)};
     }
 };
@@ -37,7 +37,8 @@ TEST_F(PairedLaunch, PassesEverythingOnAndReturnsTheExitCode) {
     const std::wstring commandLine = L"  \"" + app.Executable() + L"\"  a  \"b c\"\t-nosplash  ";
     EXPECT_EQ(app.LaunchWith(commandLine)->ExitCode(), -77);
     const std::wstring directory = app.directory.substr(0, app.directory.size() - 1);
-    EXPECT_EQ(ToUtf8(Noted()), ToUtf8(commandLine + L'\n' + directory + L"\ninherited\n0\n0\n"));
+    EXPECT_EQ(ToUtf8(ReportText()),
+              ToUtf8(commandLine + L'\n' + directory + L"\ninherited\n0\n0\n"));
     EXPECT_EQ(app.Log().Count("jvm.dll loaded"), 0U);
 }
 
@@ -45,7 +46,7 @@ TEST_F(PairedLaunch, EndsAtOnceWithoutReturnCode) {
     NamedEvent end;
     app.environment[L"PAIR_WAIT"] = end.name();
     EXPECT_EQ(Run(), 0);
-    EXPECT_TRUE(WaitUntil([&] { return !Noted().empty(); }));
+    EXPECT_TRUE(WaitUntil([&] { return !ReportText().empty(); }));
     end.Set();
 }
 
@@ -54,7 +55,7 @@ TEST_F(PairedLaunch, WaitsForTheReturnCode) {
     app.environment[L"PAIR_WAIT"] = end.name();
     settings.Application(L"Pair Return Code", L"Yes");
     const auto process = Start();
-    ASSERT_TRUE(WaitUntil([&] { return !Noted().empty(); }));
+    ASSERT_TRUE(WaitUntil([&] { return !ReportText().empty(); }));
     EXPECT_FALSE(process->HasEnded());
     end.Set();
     EXPECT_EQ(process->ExitCode(), -77);
@@ -71,14 +72,14 @@ TEST_F(PairedLaunch, ExpandsNoVariablesInTheProgram) {
     settings.Application(L"Pair Product", L"%TARN_PROBE%pair product.exe");
     settings.Application(L"Pair Return Code", L"Yes");
     EXPECT_EQ(Run(), 0);
-    EXPECT_TRUE(Noted().empty());
+    EXPECT_TRUE(ReportText().empty());
 }
 
 TEST_F(PairedLaunch, IsNotStartedForA64BitLibrary) {
     app.AddRuntime();
     EXPECT_EQ(Run(), 0);
     EXPECT_EQ(app.Log().Count("JNI_CreateJavaVM"), 1U);
-    EXPECT_TRUE(Noted().empty());
+    EXPECT_TRUE(ReportText().empty());
 }
 
 TEST_F(PairedLaunch, IsNotStartedForAnInvalidLibrary) {
@@ -86,7 +87,7 @@ TEST_F(PairedLaunch, IsNotStartedForAnInvalidLibrary) {
                                      std::string("MZ") + std::string(62, '\x7F')}) {
         WriteFileBytes(JvmPath(), bytes);
         EXPECT_EQ(RunWithErrorBox(LoadFailure(JvmPath())), -1);
-        EXPECT_TRUE(Noted().empty());
+        EXPECT_TRUE(ReportText().empty());
     }
 }
 
@@ -96,7 +97,7 @@ TEST_F(PairedLaunch, IsNotStartedForAShippedRuntime) {
     const std::wstring library =
         app.AddFile(L"jre64\\bin\\server\\jvm.dll", ReadFileBytes(JvmPath()));
     EXPECT_EQ(RunWithErrorBox(LoadFailure(library)), -1);
-    EXPECT_TRUE(Noted().empty());
+    EXPECT_TRUE(ReportText().empty());
 }
 
 }  // namespace

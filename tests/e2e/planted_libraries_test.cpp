@@ -1,8 +1,8 @@
 // Libraries with the names of system libraries that are planted beside the launcher and in its
 // working directory. None of them may be loaded.
 //
-// Left out are kernel32, user32, gdi32, advapi32 and msvcrt, which the launcher imports: Windows
-// takes those from a list of its own ("KnownDLLs") wherever they lie. Wine has no such list.
+// Excluded are kernel32, user32, gdi32, advapi32 and msvcrt, which the launcher imports: Windows
+// loads those from its list of "KnownDLLs", whatever the search order. Wine has no such list.
 
 #include "tests/support/fake_jvm_fixture.h"
 #include "tests/support/jre_not_found_fixture.h"
@@ -104,7 +104,7 @@ TEST_F(PlantedLibrariesSplash, AreNotLoadedByTheSplash) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     WaitForSplash(*process);
-    EndWell(*process);
+    EndSuccessfully(*process);
     // Wine's own decoders load this one by its bare name when they first need it, which the
     // launcher cannot influence.
     EXPECT_THAT(planted.Loaded(), testing::AnyOf("", ToUtf8(app.Path(L"propsys.dll") + L"\n")));

@@ -1,4 +1,4 @@
-// Applications of others, wrapped by "tarn wrap" as their authors would do it, on real runtimes.
+// Third-party applications, wrapped with "tarn wrap" and started on real runtimes.
 
 #include "tests/support/paths.h"
 #include "tests/support/real_runtime_fixture.h"

@@ -20,7 +20,7 @@ class BrowsedRuntime : public JreNotFoundFixture {
 };
 
 TEST_F(BrowsedRuntime, RunsTheApplicationNowAndInTheNextStart) {
-    PutRuntime(RuntimeHome("21"), app.Path(L"some java"));
+    InstallRuntime(RuntimeHome("21"), app.Path(L"some java"));
     StartUntilDialog(L"do:facts do:exit:9");
     BrowseTo(app.Path(L"some java"));
     ASSERT_TRUE(OkIsEnabled());

@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(Java, RealRuntimeException, kAllRuntimes, RuntimeName);
 TEST_P(RealRuntimeException, IsShownCompletelyAndIgnoredSilently) {
     settings.Application(L"Error File", app.Path(L"err.txt"));
     settings.Runtime(L"VM Provider", L"any");
-    const std::wstring released = FreshFile(L"released");
+    const std::wstring released = NewFilePath(L"released");
     const HWND dialog = OpenDialog(L"8 1000 \"main failed\" \"" + released + L'"');
     const std::string trace = Trace();
     EXPECT_GT(trace.size(), 256U * 1024U);

@@ -21,7 +21,7 @@ TEST_P(RealRuntimeExit, IsTheCodeOfSystemExit) {
 }
 
 TEST_P(RealRuntimeExit, IsZeroWhenMainReturnsWithoutWaitingForThreads) {
-    const std::wstring never = FreshFile(L"never");
+    const std::wstring never = NewFilePath(L"never");
     EXPECT_EQ(Run(L"\"do:user:" + never + L"\" \"do:daemon:" + never + L'"'), 0);
     EXPECT_TRUE(Report().Has("end", L"main"));
     EXPECT_THAT(Report().All("background"), IsEmpty());
@@ -29,7 +29,7 @@ TEST_P(RealRuntimeExit, IsZeroWhenMainReturnsWithoutWaitingForThreads) {
 
 TEST_P(RealRuntimeExit, OfAServiceWaitsForOrdinaryThreads) {
     settings.Application(L"Application Type", L"service");
-    const std::wstring released = FreshFile(L"released");
+    const std::wstring released = NewFilePath(L"released");
     const auto process = Start(L"\"do:user:" + released + L'"');
     ASSERT_TRUE(Report().WaitFor("end", L"main"));
     EXPECT_FALSE(process->HasEnded());
@@ -40,14 +40,14 @@ TEST_P(RealRuntimeExit, OfAServiceWaitsForOrdinaryThreads) {
 
 TEST_P(RealRuntimeExit, OfAServiceDoesNotWaitForDaemonThreads) {
     settings.Application(L"Application Type", L"service");
-    EXPECT_EQ(Run(L"\"do:daemon:" + FreshFile(L"never") + L'"'), 0);
+    EXPECT_EQ(Run(L"\"do:daemon:" + NewFilePath(L"never") + L'"'), 0);
     EXPECT_TRUE(Report().Has("end", L"main"));
     EXPECT_THAT(Report().All("background"), IsEmpty());
 }
 
 TEST_P(RealRuntimeExit, IsThatOfSystemExitOnlyWithAnyProvider) {
     settings.Runtime(L"VM Provider", L"any");
-    const std::wstring released = FreshFile(L"released");
+    const std::wstring released = NewFilePath(L"released");
     const auto process = Start(L"\"do:exitLater:7:" + released + L'"');
     ASSERT_TRUE(Report().WaitFor("end", L"main"));
     EXPECT_FALSE(process->HasEnded());
@@ -71,7 +71,7 @@ TEST_P(RealRuntimeExit, KeepsTheOutput) {
 TEST_P(RealRuntimeExit, IsMinusOneWhenTheRuntimeRejectsAnOption) {
     settings.Runtime(L"Virtual Machine Parameters", L"-XX:+NoSuchOptionAtAll");
     const auto process = Start();
-    EXPECT_EQ(TakeErrorBox(*process),
+    EXPECT_EQ(CloseErrorBox(*process),
               L"JNI exception: failed to create the Java VM\nReason: invalid arguments.\n");
     EXPECT_EQ(process->ExitCode(), -1);
     EXPECT_THAT(StandardError() + StandardOutput(), HasSubstr("NoSuchOptionAtAll"));

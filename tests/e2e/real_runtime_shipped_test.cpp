@@ -8,20 +8,20 @@ namespace {
 class ShippedRuntime : public RealRuntimeFixture {};
 
 TEST_F(ShippedRuntime, InJre64BesideTheApplicationNeedsNoSetting) {
-    PutRuntime(RuntimeHome("17"), app.Path(L"jre64"));
+    InstallRuntime(RuntimeHome("17"), app.Path(L"jre64"));
     ASSERT_EQ(Run(L"do:facts do:exit:9"), 9);
     EXPECT_EQ(Report().One("environment:TARN_JVM_HOME"), app.Path(L"jre64"));
     EXPECT_EQ(Report().One("javaHome"), app.Path(L"jre64"));
 }
 
 TEST_F(ShippedRuntime, WhoseBinFolderContainsTheApplicationsFolderIsUsed) {
-    PutRuntime(RuntimeHome("21"), app.folder().substr(0, app.folder().size() - 1));
+    InstallRuntime(RuntimeHome("21"), app.folder().substr(0, app.folder().size() - 1));
     ASSERT_EQ(Run(L"do:facts do:exit:9"), 9);
     EXPECT_EQ(Report().One("environment:TARN_JVM_PATH"), app.Path(L"bin\\server\\jvm.dll"));
 }
 
 TEST_F(ShippedRuntime, IsReplacedByTheConfiguredOne) {
-    PutRuntime(RuntimeHome("17"), app.Path(L"jre64"));
+    InstallRuntime(RuntimeHome("17"), app.Path(L"jre64"));
     UseRuntime("25");
     ASSERT_EQ(Run(L"do:facts"), 0);
     EXPECT_EQ(Report().One("environment:TARN_JVM_HOME"), home);

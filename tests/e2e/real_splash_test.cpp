@@ -19,7 +19,7 @@ class RealSplash : public EachRuntimeFixture {
     }
 
     std::unique_ptr<LaunchedProcess> StartApplication() {
-        return Start(L"\"" + FreshFile(L"open") + L"\" \"" + FreshFile(L"end") + L'"');
+        return Start(L"\"" + NewFilePath(L"open") + L"\" \"" + NewFilePath(L"end") + L'"');
     }
     void LetWindowOpen() { app.AddFile(L"open"); }
     void LetMainEnd() { app.AddFile(L"end"); }

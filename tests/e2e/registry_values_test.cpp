@@ -1,4 +1,4 @@
-// "JavaHome" as an installer or a user of a registry editor may have left it.
+// Values of "JavaHome" that an installer or a user may have written.
 
 #include "tests/support/registered_runtimes_fixture.h"
 

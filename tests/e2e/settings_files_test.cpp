@@ -16,11 +16,11 @@ class SettingsFiles : public FakeJvmFixture {
     /// Starts with the file unchanged, which must not name a main class.
     void ExpectNoMainClass() {
         const auto process = app.Launch();
-        EXPECT_EQ(ToUtf8(TakeErrorBox(*process)), ToUtf8(kNoMainClass));
+        EXPECT_EQ(ToUtf8(CloseErrorBox(*process)), ToUtf8(kNoMainClass));
         EXPECT_EQ(process->ExitCode(), -1);
     }
 
-    /// Starts with the file as it is; whether main was called with the value of "Cmd".
+    /// Starts with the file unchanged. Returns the arguments of main, which are those of "Cmd".
     std::string MainArgumentsOfTheFile() {
         EXPECT_EQ(app.Launch()->ExitCode(), 0);
         return MainArguments();
@@ -167,7 +167,7 @@ TEST_F(SettingsFiles, HaveNoNameWhenTheProgramsPathHasNoDot) {
     start.program = program;
     const LaunchedProcess process(start);
     // A settings path exists only when the path of the temporary folder contains a dot.
-    if (app.folder().find(L'.') != std::wstring::npos) TakeErrorBox(process);
+    if (app.folder().find(L'.') != std::wstring::npos) CloseErrorBox(process);
     EXPECT_EQ(process.ExitCode(), -1);
 }
 
@@ -213,7 +213,7 @@ TEST_F(LongProgramPath, BeyondTheOldLimitCannotBeRead) {
         return;
     }
     const LaunchedProcess process(start);
-    EXPECT_EQ(ToUtf8(TakeErrorBox(process)),
+    EXPECT_EQ(ToUtf8(CloseErrorBox(process)),
               "Windows exception: failed to get the module path (errno = 122).\n");
     EXPECT_EQ(process.ExitCode(), -1);
 }

@@ -70,7 +70,7 @@ TEST_F(BuiltInSettings, ReplaceAnEmptyValueAndAreExtended) {
 
 TEST_F(BuiltInSettings, DoNotNameTheProduct) {
     const std::wstring folder = app.AppDataFolder() + L"\\Name\\Code";
-    MakeFolders(folder);
+    CreateFolders(folder);
     SettingsText users;
     users.Runtime(L"JRE Path", app.AddRuntime(L"users"));
     WriteFileBytes(folder + L"\\sample.ini", Utf16File(users.Text()));
@@ -79,17 +79,17 @@ TEST_F(BuiltInSettings, DoNotNameTheProduct) {
     EXPECT_EQ(app.Log().After("environment TARN_JVM_HOME="), TextInLog(app.Path(L"jre")));
 }
 
-class UsersSettings : public FakeJvmFixture {
+class PerUserSettings : public FakeJvmFixture {
   protected:
-    UsersSettings() {
+    PerUserSettings() {
         settings.Set(L"Product Information", L"Product Name", L"A/B: C?");
         settings.Set(L"Product Information", L"Product Code", L"1234");
         settings.Runtime(L"JRE Path", app.AddRuntime(L"main"));
         users_.Runtime(L"JRE Path", app.AddRuntime(L"users"));
     }
 
-    void WriteUsersFile(const std::wstring& path) {
-        MakeFolders(path.substr(0, path.rfind(L'\\')));
+    void WritePerUserFile(const std::wstring& path) {
+        CreateFolders(path.substr(0, path.rfind(L'\\')));
         WriteFileBytes(path, Utf16File(users_.Text()));
     }
 
@@ -101,53 +101,53 @@ class UsersSettings : public FakeJvmFixture {
     SettingsText users_;
 };
 
-TEST_F(UsersSettings, NameTheRuntimeWhenTheyExist) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
+TEST_F(PerUserSettings, NameTheRuntimeWhenTheyExist) {
+    WritePerUserFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"users")));
 }
 
-TEST_F(UsersSettings, AreNotCreatedByReading) {
+TEST_F(PerUserSettings, AreNotCreatedByReading) {
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
     EXPECT_EQ(GetFileAttributesW(app.AppDataFolder().c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
-TEST_F(UsersSettings, ThatAreEmptyHideThePathOfTheMainFile) {
+TEST_F(PerUserSettings, ThatAreEmptyHideThePathOfTheMainFile) {
     users_ = SettingsText();
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
+    WritePerUserFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     app.AddFile(L"jre64\\bin\\java.dll");
     app.AddRuntime(L"jre64");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"jre64")));
 }
 
-TEST_F(UsersSettings, AreIgnoredByAService) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
+TEST_F(PerUserSettings, AreIgnoredByAService) {
+    WritePerUserFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     settings.Application(L"Application Type", L"service");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
 }
 
-TEST_F(UsersSettings, AreReadForTheRuntimeOnly) {
+TEST_F(PerUserSettings, AreReadForTheRuntimeOnly) {
     users_.Application(L"Cmd", L"not read");
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
+    WritePerUserFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"users")));
     EXPECT_EQ(MainArguments(), "[]");
 }
 
-TEST_F(UsersSettings, AreElsewhereWithoutAppData) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
+TEST_F(PerUserSettings, AreElsewhereWithoutAppData) {
+    WritePerUserFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     app.environment[L"APPDATA"] = std::nullopt;
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
 }
 
-TEST_F(UsersSettings, AreElsewhereWhenAppDataIsTooLong) {
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
+TEST_F(PerUserSettings, AreElsewhereWhenAppDataIsTooLong) {
+    WritePerUserFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     app.environment[L"APPDATA"] = app.AppDataFolder() + Repeated(L"\\.", 130);
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
 }
 
-TEST_F(UsersSettings, UseTheProductNameOfTheMainSectionOnly) {
+TEST_F(PerUserSettings, UseTheProductNameOfTheMainSectionOnly) {
     settings.Remove(L"Product Information", L"Product Name");
     settings.Set(L"Product Information+", L"Product Name", L"AB C");
-    WriteUsersFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
+    WritePerUserFile(app.AppDataFolder() + L"\\AB C\\1234\\sample.ini");
     EXPECT_EQ(HomeUsed(), TextInLog(app.Path(L"main")));
 }
 

@@ -21,7 +21,7 @@ class ForeignBlock : public SingleInstanceFixture {
     }
 
     void TearDown() override {
-        EXPECT_EQ(Machines(), 0u);
+        EXPECT_EQ(JvmCount(), 0u);
         SingleInstanceFixture::TearDown();
     }
 

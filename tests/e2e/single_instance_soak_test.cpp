@@ -42,7 +42,7 @@ TEST_F(SingleInstanceSoak, ManyLaunchesInARowAreServedOnceAndLeakNothing) {
     }
     wait(launches, before.threads);
     EXPECT_EQ(SecondaryCalls(), expected);
-    EXPECT_EQ(Machines(), 1u);
+    EXPECT_EQ(JvmCount(), 1u);
     EXPECT_GT(before.handles, 0u);
     EXPECT_TRUE(WaitUntil([&] { return FiguresOf(first->handle()).handles <= before.handles; }));
 
@@ -81,7 +81,7 @@ TEST_F(SingleInstanceSoak, TwentyLaunchesAtOnceCreateOneJvm) {
             },
             2 * kTimeLimit))
             << "round " << round;
-        EXPECT_EQ(Machines(), round);
+        EXPECT_EQ(JvmCount(), round);
         NamedEvent(roundMayEnd.name()).Set();
         int firsts = 0;
         for (const auto& launch : launches) {

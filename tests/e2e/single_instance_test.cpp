@@ -17,7 +17,7 @@ class SharedObjects : public SingleInstanceFixture {
         const auto first = StartFirst();
         const auto second = app.Launch(L"x");
         EXPECT_TRUE(WaitUntil([&] { return app.Log().Count(kMainCall) == 2; }));
-        EXPECT_EQ(Machines(), 2u);
+        EXPECT_EQ(JvmCount(), 2u);
         mayEnd.Set();
         EXPECT_EQ(first->ExitCode(), kFirstCode);
         EXPECT_EQ(second->ExitCode(), kFirstCode);
@@ -27,13 +27,13 @@ class SharedObjects : public SingleInstanceFixture {
     /// The same for a block that cannot be mapped completely for writing. Wine maps it
     /// nevertheless, because it rounds sizes up to pages and ignores the protection; the block then
     /// names no first instance.
-    void ExpectBlockIsOfNoUse(const UniqueHandle& mapping) {
+    void ExpectBlockIsUnusable(const UniqueHandle& mapping) {
         ASSERT_TRUE(mapping);
         if (!InstanceBlock::Create(app.Executable())) {
             ExpectIndependentLaunches();
         } else {
             EXPECT_EQ(Run(L"x"), -1);
-            EXPECT_EQ(Machines(), 0u);
+            EXPECT_EQ(JvmCount(), 0u);
         }
     }
 };
@@ -94,7 +94,7 @@ TEST_F(SharedObjects, TheNextLaunchIsAFirstOneAgain) {
     EndFirst(*first);
     app.WriteScript("");
     EXPECT_EQ(Run(L"again"), 0);
-    EXPECT_EQ(Machines(), 2u);
+    EXPECT_EQ(JvmCount(), 2u);
     EXPECT_THAT(SecondaryCalls(), IsEmpty());
 }
 
@@ -161,13 +161,13 @@ TEST_F(SharedObjects, AnObjectOfAnotherKindSwitchesItOff) {
 TEST_F(SharedObjects, ASmallerBlockSwitchesItOff) {
     const UniqueHandle stranger(
         CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 100, Name().c_str()));
-    ExpectBlockIsOfNoUse(stranger);
+    ExpectBlockIsUnusable(stranger);
 }
 
 TEST_F(SharedObjects, AReadOnlyBlockSwitchesItOff) {
     const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
                                                    InstanceBlock::kSize, Name().c_str()));
-    ExpectBlockIsOfNoUse(stranger);
+    ExpectBlockIsUnusable(stranger);
 }
 
 TEST_F(SharedObjects, AReservedBlockSwitchesItOff) {

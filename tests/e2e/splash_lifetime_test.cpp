@@ -18,7 +18,7 @@ TEST_F(SplashLifetime, BeginsWhileTheMainThreadIsBlocked) {
     EXPECT_EQ(app.Log().Count("JNI_CreateJavaVM"), 0U);
     release.Set();
     EXPECT_TRUE(MainRuns());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashLifetime, LastsThroughTheCreationOfTheJvmAndMain) {
@@ -31,7 +31,7 @@ TEST_F(SplashLifetime, LastsThroughTheCreationOfTheJvmAndMain) {
     release.Set();
     EXPECT_TRUE(MainRuns());
     EXPECT_TRUE(IsWindowVisible(splash));
-    EndWell(*process);
+    EndSuccessfully(*process);
     EXPECT_FALSE(IsWindow(splash));
 }
 
@@ -95,7 +95,7 @@ TEST_F(SplashLifetime, MayBeEndedByTheApplicationItself) {
     PostMessageW(splash, WM_CLOSE, 0, 0);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindow(splash); }));
     EXPECT_TRUE(MainRuns());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashLifetime, LoadsGdiPlus) {
@@ -103,7 +103,7 @@ TEST_F(SplashLifetime, LoadsGdiPlus) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start();
     EXPECT_NE(WaitForSplash(*process), nullptr);
-    EndWell(*process);
+    EndSuccessfully(*process);
     EXPECT_TRUE(app.Log().Has("module \"gdiplus.dll\""));
 }
 
@@ -125,7 +125,7 @@ TEST_F(SplashLifetime, OwnsTheErrorBoxes) {
     DWORD_PTR answer = 0;
     EXPECT_NE(SendMessageTimeoutW(splash, WM_NULL, 0, 0, SMTO_NORMAL, 10'000, &answer), 0);
     EXPECT_TRUE(IsWindowVisible(splash));
-    EXPECT_EQ(TakeErrorBox(*process, splash),
+    EXPECT_EQ(CloseErrorBox(*process, splash),
               L"JNI exception: failed to create the Java VM\nReason: unknown.\n");
     EXPECT_EQ(process->ExitCode(), -1);
 }
@@ -134,14 +134,14 @@ TEST_F(SplashLifetime, WithoutASplashErrorBoxesHaveNoOwner) {
     app.WriteScript("create = -1\n");
     ShowTestPicture(L"opaque.png");
     const auto process = Start(L"-nosplash");
-    TakeErrorBox(*process);
+    CloseErrorBox(*process);
     EXPECT_EQ(process->ExitCode(), -1);
 }
 
 // A picture that is opened but cannot be read to its end, as on a share that stops responding.
-class SilentPicture {
+class BlockedPicture {
   public:
-    SilentPicture()
+    BlockedPicture()
         : path_(L"\\\\.\\pipe\\tarn-picture-" + std::to_wstring(GetCurrentProcessId())),
           pipe_(CreateNamedPipeW(path_.c_str(), PIPE_ACCESS_OUTBOUND | FILE_FLAG_OVERLAPPED,
                                  PIPE_TYPE_BYTE, PIPE_UNLIMITED_INSTANCES, 0, 0, 0, nullptr)),
@@ -162,13 +162,13 @@ class SilentPicture {
 };
 
 TEST_F(SplashLifetime, WithAnUnreadablePictureDoesNotDelayMain) {
-    SilentPicture picture;
+    BlockedPicture picture;
     ShowPicture(picture.path());
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
     EXPECT_TRUE(WaitUntil([&] { return picture.IsOpened(); }));
     picture.Close();
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 // The quit message arrives at any moment of the splash thread's start, also before the thread has a

@@ -66,7 +66,7 @@ TEST_P(SplashPicture, IsOnTheScreenPixelByPixel) {
     ShowTestPicture(GetParam().file);
     const auto process = Start();
     ExpectOnScreen(WaitForSplash(*process), GetParam());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 using SplashPictures = SplashFixture;
@@ -78,7 +78,7 @@ TEST_F(SplashPictures, OverhangTheScreenWhenTheyAreWider) {
     const HWND splash = WaitForSplash(*process);
     EXPECT_EQ(PlaceOf(splash).left, -60);
     ExpectOnScreen(splash, {L"wide.bmp", size, 0});
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, OverhangTheScreenWhenTheyAreHigher) {
@@ -88,7 +88,7 @@ TEST_F(SplashPictures, OverhangTheScreenWhenTheyAreHigher) {
     const HWND splash = WaitForSplash(*process);
     EXPECT_EQ(PlaceOf(splash).top, -21);
     ExpectOnScreen(splash, {L"high.bmp", size, 0});
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, OverhangTheScreenOnAllSidesWhenTheyAreLarger) {
@@ -109,7 +109,7 @@ TEST_F(SplashPictures, OverhangTheScreenOnAllSidesWhenTheyAreLarger) {
         return WrongPixels(place, shown) == 0 || (IsWine() && WrongPixels(onWine10, shown) == 0);
     })) << WrongPixels(place, shown)
         << " pixels differ";
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, AreRepaintedAfterBeingCovered) {
@@ -127,7 +127,7 @@ TEST_F(SplashPictures, AreRepaintedAfterBeingCovered) {
         }));
     }
     ExpectOnScreen(splash, shown);
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, AreFoundRelativeToTheWorkingDirectory) {
@@ -136,7 +136,7 @@ TEST_F(SplashPictures, AreFoundRelativeToTheWorkingDirectory) {
     ShowPicture(L"art\\picture.bmp");
     const auto process = Start();
     ExpectOnScreen(WaitForSplash(*process), {L"picture.bmp", kPatternSize, 0});
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, HaveLiteralNames) {
@@ -144,10 +144,10 @@ TEST_F(SplashPictures, HaveLiteralNames) {
     ShowPicture(app.AddFile(L"100%TARN_ART%.bmp", PatternBitmap(kPatternSize)));
     const auto process = Start();
     EXPECT_NE(WaitForSplash(*process), nullptr);
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
-// A setting that shows nothing; {} stands for the application's folder.
+// A setting that shows nothing; {} is replaced by the application's folder.
 class NoPicture : public SplashFixture, public testing::WithParamInterface<const wchar_t*> {
   protected:
     NoPicture() {
@@ -179,7 +179,7 @@ TEST_P(NoPicture, ShowsNothingAndTheLaunchContinues) {
         EXPECT_EQ(place.bottom, place.top);
     }
     EXPECT_TRUE(WindowsOf(process->id(), L"#32770").empty()) << "a message";
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, MayHavePathsOfAnyLength) {
@@ -197,14 +197,14 @@ TEST_F(SplashPictures, OfAHundredMegapixelsDoNotDelayTheLaunch) {
     ShowPicture(app.AddFile(L"hundred.bmp", bytes));
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, OfImpossibleSizeDoNotDelayTheLaunch) {
     ShowPicture(app.AddFile(L"impossible.bmp", BlackBitmapHeader({2'000'000'000, 2'000'000'000})));
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashPictures, InHugeFilesDoNotDelayTheLaunch) {
@@ -220,7 +220,7 @@ TEST_F(SplashPictures, InHugeFilesDoNotDelayTheLaunch) {
     ShowPicture(path);
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ TEST_F(SplashWindow, IsAPlainPopupInTheMiddleOfTheScreen) {
     EXPECT_EQ(place.top, (GetSystemMetrics(SM_CYSCREEN) - kPatternSize.cy) / 2);
     EXPECT_EQ(place.right - place.left, kPatternSize.cx);
     EXPECT_EQ(place.bottom - place.top, kPatternSize.cy);
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashWindow, HasAClassWithoutShadow) {
@@ -32,7 +32,7 @@ TEST_F(SplashWindow, HasAClassWithoutShadow) {
     const HWND splash = WaitForSplash(*process);
     EXPECT_EQ(GetClassLongPtrW(splash, GCL_STYLE),
               static_cast<ULONG_PTR>(CS_SAVEBITS | CS_DBLCLKS));
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashWindow, HasAShadowOnlyWhenTheSettingIsExactlyTrue) {
@@ -55,7 +55,7 @@ TEST_F(SplashWindow, HasItsOwnThread) {
     EXPECT_NE(thread, process->threadId());
     EXPECT_TRUE(MainRuns());
     for (const FakeJvmLog::Line& line : app.Log().Lines()) EXPECT_NE(line.thread, thread);
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashWindow, IgnoresClicksAndKeys) {
@@ -71,7 +71,7 @@ TEST_F(SplashWindow, IgnoresClicksAndKeys) {
     EXPECT_NE(SendMessageTimeoutW(splash, WM_NULL, 0, 0, SMTO_NORMAL, 10'000, &answer), 0);
     EXPECT_TRUE(MainRuns());
     EXPECT_TRUE(IsWindowVisible(splash));
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 TEST_F(SplashWindow, DoesNotExistWithoutAPicture) {
@@ -83,7 +83,7 @@ TEST_F(SplashWindow, DoesNotExistWithoutAPicture) {
         const auto process = Start();
         EXPECT_TRUE(MainRuns());
         EXPECT_EQ(SplashesOf(*process), 0U);
-        EndWell(*process);
+        EndSuccessfully(*process);
         EXPECT_FALSE(app.Log().Has("module \"gdiplus.dll\""));
     }
 }
@@ -94,7 +94,7 @@ TEST_F(SplashWindow, ReadsThePictureFromTheMainSettingsFileOnly) {
     const auto process = Start();
     EXPECT_TRUE(MainRuns());
     EXPECT_EQ(SplashesOf(*process), 0U);
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 class SplashSwitch : public SplashFixture, public testing::WithParamInterface<const wchar_t*> {};
@@ -109,7 +109,7 @@ TEST_P(SuppressedSplash, IsNotShownAndTheArgumentReachesMain) {
     const auto process = Start(GetParam());
     EXPECT_TRUE(MainRuns());
     EXPECT_EQ(SplashesOf(*process), 0U);
-    EndWell(*process);
+    EndSuccessfully(*process);
     EXPECT_FALSE(app.Log().Has("module \"gdiplus.dll\""));
     EXPECT_THAT(MainArguments(), testing::HasSubstr("nosplash\""));
 }
@@ -123,7 +123,7 @@ TEST_P(UnsuppressedSplash, IsShown) {
     ShowTestPicture(L"opaque.png");
     const auto process = Start(GetParam());
     EXPECT_NE(WaitForSplash(*process), nullptr);
-    EndWell(*process);
+    EndSuccessfully(*process);
 }
 
 }  // namespace

@@ -76,7 +76,7 @@ TEST_F(StampedExecutable, ShowsItsOwnText) {
     Stamp(L"--set-string 210=\"Keine Hauptklasse\\nin app.ini\"");
     app.WriteSettings(L"[Application]\r\n");
     const auto process = app.Launch();
-    EXPECT_EQ(TakeErrorBox(*process), L"Keine Hauptklasse\nin app.ini");
+    EXPECT_EQ(CloseErrorBox(*process), L"Keine Hauptklasse\nin app.ini");
     EXPECT_EQ(process->ExitCode(), -1);
 }
 

@@ -127,8 +127,8 @@ std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls,
     return points;
 }
 
-std::vector<CallPoint> SomeCalls(const std::vector<HookedCall>& calls, const Normalizer& normalize,
-                                 std::size_t most) {
+std::vector<CallPoint> SampleOfCalls(const std::vector<HookedCall>& calls,
+                                     const Normalizer& normalize, std::size_t most) {
     std::vector<CallPoint> ends;
     for (const std::vector<CallPoint>& group : Groups(calls, normalize)) {
         ends.push_back(group.front());

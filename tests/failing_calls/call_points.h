@@ -48,7 +48,7 @@ std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls, const Nor
 
 /// A sample of at most `most` calls, spaced evenly, with the first and the last call of each
 /// function in each thread.
-std::vector<CallPoint> SomeCalls(const std::vector<HookedCall>& calls, const Normalizer& normalize,
-                                 std::size_t most);
+std::vector<CallPoint> SampleOfCalls(const std::vector<HookedCall>& calls,
+                                     const Normalizer& normalize, std::size_t most);
 
 }  // namespace tarn::test

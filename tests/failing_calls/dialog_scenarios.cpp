@@ -60,7 +60,7 @@ class JreBrowsed : public Scenario {
   protected:
     void Prepare() override {
         RemoveFolder(withoutAppData_);
-        MakeFolders(app.AppDataFolder());
+        CreateFolders(app.AppDataFolder());
         isBrowsePressed_ = false;
         quietPolls_ = 0;
         lastCalls_ = 0;

@@ -32,7 +32,8 @@ std::string OutcomeOf(const Facts& facts, const Facts& undisturbed) {
     return outcome.empty() ? kGoesOn : outcome;
 }
 
-bool IsDecent(const Facts& facts, const Facts& undisturbed, const std::string& applicationCode) {
+bool IsAcceptable(const Facts& facts, const Facts& undisturbed,
+                  const std::string& applicationCode) {
     const std::string code = ValueOf(facts, "exit code");
     return ValueOf(facts, "JNI").empty() &&
            (code == "0" || code == "-1" || code == applicationCode ||

@@ -14,6 +14,6 @@ std::string OutcomeOf(const Facts& facts, const Facts& undisturbed);
 
 /// Whether an end is acceptable, whichever call has failed: the exit code of an undisturbed launch,
 /// of the application, 0, -1 or that of an out-of-memory failure, but neither a crash nor a hang.
-bool IsDecent(const Facts& facts, const Facts& undisturbed, const std::string& applicationCode);
+bool IsAcceptable(const Facts& facts, const Facts& undisturbed, const std::string& applicationCode);
 
 }  // namespace tarn::test

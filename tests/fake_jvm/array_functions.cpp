@@ -24,14 +24,14 @@ jobjectArray JNICALL NewObjectArray(JNIEnv* env, jsize length, jclass type, jobj
     if (call.Fails()) return nullptr;
     Object* const array = NewObject(Kind::ObjectArray, "[Ljava/lang/Object;");
     array->elements.assign(static_cast<std::size_t>(length), element);
-    return static_cast<jobjectArray>(Refer(environment, array));
+    return static_cast<jobjectArray>(NewReference(environment, array));
 }
 
 jobject JNICALL GetObjectArrayElement(JNIEnv* env, jobjectArray array, jsize index) {
     auto* const environment = static_cast<Environment*>(env);
     const Object* const object = Resolve(environment, array);
     const Call call(env, "GetObjectArrayElement", std::to_string(index));
-    return Refer(environment, object->elements.at(static_cast<std::size_t>(index)));
+    return NewReference(environment, object->elements.at(static_cast<std::size_t>(index)));
 }
 
 void JNICALL SetObjectArrayElement(JNIEnv* env, jobjectArray array, jsize index, jobject value) {
@@ -52,7 +52,7 @@ jcharArray JNICALL NewCharArray(JNIEnv* env, jsize length) {
     if (call.Fails()) return nullptr;
     Object* const array = NewObject(Kind::CharArray, "[C");
     array->text.assign(static_cast<std::size_t>(length), u'\0');
-    return static_cast<jcharArray>(Refer(call.environment(), array));
+    return static_cast<jcharArray>(NewReference(call.environment(), array));
 }
 
 void JNICALL SetCharArrayRegion(JNIEnv* env, jcharArray array, jsize start, jsize length,

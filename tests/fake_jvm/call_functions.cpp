@@ -74,7 +74,7 @@ jobject Construct(JNIEnv* env, const char* function, jclass type, jmethodID id, 
     Call call(env, function, Describe(*method) + DescribeArguments(environment, *method, values));
     if (call.Fails()) return nullptr;
     Invoke(environment, object, *method, values);
-    return environment->pending == nullptr ? Refer(environment, object) : nullptr;
+    return environment->pending == nullptr ? NewReference(environment, object) : nullptr;
 }
 
 jobject JNICALL NewObjectV(JNIEnv* env, jclass type, jmethodID id, va_list list) {

@@ -45,7 +45,7 @@ jclass JNICALL FindClass(JNIEnv* env, const char* name) {
         Throw(call.environment(), "java/lang/NoClassDefFoundError", wanted);
         return nullptr;
     }
-    return static_cast<jclass>(Refer(call.environment(), ClassNamed(wanted)));
+    return static_cast<jclass>(NewReference(call.environment(), ClassNamed(wanted)));
 }
 
 jclass JNICALL GetObjectClass(JNIEnv* env, jobject reference) {
@@ -54,7 +54,7 @@ jclass JNICALL GetObjectClass(JNIEnv* env, jobject reference) {
     Call call(env, "GetObjectClass", Describe(object));
     if (object == nullptr) LogViolation("GetObjectClass of null");
     if (call.Fails() || object == nullptr) return nullptr;
-    return static_cast<jclass>(Refer(environment, ClassNamed(object->className)));
+    return static_cast<jclass>(NewReference(environment, ClassNamed(object->className)));
 }
 
 jmethodID JNICALL GetMethodID(JNIEnv* env, jclass type, const char* name, const char* signature) {

@@ -188,7 +188,7 @@ jclass JNICALL FakeFindClassFromBootLoader(JNIEnv* env, const char* name) {
     using namespace fake_jvm;
     Call call(env, "JVM_FindClassFromBootLoader", QuoteText(FromUtf8(name)));
     if (call.Fails() || Script::Get().HasLine(std::string("no_boot_class ") + name)) return nullptr;
-    return static_cast<jclass>(Refer(call.environment(), ClassNamed(name)));
+    return static_cast<jclass>(NewReference(call.environment(), ClassNamed(name)));
 }
 
 BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {

@@ -9,7 +9,7 @@ namespace {
 
 jvalue Reference(Environment* environment, Object* object) {
     jvalue value{};
-    value.l = Refer(environment, object);
+    value.l = NewReference(environment, object);
     return value;
 }
 

@@ -78,7 +78,7 @@ Method* MethodOf(Object* owner, std::string_view name, std::string_view signatur
     return Methods().back().get();
 }
 
-jobject Refer(Environment* environment, Object* object) {
+jobject NewReference(Environment* environment, Object* object) {
     if (object == nullptr) return nullptr;
     auto* const reference = new Reference{object, environment->thread, false};
     KnownReferences().insert(reference);
@@ -100,7 +100,7 @@ Object* Resolve(Environment* environment, jobject handle) {
     return reference->object;
 }
 
-void EndReference(Environment* environment, jobject handle) {
+void DeleteReference(Environment* environment, jobject handle) {
     if (handle == nullptr) return;
     Reference* const reference = Known(handle, "deletion");
     if (reference == nullptr) return;

@@ -50,14 +50,14 @@ Object* ClassNamed(std::string_view name);
 Method* MethodOf(Object* owner, std::string_view name, std::string_view signature, bool isStatic);
 
 /// Creates a local reference of the thread to the object; null for null.
-jobject Refer(Environment* environment, Object* object);
+jobject NewReference(Environment* environment, Object* object);
 
 /// The object of a reference; null for null. A reference that is deleted, invalid or another
 /// thread's is logged as a violation.
 Object* Resolve(Environment* environment, jobject reference);
 
 /// Deletes the reference; deleting it twice is a violation.
-void EndReference(Environment* environment, jobject reference);
+void DeleteReference(Environment* environment, jobject reference);
 
 /// Frees the thread's references and their objects, except classes.
 void ForgetReferences(Environment* environment);
@@ -65,7 +65,7 @@ void ForgetReferences(Environment* environment);
 /// The method of an id; anything else is a violation and returns null.
 Method* Resolve(jmethodID id);
 
-/// The object for the log: `null`, `"text"`, `class java/lang/String`, `["a", "b"]`,
+/// The object in the log's notation: `null`, `"text"`, `class java/lang/String`, `["a", "b"]`,
 /// `object java/io/PrintStream`.
 std::string Describe(const Object* object);
 

@@ -14,7 +14,7 @@ constexpr auto kWithPending = Call::Pending::Allowed;
 
 jthrowable JNICALL ExceptionOccurred(JNIEnv* env) {
     const Call call(env, "ExceptionOccurred", "", kWithPending);
-    return static_cast<jthrowable>(Refer(call.environment(), call.environment()->pending));
+    return static_cast<jthrowable>(NewReference(call.environment(), call.environment()->pending));
 }
 
 jboolean JNICALL ExceptionCheck(JNIEnv* env) {
@@ -41,12 +41,12 @@ void JNICALL DeleteLocalRef(JNIEnv* env, jobject reference) {
     if (environment->thread != GetCurrentThreadId()) {
         LogViolation("DeleteLocalRef with another thread's environment");
     }
-    EndReference(environment, reference);
+    DeleteReference(environment, reference);
 }
 
 jobject JNICALL NewLocalRef(JNIEnv* env, jobject reference) {
     auto* const environment = static_cast<Environment*>(env);
-    return Refer(environment, Resolve(environment, reference));
+    return NewReference(environment, Resolve(environment, reference));
 }
 
 jobject JNICALL NewGlobalRef(JNIEnv* env, jobject reference) {

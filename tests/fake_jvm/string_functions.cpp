@@ -21,14 +21,14 @@ jstring JNICALL NewStringFromUnits(JNIEnv* env, const jchar* units, jsize length
     const std::u16string text = Units(units, length);
     Call call(env, "NewString", QuoteText(text));
     if (call.Fails()) return nullptr;
-    return static_cast<jstring>(Refer(call.environment(), NewString(text)));
+    return static_cast<jstring>(NewReference(call.environment(), NewString(text)));
 }
 
 jstring JNICALL NewStringUTF(JNIEnv* env, const char* bytes) {
     const std::u16string text = FromUtf8(bytes);
     Call call(env, "NewStringUTF", QuoteText(text));
     if (call.Fails()) return nullptr;
-    return static_cast<jstring>(Refer(call.environment(), NewString(text)));
+    return static_cast<jstring>(NewReference(call.environment(), NewString(text)));
 }
 
 jsize JNICALL GetStringLength(JNIEnv* env, jstring string) {

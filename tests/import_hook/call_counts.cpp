@@ -39,7 +39,7 @@ void ReadFailurePlan() {
     plan.Read(Utf8(value));
 }
 
-bool IsWorthLogging(const char* name) {
+bool IsLogged(const char* name) {
     constexpr const char* kSilent[] = {
         "EnterCriticalSection",
         "LeaveCriticalSection",
@@ -72,7 +72,7 @@ void* DecideCall(HookedFunction* function, const std::uint64_t* arguments, std::
     const DWORD error = GetLastError();
     const unsigned role = ThreadRole();
     const unsigned number = ++function->calls[role];
-    if (function->isLogged) NoteCallTime(*function, role);
+    if (function->isLogged) RecordCallTime(*function, role);
     const std::string subject =
         function->isLogged ? CallSubject(function->name, arguments) : std::string();
     const FailurePlan::Failure* const failure = plan.Find(function->name, role, number, subject);

@@ -8,7 +8,7 @@ namespace import_hook {
 void ReadFailurePlan();
 
 /// Whether calls of the function are logged; functions that only move memory or text are not.
-bool IsWorthLogging(const char* name);
+bool IsLogged(const char* name);
 
 /// A `Decision`: counts and logs the call, and fails it if the plan says so. The last error changes
 /// only if the call fails.

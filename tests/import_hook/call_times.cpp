@@ -34,7 +34,7 @@ void OpenCallTimes() {
     file = path;
 }
 
-void NoteCallTime(const HookedFunction& function, unsigned role) {
+void RecordCallTime(const HookedFunction& function, unsigned role) {
     if (file.empty() || IsAboutMemory(function.name)) return;
     const std::size_t place = count++;
     if (place >= times.size()) return;

@@ -8,7 +8,7 @@ namespace import_hook {
 /// functions. The times stay in memory until the end of the process, because writing takes longer
 /// than the calls.
 void OpenCallTimes();
-void NoteCallTime(const HookedFunction& function, unsigned role);
+void RecordCallTime(const HookedFunction& function, unsigned role);
 
 /// Writes a line for each call: `ROLE FUNCTION NANOSECONDS` of the performance counter.
 void WriteCallTimes();

@@ -34,11 +34,11 @@ void* StubFor(std::string_view library, const std::string& name, void* target) {
             function = &functions.emplace_back();
             function->library = library;
             function->name = name;
-            function->isLogged = IsWorthLogging(name.c_str());
+            function->isLogged = IsLogged(name.c_str());
         }
         function->target = target;
     }
-    void* const stub = MakeStub(function, DecideCall);
+    void* const stub = CreateStub(function, DecideCall);
     return stub != nullptr ? stub : target;
 }
 

@@ -69,7 +69,7 @@ std::size_t used = kPageSize;
 
 }  // namespace
 
-void* MakeStub(HookedFunction* function, Decision decision) {
+void* CreateStub(HookedFunction* function, Decision decision) {
     const std::lock_guard<std::mutex> lock(mutex);
     if (used + sizeof(StubCode) > kPageSize) {
         page = static_cast<char*>(

@@ -12,6 +12,6 @@ using Decision = void* (*)(HookedFunction* function, const std::uint64_t* argume
 
 /// Generates code that replaces the function: it calls `decision`, then runs the function with its
 /// arguments unchanged, whatever their number and types. Returns null without memory.
-void* MakeStub(HookedFunction* function, Decision decision);
+void* CreateStub(HookedFunction* function, Decision decision);
 
 }  // namespace import_hook

@@ -32,7 +32,7 @@ class FakeJvmFixture : public testing::Test {
         return app.Launch(argumentText);
     }
 
-    /// The arguments that `main` was called with, as the log shows them: `["a", "b"]`.
+    /// The arguments of `main` in the log's notation: `["a", "b"]`.
     std::string MainArguments() const {
         std::string line =
             app.Log().After("CallStaticVoidMethod(com/example/Main.main([Ljava/lang/String;)V, ");
@@ -45,7 +45,7 @@ class FakeJvmFixture : public testing::Test {
     /// for the end. Returns the exit code.
     std::int32_t RunWithErrorBox(std::wstring_view text) {
         const auto process = Start();
-        EXPECT_EQ(ToUtf8(TakeErrorBox(*process)), ToUtf8(text));
+        EXPECT_EQ(ToUtf8(CloseErrorBox(*process)), ToUtf8(text));
         return process->ExitCode().value_or(kNoExitCode);
     }
 

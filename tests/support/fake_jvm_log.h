@@ -31,8 +31,8 @@ class FakeJvmLog {
     /// Waits for a line that begins with this text; fails the test when none appears.
     bool WaitFor(std::string_view start, std::chrono::milliseconds timeLimit = kTimeLimit) const;
 
-    /// The options that JNI_CreateJavaVM got, as the log shows them (quoted and escaped), without
-    /// the closing "abort" and "exit".
+    /// The options of JNI_CreateJavaVM in the log's notation (quoted and escaped), without the
+    /// final "abort" and "exit".
     std::vector<std::string> Options() const;
 
     /// The JNI calls and the calls of the VM's functions in order, without those that only check

@@ -11,17 +11,17 @@ GeneratedLaunch::GeneratedLaunch(std::uint32_t seed) : random_(seed) {
     app.environment[L"TARN_PROBE"] = L"probe value";
     script_ = "main = set_event " + mainRuns.utf8Name() + "\nmain = wait_event " +
               mainMayEnd.utf8Name() + "\nmain = exit " + std::to_string(kMainCode) + '\n';
-    DrawProgram();
-    DrawConfiguredRuntime();
-    DrawOtherRuntimes();
-    DrawRegistry();
-    DrawPolicy();
-    DrawPairedProgram();
-    DrawClassPath();
-    DrawParameters();
-    DrawOutputs();
-    DrawSplash();
-    DrawInstance();
+    GenerateProgram();
+    GenerateConfiguredRuntime();
+    GenerateOtherRuntimes();
+    GenerateRegistry();
+    GeneratePolicy();
+    GeneratePairedProgram();
+    GenerateClassPath();
+    GenerateParameters();
+    GenerateOutputs();
+    GenerateSplash();
+    GenerateInstance();
     WriteAll();
 }
 
@@ -36,17 +36,17 @@ std::string GeneratedLaunch::Description() const {
 }
 
 // Not the distributions of the library, whose results differ between platforms.
-unsigned GeneratedLaunch::Draw(unsigned limit) {
+unsigned GeneratedLaunch::RandomBelow(unsigned limit) {
     return static_cast<unsigned>(random_() % limit);
 }
 
-void GeneratedLaunch::PutInFile(std::wstring_view section, std::wstring_view key,
+void GeneratedLaunch::SetInFile(std::wstring_view section, std::wstring_view key,
                                 const std::wstring& value) {
     file_.Set(section, key, value);
     if (!value.empty()) layers[{std::wstring(section), std::wstring(key)}] = "file";
 }
 
-void GeneratedLaunch::Put(std::wstring_view section, std::wstring_view key,
+void GeneratedLaunch::Set(std::wstring_view section, std::wstring_view key,
                           const std::wstring& value) {
     // Windows removes the quotes around a value, which may leave an empty text.
     if (value.empty() || value.front() == L'"') return;
@@ -58,9 +58,9 @@ void GeneratedLaunch::Put(std::wstring_view section, std::wstring_view key,
         builtIn_.Set(section, key, text);
         hasBuiltIn_ = true;
     };
-    const unsigned place = Draw(100);
+    const unsigned place = RandomBelow(100);
     if (place < 76) {
-        PutInFile(section, key, value);
+        SetInFile(section, key, value);
         if (place < 6) buildIn(L"hidden");
         if (place < 3) file_.Set(additive, key, L"hidden");
     } else if (place < 90) {
@@ -77,43 +77,45 @@ void GeneratedLaunch::Put(std::wstring_view section, std::wstring_view key,
     }
 }
 
-void GeneratedLaunch::PutJava(std::wstring_view key, const std::wstring& value) {
-    Put(L"Java Runtime Environment", key, value);
+void GeneratedLaunch::SetRuntimeKey(std::wstring_view key, const std::wstring& value) {
+    Set(L"Java Runtime Environment", key, value);
 }
 
-void GeneratedLaunch::PutApplication(std::wstring_view key, const std::wstring& value) {
-    Put(L"Application", key, value);
+void GeneratedLaunch::SetApplicationKey(std::wstring_view key, const std::wstring& value) {
+    Set(L"Application", key, value);
 }
 
-void GeneratedLaunch::DrawProgram() {
+void GeneratedLaunch::GenerateProgram() {
     if (!Chance(4)) {
-        PutJava(L"Main Class", OneOf({L"com.example.Main", L"com/example/Main", L"Main"}));
+        SetRuntimeKey(L"Main Class", OneOf({L"com.example.Main", L"com/example/Main", L"Main"}));
     }
-    if (Chance(6)) PutApplication(L"Application Type", OneOf({L"service", L"Service"}));
-    if (Chance(15)) PutApplication(L"Override WorkingDir", OneOf({L"Yes", L"yes", L"true"}));
-    if (Chance(10)) PutApplication(L"Failure Check", OneOf({L"YES", L"no"}));
+    if (Chance(6)) SetApplicationKey(L"Application Type", OneOf({L"service", L"Service"}));
+    if (Chance(15)) SetApplicationKey(L"Override WorkingDir", OneOf({L"Yes", L"yes", L"true"}));
+    if (Chance(10)) SetApplicationKey(L"Failure Check", OneOf({L"YES", L"no"}));
     if (Chance(40)) {
-        PutInFile(L"Product Information", L"Product Name", OneOf({L"Pro/duct: A?", L"Product"}));
-        PutInFile(L"Product Information", L"Product Code", L"1234");
+        SetInFile(L"Product Information", L"Product Name", OneOf({L"Pro/duct: A?", L"Product"}));
+        SetInFile(L"Product Information", L"Product Code", L"1234");
     }
     argumentText = OneOf({L"", L"", L"a  \"b c\" ", L"\"\" x\ty", L"-nosplash", L"one /nosplash",
                           L"-NOSPLASH \u00E9\u8A66", L"say \\\"hi\\\" \"C:\\dir\\\" end"});
     if (Chance(30)) app.directory = app.folder();
     if (Chance(20)) app.directory = app.AddFolder(L"work");
     if (Chance(10)) {
-        const unsigned id = 206 + Draw(5);
+        const unsigned id = 206 + RandomBelow(5);
         EXPECT_TRUE(ReplaceMessageText(app.Executable(), id, L"Text of its own: %s\u00E9"));
         notes_ += "text " + std::to_string(id) + " replaced\n";
     }
 }
 
-void GeneratedLaunch::DrawParameters() {
+void GeneratedLaunch::GenerateParameters() {
     if (Chance(30)) {
-        PutJava(L"Library Path", OneOf({L"C:\\native;", L"%TARN_PROBE%;", L"%TARN_UNKNOWN%;x"}));
+        SetRuntimeKey(L"Library Path",
+                      OneOf({L"C:\\native;", L"%TARN_PROBE%;", L"%TARN_UNKNOWN%;x"}));
     }
-    if (Chance(30)) PutJava(L"System Path", OneOf({L"C:\\tools", L"%TARN_PROBE%;", L"D:\\x;"}));
+    if (Chance(30))
+        SetRuntimeKey(L"System Path", OneOf({L"C:\\tools", L"%TARN_PROBE%;", L"D:\\x;"}));
     std::wstring parameters;
-    for (unsigned count = Draw(6); count > 0; --count) {
+    for (unsigned count = RandomBelow(6); count > 0; --count) {
         parameters += OneOf({L"-Da=b",
                              L"-Dname=\"a b\"",
                              L"-Dq=\"x\"y\"z w\"",
@@ -139,47 +141,47 @@ void GeneratedLaunch::DrawParameters() {
                              L"-Dtab=a\tb"});
         parameters += OneOf({L" ", L"  "});
     }
-    PutJava(L"Virtual Machine Parameters", parameters);
+    SetRuntimeKey(L"Virtual Machine Parameters", parameters);
     if (Chance(35)) {
-        PutApplication(L"Cmd",
-                       OneOf({L"one \"two three\"", L"%TARN_PROBE% \"\"", L"x \"%TARN_PROBE%\""}));
+        SetApplicationKey(
+            L"Cmd", OneOf({L"one \"two three\"", L"%TARN_PROBE% \"\"", L"x \"%TARN_PROBE%\""}));
     }
-    script_ += "default_stack = " + std::to_string(Draw(4) * 1'500'000) + '\n';
+    script_ += "default_stack = " + std::to_string(RandomBelow(4) * 1'500'000) + '\n';
 }
 
-void GeneratedLaunch::DrawClassPath() {
+void GeneratedLaunch::GenerateClassPath() {
     if (Chance(5)) return;
     for (const wchar_t* const jar : {L"lib\\b.jar", L"lib\\a.jar", L"app.jar"}) app.AddFile(jar);
     std::wstring classPath;
-    for (unsigned count = 1 + Draw(4); count > 0; --count) {
+    for (unsigned count = 1 + RandomBelow(4); count > 0; --count) {
         classPath += OneOf({L"C:\\app.jar", L"app.jar", L"lib\\*.jar", L"missing.jar", L"*",
                             L"\\\\server\\share\\x.jar", L"%TARN_PROBE%.jar", L"x", L"lib", L""});
         classPath += L';';
     }
-    Put(L"Class Path", L"Class Path", classPath);
-    if (Chance(15)) PutApplication(L"Embedded Jar", OneOf({L"Yes", L"yes", L"true"}));
+    Set(L"Class Path", L"Class Path", classPath);
+    if (Chance(15)) SetApplicationKey(L"Embedded Jar", OneOf({L"Yes", L"yes", L"true"}));
 }
 
-void GeneratedLaunch::DrawOutputs() {
+void GeneratedLaunch::GenerateOutputs() {
     for (const wchar_t* const stream : {L"Output", L"Error"}) {
         if (!Chance(25)) continue;
         std::wstring name = OneOf({L"file.txt", L"file_%yyyy%.txt", L"%TARN_PROBE%.txt",
                                    L"file%.txt", L"file%'a '%'yyyy''x'%gg.txt"});
         if (Chance(50)) name = app.Path(L"logs\\deep\\") + name;
-        PutApplication(std::wstring(stream) + L" File", name);
+        SetApplicationKey(std::wstring(stream) + L" File", name);
         if (Chance(50)) {
-            PutApplication(std::wstring(stream) + L" Append", OneOf({L"yes", L"Yes", L"no"}));
+            SetApplicationKey(std::wstring(stream) + L" Append", OneOf({L"yes", L"Yes", L"no"}));
         }
     }
 }
 
-void GeneratedLaunch::DrawSplash() {
+void GeneratedLaunch::GenerateSplash() {
     if (!Chance(25)) return;
-    PutInFile(L"Display", L"Splash Screen",
+    SetInFile(L"Display", L"Splash Screen",
               Chance(60) ? GetPaths().pictures + L"\\dot.png" : L"missing.png");
-    if (Chance(30)) PutInFile(L"Display", L"Splash Screen Shadow", OneOf({L"true", L"True"}));
+    if (Chance(30)) SetInFile(L"Display", L"Splash Screen Shadow", OneOf({L"true", L"True"}));
     if (!Chance(50)) return;
-    PutInFile(L"Display", L"Preffer Native Splash Screen", OneOf({L"YES", L"Yes", L"true"}));
+    SetInFile(L"Display", L"Preffer Native Splash Screen", OneOf({L"YES", L"Yes", L"true"}));
     if (Chance(30)) return;
     const std::wstring from = GetPaths().fakeSplashes + L'\\';
     const std::wstring variant = OneOf({L"full", L"full", L"without_init", L"without_close"});
@@ -189,9 +191,9 @@ void GeneratedLaunch::DrawSplash() {
     notes_ += "splash library " + ToUtf8(variant) + '\n';
 }
 
-void GeneratedLaunch::DrawInstance() {
+void GeneratedLaunch::GenerateInstance() {
     if (!Chance(20)) return;
-    PutApplication(L"Single Instance", OneOf({L"yes", L"yes", L"yes", L"Yes"}));
+    SetApplicationKey(L"Single Instance", OneOf({L"yes", L"yes", L"yes", L"Yes"}));
     if (!Chance(60)) return;
     // This process plays the first instance; the call creates this thread's message queue.
     MSG message;
@@ -205,7 +207,7 @@ void GeneratedLaunch::DrawInstance() {
                                                                    : nobody);
     block_->SetNumber(InstanceBlock::kProcess, runs ? GetCurrentProcessId() : nobody);
     block_->SetNumber(InstanceBlock::kMessage, kHandOff);
-    if (Chance(20)) argumentText = Repeated(L"x", 515 + Draw(8));
+    if (Chance(20)) argumentText = Repeated(L"x", 515 + RandomBelow(8));
     notes_ += std::string("a first instance that ") + (listens ? "listens" : "does not listen") +
               (runs ? "\n" : ", without a process\n");
 }

@@ -45,30 +45,30 @@ class GeneratedLaunch {
     std::string Description() const;
 
   private:
-    unsigned Draw(unsigned limit);
-    bool Chance(unsigned percent) { return Draw(100) < percent; }
+    unsigned RandomBelow(unsigned limit);
+    bool Chance(unsigned percent) { return RandomBelow(100) < percent; }
     template <std::size_t size>
     std::wstring OneOf(const wchar_t* const (&texts)[size]) {
-        return texts[Draw(size)];
+        return texts[RandomBelow(size)];
     }
 
-    void Put(std::wstring_view section, std::wstring_view key, const std::wstring& value);
-    void PutInFile(std::wstring_view section, std::wstring_view key, const std::wstring& value);
-    void PutJava(std::wstring_view key, const std::wstring& value);
-    void PutApplication(std::wstring_view key, const std::wstring& value);
+    void Set(std::wstring_view section, std::wstring_view key, const std::wstring& value);
+    void SetInFile(std::wstring_view section, std::wstring_view key, const std::wstring& value);
+    void SetRuntimeKey(std::wstring_view key, const std::wstring& value);
+    void SetApplicationKey(std::wstring_view key, const std::wstring& value);
     std::wstring AddHome(const std::wstring& home);
 
-    void DrawProgram();
-    void DrawConfiguredRuntime();
-    void DrawOtherRuntimes();
-    void DrawRegistry();
-    void DrawPolicy();
-    void DrawPairedProgram();
-    void DrawClassPath();
-    void DrawParameters();
-    void DrawOutputs();
-    void DrawSplash();
-    void DrawInstance();
+    void GenerateProgram();
+    void GenerateConfiguredRuntime();
+    void GenerateOtherRuntimes();
+    void GenerateRegistry();
+    void GeneratePolicy();
+    void GeneratePairedProgram();
+    void GenerateClassPath();
+    void GenerateParameters();
+    void GenerateOutputs();
+    void GenerateSplash();
+    void GenerateInstance();
     void WriteAll();
 
     std::mt19937 random_;

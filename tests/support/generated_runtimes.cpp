@@ -30,22 +30,22 @@ std::wstring GeneratedLaunch::AddHome(const std::wstring& home) {
     return app.Path(home);
 }
 
-void GeneratedLaunch::DrawConfiguredRuntime() {
-    const unsigned kind = Draw(100);
+void GeneratedLaunch::GenerateConfiguredRuntime() {
+    const unsigned kind = RandomBelow(100);
     if (kind < 12) return;
     std::wstring home = AddHome(L"jre");
     if (kind < 24) home += L'\\';
     if (kind >= 85) home = app.Path(L"no runtime here");
     if (kind >= 92) home = L"jre";
     if (!Chance(15)) {
-        PutJava(L"JRE Path", home);
+        SetRuntimeKey(L"JRE Path", home);
         return;
     }
     // For both products; the user's file hides the word in the application's file.
-    PutJava(L"JRE Path", app.Path(L"hidden"));
+    SetRuntimeKey(L"JRE Path", app.Path(L"hidden"));
     for (const wchar_t* const product : {L"Product", L"Product A"}) {
         const std::wstring folder = app.AppDataFolder() + L'\\' + product + L"\\1234";
-        MakeFolders(folder);
+        CreateFolders(folder);
         WriteFileBytes(folder + L"\\sample.ini",
                        Utf16File(L"[Java Runtime Environment]\r\nJRE Path=" + home + L"\r\n"));
     }
@@ -53,8 +53,8 @@ void GeneratedLaunch::DrawConfiguredRuntime() {
     notes_ += "files of the user's own\n";
 }
 
-void GeneratedLaunch::DrawOtherRuntimes() {
-    const unsigned kind = Draw(100);
+void GeneratedLaunch::GenerateOtherRuntimes() {
+    const unsigned kind = RandomBelow(100);
     if (kind < 8) {
         AddHome(L"jre64");
         app.AddFile(L"jre64\\bin\\java.dll");
@@ -67,10 +67,10 @@ void GeneratedLaunch::DrawOtherRuntimes() {
     }
 }
 
-void GeneratedLaunch::DrawRegistry() {
+void GeneratedLaunch::GenerateRegistry() {
     if (!Chance(35)) return;
     registered_ = std::make_unique<RegisteredRuntimes>();
-    for (unsigned count = 1 + Draw(4); count > 0; --count) {
+    for (unsigned count = 1 + RandomBelow(4); count > 0; --count) {
         const std::wstring root = OneOf({kJdkRoot, kJreRoot, kJdkRoot, kJreRoot, kOldJdkRoot,
                                          kOldJreRoot, kJrockitJreRoot, kJrockitJdkRoot, kIbmRoot});
         // A different key each time, whatever the version.
@@ -91,28 +91,30 @@ void GeneratedLaunch::DrawRegistry() {
     }
 }
 
-void GeneratedLaunch::DrawPolicy() {
-    PutJava(L"JVM Type", OneOf({L"", L"", L"", L"", L"", L"server", L"favor_server", L"Server"}));
-    PutJava(L"JVM Source", OneOf({L"", L"", L"", L"", L"favor_JRE", L"favor_JDK", L"only_JDK",
-                                  L"only_JRE", L"Favor_JRE"}));
-    PutJava(L"VM Provider", OneOf({L"", L"", L"", L"", L"ibm", L"any", L"FAVOR_sun", L"JRockit",
-                                   L"favor_ibm", L"sun"}));
-    PutJava(L"Minimum Version", OneOf({L"", L"any", L"any", L"1.8", L"11"}));
-    PutJava(L"Maximum Version", OneOf({L"any", L"any", L"any", L"any", L"", L"1.8", L"11", L"17"}));
-    PutJava(L"Preferred versions", OneOf({L"", L"", L"", L"1.8", L"11;17", L"9;;"}));
+void GeneratedLaunch::GeneratePolicy() {
+    SetRuntimeKey(L"JVM Type",
+                  OneOf({L"", L"", L"", L"", L"", L"server", L"favor_server", L"Server"}));
+    SetRuntimeKey(L"JVM Source", OneOf({L"", L"", L"", L"", L"favor_JRE", L"favor_JDK", L"only_JDK",
+                                        L"only_JRE", L"Favor_JRE"}));
+    SetRuntimeKey(L"VM Provider", OneOf({L"", L"", L"", L"", L"ibm", L"any", L"FAVOR_sun",
+                                         L"JRockit", L"favor_ibm", L"sun"}));
+    SetRuntimeKey(L"Minimum Version", OneOf({L"", L"any", L"any", L"1.8", L"11"}));
+    SetRuntimeKey(L"Maximum Version",
+                  OneOf({L"any", L"any", L"any", L"any", L"", L"1.8", L"11", L"17"}));
+    SetRuntimeKey(L"Preferred versions", OneOf({L"", L"", L"", L"1.8", L"11;17", L"9;;"}));
 }
 
-void GeneratedLaunch::DrawPairedProgram() {
+void GeneratedLaunch::GeneratePairedProgram() {
     if (!Chance(45)) return;
-    PutApplication(L"Pair Product", Chance(80) ? GetPaths().programs + L"\\pair_product.exe"
-                                               : app.Path(L"missing.exe"));
+    SetApplicationKey(L"Pair Product", Chance(80) ? GetPaths().programs + L"\\pair_product.exe"
+                                                  : app.Path(L"missing.exe"));
     app.environment[L"PAIR_LOG"] = app.Path(L"pair.log");
     app.environment[L"PAIR_EXIT"] = std::to_wstring(kPairCode);
     if (Chance(30)) {
         app.AddFile(L"jre\\bin\\client\\jvm.dll", HeadersOf32BitLibrary());
         notes_ += "a 32-bit client JVM in jre\n";
     }
-    if (Chance(50)) PutApplication(L"Pair Return Code", OneOf({L"Yes", L"yes", L"on"}));
+    if (Chance(50)) SetApplicationKey(L"Pair Return Code", OneOf({L"Yes", L"yes", L"on"}));
 }
 
 }  // namespace tarn::test

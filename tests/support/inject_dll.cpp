@@ -5,7 +5,7 @@
 
 namespace tarn::test {
 
-bool PutLibraryInto(HANDLE process, const std::wstring& library) {
+bool InjectLibrary(HANDLE process, const std::wstring& library) {
     const std::size_t bytes = (library.size() + 1) * sizeof(wchar_t);
     void* const path =
         VirtualAllocEx(process, nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);

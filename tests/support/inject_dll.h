@@ -8,6 +8,6 @@ namespace tarn::test {
 
 /// Loads the library in a suspended process (`CreateRemoteThread`), before the program's first
 /// instruction. Returns false on failure.
-bool PutLibraryInto(HANDLE process, const std::wstring& library);
+bool InjectLibrary(HANDLE process, const std::wstring& library);
 
 }  // namespace tarn::test

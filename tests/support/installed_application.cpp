@@ -24,7 +24,7 @@ void Copy(const std::wstring& from, const std::wstring& to) {
 
 }  // namespace
 
-void MakeFolders(const std::wstring& path) {
+void CreateFolders(const std::wstring& path) {
     for (std::size_t at = path.find(L'\\', 3); at != std::wstring::npos;
          at = path.find(L'\\', at + 1)) {
         CreateDirectoryW(path.substr(0, at).c_str(), nullptr);
@@ -52,7 +52,7 @@ void RemoveFolder(const std::wstring& path) {
 
 InstalledApplication::InstalledApplication(std::wstring_view name)
     : root_(FreshRoot()), folder_(root_ + L"My \u00C4pp\\"), name_(name) {
-    MakeFolders(folder_);
+    CreateFolders(folder_);
     Copy(GetPaths().launcher, Executable());
     directory = root_;
     environment[L"APPDATA"] = AppDataFolder();
@@ -85,20 +85,20 @@ void InstalledApplication::WriteSettingsBytes(std::string_view bytes) {
 
 std::wstring InstalledApplication::AddFile(std::wstring_view relative, std::string_view bytes) {
     const std::wstring path = Path(relative);
-    MakeFolders(path.substr(0, path.rfind(L'\\')));
+    CreateFolders(path.substr(0, path.rfind(L'\\')));
     WriteFileBytes(path, bytes);
     return path;
 }
 
 std::wstring InstalledApplication::AddFolder(std::wstring_view relative) {
-    MakeFolders(Path(relative));
+    CreateFolders(Path(relative));
     return Path(relative);
 }
 
 std::wstring InstalledApplication::AddRuntime(std::wstring_view home, const wchar_t* variant,
                                               std::wstring_view place) {
     const std::wstring folder = Path(home) + L'\\' + std::wstring(place);
-    MakeFolders(folder);
+    CreateFolders(folder);
     Copy(GetPaths().fakeJvms + L'\\' + variant + L"\\jvm.dll", folder + L"\\jvm.dll");
     return Path(home);
 }

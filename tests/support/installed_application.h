@@ -82,7 +82,7 @@ class InstalledApplication {
 };
 
 /// Creates the folder and its missing parents.
-void MakeFolders(const std::wstring& path);
+void CreateFolders(const std::wstring& path);
 
 /// Removes a folder and its contents.
 void RemoveFolder(const std::wstring& path);

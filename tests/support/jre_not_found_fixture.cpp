@@ -64,7 +64,7 @@ JreNotFoundFixture::JreNotFoundFixture() : settings(app.StandardSettings()) {
     settings.Runtime(L"Maximum Version", L"any");
     settings.Set(L"Product Information", L"Product Name", kProductName);
     settings.Set(L"Product Information", L"Product Code", kProductCode);
-    MakeFolders(app.AppDataFolder());
+    CreateFolders(app.AppDataFolder());
 }
 
 void JreNotFoundFixture::StartUntilDialog(std::wstring_view argumentText) {

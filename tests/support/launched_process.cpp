@@ -91,7 +91,7 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     id_ = made.dwProcessId;
     threadId_ = made.dwThreadId;
     if (!takesLibrary) return;
-    EXPECT_TRUE(PutLibraryInto(process_.get(), start.library)) << ToUtf8(start.library);
+    EXPECT_TRUE(InjectLibrary(process_.get(), start.library)) << ToUtf8(start.library);
     ResumeThread(thread.get());
 }
 

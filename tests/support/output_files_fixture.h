@@ -6,7 +6,7 @@
 
 namespace tarn::test {
 
-inline bool IsThere(const std::wstring& path) {
+inline bool PathExists(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 

@@ -25,7 +25,7 @@ bool PairProduct::WaitUntilStarted() const {
     return WaitUntil([this] { return !ReadFileBytes(log_).empty(); });
 }
 
-std::wstring PairProduct::Note(std::size_t line) const {
+std::wstring PairProduct::ReportLine(std::size_t line) const {
     const std::string bytes = ReadFileBytes(log_);
     std::wstring text;
     for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {

@@ -19,17 +19,17 @@ class PairProduct {
     bool WaitUntilStarted() const;
 
     /// The report, one line for each fact; waits until it exists.
-    std::wstring CommandLine() const { return Note(0); }
-    std::wstring Directory() const { return Note(1); }
-    std::wstring Probe() const { return Note(2); }
+    std::wstring CommandLine() const { return ReportLine(0); }
+    std::wstring Directory() const { return ReportLine(1); }
+    std::wstring Probe() const { return ReportLine(2); }
 
     /// The error mode of its process (`GetErrorMode`), in decimal.
-    std::wstring ErrorMode() const { return Note(4); }
+    std::wstring ErrorMode() const { return ReportLine(4); }
 
     static constexpr wchar_t kProbeVariable[] = L"PAIR_PROBE";
 
   private:
-    std::wstring Note(std::size_t line) const;
+    std::wstring ReportLine(std::size_t line) const;
 
     InstalledApplication& app_;
     std::wstring log_;

@@ -84,7 +84,7 @@ ProcessFigures FiguresOf(HANDLE process) {
     return {HandlesOf(id), ThreadsOf(id), memory.PagefileUsage / 1024};
 }
 
-SystemFigures LookAround() {
+SystemFigures SystemFiguresNow() {
     SystemFigures figures;
     figures.processes = CountProcesses();
     EnumWindows(CountWindow, reinterpret_cast<LPARAM>(&figures.windows));

@@ -24,7 +24,7 @@ struct SystemFigures {
     std::size_t windows = 0;  ///< top-level ones, visible or not
 };
 
-SystemFigures LookAround();
+SystemFigures SystemFiguresNow();
 
 /// The names of all files below a folder, which ends in a backslash, relative to it.
 std::set<std::wstring> FilesBelow(const std::wstring& folder);

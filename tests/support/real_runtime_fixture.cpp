@@ -22,7 +22,7 @@ std::wstring RuntimeHome(std::string_view version) {
 }
 
 // Hard links where the file system has them: a runtime has 100 MB.
-void PutRuntime(const std::wstring& from, const std::wstring& to) {
+void InstallRuntime(const std::wstring& from, const std::wstring& to) {
     CreateDirectoryW(to.c_str(), nullptr);
     WIN32_FIND_DATAW found{};
     const UniqueFindHandle search(FindFirstFileW((from + L"\\*").c_str(), &found));
@@ -32,7 +32,7 @@ void PutRuntime(const std::wstring& from, const std::wstring& to) {
         const std::wstring source = from + L'\\' + name;
         const std::wstring target = to + L'\\' + name;
         if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-            PutRuntime(source, target);
+            InstallRuntime(source, target);
         } else if (!CreateHardLinkW(target.c_str(), source.c_str(), nullptr)) {
             ASSERT_TRUE(CopyFileW(source.c_str(), target.c_str(), FALSE)) << ToUtf8(target);
         }

@@ -21,7 +21,7 @@ namespace tarn::test {
 std::wstring RuntimeHome(std::string_view version);
 
 /// Links or copies the files of a runtime into another folder, which is created.
-void PutRuntime(const std::wstring& from, const std::wstring& to);
+void InstallRuntime(const std::wstring& from, const std::wstring& to);
 
 /// A test with a real Java runtime: an installed application whose settings run
 /// `fixture.Application` from the jar of the tests' Java classes.
@@ -43,12 +43,12 @@ class RealRuntimeFixture : public testing::Test {
     std::string StandardError() const { return ReadFileBytes(app.ErrorFile()); }
 
     /// The path of a file that does not exist yet, for the fixtures to wait for or to create.
-    std::wstring FreshFile(std::wstring_view name) const { return app.Path(name); }
+    std::wstring NewFilePath(std::wstring_view name) const { return app.Path(name); }
 
     InstalledApplication app;
     SettingsText settings;
     std::wstring home;     ///< the home of the runtime in use
-    std::wstring jvmPath;  ///< the jvm.dll that the default of "JVM Type" chooses there
+    std::wstring jvmPath;  ///< its jvm.dll for the default "JVM Type"
 
   private:
     std::wstring reportFile_;

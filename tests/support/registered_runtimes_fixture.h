@@ -51,8 +51,8 @@ class RegisteredRuntimesFixture : public FakeJvmFixture {
     void Add(std::wstring_view root, std::wstring_view name, std::wstring_view home,
              std::wstring_view place = L"bin\\server", RegistryView view = RegistryView::k64Bit);
 
-    /// Starts the application: which `jvm.dll` it took, below its folder; "nothing" when it asked
-    /// its user for a runtime.
+    /// Starts the application. Returns the path of its `jvm.dll` below the application's folder, or
+    /// "nothing" when the dialog "JRE Not Found" appeared.
     std::string Chosen();
 
     RegisteredRuntimes registered;

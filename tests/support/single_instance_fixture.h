@@ -79,7 +79,7 @@ class SingleInstanceFixture : public FakeJvmFixture {
     }
 
     /// The number of processes that have loaded a JVM.
-    std::size_t Machines() const { return app.Log().Count("JNI_CreateJavaVM("); }
+    std::size_t JvmCount() const { return app.Log().Count("JNI_CreateJavaVM("); }
 
     NamedEvent mayEnd;
 };

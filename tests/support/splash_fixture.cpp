@@ -17,7 +17,7 @@ std::string SplashFixture::WaitInMain() const {
            mainMayEnd_.utf8Name() + "\n";
 }
 
-void SplashFixture::EndWell(const LaunchedProcess& process) {
+void SplashFixture::EndSuccessfully(const LaunchedProcess& process) {
     LetMainEnd();
     EXPECT_EQ(process.ExitCode(), 0);
 }

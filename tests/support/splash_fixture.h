@@ -29,7 +29,7 @@ class SplashFixture : public FakeJvmFixture {
     void LetMainEnd() { mainMayEnd_.Set(); }
 
     /// Lets `main` return and expects the launch to end with exit code 0.
-    void EndWell(const LaunchedProcess& process);
+    void EndSuccessfully(const LaunchedProcess& process);
 
     /// Waits until the splash is visible; returns null and fails the test when it does not appear.
     HWND WaitForSplash(const LaunchedProcess& process);

@@ -116,7 +116,7 @@ std::optional<MessageBoxContent> WaitForMessageBox(const LaunchedProcess& proces
     return content;
 }
 
-std::wstring TakeErrorBox(const LaunchedProcess& process, HWND owner) {
+std::wstring CloseErrorBox(const LaunchedProcess& process, HWND owner) {
     const auto box = WaitForMessageBox(process);
     if (!box) return {};
     // Windows' default caption, in the user's language.

@@ -47,6 +47,6 @@ std::optional<MessageBoxContent> WaitForMessageBox(const LaunchedProcess& proces
 /// Waits for a message box of the process, closes it with its button and returns its text. It must
 /// be one of the launcher's error boxes: default caption, one button, an icon, and no owner other
 /// than `owner`.
-std::wstring TakeErrorBox(const LaunchedProcess& process, HWND owner = nullptr);
+std::wstring CloseErrorBox(const LaunchedProcess& process, HWND owner = nullptr);
 
 }  // namespace tarn::test
