@@ -1,4 +1,4 @@
-// Resources of an executable, and icon files, which the companion program reads.
+// Resources of an executable, which the companion program reads.
 
 #include <algorithm>
 #include <cstring>
@@ -6,7 +6,6 @@
 
 #include "fuzz/fuzz_input.h"
 #include "tools/common/failure.h"
-#include "tools/image/icon.h"
 #include "tools/image/string_table.h"
 #include "tools/image/version_info.h"
 
@@ -77,31 +76,6 @@ void CheckTexts(const Bytes& content, std::uint16_t id, std::string_view text) {
         Require(StringOf(tree, static_cast<std::uint16_t>(first + i)) == before[i]);
 }
 
-// An icon file is parsed, and its pictures replace those of any icon present.
-void CheckIcon(const Bytes& content, const Bytes& group) {
-    std::vector<IconPicture> pictures;
-    ResourceTree tree;
-    tree[kResourceIconGroup][1][7].content = group;
-    tree[kResourceIcon][1][7].content = Bytes(3);
-    try {
-        pictures = ReadIconFile(content);
-        SetIcon(tree, pictures);
-    } catch (const Failure&) {
-        return;
-    }
-    Require(!pictures.empty());
-    for (const IconPicture& picture : pictures) {
-        Require(picture.width >= 1 && picture.width <= 256 && picture.height >= 1);
-        Require(picture.content.size() <= content.size());
-    }
-    const ResourceNames& icons = tree[kResourceIcon];
-    for (const IconPicture& picture : pictures) {
-        Require(std::any_of(icons.begin(), icons.end(), [&](const auto& icon) {
-            return icon.second.begin()->second.content == picture.content;
-        }));
-    }
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -116,6 +90,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const Bytes rest(content.begin() + static_cast<std::ptrdiff_t>(used), content.end());
     CheckTexts(rest, id, "text of the test");
     CheckTexts(rest, id, "");
-    CheckIcon(content, rest);
     return 0;
 }

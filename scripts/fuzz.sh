@@ -48,6 +48,7 @@ longest_input() {  # name
         argument_area) echo 1200 ;;  # more than the area's size
         embedded_settings | jar_manifest) echo 128 ;;
         executable_image) echo 160 ;;
+        icon) echo 1200 ;;  # all pixels of a small picture
         image_resources) echo 512 ;;
         zip_file) echo 512 ;;  # room for an entry in each of its three places
         *) echo 64 ;;

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "tools/common/byte_io.h"
@@ -21,16 +23,20 @@ struct IconPicture {
 /// The largest icon file in bytes, about ten times that of an uncompressed .ico with all sizes.
 inline constexpr std::uintmax_t kLargestIconFile = 16U << 20U;
 
-/// The images of an .ico or .png file. A .png is resized to 16, 24, 32, 48, 64 and 256 pixels.
+/// The sizes in pixels of the images that are made of a .png file.
+inline constexpr std::array<std::uint32_t, 6> kIconSizes = {16, 24, 32, 48, 64, 256};
+
+/// The images of an .ico or .png file. A .png is resized to `kIconSizes`.
 /// Throws Failure, without the file's name, for any other format and for corrupt files.
 std::vector<IconPicture> ReadIcon(ByteSpan file);
 
 /// The images of an .ico file, which must not overlap.
 std::vector<IconPicture> ReadIconFile(ByteSpan file);
 
-/// The images resized from a PNG file (icon_png.cpp), with transparent borders when it is not
-/// square.
-std::vector<IconPicture> IconOfPng(ByteSpan file);
+/// The images resized from a PNG file to these sizes (icon_png.cpp), with transparent borders when
+/// it is not square.
+std::vector<IconPicture> IconOfPng(ByteSpan file,
+                                   std::span<const std::uint32_t> sizes = kIconSizes);
 
 /// Replaces the images of the first icon group, which is the icon that the shell shows. The old
 /// images are removed unless another group refers to them.

@@ -51,9 +51,8 @@ namespace tarn::tools {
 namespace {
 
 constexpr int kChannels = 4;
-constexpr int kBitmapSizes[] = {16, 24, 32, 48, 64};
 // Windows reads this size as PNG, which is much smaller than a DIB.
-constexpr int kPngSize = 256;
+constexpr std::uint32_t kPngSize = 256;
 constexpr std::uint32_t kBitmapHeaderSize = 40;
 
 // A square image: red, green, blue and alpha of each pixel, from the top.
@@ -152,22 +151,17 @@ Bytes PngOf(const Picture& picture) {
     return content;
 }
 
-IconPicture PictureOf(int size, Bytes content) {
-    IconPicture picture;
-    picture.width = picture.height = static_cast<std::uint32_t>(size);
-    picture.content = std::move(content);
-    return picture;
-}
-
 }  // namespace
 
-std::vector<IconPicture> IconOfPng(ByteSpan file) {
+std::vector<IconPicture> IconOfPng(ByteSpan file, std::span<const std::uint32_t> sizes) {
     const Picture original = DecodeSquare(file);
     std::vector<IconPicture> pictures;
-    for (const int size : kBitmapSizes) {
-        pictures.push_back(PictureOf(size, BitmapOf(Resized(original, size))));
+    for (const std::uint32_t size : sizes) {
+        const Picture resized = Resized(original, static_cast<int>(size));
+        IconPicture& picture = pictures.emplace_back();
+        picture.width = picture.height = size;
+        picture.content = size == kPngSize ? PngOf(resized) : BitmapOf(resized);
     }
-    pictures.push_back(PictureOf(kPngSize, PngOf(Resized(original, kPngSize))));
     return pictures;
 }
 
