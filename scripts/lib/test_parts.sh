@@ -79,47 +79,13 @@ run_googletest() {  # name, seconds, processes, command...
         grep -vE '^\[ +OK |^\[-----|^\[ RUN|^$' || true
 
     local outcome what
-    failed_tests=()
     while read -r outcome what; do
         case $outcome in
             passed) part_passed=$((part_passed + what)) ;;
-            failed) failed_tests+=("$what") ;;
+            failed) count_failure "$name: $what" ;;
         esac
     done < <("$TARN_PYTHON" scripts/lib/read_reports.py "${codes[*]}" "${reports[@]}")
-    [ "${#failed_tests[@]}" -eq 0 ] || [ -z "${TARN_RUN_AGAIN:-}" ] || run_again "$name" "$seconds" "$@"
-    for what in "${failed_tests[@]}"; do
-        count_failure "$name: $what"
-    done
     echo "    $name: $part_passed passed, $part_failed failed ($((SECONDS - started)) s)"
-}
-
-# Runs a few failed tests once more, alone, and says which of them passed only then. Under Wine some
-# launches fail that the launcher has no part in: a JVM that ends with code 1 while its process goes
-# away with the splash still on screen, and a Tab key that is lost while the shell starts another
-# program. Many failures, or a test that did not finish, are not repeated.
-run_again() {  # name, seconds, command...
-    local name=$1 seconds=$2
-    shift 2
-    local filter what outcome code=0 report="build/test-results/$name-again.xml"
-    for what in "${failed_tests[@]}"; do
-        case $what in *' '* | '('*) return ;; esac
-    done
-    [ "${#failed_tests[@]}" -le 5 ] || return 0
-    filter=$(IFS=: && echo "${failed_tests[*]}")
-    echo "    $name: once more: $filter"
-    rm -f "$report"
-    timeout --kill-after=30 "$seconds" "$@" "--gtest_filter=$filter" "--gtest_output=xml:$report" \
-        >"$results/$name-again.log" 2>&1 </dev/null || code=$?
-    failed_tests=()
-    while read -r outcome what; do
-        case $outcome in
-            passed) part_passed=$((part_passed + what)) ;;
-            failed) failed_tests+=("$what") ;;
-        esac
-    done < <("$TARN_PYTHON" scripts/lib/read_reports.py "$code" "$report")
-    echo "    $name: still failing: ${failed_tests[*]:-none}"
-    [ "${#failed_tests[@]}" -eq 0 ] ||
-        grep -hE -B 40 '^\[  FAILED  \] .* \(' "$results/$name-again.log"
 }
 
 # A line every half minute while any of the processes runs.
@@ -167,7 +133,7 @@ part_endtoend() {
         esac
         found=1
         # Mostly waiting: two at a time take half as long.
-        TARN_RUN_AGAIN=1 run_googletest "$(basename "$program" .exe)" 2400 2 \
+        run_googletest "$(basename "$program" .exe)" 2400 2 \
             env TARN_RUNTIMES="$runtimes" scripts/wine_run.sh "$program"
     done
     [ $found -eq 1 ] || count_failure "no end-to-end test program was built"
