@@ -41,6 +41,7 @@ class Reader {
   public:
     explicit Reader(std::span<const std::byte> bytes) : bytes_(bytes) {}
 
+    std::size_t Size() const { return bytes_.size(); }
     unsigned U8() { return Number(1); }
     unsigned U16() { return Number(2); }
     std::uint32_t U32() { return Number(4); }
@@ -66,7 +67,12 @@ class Reader {
 
 class ConstantPool {
   public:
-    explicit ConstantPool(Reader& reader) : entries_(reader.U16()) {
+    explicit ConstantPool(Reader& reader) {
+        constexpr std::size_t kSmallestEntry = 3;  // bytes
+        const std::size_t count = reader.U16();
+        // The entry 0 is not stored. A count that the bytes cannot hold would cost memory.
+        if (count > reader.Size() / kSmallestEntry + 1) Fail();
+        entries_.resize(count);
         for (std::size_t at = 1; at < entries_.size(); ++at) {
             Entry& entry = entries_[at];
             entry.tag = static_cast<Tag>(reader.U8());
