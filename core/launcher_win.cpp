@@ -51,6 +51,7 @@ bool Launcher::Init() {
     if (singleInstance_.isSecondInstance()) return true;
     if (settings_.overrideWorkingDir) UseLauncherFolder();
     if (FindRuntime(settings_.policy, settings_.pairProduct, runtime_)) return true;
+    if (FindFurtherRuntime(settings_.policy, ReadFurtherSources(settings_), runtime_)) return true;
     return ShowJreNotFound();
 }
 

@@ -26,9 +26,8 @@ bool ComesBefore(const RuntimeCandidate& later, const RuntimeCandidate& earlier,
 /// A stable bubble sort: docs/developer/compatibility.md.
 std::vector<const RuntimeCandidate*> Rank(std::span<const RuntimeCandidate> candidates,
                                           const RuntimeSearchPolicy& policy) {
-    std::vector<const RuntimeCandidate*> ranked;
-    ranked.reserve(candidates.size());
-    for (const RuntimeCandidate& candidate : candidates) ranked.push_back(&candidate);
+    std::vector<const RuntimeCandidate*> ranked(candidates.size());
+    for (std::size_t at = 0; at < ranked.size(); ++at) ranked[at] = &candidates[at];
     for (std::size_t pass = 0; pass < ranked.size(); ++pass) {
         for (std::size_t second = 1; second < ranked.size(); ++second) {
             if (ComesBefore(*ranked[second], *ranked[second - 1], policy)) {

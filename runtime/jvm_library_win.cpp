@@ -8,7 +8,8 @@ namespace tarn {
 
 std::wstring SelectJvmLibrary(const std::wstring& home, JvmType type, bool& server) {
     for (const JvmLibraryPlace& place : JvmLibraryPlaces(type)) {
-        std::wstring path = Concat({home, place.path});
+        std::wstring path = home;
+        path += place.path;
         if (FileExists(path)) {
             server = place.server;
             return path;
@@ -24,8 +25,9 @@ void PublishJvmLocation(const std::wstring& jvmLibraryPath) {
 
 std::wstring FindInRuntimeBin(const std::wstring& jvmLibraryPath, std::wstring_view fileName) {
     const std::wstring_view bin = RuntimeBinOf(jvmLibraryPath);
-    const bool ended = bin.ends_with(L'\\') || bin.ends_with(L'/');
-    std::wstring path = Concat({bin, ended ? L"" : L"\\", fileName});
+    std::wstring path(bin);
+    if (!bin.ends_with(L'\\') && !bin.ends_with(L'/')) path += L'\\';
+    path += fileName;
     if (!FileExists(path)) path.clear();
     return path;
 }

@@ -71,7 +71,9 @@ JvmType JvmTypeIn(const RegistryRoot& root, JvmType wanted) {
 }
 
 std::wstring HomeOf(const RegistryRoot& root, std::wstring_view javaHome) {
-    return Concat({EnsureTrailing(javaHome, L'\\'), root.belowHome});
+    std::wstring home = EnsureTrailing(javaHome, L'\\');
+    home += root.belowHome;
+    return home;
 }
 
 std::wstring TextOfValue(std::span<const std::byte> data) {

@@ -17,6 +17,27 @@ std::optional<SubkeyVerdict> RejectVersion(const RuntimeVersion& version,
     return std::nullopt;
 }
 
+std::optional<SubkeyVerdict> RejectEitherForm(RuntimeVersion& version,
+                                              const RuntimeSearchPolicy& policy) {
+    const auto rejected = RejectVersion(version, policy);
+    auto& parts = version.parts;
+    if (!rejected || parts[0] < 5 || parts[0] > 8) return rejected;
+    std::copy_backward(parts.begin(), parts.end() - 1, parts.end());
+    parts[0] = 1;
+    return RejectVersion(version, policy);
+}
+
+void ReportRank(const RuntimeCandidate* own, const CandidateChoice& choice,
+                const RuntimeSearchPolicy& policy, SubkeyReport& report) {
+    report.rank = static_cast<std::size_t>(
+        std::find(choice.ranked.begin(), choice.ranked.end(), own) - choice.ranked.begin());
+    if (own == choice.candidate) {
+        report.verdict = SubkeyVerdict::Chosen;
+    } else {
+        report.reason = ReasonAgainst(*own, choice, policy);
+    }
+}
+
 void ReportChoice(const std::vector<RuntimeCandidate>& candidates, const CandidateChoice& choice,
                   const RuntimeSearchPolicy& policy, SourceReport& report) {
     report.preferred = choice.preferred;
@@ -24,14 +45,7 @@ void ReportChoice(const std::vector<RuntimeCandidate>& candidates, const Candida
     for (RootReport& root : report.roots) {
         for (SubkeyReport& subkey : root.subkeys) {
             if (subkey.verdict != SubkeyVerdict::RankedBelow) continue;
-            const RuntimeCandidate* const own = &*candidate++;
-            subkey.rank = static_cast<std::size_t>(
-                std::find(choice.ranked.begin(), choice.ranked.end(), own) - choice.ranked.begin());
-            if (own == choice.candidate) {
-                subkey.verdict = SubkeyVerdict::Chosen;
-            } else {
-                subkey.reason = ReasonAgainst(*own, choice, policy);
-            }
+            ReportRank(&*candidate++, choice, policy, subkey);
         }
     }
 }

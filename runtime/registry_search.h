@@ -3,14 +3,15 @@
 //
 //     bool OpenRoot(const wchar_t* key)             opens a root and starts at its first subkey
 //     bool NextSubkey(std::wstring& name)           the next subkey's name; false after the last
-//     one HomeValue ReadHome(const std::wstring& name)  the "JavaHome" value of a subkey bool
-//     FindJvm(const std::wstring& home, JvmType type, bool& server)   as SelectJvmLibrary
+//     HomeValue ReadHome(const std::wstring& name)  the "JavaHome" value of a subkey
+//     bool FindJvm(const std::wstring& home, JvmType type, bool& server)   as SelectJvmLibrary
 //
 // No operation is called twice for the same key, and none for a subkey that is already rejected.
 #pragma once
 
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -35,6 +36,15 @@ std::optional<RootVerdict> RejectRoot(const RegistryRoot& root, const RuntimeSea
 /// The maximum is compared first.
 std::optional<SubkeyVerdict> RejectVersion(const RuntimeVersion& version,
                                            const RuntimeSearchPolicy& policy);
+
+/// The same for a version of a further source. A version of Java 5 to 8 that is excluded as
+/// "8.0.392" becomes "1.8.0.392", as JavaSoft writes it, and is examined once more.
+std::optional<SubkeyVerdict> RejectEitherForm(RuntimeVersion& version,
+                                              const RuntimeSearchPolicy& policy);
+
+/// Completes the report of the candidate `own`: sets its rank, and the verdict or the reason.
+void ReportRank(const RuntimeCandidate* own, const CandidateChoice& choice,
+                const RuntimeSearchPolicy& policy, SubkeyReport& report);
 
 /// Completes a report whose subkeys with the verdict `RankedBelow` are the candidates, in the same
 /// order: sets the rank of each, and the verdict or the reason.
@@ -62,31 +72,33 @@ std::optional<SubkeyVerdict> ExamineSubkey(const std::wstring& name, const Regis
 }
 
 /// Searches the roots that the policy admits and returns the runtime to use; empty when there is no
-/// candidate. Appends every root and subkey to `report` unless that is null.
-template <typename Registry>
+/// candidate. Appends every root and subkey to `report`, a `SourceReport*`; with `nullptr` no code
+/// for reports is generated.
+template <typename Registry, typename Report>
 std::optional<RuntimeCandidate> SearchRegistry(const RuntimeSearchPolicy& policy,
-                                               Registry& registry, SourceReport* report) {
+                                               Registry& registry, Report report) {
+    constexpr bool kWithReport = !std::is_null_pointer_v<Report>;
     std::vector<RuntimeCandidate> candidates;
     std::wstring name;
     for (const RegistryRoot& root : RegistryRoots()) {
         std::optional<RootVerdict> verdict = RejectRoot(root, policy);
         if (!verdict && !registry.OpenRoot(root.key)) verdict = RootVerdict::NotOpened;
-        if (report != nullptr) {
+        if constexpr (kWithReport) {
             report->roots.push_back({&root, verdict.value_or(RootVerdict::Searched), {}});
         }
         while (!verdict && registry.NextSubkey(name)) {
-            RuntimeCandidate candidate;
+            RuntimeCandidate& candidate = candidates.emplace_back();
             const auto rejected = ExamineSubkey(name, root, policy, registry, candidate);
-            if (report != nullptr) {
+            if constexpr (kWithReport) {
                 // `ReportChoice` replaces the verdict of the chosen candidate.
                 const SubkeyVerdict soFar = rejected.value_or(SubkeyVerdict::RankedBelow);
                 report->roots.back().subkeys.push_back({name, soFar, candidate});
             }
-            if (!rejected) candidates.push_back(std::move(candidate));
+            if (rejected) candidates.pop_back();
         }
     }
     const CandidateChoice choice = ChooseCandidate(candidates, policy);
-    if (report != nullptr) ReportChoice(candidates, choice, policy, *report);
+    if constexpr (kWithReport) ReportChoice(candidates, choice, policy, *report);
     if (choice.candidate == nullptr) return std::nullopt;
     return *choice.candidate;
 }

@@ -110,6 +110,16 @@ RuntimeVersion Bound(std::wstring_view text, std::int32_t open) {
 
 }  // namespace
 
+std::string_view JavaVersionIn(std::string_view releaseFile) {
+    constexpr std::string_view kKey = "JAVA_VERSION=";
+    for (;;) {
+        const std::string_view line = releaseFile.substr(0, releaseFile.find('\n'));
+        if (line.starts_with(kKey)) return line.substr(kKey.size());
+        if (line.size() == releaseFile.size()) return {};
+        releaseFile.remove_prefix(line.size() + 1);
+    }
+}
+
 RuntimeVersion MinimumBound(std::wstring_view text) {
     return Bound(text, 0);
 }
@@ -119,11 +129,9 @@ RuntimeVersion MaximumBound(std::wstring_view text) {
 }
 
 bool IsBlank(const RuntimeVersion& version) {
-    const auto all = [&](std::int32_t value) {
-        return std::all_of(version.parts.begin(), version.parts.end(),
-                           [value](std::int32_t part) { return part == value; });
-    };
-    return all(0) || all(kOpenPart);
+    const auto& [major, minor, micro, update] = version.parts;
+    return (major == 0 || major == kOpenPart) && minor == major && micro == major &&
+           update == major;
 }
 
 }  // namespace tarn

@@ -25,6 +25,10 @@ struct RuntimeVersion {
 /// docs/developer/compatibility.md.
 bool ParseVersion(std::wstring_view text, std::int32_t fill, RuntimeVersion& version);
 
+/// Returns the value of `JAVA_VERSION` in the text of a runtime's file `release`, as it stands in
+/// its line: usually in quotes. Empty when there is none. The file may contain anything.
+std::string_view JavaVersionIn(std::string_view releaseFile);
+
 /// Returns the version as text: two parts or more, up to the last one that is neither 0 nor 65535;
 /// "0.0.0.0" when there is none.
 std::wstring FormatVersion(const RuntimeVersion& version);

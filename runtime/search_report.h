@@ -6,11 +6,12 @@
 #include <vector>
 
 #include "runtime/choose_candidate.h"
+#include "runtime/further_sources.h"
 #include "runtime/registry_roots.h"
 
 namespace tarn {
 
-/// The result of examining a registry subkey.
+/// The result of examining a registry subkey, or a runtime that a further source names.
 enum class SubkeyVerdict {
     Chosen,
     RankedBelow,   ///< a candidate, but another one was chosen
@@ -19,10 +20,16 @@ enum class SubkeyVerdict {
     NotOpened,     ///< the key cannot be opened
     NoJavaHome,    ///< "JavaHome" is missing or empty
     NoJvmLibrary,  ///< the home has no `jvm.dll` of the wanted type
+    // Of further sources only.
+    NotOnDrive,      ///< the home is no absolute path on a drive
+    KindNotWanted,   ///< "JVM Source" excludes the kind
+    OtherMachine,    ///< this process cannot load the `jvm.dll`
+    UnknownVersion,  ///< a bound is set, and the runtime states no version
 };
 
-/// One examined subkey.
+/// One examined subkey or runtime.
 struct SubkeyReport {
+    /// For a further source: the key, folder or variable that names the runtime.
     std::wstring name;
     SubkeyVerdict verdict = SubkeyVerdict::NotOpened;
     /// Filled until a test failed: the version always, the home when "JavaHome" is present, the
@@ -55,6 +62,7 @@ enum class RuntimeSource {
     Shipped,         ///< with the launcher, or below the current directory
     Registry,        ///< the 64-bit view of the registry
     PairedRegistry,  ///< the 32-bit view of the registry, for the paired launcher
+    Further,         ///< one of "Further Sources"
 };
 
 /// The result of a source.
@@ -63,7 +71,7 @@ enum class SourceVerdict {
     NotConfigured,   ///< "JRE Path" is empty
     NoModuleFolder,  ///< the launcher's folder is unknown
     NoJvmLibrary,    ///< the home has no `jvm.dll` of the wanted type
-    NoCandidate,     ///< no registered runtime is a candidate
+    NoCandidate,     ///< no runtime of the registry or of the further source is a candidate
     NoPairProduct,   ///< there is no launcher for a 32-bit runtime
 };
 
@@ -75,7 +83,11 @@ struct SourceReport {
     std::wstring home = {};
     /// For the registry: all roots in the order of the search.
     std::vector<RootReport> roots = {};
-    /// For the registry: index of the preferred version that selected the candidate, if any.
+    /// For a further source: which one it is, and the runtimes in the order of their discovery.
+    FurtherSource further = FurtherSource::Vendors;
+    std::vector<SubkeyReport> candidates = {};
+    /// For the registry and further sources: index of the preferred version that selected the
+    /// candidate, if any.
     std::optional<std::size_t> preferred = {};
 };
 

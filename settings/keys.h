@@ -31,6 +31,7 @@ inline constexpr wchar_t kJrePath[] = L"JRE Path";
 inline constexpr wchar_t kJvmType[] = L"JVM Type";
 inline constexpr wchar_t kJvmSource[] = L"JVM Source";
 inline constexpr wchar_t kVmProvider[] = L"VM Provider";
+inline constexpr wchar_t kFurtherSources[] = L"Further Sources";
 inline constexpr wchar_t kMainClass[] = L"Main Class";
 inline constexpr wchar_t kSystemPath[] = L"System Path";
 inline constexpr wchar_t kLibraryPath[] = L"Library Path";

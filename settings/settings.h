@@ -1,8 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "runtime/search_policy.h"
+#include "settings/layered_settings.h"
 
 namespace tarn {
 
@@ -29,12 +31,19 @@ struct Settings {
     std::wstring systemPath;
     std::wstring libraryPath;
     RuntimeSearchPolicy policy;
+    /// The reader of the settings, for a key that only a launch without a runtime needs. Set by
+    /// `ReadSettings`.
+    std::optional<LayeredSettings> reader;
 };
 
 /// Reads the settings of the launcher's executable into `settings`. Returns false when the path of
 /// the settings file cannot be derived or "Main Class" is empty. The failure has then been
 /// reported, unless the cause is an executable path without a '.'.
 bool ReadSettings(const ErrorReporter& errors, Settings& settings);
+
+/// Returns the value of "Further Sources". It is read after all other sources of a runtime have
+/// failed: in a file with a "+" section reading it costs a profile call.
+std::wstring ReadFurtherSources(const Settings& settings);
 
 /// Returns whether "JRE Path" is read from the per-user settings file, and stores that file's path
 /// in `perUser`: the file exists and the application is not a service. Product name, product code

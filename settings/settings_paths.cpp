@@ -8,7 +8,9 @@ namespace tarn {
 std::optional<std::wstring> SettingsPathOf(std::wstring_view programPath) {
     const std::size_t dot = programPath.rfind(L'.');
     if (dot == std::wstring_view::npos) return std::nullopt;
-    return Concat({programPath.substr(0, dot + 1), L"ini"});
+    std::wstring path(programPath.substr(0, dot + 1));
+    path += L"ini";
+    return path;
 }
 
 PerUserPath PerUserPathOf(std::wstring_view appData, std::wstring_view productName,
@@ -16,14 +18,19 @@ PerUserPath PerUserPathOf(std::wstring_view appData, std::wstring_view productNa
     constexpr std::wstring_view kForbidden = L"\\?\"|><:/*";
     const std::wstring_view fileName = programPath.substr(FolderOf(programPath).size());
     PerUserPath path;
-    path.file = Concat({appData, L"\\"});
+    std::wstring& file = path.file;
+    file += appData;
+    file += L'\\';
     for (const wchar_t c : productName) {
-        if (kForbidden.find(c) == std::wstring_view::npos) path.file += c;
+        if (kForbidden.find(c) == std::wstring_view::npos) file += c;
     }
-    path.productFolderLength = path.file.size();
-    path.file = Concat({path.file, L"\\", productCode});
-    path.codeFolderLength = path.file.size();
-    path.file = Concat({path.file, L"\\", CutAtLast(fileName, L'.'), L".ini"});
+    path.productFolderLength = file.size();
+    file += L'\\';
+    file += productCode;
+    path.codeFolderLength = file.size();
+    file += L'\\';
+    file += CutAtLast(fileName, L'.');
+    file += L".ini";
     return path;
 }
 

@@ -38,12 +38,15 @@ bool ReadSettings(const ErrorReporter& errors, Settings& settings) {
     }
     const std::optional<std::wstring> mainPath = SettingsPathOf(*programPath);
     if (!mainPath) return false;
-    const LayeredSettings layered(*mainPath);
-    const auto application = [&](const wchar_t* key) {
-        return layered.GetValue(keys::kApplication, key);
+    const LayeredSettings& layered = settings.reader.emplace(*mainPath);
+    // One text for all values: each further one would take some 20 bytes to be destroyed.
+    std::wstring value;
+    const auto read = [&](const wchar_t* section, const wchar_t* key) -> const std::wstring& {
+        const std::wstring result = layered.GetValue(section, key);
+        return value = result;
     };
-    const auto java = [&](const wchar_t* key) {
-        return layered.GetValue(keys::kJavaRuntimeEnvironment, key);
+    const auto java = [&](const wchar_t* key) -> const std::wstring& {
+        return read(keys::kJavaRuntimeEnvironment, key);
     };
     RuntimeSearchPolicy& policy = settings.policy;
 
@@ -51,9 +54,9 @@ bool ReadSettings(const ErrorReporter& errors, Settings& settings) {
     settings.productName = layered.GetFileValue(keys::kProductInformation, keys::kProductName);
     policy.minimum = MinimumBound(java(keys::kMinimumVersion));
     policy.maximum = MaximumBound(java(keys::kMaximumVersion));
-    settings.serviceMode = application(keys::kApplicationType) == L"service";
+    settings.serviceMode = read(keys::kApplication, keys::kApplicationType) == L"service";
     if (settings.serviceMode) {
-        settings.omitServiceName = !application(keys::kOmitServiceName).empty();
+        settings.omitServiceName = !read(keys::kApplication, keys::kOmitServiceName).empty();
     }
     policy.preferredVersions = Split(java(keys::kPreferredVersions), L';');
     policy.jrePath = ReadJrePath(layered, settings, *programPath);
@@ -61,21 +64,25 @@ bool ReadSettings(const ErrorReporter& errors, Settings& settings) {
     ApplyJvmSource(java(keys::kJvmSource), policy);
     ApplyVmProvider(java(keys::kVmProvider), policy);
 
-    const std::wstring mainClass = java(keys::kMainClass);
+    const std::wstring& mainClass = java(keys::kMainClass);
     if (mainClass.empty()) {
         errors.ShowErrorMessage(IDS_NO_MAIN_CLASS);
         return false;
     }
     settings.mainClass = ReplaceAll(mainClass, L'.', L'/');
 
-    settings.failureCheck = IsYes(application(keys::kFailureCheck));
-    settings.overrideWorkingDir = IsYes(application(keys::kOverrideWorkingDir));
+    settings.failureCheck = IsYes(read(keys::kApplication, keys::kFailureCheck));
+    settings.overrideWorkingDir = IsYes(read(keys::kApplication, keys::kOverrideWorkingDir));
     settings.systemPath = java(keys::kSystemPath);
     settings.libraryPath = java(keys::kLibraryPath);
-    settings.pairProduct = application(keys::kPairProduct);
+    settings.pairProduct = read(keys::kApplication, keys::kPairProduct);
     settings.pairReturnCode =
-        !settings.pairProduct.empty() && IsYes(application(keys::kPairReturnCode));
+        !settings.pairProduct.empty() && IsYes(read(keys::kApplication, keys::kPairReturnCode));
     return true;
+}
+
+std::wstring ReadFurtherSources(const Settings& settings) {
+    return settings.reader->GetValue(keys::kJavaRuntimeEnvironment, keys::kFurtherSources);
 }
 
 }  // namespace tarn

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 
 #include "base/text.h"
@@ -65,6 +66,23 @@ void CheckKeyword(const KnownKey& key, const DocumentEntry& entry, Findings& fin
     findings.Warning("word", entry.line, std::move(message), std::move(advice));
 }
 
+void CheckKeywordList(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
+    const std::vector<std::wstring> words(key.keywords.begin(), key.keywords.end());
+    for (const std::wstring& piece : Split(entry.value, L';')) {
+        const std::wstring_view written = TrimWhiteSpace(piece);
+        const bool isKnown = std::any_of(words.begin(), words.end(), [&](const auto& word) {
+            return EqualsIgnoringCase(word, written);
+        });
+        if (isKnown || written.empty()) continue;
+        const std::wstring closest = ClosestWord(written, words);
+        findings.Warning("word", entry.line,
+                         '"' + Utf8Of(key.key) + "\" does not accept " + Quoted(written) +
+                             ": the word is ignored",
+                         closest.empty() ? "write " + DescribeForm(key) + ", or remove the word"
+                                         : "did you mean " + Utf8Of(closest) + "?");
+    }
+}
+
 void CheckEntry(const KnownKey& key, const DocumentEntry& entry, Findings& findings) {
     if (entry.value.empty()) return;
     switch (key.form) {
@@ -76,6 +94,9 @@ void CheckEntry(const KnownKey& key, const DocumentEntry& entry, Findings& findi
         case SettingForm::Keyword:
         case SettingForm::KeywordAnyCase:
             CheckKeyword(key, entry, findings);
+            return;
+        case SettingForm::Keywords:
+            CheckKeywordList(key, entry, findings);
             return;
         default:
             return;

@@ -76,6 +76,8 @@ struct SourceLine {
     /// The preferred version that decided, if any.
     std::optional<std::string> preferred;
     std::vector<RootLine> roots;
+    /// For a further source: its runtimes, named by their key, folder or variable.
+    std::vector<SubkeyLine> candidates = {};
 };
 
 struct RuntimeReport {

@@ -86,11 +86,9 @@ static Json ToJson(const RootLine& root) {
 }
 
 static Json ToJson(const SourceLine& source) {
-    return {{"source", source.source},
-            {"verdict", source.verdict},
-            {"home", source.home},
-            {"preferredVersion", OrNull(source.preferred)},
-            {"roots", Array(source.roots)}};
+    return {{"source", source.source},      {"verdict", source.verdict},
+            {"home", source.home},          {"preferredVersion", OrNull(source.preferred)},
+            {"roots", Array(source.roots)}, {"candidates", Array(source.candidates)}};
 }
 
 static Json ToJson(const RuntimeReport& runtime) {

@@ -109,6 +109,7 @@ void PrintSource(const SourceLine& source, TextPage& page) {
         page.Line(root.key + ": " + std::string(SentenceFor(root.verdict)), 2);
         for (const SubkeyLine& subkey : root.subkeys) PrintSubkey(subkey, page);
     }
+    for (const SubkeyLine& candidate : source.candidates) PrintSubkey(candidate, page);
 }
 
 void PrintRuntime(const RuntimeReport& runtime, TextPage& page) {

@@ -56,19 +56,29 @@ std::string LibraryVersion(const std::wstring& jvmLibraryPath) {
     }
 }
 
+// Whether the source states the version of a runtime in the registry.
+bool IsRegistered(const SourceReport& source) {
+    if (source.source == RuntimeSource::Further) {
+        return source.further == FurtherSource::Vendors || source.further == FurtherSource::User;
+    }
+    return source.source == RuntimeSource::Registry ||
+           source.source == RuntimeSource::PairedRegistry;
+}
+
 }  // namespace
 
 RuntimeReport ReportRuntime(const Settings& settings, RuntimeChoice& choice) {
     RuntimeReport report;
     SearchReport search;
-    report.isFound = FindRuntime(settings.policy, settings.pairProduct, choice, search);
+    report.isFound =
+        FindRuntime(settings.policy, settings.pairProduct, choice, search) ||
+        FindFurtherRuntime(settings.policy, ReadFurtherSources(settings), choice, search);
     report.sources = DescribeSearch(search, settings.policy.preferredVersions);
     if (!report.isFound) return report;
 
     report.home = Utf8Of(choice.runtimeHome);
     report.jvmLibrary = Utf8Of(choice.jvmLibraryPath);
-    const RuntimeSource source = search.sources.back().source;
-    if (source == RuntimeSource::Registry || source == RuntimeSource::PairedRegistry) {
+    if (IsRegistered(search.sources.back())) {
         report.registeredVersion = Utf8Of(FormatVersion(choice.version));
     }
     report.releaseVersion = ReleaseVersion(choice.jvmLibraryPath);

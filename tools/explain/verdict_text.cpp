@@ -15,6 +15,24 @@ const char* WordFor(RuntimeSource source) {
             return "registry";
         case RuntimeSource::PairedRegistry:
             return "registry-32bit";
+        case RuntimeSource::Further:
+            return "further";
+    }
+    return "";
+}
+
+const char* WordFor(FurtherSource source) {
+    switch (source) {
+        case FurtherSource::Vendors:
+            return "further-vendors";
+        case FurtherSource::User:
+            return "further-user";
+        case FurtherSource::JavaHome:
+            return "further-java-home";
+        case FurtherSource::Path:
+            return "further-path";
+        case FurtherSource::Folders:
+            return "further-folders";
     }
     return "";
 }
@@ -67,6 +85,14 @@ const char* WordFor(SubkeyVerdict verdict) {
             return "no-java-home";
         case SubkeyVerdict::NoJvmLibrary:
             return "no-jvm-library";
+        case SubkeyVerdict::NotOnDrive:
+            return "not-on-drive";
+        case SubkeyVerdict::KindNotWanted:
+            return "kind-excluded";
+        case SubkeyVerdict::OtherMachine:
+            return "other-machine";
+        case SubkeyVerdict::UnknownVersion:
+            return "unknown-version";
     }
     return "";
 }
@@ -97,6 +123,11 @@ constexpr Sentence kSentences[] = {
     {"shipped", "Runtime shipped with the program"},
     {"registry", "Registry"},
     {"registry-32bit", "Registry as 32-bit programs see it"},
+    {"further-vendors", "Further sources: the makers' keys of the machine (vendors)"},
+    {"further-user", "Further sources: the makers' keys of the user (user)"},
+    {"further-java-home", "Further sources: the variable JAVA_HOME (java_home)"},
+    {"further-path", "Further sources: the first java.exe in Path (path)"},
+    {"further-folders", "Further sources: the makers' folders (folders)"},
     {"taken", "taken"},
     {"not-configured", "not set"},
     {"no-launcher-folder", "the program's own folder is unknown"},
@@ -111,6 +142,10 @@ constexpr Sentence kSentences[] = {
     {"ranked-below", "qualifies, but another one is preferred"},
     {"above-maximum", "newer than \"Maximum Version\""},
     {"below-minimum", "older than \"Minimum Version\""},
+    {"not-on-drive", "not an absolute path on a drive"},
+    {"kind-excluded", "excluded by \"JVM Source\""},
+    {"other-machine", "its jvm.dll is for another processor or damaged"},
+    {"unknown-version", "its version is unknown, and a bound is set"},
     {"no-java-home", "\"JavaHome\" is missing or empty"},
     {"preferred-version", "the other has a preferred version"},
     {"favored", "the other is of the favoured kind and provider"},
@@ -143,7 +178,8 @@ std::vector<SourceLine> DescribeSearch(const SearchReport& search,
     std::vector<SourceLine> lines;
     for (const SourceReport& source : search.sources) {
         SourceLine line;
-        line.source = WordFor(source.source);
+        const bool isFurther = source.source == RuntimeSource::Further;
+        line.source = isFurther ? WordFor(source.further) : WordFor(source.source);
         line.verdict = WordFor(source.verdict);
         line.home = Utf8Of(source.home);
         if (source.preferred) line.preferred = Utf8Of(preferredVersions.at(*source.preferred));
@@ -154,6 +190,9 @@ std::vector<SourceLine> DescribeSearch(const SearchReport& search,
             for (const SubkeyReport& subkey : root.subkeys) {
                 rootLine.subkeys.push_back(Describe(subkey));
             }
+        }
+        for (const SubkeyReport& candidate : source.candidates) {
+            line.candidates.push_back(Describe(candidate));
         }
         lines.push_back(std::move(line));
     }

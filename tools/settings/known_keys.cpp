@@ -18,6 +18,9 @@ constexpr std::wstring_view kSources[] = {L"favor_JRE", L"favor_JDK", L"only_JRE
 constexpr std::wstring_view kProviders[] = {L"jrockit",       L"ibm",       L"favor_sun",
                                             L"favor_jrockit", L"favor_ibm", L"any"};
 
+constexpr std::wstring_view kFurtherSources[] = {L"vendors", L"user", L"java_home", L"path",
+                                                 L"folders"};
+
 constexpr auto* kRuntime = keys::kJavaRuntimeEnvironment;
 
 constexpr KnownKey kKeys[] = {
@@ -44,6 +47,7 @@ constexpr KnownKey kKeys[] = {
     {kRuntime, keys::kJvmType, Keyword, Layered, kJvmTypes},
     {kRuntime, keys::kJvmSource, Keyword, Layered, kSources},
     {kRuntime, keys::kVmProvider, KeywordAnyCase, Layered, kProviders},
+    {kRuntime, keys::kFurtherSources, Keywords, Layered, kFurtherSources},
     {kRuntime, keys::kSystemPath, Folders, Layered, {}},
     {kRuntime, keys::kLibraryPath, Folders, Layered, {}},
     {kRuntime, keys::kVirtualMachineParameters, JvmOptions, Layered, {}},
@@ -121,6 +125,8 @@ std::string DescribeForm(const KnownKey& key) {
             return "one of " + JoinKeywords(key.keywords) + " (case-sensitive)";
         case KeywordAnyCase:
             return "one of " + JoinKeywords(key.keywords) + " (case-insensitive)";
+        case Keywords:
+            return "some of " + JoinKeywords(key.keywords) + ", separated by ; (case-insensitive)";
         case Version:
             return "version or any";
         case Versions:
@@ -142,8 +148,8 @@ std::string DescribeForm(const KnownKey& key) {
 }
 
 bool AllowsLeadingSpace(SettingForm form) {
-    return form == Versions || form == ClassPath || form == JvmOptions || form == Arguments ||
-           form == Text;
+    return form == Keywords || form == Versions || form == ClassPath || form == JvmOptions ||
+           form == Arguments || form == Text;
 }
 
 }  // namespace tarn::tools

@@ -19,6 +19,7 @@ enum class SettingForm {
     ExactlyTrue,     ///< a flag: on for "true" only
     Keyword,         ///< one of the keywords, case-sensitive
     KeywordAnyCase,  ///< one of the keywords, case-insensitive
+    Keywords,        ///< some of the keywords, separated by ";", case-insensitive
     Version,         ///< a version or "any"
     Versions,        ///< versions separated by ";"
     Path,            ///< nothing is expanded

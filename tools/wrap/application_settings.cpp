@@ -73,6 +73,13 @@ void AddRuntime(const WrapRequest& request, const JavaStart& start, SettingsWrit
                  "A runtime in\nthe folder jre64 beside the executable takes precedence.");
     settings.Add(section, keys::kMaximumVersion,
                  request.maximumVersion.empty() ? "any" : request.maximumVersion);
+    if (request.runtime.empty()) {
+        settings.Add(
+            section, keys::kFurtherSources, "vendors;user;java_home;path;folders",
+            "Where a runtime is searched that is not registered as JavaSoft's are: the "
+            "makers' registry keys\nfor the machine and for the user, JAVA_HOME, Path, and "
+            "the makers' folders.");
+    }
     if (request.endsWith == EndsWith::Exit) {
         settings.Add(section, keys::kVmProvider, "any",
                      "The process runs until it calls System.exit, not only until main returns.");
