@@ -292,7 +292,7 @@ class MakerFolders : public FurtherSources {
             if (attributes == INVALID_FILE_ATTRIBUTES || end == std::wstring::npos) break;
         }
         made_.push_back(topmost);
-        MakeFolders(home + L"\\bin\\server");
+        CreateFolders(home + L"\\bin\\server");
         app.AddRuntime(L"template");
         WriteFileBytes(library, ReadFileBytes(app.Path(L"template\\bin\\server\\jvm.dll")));
         WriteFileBytes(home + L"\\release",
