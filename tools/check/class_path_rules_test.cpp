@@ -16,7 +16,7 @@ using testing::IsEmpty;
 // The first bytes of a class file for Java 17.
 constexpr std::string_view kClassFile("\xCA\xFE\xBA\xBE\0\0\0\x3D", 8);
 
-/// An application in a folder of its own, gone with the object.
+/// An application in its own folder, which the destructor removes.
 class ClassPathRules : public testing::Test {
   protected:
     ClassPathRules() {
@@ -112,7 +112,7 @@ TEST_F(ClassPathRules, SearchesTheExecutable) {
     Bytes content = ZipOf().Add("com/example/Main.class", kClassFile).Content();
     content.insert(content.begin(), 1000, std::byte{'M'});
     const std::wstring embedded = L"[Application]\nEmbedded Jar=Yes";
-    EXPECT_THAT(Ids(Settings(L"", embedded)), IsEmpty());  // nothing to look into yet
+    EXPECT_THAT(Ids(Settings(L"", embedded)), IsEmpty());  // no executable to search yet
     PutJar("sample.exe", content);
     EXPECT_THAT(Ids(Settings(L"", embedded)), IsEmpty());
     PutJar("sample.exe", Bytes(100));

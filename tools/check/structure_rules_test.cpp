@@ -28,7 +28,7 @@ TEST(StructureRulesTest, SuggestsTheIntendedKey) {
                 ElementsAre("3 warning unknown-key"));
     EXPECT_EQ(AdviceOf(CheckStructure, L"[Application]\nFailure Chek=Yes"),
               "did you mean \"Failure Check\"?");
-    // The correct spelling of a key that is misspelt for good.
+    // The correct spelling of a key that is misspelt permanently.
     EXPECT_EQ(AdviceOf(CheckStructure, L"[Display]\nPrefer Native Splash Screen=Yes"),
               "did you mean \"Preffer Native Splash Screen\"?");
     EXPECT_EQ(AdviceOf(CheckStructure, L"[Application]\nJVM Typ=server"),

@@ -21,7 +21,7 @@ TEST(VersionRulesTest, AcceptsBoundsThatAdmitARuntime) {
 TEST(VersionRulesTest, RejectsAMinimumAboveTheMaximum) {
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=17\nMaximum Version=11")),
                 ElementsAre("3 error no-version-fits"));
-    // 8 is above 1.8 for everybody who compares numbers.
+    // As a number, 8 is above 1.8.
     EXPECT_THAT(Check(CheckVersions, Java(L"Minimum Version=8\nMaximum Version=1.8")),
                 ElementsAre("2 warning old-numbering", "3 error no-version-fits"));
 }

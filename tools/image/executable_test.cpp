@@ -184,7 +184,7 @@ TEST(ImageChecksumTest, TreatsTheFieldAsZeroAndAddsTheLength) {
     const Bytes content = {std::byte{1}, std::byte{2}, std::byte{9}, std::byte{9},
                            std::byte{9}, std::byte{9}, std::byte{3}};
     EXPECT_EQ(ImageChecksum(content, 2), 0x0201U + 0x0003U + 7U);
-    // What runs over sixteen bits comes back in below.
+    // The carry out of 16 bits is added again.
     EXPECT_EQ(ImageChecksum(Bytes(8, std::byte{0xFF}), 6), 0xFFFFU + 8U);
 }
 

@@ -94,7 +94,7 @@ TEST(Icon, KeepsColorsAndAlphaAndCentresTheImage) {
     EXPECT_EQ(pixel(14, 1) & 0xFFFFFFU, 0x0000FFU);
     EXPECT_NEAR(pixel(14, 1) >> 24, 0x80U, 1U);
     EXPECT_EQ(pixel(1, 14) >> 24, 0U);
-    // The bits for those who know no opacity: set where nothing is.
+    // The 1-bit mask for readers without alpha: set where a pixel is transparent.
     const std::size_t bits = 40 + 16 * 16 * 4;
     EXPECT_EQ(bitmap.U8(bits), 0xFF) << "the lowest row";
     EXPECT_EQ(bitmap.U8(bits + 15 * 4), 0) << "the highest";
