@@ -37,6 +37,9 @@ public final class TarnPlugin implements Plugin<Project> {
     private static void setDefaults(Project project, WrapOptions options) {
         options.getName().convention(project.getName());
         options.getVersion().convention(project.provider(() -> project.getVersion().toString()));
+        options.getDescription().convention(project.provider(project::getDescription));
+        options.getAdmin().convention(false);
+        options.getUtf8().convention(false);
         options.getIncludeDependencies().convention(true);
         options.getNoSplash().convention(false);
         options.getSingleInstance().convention(false);

@@ -76,7 +76,7 @@ public abstract class TarnWrap extends DefaultTask {
         // Only what this task made is there.
         getFiles().delete(spec -> spec.delete(getDestination()));
         CompanionRun run = Companion.unpackBelow(PluginCache.ofUser())
-            .run(request.arguments(), getTemporaryDir().toPath());
+            .run(request.writeTo(getTemporaryDir().toPath().resolve("options.toml")), getTemporaryDir().toPath());
         for (String warning : run.warnings("", "")) getLogger().warn("warning: {}", warning);
         if (run.exitCode() != 0) {
             throw new GradleException(run.failure("", "") + " in the block tarn { } of the build script");
@@ -99,7 +99,10 @@ public abstract class TarnWrap extends DefaultTask {
             .singleInstance(options.getSingleInstance().get()).endsWith(options.getEndsWith().getOrNull())
             .startAs(options.getStartAs().getOrNull())
             .singleFile(options.getSingleFile().get()).keepWorkingDir(options.getKeepWorkingDir().get())
-            .set(options.getSet().get()).allow(options.getAllow().get()).launcher(pathOf(options.getLauncher()));
+            .set(options.getSet().get()).allow(options.getAllow().get()).setString(options.getSetString().get())
+            .description(options.getDescription().getOrNull()).copyright(options.getCopyright().getOrNull())
+            .manifest(pathOf(options.getManifest())).admin(options.getAdmin().get()).utf8(options.getUtf8().get())
+            .launcher(pathOf(options.getLauncher()));
     }
 
     private Path runtimeFor(Path jar, Collection<Path> libraries) throws IOException {

@@ -86,6 +86,16 @@ public interface WrapOptions {
     @Optional
     Property<String> getVendor();
 
+    /** The description, which the task manager shows; by default the project's, else the title. */
+    @Input
+    @Optional
+    Property<String> getDescription();
+
+    /** The copyright notice; by default the vendor. */
+    @Input
+    @Optional
+    Property<String> getCopyright();
+
     /** The oldest Java version, or "any"; by default the one that the classes need. */
     @Input
     @Optional
@@ -134,6 +144,24 @@ public interface WrapOptions {
     /** The ids of findings of {@code tarn check} that are accepted. Any other finding fails the task. */
     @Input
     ListProperty<String> getAllow();
+
+    /** Other texts for the launcher's messages: {@code ID=TEXT}. */
+    @Input
+    ListProperty<String> getSetString();
+
+    /** A Windows manifest instead of the launcher's. */
+    @InputFile
+    @Optional
+    @PathSensitive(PathSensitivity.NONE)
+    RegularFileProperty getManifest();
+
+    /** Lets Windows start the application as administrator only. */
+    @Input
+    Property<Boolean> getAdmin();
+
+    /** Makes UTF-8 the code page of the process, from Windows 10 version 1903 on. */
+    @Input
+    Property<Boolean> getUtf8();
 
     /** Another launcher than the one that the plugin carries. */
     @InputFile

@@ -100,6 +100,14 @@ public final class WrapMojo extends AbstractTarnMojo {
     @Parameter(property = "tarn.vendor", defaultValue = "${project.organization.name}")
     private String vendor;
 
+    /** The description, which the task manager shows. The default is the title. */
+    @Parameter(property = "tarn.description", defaultValue = "${project.description}")
+    private String description;
+
+    /** The copyright notice. The default is made of {@code inceptionYear} and the vendor. */
+    @Parameter(property = "tarn.copyright")
+    private String copyright;
+
     /** The oldest Java version, or "any". The default is the one that the classes need. */
     @Parameter(property = "tarn.minVersion")
     private String minVersion;
@@ -144,6 +152,22 @@ public final class WrapMojo extends AbstractTarnMojo {
     @Parameter
     private List<String> allow;
 
+    /** Other texts for the launcher's messages: {@code <text>ID=TEXT</text>}. */
+    @Parameter
+    private List<String> setString;
+
+    /** A Windows manifest instead of the launcher's. */
+    @Parameter(property = "tarn.manifest")
+    private File manifest;
+
+    /** Lets Windows start the application as administrator only. */
+    @Parameter(property = "tarn.admin", defaultValue = "false")
+    private boolean admin;
+
+    /** Makes UTF-8 the code page of the process, from Windows 10 version 1903 on. */
+    @Parameter(property = "tarn.utf8", defaultValue = "false")
+    private boolean utf8;
+
     /** Another launcher than the one that the plugin carries. */
     @Parameter(property = "tarn.launcher")
     private File launcher;
@@ -174,7 +198,7 @@ public final class WrapMojo extends AbstractTarnMojo {
         WrapRequest request = request(application, libraries, folder);
         Jlink linked = jlink == null ? null : jlink.completed(session, application, libraries);
         Fingerprint fingerprint = new Fingerprint(outputDirectory.toPath().resolve(executableName() + ".inputs"), folder);
-        fingerprint.addText(request.arguments());
+        fingerprint.addText(List.of(request.options()));
         fingerprint.addFiles(request.inputs());
         fingerprint.addFiles(List.of(companion.program(), companion.program().resolveSibling("launcher.exe")));
         if (linked != null) linked.describeTo(fingerprint);
@@ -199,13 +223,27 @@ public final class WrapMojo extends AbstractTarnMojo {
         return new WrapRequest(application, folder).name(executableName()).mainClass(mainClass).icon(pathOf(icon))
             .splash(pathOf(splash)).noSplash(noSplash).runtime(pathOf(runtime)).classPath(libraries)
             .classPath(pathsOf(classPath)).add(pathsOf(add)).version(version).title(title).vendor(vendor)
+            .description(oneLine(description)).copyright(copyrightNotice())
             .minVersion(minVersion).maxVersion(maxVersion).vmParameters(vmParameters).arguments(arguments)
             .singleInstance(singleInstance).endsWith(endsWith).startAs(startAs).singleFile(singleFile).keepWorkingDir(keepWorkingDir)
-            .set(set).allow(allow).launcher(pathOf(launcher));
+            .set(set).allow(allow).setString(setString).manifest(pathOf(manifest)).admin(admin).utf8(utf8)
+            .launcher(pathOf(launcher));
+    }
+
+    private String copyrightNotice() {
+        boolean isSet = copyright != null && !copyright.isEmpty();
+        if (isSet || project.getInceptionYear() == null || vendor == null) return copyright;
+        return "Copyright (C) " + project.getInceptionYear() + " " + vendor;
+    }
+
+    // Descriptions in POMs are often broken into lines.
+    private static String oneLine(String text) {
+        return text == null ? null : text.strip().replaceAll("\\s+", " ");
     }
 
     private void run(Companion companion, WrapRequest request) throws IOException, MojoFailureException {
-        CompanionRun run = companion.run(request.arguments(), project.getBasedir().toPath());
+        CompanionRun run = companion.run(
+            request.writeTo(outputDirectory.toPath().resolve(executableName() + ".toml")), project.getBasedir().toPath());
         for (String warning : run.warnings("<", ">")) getLog().warn(warning);
         if (run.exitCode() != 0) {
             throw new MojoFailureException(run.failure("<", ">") + Messages.WHERE_TO_CONFIGURE);

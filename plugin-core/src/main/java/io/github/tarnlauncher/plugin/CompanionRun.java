@@ -17,7 +17,8 @@ public final class CompanionRun {
     // Those of WrapRequest. Other options in messages are the JVM's.
     static final Set<String> PARAMETERS = Set.of("name", "icon", "splash", "noSplash", "runtime", "classPath", "add",
         "mainClass", "version", "title", "vendor", "minVersion", "maxVersion", "vmParameters", "arguments",
-        "singleInstance", "endsWith", "startAs", "singleFile", "keepWorkingDir", "set", "allow", "launcher");
+        "singleInstance", "endsWith", "startAs", "singleFile", "keepWorkingDir", "set", "allow", "setString", "description",
+        "copyright", "manifest", "admin", "utf8", "launcher");
 
     private final int exitCode;
     private final String output;

@@ -1,35 +1,77 @@
 package io.github.tarnlauncher.plugin;
 
 import static org.junit.jupiter.api.Assertions.assertEquals;
+import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import java.io.IOException;
 import java.lang.reflect.Method;
 import java.nio.file.Path;
 import java.nio.file.Paths;
 import java.util.Arrays;
 import java.util.List;
+import java.util.Locale;
 import java.util.Set;
+import java.util.regex.Pattern;
 import java.util.stream.Collectors;
 import org.junit.jupiter.api.Test;
+import org.junit.jupiter.api.io.TempDir;
 
 class WrapRequestTest {
+    // What a plugin decides by itself.
+    private static final Set<String> NOT_FOR_BUILDS = Set.of("help", "out", "replace", "config");
+
+    @TempDir
+    Path folder;
+
     private final WrapRequest request = new WrapRequest(Paths.get("a b.jar"), Paths.get("out"));
 
     @Test
     void leavesOutWhatIsNotSet() {
         request.name(null).title("").icon(null).classPath(null).vmParameters(null).set(null).allow(null).singleFile(false);
-        assertEquals(List.of("wrap", "a b.jar", "--out=out", "--replace"), request.arguments());
-    }
-
-    @Test
-    void aValueThatLooksLikeAnOptionStaysAValue() {
-        assertEquals("--vm-parameters=-Xmx1g -ea",
-            request.vmParameters(List.of("-Xmx1g", "-ea")).arguments().get(4));
+        assertEquals("jar = 'a b.jar'\nout = 'out'\nreplace = true\n", request.options());
     }
 
     @Test
     void repeatsAnOptionForEachValueInOrder() {
         request.set(List.of("A/B=1", "C/D=2"));
-        assertEquals(List.of("--set=A/B=1", "--set=C/D=2"), request.arguments().subList(4, 6));
+        assertTrue(request.options().contains("set = 'A/B=1'\nset = 'C/D=2'\n"), request.options());
+    }
+
+    @Test
+    void quotesWhatTheFileCanHold() throws IOException {
+        request.title("it's").vmParameters(List.of("-Da=\"b c\"")).arguments("c:\\x");
+        assertTrue(request.options().contains("title = \"it's\"\n"), request.options());
+        assertTrue(request.options().contains("vm-parameters = '-Da=\"b c\"'\n"), request.options());
+        assertTrue(request.options().contains("arguments = 'c:\\x'\n"), request.options());
+        assertEquals(2, request.writeTo(folder.resolve("options")).size());
+    }
+
+    @Test
+    void anOptionThatTheFileCannotHoldIsAnArgumentWithAllItsValues() throws IOException {
+        request.set(List.of("A/B=1", "A/C='\""));
+        assertEquals(List.of("--set=A/B=1", "--set=A/C='\""), request.writeTo(folder.resolve("options")).subList(2, 4));
+        assertFalse(request.options().contains("set = "), request.options());
+    }
+
+    @Test
+    void quotesAroundAValueArePassedOn() throws IOException {
+        request.vmParameters(List.of("\"-Da=b c\""));
+        assertEquals(List.of("--vm-parameters=\"-Da=b c\""), request.writeTo(folder.resolve("options")).subList(2, 3));
+    }
+
+    @Test
+    void theCompanionReadsEveryOption() throws IOException {
+        request.name("n").icon(Paths.get("i")).splash(Paths.get("s")).noSplash(true).runtime(Paths.get("r"))
+            .classPath(List.of(Paths.get("c"))).add(List.of(Paths.get("a"))).mainClass("m").version("1").title("t")
+            .vendor("v").minVersion("8").maxVersion("9").vmParameters(List.of("-ea", "-esa")).arguments("x")
+            .singleInstance(true).endsWith("exit").startAs("module").singleFile(true).keepWorkingDir(true).set(List.of("A/B=1"))
+            .allow(List.of("flag")).setString(List.of("1=x")).description("d").copyright("c").manifest(Paths.get("m"))
+            .admin(true).utf8(true).launcher(Paths.get("l"));
+        CompanionRun run = Companion.unpackBelow(folder).run(request.writeTo(folder.resolve("options")), folder);
+        // Some of these exclude each other: it read them all before it says so.
+        assertFalse(run.failure("", "").contains("not an option"), run.failure("", ""));
+        assertTrue(run.failure("", "").contains("exclude"), run.failure("", ""));
     }
 
     @Test
@@ -38,6 +80,17 @@ class WrapRequestTest {
         Path library = Paths.get("l.jar");
         request.icon(icon).classPath(List.of(library));
         assertEquals(List.of(Paths.get("a b.jar"), icon, library), request.inputs());
+    }
+
+    @Test
+    void everyOptionOfTheCompanionIsAParameter() throws IOException {
+        String help = Companion.unpackBelow(folder).run(List.of("wrap", "--help"), folder).output();
+        Set<String> parameters = Pattern.compile("(?m)^  (?:-\\w,)?--([a-z0-9-]+)").matcher(help).results()
+            .map(option -> option.group(1)).filter(option -> !NOT_FOR_BUILDS.contains(option))
+            .map(option -> Pattern.compile("-([a-z0-9])").matcher(option)
+                .replaceAll(word -> word.group(1).toUpperCase(Locale.ROOT)))
+            .collect(Collectors.toSet());
+        assertEquals(CompanionRun.PARAMETERS, parameters);
     }
 
     @Test
