@@ -39,8 +39,9 @@ class JreNotFoundLink : public JreNotFoundFixture {
         return WaitUntil([&] { return Focus() == Child(dialog, id); });
     }
 
-    /// Waits until the shell has returned to the dialog, which then draws the link as visited. A key
-    /// that is typed earlier is lost, for the shell may dispatch messages while it starts a program.
+    /// Waits until the shell has returned to the dialog, which then draws the link as visited. A
+    /// key that is typed earlier is lost, because the shell may dispatch messages while it starts a
+    /// program.
     bool LinkIsVisited() const {
         constexpr COLORREF kVisited = RGB(128, 0, 128);
         return WaitUntil([&] {
