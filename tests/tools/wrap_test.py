@@ -212,6 +212,8 @@ class ResultIsCheckedTest(FolderTest):
         self.expect("wrap", "demo.jar", "--launcher", LAUNCHER, "--out", "o",
                     "--set", "Foo/Bar=1", "--allow", "unknown-section")
         self.assertIn(b"[Foo]\r\nBar=1", self.read("o", "demo.ini"))
+        self.assertEqual(1, self.tarn("check", "--strict", "o/demo.ini")[0])
+        self.expect("check", "--strict", "--allow", "unknown-section", "o/demo.ini")
 
     def test_an_existing_folder_stays_as_it_is(self):
         self.expect("wrap", "demo.jar", "--launcher", LAUNCHER, "--out", "o")

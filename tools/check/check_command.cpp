@@ -24,6 +24,7 @@ constexpr char kFooter[] =
 
 struct Options {
     std::string file;
+    std::vector<std::string> allowed;
     bool isStrict = false;
     bool asJson = false;
     bool listsKeys = false;
@@ -45,8 +46,9 @@ int Check(const Options& options, const Console& console) {
         return kSuccess;
     }
     if (options.file.empty()) throw Failure("no settings file is specified; see tarn check --help");
-    const std::vector<Finding> findings =
-        CheckSettings(CheckedSettings::Load(PathOf(options.file), options.checksFiles));
+    const std::vector<Finding> findings = WithoutAllowed(
+        CheckSettings(CheckedSettings::Load(PathOf(options.file), options.checksFiles)),
+        options.allowed);
     if (options.asJson) {
         console.Print(JsonReport(options.file, findings));
     } else {
@@ -63,6 +65,10 @@ void AddCheckCommand(CLI::App& app, const Console& console, int& exitCode) {
     const auto options = std::make_shared<Options>();
     command->add_option("file", options->file, "The settings file")->type_name("NAME.ini");
     command->add_flag("--strict", options->isStrict, "Exit with 1 when there are warnings");
+    command
+        ->add_option("--allow", options->allowed, "Accept findings with this id; may be repeated")
+        ->type_name("ID")
+        ->allow_extra_args(false);
     command->add_flag("--json", options->asJson, "Print the findings as JSON");
     command->add_flag("!--no-files", options->checksFiles,
                       "Check the text only, not the jars and other files that it names");

@@ -35,6 +35,14 @@ std::vector<Finding> Findings::Sorted() const {
     return sorted;
 }
 
+std::vector<Finding> WithoutAllowed(std::vector<Finding> findings,
+                                    const std::vector<std::string>& allowed) {
+    std::erase_if(findings, [&](const Finding& finding) {
+        return std::find(allowed.begin(), allowed.end(), finding.id) != allowed.end();
+    });
+    return findings;
+}
+
 std::size_t CountOf(const std::vector<Finding>& findings, Severity severity) {
     return static_cast<std::size_t>(
         std::count_if(findings.begin(), findings.end(),

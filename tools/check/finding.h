@@ -42,6 +42,10 @@ class Findings {
     std::vector<Finding> all_;
 };
 
+/// The findings except those whose id is in `allowed`.
+std::vector<Finding> WithoutAllowed(std::vector<Finding> findings,
+                                    const std::vector<std::string>& allowed);
+
 std::size_t CountOf(const std::vector<Finding>& findings, Severity severity);
 
 }  // namespace tarn::tools

@@ -107,6 +107,17 @@ void UseUtf8(pugi::xml_node root) {
     codePage.text() = "UTF-8";
 }
 
+// The order of these attributes is part of XML's syntax.
+void ReplaceDeclaration(pugi::xml_document& document) {
+    if (document.first_child().type() == pugi::node_declaration) {
+        document.remove_child(document.first_child());
+    }
+    pugi::xml_node declaration = document.prepend_child(pugi::node_declaration);
+    declaration.append_attribute("version") = "1.0";
+    declaration.append_attribute("encoding") = "UTF-8";
+    declaration.append_attribute("standalone") = "yes";
+}
+
 }  // namespace
 
 Bytes ReadApplicationManifest(const std::filesystem::path& file) {
@@ -127,10 +138,7 @@ Bytes ChangedManifest(ByteSpan content, const ManifestChanges& changes) {
     const pugi::xml_node root = document.document_element();
     if (changes.requiresAdministrator) RequireAdministrator(root);
     if (changes.usesUtf8) UseUtf8(root);
-    if (const pugi::xml_node declaration = document.first_child();
-        declaration.type() == pugi::node_declaration) {
-        SetAttribute(declaration, "encoding", "UTF-8");
-    }
+    ReplaceDeclaration(document);
     BytesWriter writer;
     document.save(writer, "  ", pugi::format_default, pugi::encoding_utf8);
     return std::move(writer.content);

@@ -75,14 +75,15 @@ TEST(ApplicationManifestTest, ChangesExistingElementsWithAnyPrefix) {
 
 TEST(ApplicationManifestTest, WritesUtf8ForUtf16) {
     const std::u16string text =
-        u"\xFEFF<?xml version=\"1.0\" encoding=\"UTF-16\"?>"
+        u"\xFEFF<?xml version=\"1.0\" standalone=\"yes\"?>"
         u"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\"><description>\u00E4</description>"
         u"</assembly>";
     ByteWriter writer;
     writer.Text(text);
     const Bytes changed = ChangedManifest(writer.Take(), {true, false});
     EXPECT_THAT(std::string(AsText(changed)),
-                AllOf(HasSubstr("encoding=\"UTF-8\""), HasSubstr("\xC3\xA4")));
+                AllOf(HasSubstr("<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>"),
+                      HasSubstr("\xC3\xA4")));
 }
 
 }  // namespace

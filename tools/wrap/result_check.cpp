@@ -1,7 +1,5 @@
 #include "tools/wrap/result_check.h"
 
-#include <algorithm>
-
 #include "tools/check/rules.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
@@ -22,11 +20,8 @@ void CheckResult(const CheckedSettings& settings, const std::string& file,
                  const std::filesystem::path& folder, const std::vector<std::string>& allowed) {
     std::size_t count = 0;
     std::string problems;
-    for (const Finding& finding : CheckSettings(settings)) {
-        const bool isAllowed =
-            finding.severity == Severity::Note ||
-            std::find(allowed.begin(), allowed.end(), finding.id) != allowed.end();
-        if (isAllowed) continue;
+    for (const Finding& finding : WithoutAllowed(CheckSettings(settings), allowed)) {
+        if (finding.severity == Severity::Note) continue;
         ++count;
         problems += "\n    " + std::string(NameOf(finding.severity)) + " \"" + finding.id +
                     "\": " + finding.message;
