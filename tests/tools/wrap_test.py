@@ -52,6 +52,7 @@ class WrapTest(FolderTest):
             "Failure Check=Yes", "Error File=%LOCALAPPDATA%\\Demo\\errors.txt",
             "[Java Runtime Environment]", "Main Class=demo.Main", "Minimum Version=11",
             "Maximum Version=any",
+            "Further Sources=vendors;user;java_home;path;folders",
             "[Class Path]", "Class Path=demo.jar;lib\\a.jar;lib\\d.jar;lib\\b c.jar",
             "[Display]", "Splash Screen=splash.png", "Preffer Native Splash Screen=Yes",
         ], self.settings("out/Demo/Demo.ini"))
@@ -95,6 +96,7 @@ class WrapTest(FolderTest):
             "Error File=%LOCALAPPDATA%\\one\\errors.txt",
             "[Java Runtime Environment]", "Main Class=demo.Main", "Minimum Version=11",
             "Maximum Version=any",
+            "Further Sources=vendors;user;java_home;path;folders",
             "[Class Path]", "Class Path=lib\\a.jar;lib\\d.jar;lib\\b c.jar",
         ], resources(image)[RT_RCDATA, "SETTINGS", 0x409].decode().splitlines())
         with zipfile.ZipFile(self.path("o", "one.exe")) as jar:
