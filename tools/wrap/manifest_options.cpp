@@ -40,8 +40,10 @@ std::vector<std::string> ManifestOptions(const Manifest& manifest, const Possibl
             mayBeUnknown = true;
         }
         for (const std::string& word : words) {
-            options.push_back(attribute.option + word +
-                              (attribute.namesPackages ? "=ALL-UNNAMED" : "") + module);
+            std::string option = attribute.option + word;
+            if (attribute.namesPackages) option += "=ALL-UNNAMED";
+            option += module;
+            options.push_back(std::move(option));
         }
     }
     if (mayBeUnknown) options.insert(options.begin(), kIgnoreUnknown);
