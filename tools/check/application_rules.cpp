@@ -44,18 +44,18 @@ void CheckArguments(const Setting& cmd, Findings& findings) {
     for (std::size_t at = 0; (at = text.find_first_not_of(L' ', at)) != npos;) {
         std::wstring_view word = WordAt(text, at);
         const std::wstring_view start = word.substr(0, word.find(L' '));
-        if (!start.starts_with(L'"') && start.find(L'"') == start.size() - 1) {
-            // The mark of inches, as in 5", is an ordinary character.
+        // A lone quote, or one at the end as in 5" (inches), is an ordinary character.
+        const bool isOrdinary =
+            !start.starts_with(L'"') && (start.find(L'"') == start.size() - 1 || !IsClosed(word));
+        if (isOrdinary) {
             word = start;
-        } else if (IsClosed(word)) {
-            if (!IsOneArgument(word)) ReportInnerQuotes(word, cmd.line, findings);
-        } else if (word.starts_with(L'"')) {
+        } else if (!IsClosed(word)) {
             findings.Warning(
                 "argument-quotes", cmd.line,
                 "a quote in \"Cmd\" is not closed: everything after it is one argument",
                 "close it");
-        } else {
-            word = start;
+        } else if (!IsOneArgument(word)) {
+            ReportInnerQuotes(word, cmd.line, findings);
         }
         at += word.size();
     }
