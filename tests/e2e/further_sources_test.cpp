@@ -2,6 +2,7 @@
 // runtime have failed.
 
 #include "tests/support/jvm_files.h"
+#include "tests/support/real_runtime_fixture.h"
 #include "tests/support/registered_runtimes_fixture.h"
 
 namespace tarn::test {
@@ -332,6 +333,34 @@ TEST_F(MakerFolders, DistinguishKindsByTheCompiler) {
     EXPECT_THAT(Chosen(), testing::HasSubstr(jre));
     settings.Runtime(L"JVM Source", L"only_JDK");
     EXPECT_THAT(Chosen(), testing::HasSubstr(jdk));
+}
+
+class RealFurtherRuntimes : public RealRuntimeFixture {
+  protected:
+    RealFurtherRuntimes() {
+        settings.Runtime(L"Maximum Version", L"any").Runtime(L"Further Sources", L"vendors");
+        adoptium_.Set(L"Path", RuntimeHome("21") + L'\\');
+        microsoft_.Set(L"Path", RuntimeHome("11") + L'\\');
+    }
+
+    std::wstring Chosen() {
+        EXPECT_EQ(Run(L"do:facts do:exit:9"), 9);
+        const std::wstring chosen = Report().One("javaHome");
+        return chosen.substr(chosen.rfind(L'\\') + 1);
+    }
+
+  private:
+    RegisteredRuntimes none_;
+    TemporaryKey adoptium_{HKEY_LOCAL_MACHINE,
+                           L"SOFTWARE\\Eclipse Adoptium\\JDK\\21.0.8.9\\hotspot\\MSI"};
+    TemporaryKey microsoft_{HKEY_LOCAL_MACHINE,
+                            L"SOFTWARE\\Microsoft\\JDK\\11.0.13.8\\hotspot\\MSI"};
+};
+
+TEST_F(RealFurtherRuntimes, StartAsTheirMakersRegisterThem) {
+    EXPECT_EQ(Chosen(), L"21");
+    settings.Runtime(L"Maximum Version", L"17");
+    EXPECT_EQ(Chosen(), L"11");
 }
 
 }  // namespace

@@ -126,6 +126,7 @@ class WrapTest(FolderTest):
 
     def test_copies_a_runtime(self):
         self.wrap("--out", "o", "--name", "Demo", "--runtime", os.path.join(RUNTIMES, "17"))
+        self.assertNotIn("Further Sources", "".join(self.settings("o/Demo.ini")))
         for folder, _, names in os.walk(os.path.join(RUNTIMES, "17")):
             copy = self.path("o", "jre64", os.path.relpath(folder, os.path.join(RUNTIMES, "17")))
             self.assertEqual([], [name for name in names if os.path.getsize(os.path.join(

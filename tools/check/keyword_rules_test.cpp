@@ -33,6 +33,10 @@ TEST(KeywordRulesTest, ListsTheKeywords) {
         Check(CheckKeywords, java + L"JVM Type=server\nJVM Source=only_JDK\nVM Provider=FAVOR_ibm"),
         IsEmpty());
     EXPECT_THAT(Check(CheckKeywords, java + L"VM Provider=sun"), IsEmpty());
+    EXPECT_THAT(Check(CheckKeywords, java + L"Further Sources= Vendors ;user;;java_home;path"),
+                IsEmpty());
+    EXPECT_THAT(AdviceOf(CheckKeywords, java + L"Further Sources=vendors;folder"),
+                HasSubstr("did you mean folders?"));
     EXPECT_EQ(AdviceOf(CheckKeywords, java + L"JVM Type=Server"), "did you mean server?");
     EXPECT_EQ(AdviceOf(CheckKeywords, java + L"JVM Source=Favor_JRE"), "did you mean favor_JRE?");
     EXPECT_THAT(AdviceOf(CheckKeywords, java + L"VM Provider=oracle"),
