@@ -1,5 +1,6 @@
 #include "base/dynamic_library.h"
-#include "base/text.h"
+
+#include <string>
 
 namespace tarn {
 
@@ -13,7 +14,10 @@ HMODULE LoadSystemLibrary(const wchar_t* name) {
     wchar_t folder[MAX_PATH];  // the system folder's path is never longer
     const UINT length = GetSystemDirectoryW(folder, MAX_PATH);
     if (length == 0 || length >= MAX_PATH) return nullptr;
-    return LoadLibraryW(Concat({{folder, length}, L"\\", name}).c_str());
+    std::wstring path(folder, length);
+    path += L'\\';
+    path += name;
+    return LoadLibraryW(path.c_str());
 }
 
 HardErrorSuppression::HardErrorSuppression() : previousMode_(GetThreadErrorMode()) {

@@ -53,15 +53,6 @@ std::wstring_view TrimWhiteSpace(std::wstring_view text) {
     return text;
 }
 
-std::wstring Concat(std::initializer_list<std::wstring_view> texts) {
-    std::size_t size = 0;
-    for (const std::wstring_view text : texts) size += text.size();
-    std::wstring result;
-    result.reserve(size);
-    for (const std::wstring_view text : texts) result += text;
-    return result;
-}
-
 std::wstring ReplaceAll(std::wstring_view text, wchar_t from, wchar_t to) {
     std::wstring result(text);
     std::replace(result.begin(), result.end(), from, to);

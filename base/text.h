@@ -21,9 +21,6 @@ std::wstring_view TrimWhiteSpace(std::wstring_view text);
 
 // Building and splitting.
 
-/// Concatenates the texts with a single allocation, in less code than a chain of `+`.
-std::wstring Concat(std::initializer_list<std::wstring_view> texts);
-
 /// Returns the text with every `from` replaced by `to`.
 std::wstring ReplaceAll(std::wstring_view text, wchar_t from, wchar_t to);
 

@@ -11,12 +11,6 @@ namespace {
 
 using Pieces = std::vector<std::wstring>;
 
-TEST(TextTest, ConcatenatesTexts) {
-    const std::wstring folder = L"C:\\app\\";
-    EXPECT_EQ(Concat({folder, L"", std::wstring_view(L"lib and more", 3)}), L"C:\\app\\lib");
-    EXPECT_EQ(Concat({}), L"");
-}
-
 TEST(TextTest, IgnoresTheCaseOfAsciiLettersOnly) {
     EXPECT_TRUE(EqualsIgnoringCase(L"Yes", L"yES"));
     EXPECT_TRUE(EqualsIgnoringCase(L"", L""));

@@ -64,7 +64,7 @@ class HandOffServer {
     const SharedBlock& block_;
     const HANDLE readyEvent_;
     const UINT messageId_;
-    /// Held shared while a request reads the target or the block, exclusively by `Close`.
+    /// Held while a request reads the target or the block, and by `Close`.
     SRWLOCK lock_ = SRWLOCK_INIT;
     bool closed_ = false;
 };

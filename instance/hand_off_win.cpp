@@ -54,25 +54,25 @@ void HandOffServer::Close() {
 
 std::optional<HandOffServer::Application> HandOffServer::ReadTarget() {
     std::optional<Application> application;
-    AcquireSRWLockShared(&lock_);
+    AcquireSRWLockExclusive(&lock_);
     if (!closed_) {
         const Settings& settings = target_.settings;
         application = Application{target_.javaVm, ToThreadAnsi(settings.mainClass),
                                   !IbmInPolicy(settings.policy)};
     }
-    ReleaseSRWLockShared(&lock_);
+    ReleaseSRWLockExclusive(&lock_);
     return application;
 }
 
 std::optional<std::vector<std::wstring>> HandOffServer::ReadArguments() {
     std::optional<std::vector<std::wstring>> arguments;
-    AcquireSRWLockShared(&lock_);
+    AcquireSRWLockExclusive(&lock_);
     if (!closed_) {
         // Copied first: the next second instance may overwrite the area at any time.
         const auto area = block_.arguments;
         arguments = DecodeArguments(area);
     }
-    ReleaseSRWLockShared(&lock_);
+    ReleaseSRWLockExclusive(&lock_);
     return arguments;
 }
 

@@ -11,7 +11,9 @@ std::wstring InstanceName(std::wstring_view executablePath) {
 }
 
 std::wstring ReadyEventName(std::wstring_view instanceName) {
-    return Concat({instanceName, L"_upr_evt"});
+    std::wstring name(instanceName);
+    name += L"_upr_evt";
+    return name;
 }
 
 std::size_t ArgumentUnits(const std::vector<std::wstring>& arguments) {

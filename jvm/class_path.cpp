@@ -16,7 +16,10 @@ bool IsLiteralEntry(std::wstring_view entry) {
 }
 
 std::wstring ClassPathPattern(std::wstring_view entry, std::wstring_view launcherFolder) {
-    return Concat({IsAbsolutePath(entry) ? std::wstring_view() : launcherFolder, entry});
+    std::wstring pattern;
+    if (!IsAbsolutePath(entry)) pattern = launcherFolder;
+    pattern += entry;
+    return pattern;
 }
 
 }  // namespace tarn

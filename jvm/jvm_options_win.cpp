@@ -22,7 +22,7 @@ std::wstring ReadClassPath(const LayeredSettings& layered, const std::wstring& p
         ExpandClassPath(layered.GetValue(keys::kClassPath, keys::kClassPath), FolderOf(program));
     const std::wstring embedded = layered.GetValue(keys::kApplication, keys::kEmbeddedJar);
     if (IsYes(embedded)) {
-        classPath = Concat({program, L";", classPath});
+        classPath.insert(0, program + L';');
     }
     return classPath;
 }
@@ -70,7 +70,7 @@ JvmOptions BuildOptions(const ErrorReporter& errors, std::string&& ansiLibraryPa
     const auto add = [&](const std::wstring& option) {
         options.ansiOptions.push_back(ToThreadAnsi(ExpandEnvironment(option)));
     };
-    add(Concat({L"-Djava.class.path=", classPath}));
+    add(L"-Djava.class.path=" + classPath);
     const std::wstring parameters =
         layered.GetValue(keys::kJavaRuntimeEnvironment, keys::kVirtualMachineParameters);
     for (const std::wstring& token : SplitVmParameters(parameters)) {

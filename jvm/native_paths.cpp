@@ -1,7 +1,6 @@
 #include "jvm/native_paths.h"
 
 #include "base/paths.h"
-#include "base/text.h"
 #include "runtime/jvm_library.h"
 
 namespace tarn {
@@ -9,13 +8,20 @@ namespace tarn {
 std::wstring LibraryPathValue(std::wstring_view setting, std::wstring_view launcherFolder,
                               std::wstring_view jvmLibraryPath) {
     // No separators: docs/developer/compatibility.md.
-    return Concat(
-        {setting, launcherFolder, L";.;%Path%", FolderOf(RuntimeBinOf(jvmLibraryPath)), L"lib"});
+    std::wstring value(setting);
+    value += launcherFolder;
+    value += L";.;%Path%";
+    value += FolderOf(RuntimeBinOf(jvmLibraryPath));
+    value += L"lib";
+    return value;
 }
 
 std::wstring ProcessPathValue(std::wstring_view setting, std::wstring_view jvmLibraryPath) {
-    const bool separated = setting.empty() || setting.back() == L';';
-    return Concat({setting, separated ? L"%Path%;" : L";%Path%;", RuntimeBinOf(jvmLibraryPath)});
+    std::wstring value(setting);
+    if (!value.empty() && value.back() != L';') value += L';';
+    value += L"%Path%;";
+    value += RuntimeBinOf(jvmLibraryPath);
+    return value;
 }
 
 }  // namespace tarn

@@ -3,7 +3,6 @@
 #include "base/ansi_text.h"
 #include "base/environment.h"
 #include "base/paths.h"
-#include "base/text.h"
 #include "base/windows.h"
 #include "runtime/jvm_library.h"
 
@@ -15,7 +14,7 @@ std::string PrepareNativePaths(const Settings& settings, const std::wstring& jvm
     if (!settings.libraryPath.empty()) {
         const std::wstring value = LibraryPathValue(
             settings.libraryPath, ModuleFolder().value_or(std::wstring()), jvmLibraryPath);
-        ansiOption = ToThreadAnsi(Concat({L"-Djava.library.path=", ExpandEnvironment(value)}));
+        ansiOption = ToThreadAnsi(L"-Djava.library.path=" + ExpandEnvironment(value));
     }
     const std::wstring path =
         ExpandEnvironment(ProcessPathValue(settings.systemPath, jvmLibraryPath));

@@ -56,7 +56,10 @@ std::wstring ExpandTimeStamp(const std::wstring& name, const SYSTEMTIME& time) {
     const std::wstring picture = WithMilliseconds(parts->picture, time.wMilliseconds);
     // The date pass formats the result of the time pass: docs/developer/compatibility.md.
     const std::wstring timed = Format({&GetTimeFormatW, L"hHmst"}, picture, time);
-    return Concat({parts->before, Format({&GetDateFormatW, L"dMyg"}, timed, time), parts->after});
+    std::wstring expanded(parts->before);
+    expanded += Format({&GetDateFormatW, L"dMyg"}, timed, time);
+    expanded += parts->after;
+    return expanded;
 }
 
 }  // namespace tarn

@@ -100,8 +100,10 @@ std::uint64_t PercentageSize(std::wstring_view option, const MemorySizes& memory
 
 std::wstring ResolvePercentage(std::wstring_view option, const MemorySizes& memory) {
     // Wraps on purpose: docs/developer/compatibility.md.
-    return Concat({option.substr(0, ScanNumbers(option).prefixLength),
-                   DecimalText(static_cast<std::int32_t>(PercentageSize(option, memory))), L"K"});
+    std::wstring resolved(option.substr(0, ScanNumbers(option).prefixLength));
+    resolved += DecimalText(static_cast<std::int32_t>(PercentageSize(option, memory)));
+    resolved += L'K';
+    return resolved;
 }
 
 std::uint64_t StackSizeOf(std::wstring_view option) {

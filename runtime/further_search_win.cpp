@@ -32,11 +32,18 @@ constexpr DWORD kMostPath = 32768;
 // A file is read up to here.
 constexpr DWORD kMostRead = 64 * 1024;
 
+/// Opens a key in the 64-bit view of the registry. None when that fails.
+UniqueRegistryKey OpenKey(HKEY parent, const wchar_t* name) {
+    UniqueRegistryKey key;
+    RegOpenKeyExW(parent, name, 0, KEY_READ | KEY_WOW64_64KEY, key.put());
+    return key;
+}
+
 /// Reads a value of any type as text: up to the first null character, or to its end. Returns false,
-/// with an empty text, when it is missing, empty or too long.
-bool ReadText(HKEY key, const wchar_t* subkey, const wchar_t* name, Buffer& text) {
+/// with an empty text, when it is missing, empty or too long, or when there is no key.
+bool ReadText(const UniqueRegistryKey& key, const wchar_t* name, Buffer& text) {
     DWORD size = kMostFormatted * sizeof *text;
-    if (RegGetValueW(key, subkey, name, RRF_RT_ANY | RRF_NOEXPAND, nullptr, text, &size) !=
+    if (RegQueryValueExW(key.get(), name, nullptr, nullptr, reinterpret_cast<BYTE*>(text), &size) !=
         ERROR_SUCCESS) {
         size = 0;
     }
@@ -73,7 +80,7 @@ class FurtherSearch {
             for (const MakerPlace& place : MakerPlaces()) {
                 if (source == FurtherSource::Folders) {
                     CollectFolder("%ProgramFiles%\\", place.folder);
-                    CollectFolder("%LOCALAPPDATA%\\Programs\\", place.userFolder);
+                    if (place.perUser) CollectFolder("%LOCALAPPDATA%\\Programs\\", place.folder);
                 } else if (place.layout == KeyLayout::Msi) {
                     kind_ = RuntimeKind::Jre;
                     CollectKeys(place.key, "\\JRE");
@@ -105,39 +112,37 @@ class FurtherSearch {
   private:
     void CollectKeys(const char* maker, const char* kind) {
         wsprintfW(root_, L"SOFTWARE\\%S%S", maker, kind);
-        UniqueRegistryKey root;
-        if (RegOpenKeyExW(hive_, root_, 0, KEY_READ | KEY_WOW64_64KEY, root.put()) !=
-            ERROR_SUCCESS) {
-            return;
-        }
+        const UniqueRegistryKey root = OpenKey(hive_, root_);
         wchar_t name[256];  // names of keys have 255 characters at most
         for (DWORD index = 0; index < kMostFurtherRuntimes; ++index) {
             DWORD length = 256;
+            // Fails after the last key, and without a root.
             if (RegEnumKeyExW(root.get(), index, name, &length, nullptr, nullptr, nullptr,
                               nullptr) != ERROR_SUCCESS) {
                 break;
             }
             if (!kind_) {
-                if (!ReadText(root.get(), name, L"CurrentVersion", version_)) {
-                    ReadText(root.get(), name, L"Version", version_);
-                }
                 ExamineKey(root.get(), name, L"InstallationPath");
                 continue;
             }
             for (const char* const jvm : {"hotspot", "openj9"}) {
-                lstrcpyW(version_, name);
+                wsprintfW(version_, L"%s", name);
                 wsprintfW(text_, L"%s\\%S\\MSI", name, jvm);
                 ExamineKey(root.get(), text_, L"Path");
             }
         }
     }
 
-    void ExamineKey(HKEY root, const wchar_t* key, const wchar_t* homeValue) {
-        if (ReadText(root, key, homeValue, home_)) Examine(root_, L"\\", key);
+    void ExamineKey(HKEY root, const wchar_t* name, const wchar_t* homeValue) {
+        const UniqueRegistryKey key = OpenKey(root, name);
+        if (!kind_ && !ReadText(key, L"CurrentVersion", version_)) {
+            ReadText(key, L"Version", version_);
+        }
+        if (ReadText(key, homeValue, home_)) Examine(root_, L"\\", name);
     }
 
     void CollectFolder(const char* base, const char* folder) {
-        if (folder == nullptr) return;
+        if (*folder == '\0') return;
         wsprintfW(text_, L"%S%S", base, folder);
         if (ExpandEnvironmentStringsW(text_, root_, kMostFormatted) > kMostFormatted ||
             !MakeDriveFolder(root_)) {
@@ -149,7 +154,8 @@ class FurtherSearch {
         if (!search) return;
         do {
             if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) continue;
-            if (*found.cFileName == L'.') continue;
+            const std::wstring_view name = found.cFileName;
+            if (name == L"." || name == L"..") continue;
             wsprintfW(home_, L"%s%s", root_, found.cFileName);
             Examine(root_, found.cFileName);
         } while (FindNextFileW(search.get(), &found));
@@ -181,7 +187,11 @@ class FurtherSearch {
                  [[maybe_unused]] const wchar_t* evenMore = L"") {
         if (++examined_ > kMostFurtherRuntimes) return;
         std::wstring text;
-        if constexpr (kWithReport) text = Concat({name, more, evenMore});
+        if constexpr (kWithReport) {
+            text = name;
+            text += more;
+            text += evenMore;
+        }
         RuntimeCandidate& candidate = candidates_.emplace_back();
         const std::optional<SubkeyVerdict> rejected = Reject(candidate);
         if constexpr (kWithReport) {
@@ -211,7 +221,7 @@ class FurtherSearch {
         if (!ParseVersion(version_, 0, candidate.version) && !HasNoBounds(policy_)) {
             return SubkeyVerdict::UnknownVersion;
         }
-        if (const auto rejected = RejectEitherForm(candidate.version, policy_)) return rejected;
+        if (const auto rejected = RejectVersion(candidate.version, policy_)) return rejected;
         candidate.favored = IsKindWanted();
         if (!candidate.favored && !policy_.sourceFavouring) return SubkeyVerdict::KindNotWanted;
         if (MachineIn(ReadStart(library)) != kOwnMachine) {

@@ -10,16 +10,16 @@ using enum KeyLayout;
 
 // clang-format off
 constexpr MakerPlace kPlaces[] = {
-    // keys  below SOFTWARE           below program files  below the user's programs
-    {None,   nullptr,                 "Java",              nullptr},
-    {Msi,    "Eclipse Adoptium",      "Eclipse Adoptium",  "Eclipse Adoptium"},
-    {Msi,    "Eclipse Foundation",    nullptr,             nullptr},
-    {Msi,    "AdoptOpenJDK",          nullptr,             nullptr},
-    {Msi,    "Semeru",                "Semeru",            nullptr},
-    {Msi,    "Microsoft",             "Microsoft",         nullptr},
-    {Named,  "Azul Systems\\Zulu",    "Zulu",              nullptr},
-    {None,   nullptr,                 "Amazon Corretto",   nullptr},
-    {Named,  "BellSoft\\Liberica",    "BellSoft",          nullptr},
+    // keys  below SOFTWARE         below program files  below the user's programs
+    {None,   "",                    "Java",              false},
+    {Msi,    "Eclipse Adoptium",    "Eclipse Adoptium",  true},
+    {Msi,    "Eclipse Foundation",  "",                  false},
+    {Msi,    "AdoptOpenJDK",        "",                  false},
+    {Msi,    "Semeru",              "Semeru",            false},
+    {Msi,    "Microsoft",           "Microsoft",         false},
+    {Named,  "Azul Systems\\Zulu",  "Zulu",              false},
+    {None,   "",                    "Amazon Corretto",   false},
+    {Named,  "BellSoft\\Liberica",  "BellSoft",          false},
 };
 // clang-format on
 

@@ -20,8 +20,8 @@ enum class FurtherSource {
 };
 
 /// The words of the sources, in the order of the enumerators.
-inline constexpr const wchar_t* kFurtherSourceWords[] = {L"vendors", L"user", L"java_home", L"path",
-                                                         L"folders"};
+inline constexpr wchar_t kFurtherSourceWords[][10] = {L"vendors", L"user", L"java_home", L"path",
+                                                      L"folders"};
 
 /// Removes the text up to the next ";", or all of it, from `rest` and returns it without the ";".
 std::wstring_view TakePiece(std::wstring_view& rest);
@@ -32,7 +32,7 @@ std::wstring_view TakePiece(std::wstring_view& rest);
 std::optional<FurtherSource> TakeFurtherSource(std::wstring_view& rest);
 
 /// How a maker's installers register runtimes below the maker's key.
-enum class KeyLayout {
+enum class KeyLayout : char {
     None,  ///< no key is known
     /// `JRE` or `JDK`, a key for each version, `hotspot\MSI` or `openj9\MSI`: the value `Path`.
     Msi,
@@ -40,16 +40,17 @@ enum class KeyLayout {
     Named,
 };
 
-/// Where a maker's installers leave runtimes.
+/// Where a maker's installers leave runtimes. Arrays, because a pointer takes as much space as most
+/// of these names, and a relocation.
 struct MakerPlace {
     KeyLayout layout;
-    /// Path below `SOFTWARE`, in ASCII; null without a key.
-    const char* key;
-    /// Path of the folder that contains the homes, below the program files folder, in ASCII; null
+    /// Path below `SOFTWARE`, in ASCII; empty without a key.
+    char key[19];
+    /// Name of the folder that contains the homes, below the program files folder, in ASCII; empty
     /// without a folder.
-    const char* folder;
-    /// The same below the user's local program folder.
-    const char* userFolder;
+    char folder[17];
+    /// The folder is also searched below the user's local program folder.
+    bool perUser;
 };
 
 /// Returns the places in the order of the search.

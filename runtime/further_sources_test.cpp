@@ -60,8 +60,8 @@ TEST(DriveFolderTest, IsAnAbsolutePathOnADrive) {
 
 TEST(MakerPlacesTest, HaveAKeyForEachLayout) {
     for (const MakerPlace& place : MakerPlaces()) {
-        EXPECT_EQ(place.key == nullptr, place.layout == KeyLayout::None);
-        EXPECT_TRUE(place.key != nullptr || place.folder != nullptr);
+        EXPECT_EQ(std::string_view(place.key).empty(), place.layout == KeyLayout::None);
+        EXPECT_FALSE(std::string_view(place.key).empty() && std::string_view(place.folder).empty());
     }
 }
 
@@ -78,23 +78,6 @@ TEST(HasNoBoundsTest, NeedsAnOpenMaximumAndNoMinimum) {
     EXPECT_FALSE(HasNoBounds(Bounds(L"", L"")));
     EXPECT_FALSE(HasNoBounds(Bounds(L"1.1", L"any")));
     EXPECT_FALSE(HasNoBounds(Bounds(L"any", L"60000")));
-}
-
-/// The version that is accepted for a written one; empty when none is.
-std::wstring Accepted(std::wstring_view written, const RuntimeSearchPolicy& policy) {
-    RuntimeVersion version;
-    ParseVersion(written, 0, version);
-    return RejectEitherForm(version, policy) ? L"" : FormatVersion(version);
-}
-
-TEST(EitherFormTest, OfJava8IsAccepted) {
-    EXPECT_EQ(Accepted(L"8.0.392.8", Bounds(L"any", L"any")), L"8.0.392.8");
-    EXPECT_EQ(Accepted(L"8.0.392.8", Bounds(L"1.8", L"1.8")), L"1.8.0.392");
-    EXPECT_EQ(Accepted(L"8.0.392.8", Bounds(L"8", L"8")), L"8.0.392.8");
-    EXPECT_EQ(Accepted(L"8.0.392.8", Bounds(L"9", L"any")), L"");
-    EXPECT_EQ(Accepted(L"8.0.392.8", Bounds(L"any", L"1.7")), L"");
-    EXPECT_EQ(Accepted(L"9.0.4", Bounds(L"1.8", L"1.9")), L"");
-    EXPECT_EQ(Accepted(L"17.0.9.9", Bounds(L"17", L"17")), L"17.0.9.9");
 }
 
 TEST(JavaVersionInTest, IsTheValueOfItsOwnLine) {

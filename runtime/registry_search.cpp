@@ -17,16 +17,6 @@ std::optional<SubkeyVerdict> RejectVersion(const RuntimeVersion& version,
     return std::nullopt;
 }
 
-std::optional<SubkeyVerdict> RejectEitherForm(RuntimeVersion& version,
-                                              const RuntimeSearchPolicy& policy) {
-    const auto rejected = RejectVersion(version, policy);
-    auto& parts = version.parts;
-    if (!rejected || parts[0] < 5 || parts[0] > 8) return rejected;
-    std::copy_backward(parts.begin(), parts.end() - 1, parts.end());
-    parts[0] = 1;
-    return RejectVersion(version, policy);
-}
-
 void ReportRank(const RuntimeCandidate* own, const CandidateChoice& choice,
                 const RuntimeSearchPolicy& policy, SubkeyReport& report) {
     report.rank = static_cast<std::size_t>(

@@ -37,11 +37,6 @@ std::optional<RootVerdict> RejectRoot(const RegistryRoot& root, const RuntimeSea
 std::optional<SubkeyVerdict> RejectVersion(const RuntimeVersion& version,
                                            const RuntimeSearchPolicy& policy);
 
-/// The same for a version of a further source. A version of Java 5 to 8 that is excluded as
-/// "8.0.392" becomes "1.8.0.392", as JavaSoft writes it, and is examined once more.
-std::optional<SubkeyVerdict> RejectEitherForm(RuntimeVersion& version,
-                                              const RuntimeSearchPolicy& policy);
-
 /// Completes the report of the candidate `own`: sets its rank, and the verdict or the reason.
 void ReportRank(const RuntimeCandidate* own, const CandidateChoice& choice,
                 const RuntimeSearchPolicy& policy, SubkeyReport& report);

@@ -14,7 +14,6 @@ namespace {
 // Their results never report a failure.
 constexpr std::string_view kCannotFail[] = {
     "AcquireSRWLockExclusive",
-    "AcquireSRWLockShared",
     "CharNextW",
     "CoTaskMemFree",
     "DeleteCriticalSection",
@@ -34,7 +33,6 @@ constexpr std::string_view kCannotFail[] = {
     "OleUninitialize",
     "RaiseException",
     "ReleaseSRWLockExclusive",
-    "ReleaseSRWLockShared",
     "SetUnhandledExceptionFilter",
     "Sleep",
     "TranslateMessage",
