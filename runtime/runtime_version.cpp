@@ -110,14 +110,17 @@ RuntimeVersion Bound(std::wstring_view text, std::int32_t open) {
 
 }  // namespace
 
-std::string_view JavaVersionIn(std::string_view releaseFile) {
-    constexpr std::string_view kKey = "JAVA_VERSION=";
+std::string_view ReleaseValueIn(std::string_view releaseFile, std::string_view key) {
     for (;;) {
         const std::string_view line = releaseFile.substr(0, releaseFile.find('\n'));
-        if (line.starts_with(kKey)) return line.substr(kKey.size());
+        if (line.starts_with(key)) return line.substr(key.size());
         if (line.size() == releaseFile.size()) return {};
         releaseFile.remove_prefix(line.size() + 1);
     }
+}
+
+std::string_view JavaVersionIn(std::string_view releaseFile) {
+    return ReleaseValueIn(releaseFile, "JAVA_VERSION=");
 }
 
 RuntimeVersion MinimumBound(std::wstring_view text) {

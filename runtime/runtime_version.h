@@ -25,8 +25,12 @@ struct RuntimeVersion {
 /// docs/developer/compatibility.md.
 bool ParseVersion(std::wstring_view text, std::int32_t fill, RuntimeVersion& version);
 
-/// Returns the value of `JAVA_VERSION` in the text of a runtime's file `release`, as it stands in
-/// its line: usually in quotes. Empty when there is none. The file may contain anything.
+/// Returns the value of a key in the text of a runtime's file `release`, exactly as written:
+/// usually in quotes, and with the carriage return of a line that ends with one. `key` includes the
+/// "=". Empty when there is none. The file may contain anything.
+std::string_view ReleaseValueIn(std::string_view releaseFile, std::string_view key);
+
+/// Returns the value of `JAVA_VERSION`.
 std::string_view JavaVersionIn(std::string_view releaseFile);
 
 /// Returns the version as text: two parts or more, up to the last one that is neither 0 nor 65535;

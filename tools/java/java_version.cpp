@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "runtime/runtime_version.h"
 #include "tools/common/failure.h"
 #include "tools/common/whole_file.h"
 
@@ -12,16 +13,10 @@ namespace {
 constexpr int kFirstWithoutOne = 9;  // earlier versions are called "1.N"
 constexpr std::uintmax_t kLargestReleaseFile = 1U << 20;
 
-std::string ValueIn(std::string_view releaseFile, std::string_view key) {
-    while (!releaseFile.empty()) {
-        const std::string_view line = releaseFile.substr(0, releaseFile.find_first_of("\r\n"));
-        releaseFile.remove_prefix(std::min(line.size() + 1, releaseFile.size()));
-        if (!line.starts_with(key)) continue;
-        std::string value(line.substr(key.size()));
-        std::erase(value, '"');
-        return value;
-    }
-    return {};
+std::string WithoutQuotes(std::string_view releaseValue) {
+    std::string text(releaseValue);
+    std::erase_if(text, [](char character) { return character == '"' || character == '\r'; });
+    return text;
 }
 
 // Empty when the file cannot be read.
@@ -58,12 +53,12 @@ int JavaFeatureOfClass(std::span<const std::byte> classFile) {
     return std::max(major - kMajorOfJava1 + 1, 0);
 }
 
-std::string JavaVersionIn(std::string_view releaseFile) {
-    return ValueIn(releaseFile, "JAVA_VERSION=");
+std::string ReadJavaVersion(const std::filesystem::path& home) {
+    return WithoutQuotes(JavaVersionIn(ReleaseFileOf(home)));
 }
 
-std::set<std::string> JavaModulesIn(std::string_view releaseFile) {
-    const std::string words = ValueIn(releaseFile, "MODULES=");
+std::set<std::string> ReadJavaModules(const std::filesystem::path& home) {
+    const std::string words = WithoutQuotes(ReleaseValueIn(ReleaseFileOf(home), "MODULES="));
     std::set<std::string> modules;
     for (std::size_t at = 0; (at = words.find_first_not_of(' ', at)) != std::string::npos;) {
         const std::size_t end = std::min(words.find(' ', at), words.size());
@@ -71,14 +66,6 @@ std::set<std::string> JavaModulesIn(std::string_view releaseFile) {
         at = end;
     }
     return modules;
-}
-
-std::string ReadJavaVersion(const std::filesystem::path& home) {
-    return JavaVersionIn(ReleaseFileOf(home));
-}
-
-std::set<std::string> ReadJavaModules(const std::filesystem::path& home) {
-    return JavaModulesIn(ReleaseFileOf(home));
 }
 
 }  // namespace tarn::tools

@@ -21,15 +21,11 @@ std::string JavaVersionOfFeature(int feature);
 /// class file.
 int JavaFeatureOfClass(std::span<const std::byte> classFile);
 
-/// The value of `JAVA_VERSION` in the text of a runtime's file `release`, without quotes; empty
-/// when there is none.
-std::string JavaVersionIn(std::string_view releaseFile);
-
-/// The words of `MODULES`, which a runtime's file `release` lists from Java 9 on.
-std::set<std::string> JavaModulesIn(std::string_view releaseFile);
-
-/// The same two from the file `release` in a runtime's home; empty when it cannot be read.
+/// Returns the value of `JAVA_VERSION` in the file `release` of a runtime's home, without quotes;
+/// empty when there is none or the file cannot be read.
 std::string ReadJavaVersion(const std::filesystem::path& home);
+
+/// Returns the words of `MODULES` in the same file, which lists them from Java 9 on.
 std::set<std::string> ReadJavaModules(const std::filesystem::path& home);
 
 }  // namespace tarn::tools

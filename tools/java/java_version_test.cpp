@@ -8,26 +8,17 @@
 namespace tarn::tools {
 namespace {
 
-TEST(JavaVersionTest, IsALineOfItsOwnInTheReleaseFile) {
-    EXPECT_EQ(JavaVersionIn("IMPLEMENTOR=\"x\"\r\nJAVA_VERSION=\"17.0.9\"\r\nOS=\"y\"\r\n"),
-              "17.0.9");
-    EXPECT_EQ(JavaVersionIn("JAVA_VERSION=1.8.0_231"), "1.8.0_231");
-    EXPECT_EQ(JavaVersionIn("JAVA_VERSION_DATE=\"2023\"\nJAVA_VERSION=\"21\"\n"), "21");
-}
-
-TEST(JavaVersionTest, IsEmptyWithoutThatLine) {
-    EXPECT_EQ(JavaVersionIn(""), "");
-    EXPECT_EQ(JavaVersionIn("\n\r\nNOT_JAVA_VERSION=1\n"), "");
-    EXPECT_EQ(JavaVersionIn("JAVA_VERSION="), "");
-}
-
 using JavaVersionOfARuntime = FolderTest;
 
 TEST_F(JavaVersionOfARuntime, IsReadFromItsHome) {
     EXPECT_EQ(ReadJavaVersion(folder_), "");
     Put("release", "IMPLEMENTOR=\"x\"\nJAVA_VERSION=\"21.0.8\"\nOS_NAME=\"Windows\"\n");
     EXPECT_EQ(ReadJavaVersion(folder_), "21.0.8");
-    Put("release", "IMPLEMENTOR=\"x\"\n");
+    Put("release", "IMPLEMENTOR=\"x\"\r\nJAVA_VERSION=\"17.0.9\"\r\nOS_NAME=\"y\"\r\n");
+    EXPECT_EQ(ReadJavaVersion(folder_), "17.0.9");
+    Put("release", "JAVA_VERSION=1.8.0_231");
+    EXPECT_EQ(ReadJavaVersion(folder_), "1.8.0_231");
+    Put("release", "IMPLEMENTOR=\"x\"\n\r\nNOT_JAVA_VERSION=1\n");
     EXPECT_EQ(ReadJavaVersion(folder_), "");
 }
 

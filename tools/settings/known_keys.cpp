@@ -1,8 +1,11 @@
 #include "tools/settings/known_keys.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "base/text.h"
+#include "runtime/further_sources.h"
 #include "settings/keys.h"
 #include "tools/common/text_encoding.h"
 
@@ -18,8 +21,12 @@ constexpr std::wstring_view kSources[] = {L"favor_JRE", L"favor_JDK", L"only_JRE
 constexpr std::wstring_view kProviders[] = {L"jrockit",       L"ibm",       L"favor_sun",
                                             L"favor_jrockit", L"favor_ibm", L"any"};
 
-constexpr std::wstring_view kFurtherSources[] = {L"vendors", L"user", L"java_home", L"path",
-                                                 L"folders"};
+// The words that the launcher's search recognises.
+constexpr auto kFurtherSources = [] {
+    std::array<std::wstring_view, std::size(kFurtherSourceWords)> words;
+    std::copy(std::begin(kFurtherSourceWords), std::end(kFurtherSourceWords), words.begin());
+    return words;
+}();
 
 constexpr auto* kRuntime = keys::kJavaRuntimeEnvironment;
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "settings/keys.h"
+#include "tools/common/text_encoding.h"
+#include "tools/settings/known_keys.h"
 
 namespace tarn::tools {
 namespace {
@@ -64,6 +66,15 @@ void AddApplication(const WrapRequest& request, SettingsWriter& settings) {
                  "the\nexceptions of other threads than main's. Each start replaces it.");
 }
 
+// All keywords of a key, separated by ";".
+std::string AllKeywords(const wchar_t* section, const wchar_t* key) {
+    std::vector<std::string> words;
+    for (const std::wstring_view word : FindKnownKey(section, key)->keywords) {
+        words.push_back(Utf8Of(word));
+    }
+    return Concat(words, ";");
+}
+
 void AddRuntime(const WrapRequest& request, const JavaStart& start, SettingsWriter& settings) {
     const wchar_t* const section = keys::kJavaRuntimeEnvironment;
     settings.Add(section, keys::kMainClass, start.mainClass);
@@ -75,7 +86,7 @@ void AddRuntime(const WrapRequest& request, const JavaStart& start, SettingsWrit
                  request.maximumVersion.empty() ? "any" : request.maximumVersion);
     if (request.runtime.empty()) {
         settings.Add(
-            section, keys::kFurtherSources, "vendors;user;java_home;path;folders",
+            section, keys::kFurtherSources, AllKeywords(section, keys::kFurtherSources),
             "Where a runtime is searched that is not registered as JavaSoft's are: the "
             "makers' registry keys\nfor the machine and for the user, JAVA_HOME, Path, and "
             "the makers' folders.");
