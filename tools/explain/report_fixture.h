@@ -4,6 +4,29 @@
 
 namespace tarn::tools {
 
+/// A search that finds nothing before a further source.
+inline LaunchReport ReportWithFurtherSources() {
+    SourceLine variable;
+    variable.source = "further-java-home";
+    variable.verdict = "no-candidate";
+    variable.candidates = {
+        {"JAVA_HOME", "17.0.9", "D:\\jdk\\", false, false, false, 0, "other-machine", ""}};
+    SourceLine folders;
+    folders.source = "further-folders";
+    folders.verdict = "taken";
+    folders.home = "C:\\Java\\jdk-21\\";
+    folders.candidates = {
+        {"C:\\Java\\jdk-17", "17.0", "C:\\Java\\jdk-17\\", true, true, true, 1, "ranked-below",
+         "version"},
+        {"C:\\Java\\jdk-21", "21.0", "C:\\Java\\jdk-21\\", true, true, true, 0, "chosen", ""}};
+    LaunchReport report;
+    report.runtime.emplace();
+    report.runtime->isFound = true;
+    report.runtime->home = folders.home;
+    report.runtime->sources = {variable, folders};
+    return report;
+}
+
 /// A report with every part.
 inline LaunchReport FullReport() {
     LaunchReport report;

@@ -65,6 +65,25 @@ TEST(ReportJsonTest, HasRanksForCandidatesOnly) {
     EXPECT_EQ(subkeys[2]["home"], nullptr);
 }
 
+TEST(ReportJsonTest, HasTheRuntimesOfFurtherSources) {
+    const json report = json::parse(ReportJson(ReportWithFurtherSources()));
+    const json& sources = report["runtime"]["sources"];
+    ASSERT_EQ(sources.size(), 2U);
+    EXPECT_EQ(sources[0]["source"], "further-java-home");
+    EXPECT_EQ(sources[0]["verdict"], "no-candidate");
+    EXPECT_EQ(sources[0]["roots"], json::array());
+    EXPECT_EQ(sources[0]["candidates"], json::array({{{"name", "JAVA_HOME"},
+                                                      {"version", "17.0.9"},
+                                                      {"verdict", "other-machine"},
+                                                      {"home", "D:\\jdk\\"}}}));
+    const json& candidates = sources[1]["candidates"];
+    ASSERT_EQ(candidates.size(), 2U);
+    EXPECT_EQ(candidates[0]["reason"], "version");
+    EXPECT_EQ(candidates[0]["rank"], 1);
+    EXPECT_EQ(candidates[1]["verdict"], "chosen");
+    EXPECT_EQ(candidates[1]["reason"], nullptr);
+}
+
 TEST(ReportJsonTest, OmitsTheNamesOfADisabledInstance) {
     LaunchReport report;
     report.instance.emplace();

@@ -80,13 +80,14 @@ void PrintInstance(const InstanceReport& instance, TextPage& page) {
     }
 }
 
-std::string Styled(const TextPage& page, std::string_view verdict) {
+std::string Styled(const TextPage& page, std::string_view verdict, std::string_view sentence) {
     const bool good = verdict == "taken" || verdict == "chosen";
-    return page.Styled(good ? Style::Good : Style::Plain, SentenceFor(verdict));
+    return page.Styled(good ? Style::Good : Style::Plain, sentence);
 }
 
 void PrintSubkey(const SubkeyLine& subkey, TextPage& page) {
-    std::string line = subkey.name + " (" + subkey.version + "): " + Styled(page, subkey.verdict);
+    std::string line = subkey.name + " (" + subkey.version +
+                       "): " + Styled(page, subkey.verdict, SentenceFor(subkey.verdict));
     if (!subkey.reason.empty()) line += "; " + std::string(SentenceFor(subkey.reason));
     page.Line(line, 3);
     if (!subkey.home.empty()) page.Line(page.Styled(Style::Dim, subkey.home), 4);
@@ -98,7 +99,8 @@ void PrintSubkey(const SubkeyLine& subkey, TextPage& page) {
 }
 
 void PrintSource(const SourceLine& source, TextPage& page) {
-    page.Line(std::string(SentenceFor(source.source)) + ": " + Styled(page, source.verdict));
+    page.Line(std::string(SentenceFor(source.source)) + ": " +
+              Styled(page, source.verdict, VerdictSentence(source)));
     if (!source.home.empty()) {
         page.Line(page.Styled(Style::Dim, source.home), 2);
     } else if (source.source == "shipped" && source.verdict != "no-launcher-folder") {

@@ -55,6 +55,19 @@ TEST_F(ReportTextTest, ShowsTheSearchWithItsReasons) {
     EXPECT_THAT(text, HasSubstr("JRE: not searched: excluded by \"JVM Source\"\n"));
 }
 
+TEST_F(ReportTextTest, ShowsFurtherSourcesWithEachRuntime) {
+    const std::string text = Text(ReportWithFurtherSources());
+    EXPECT_THAT(text, HasSubstr("  Further sources: the variable JAVA_HOME (java_home): its "
+                                "runtime does not qualify\n"
+                                "      JAVA_HOME (17.0.9): its jvm.dll is for another processor or "
+                                "damaged\n        D:\\jdk\\\n"));
+    EXPECT_THAT(text, HasSubstr("  Further sources: the makers' folders (folders): taken\n"
+                                "    C:\\Java\\jdk-21\\\n"
+                                "      C:\\Java\\jdk-17 (17.0): qualifies, but another one is "
+                                "preferred; the other is newer\n"));
+    EXPECT_THAT(text, HasSubstr("      C:\\Java\\jdk-21 (21.0): chosen\n"));
+}
+
 TEST_F(ReportTextTest, ShowsWhatJavaGets) {
     const std::string text = Text(FullReport());
     EXPECT_THAT(text, HasSubstr("  option            -Xmx1024K\n"));

@@ -154,6 +154,21 @@ constexpr Sentence kSentences[] = {
     {"found-earlier", "the other was found first"},
 };
 
+// What "no-candidate" means for a source, without and with a list of rejected runtimes.
+struct NoCandidateSentences {
+    std::string_view source;
+    std::string_view nothingFound;
+    std::string_view allRejected;
+};
+
+constexpr NoCandidateSentences kNoCandidate[] = {
+    {"further-vendors", "no runtime is registered in them", "no registered runtime qualifies"},
+    {"further-user", "no runtime is registered in them", "no registered runtime qualifies"},
+    {"further-java-home", "it cannot be used", "its runtime does not qualify"},
+    {"further-path", "none found", "its runtime does not qualify"},
+    {"further-folders", "no folder found in them", "no runtime in them qualifies"},
+};
+
 SubkeyLine Describe(const SubkeyReport& subkey) {
     SubkeyLine line;
     line.name = Utf8Of(subkey.name);
@@ -204,6 +219,16 @@ std::string_view SentenceFor(std::string_view word) {
         if (sentence.word == word) return sentence.text;
     }
     return word;
+}
+
+std::string_view VerdictSentence(const SourceLine& source) {
+    if (source.verdict == "no-candidate") {
+        for (const NoCandidateSentences& each : kNoCandidate) {
+            if (each.source != source.source) continue;
+            return source.candidates.empty() ? each.nothingFound : each.allRejected;
+        }
+    }
+    return SentenceFor(source.verdict);
 }
 
 }  // namespace tarn::tools

@@ -16,4 +16,7 @@ std::vector<SourceLine> DescribeSearch(const SearchReport& search,
 /// The readable text for a keyword; the keyword itself when there is none.
 std::string_view SentenceFor(std::string_view word);
 
+/// The readable text for the verdict on a source, in the words that suit the source.
+std::string_view VerdictSentence(const SourceLine& source);
+
 }  // namespace tarn::tools

@@ -65,14 +65,14 @@ TEST(VerdictTextTest, DescribesEachSubkeyAsFarAsItWasRead) {
 
 TEST(VerdictTextTest, HasADistinctKeywordAndTextForEachVerdict) {
     std::set<std::string> words;
-    for (int each = 0; each <= static_cast<int>(SubkeyVerdict::NoJvmLibrary); ++each) {
+    for (int each = 0; each <= static_cast<int>(SubkeyVerdict::UnknownVersion); ++each) {
         SearchReport search = RegistrySearch();
         search.sources[1].roots[0].subkeys[0].verdict = static_cast<SubkeyVerdict>(each);
         const std::string word = DescribeSearch(search, {L"", L""})[1].roots[0].subkeys[0].verdict;
         EXPECT_FALSE(SentenceFor(word).empty());
         words.insert(word);
     }
-    EXPECT_EQ(words.size(), 7U);
+    EXPECT_EQ(words.size(), 11U);
     words.clear();
     for (int each = 0; each <= static_cast<int>(SourceVerdict::NoPairProduct); ++each) {
         SearchReport search;
@@ -80,6 +80,47 @@ TEST(VerdictTextTest, HasADistinctKeywordAndTextForEachVerdict) {
         words.insert(DescribeSearch(search, {})[0].verdict);
     }
     EXPECT_EQ(words.size(), 6U);
+}
+
+TEST(VerdictTextTest, NamesEachFurtherSourceAndItsRuntimes) {
+    SearchReport search;
+    SubkeyReport candidate;
+    candidate.name = L"JAVA_HOME";
+    candidate.verdict = SubkeyVerdict::OtherMachine;
+    for (int each = 0; each <= static_cast<int>(FurtherSource::Folders); ++each) {
+        SourceReport& source = search.sources.emplace_back();
+        source.source = RuntimeSource::Further;
+        source.verdict = SourceVerdict::NoCandidate;
+        source.further = static_cast<FurtherSource>(each);
+        source.candidates = {candidate};
+    }
+    std::set<std::string> words;
+    std::set<std::string_view> sentences;
+    for (const SourceLine& line : DescribeSearch(search, {})) {
+        words.insert(line.source);
+        sentences.insert(SentenceFor(line.source));
+        EXPECT_EQ(line.verdict, "no-candidate");
+        ASSERT_EQ(line.candidates.size(), 1U);
+        EXPECT_EQ(line.candidates[0].name, "JAVA_HOME");
+        EXPECT_EQ(line.candidates[0].verdict, "other-machine");
+    }
+    EXPECT_EQ(words.size(), 5U);
+    EXPECT_EQ(sentences.size(), 5U);
+}
+
+TEST(VerdictTextTest, SaysWhatASourceWithoutACandidateLacks) {
+    SourceLine line;
+    line.verdict = "no-candidate";
+    line.source = "registry";
+    EXPECT_EQ(VerdictSentence(line), "no registered runtime qualifies");
+    line.source = "further-path";
+    EXPECT_EQ(VerdictSentence(line), "none found");
+    line.candidates.emplace_back();
+    EXPECT_EQ(VerdictSentence(line), "its runtime does not qualify");
+    line.source = "further-folders";
+    EXPECT_EQ(VerdictSentence(line), "no runtime in them qualifies");
+    line.verdict = "taken";
+    EXPECT_EQ(VerdictSentence(line), "taken");
 }
 
 TEST(VerdictTextTest, ReturnsAnUnknownKeywordUnchanged) {
