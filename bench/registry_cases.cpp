@@ -1,11 +1,11 @@
-// What registered runtimes cost a launch that finds its own among them.
+// What the search costs a launch that finds its runtime among registered or installed ones.
 #include <fstream>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
-#include "base/handles.h"
+#include "base/windows.h"
 #include "bench/bench_case.h"
+#include "bench/registrations.h"
 #include "bench/timed_process.h"
 #include "bench/workspace.h"
 
@@ -15,70 +15,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr wchar_t kRoot[] = L"Software\\JavaSoft\\JDK";
-// Newer than whatever the machine has installed; the settings let nothing older pass.
-constexpr wchar_t kVersion[] = L"60000.";
+constexpr int kInstalled = 20;
 
-/// Any number of registered runtimes. Each has the jvm.dll that only
-/// records the time. The destructor removes the keys; keys created above them are volatile.
-class Registrations {
-  public:
-    explicit Registrations(const Workspace& workspace)
-        : homes_(workspace.scratch / L"registered"), jvm_(workspace.tools / L"stamp_jvm.dll") {}
-    Registrations(const Registrations&) = delete;
-    Registrations& operator=(const Registrations&) = delete;
-    ~Registrations() { Shrink(0); }
-
-    void Want(int count) {
-        Shrink(count);
-        while (count_ < count) Register(++count_);
-    }
-
-  private:
-    static std::wstring KeyOf(int number) {
-        return std::wstring(kRoot) + L'\\' + kVersion + std::to_wstring(number);
-    }
-
-    void Shrink(int count) {
-        while (count_ > count) RegDeleteKeyW(HKEY_LOCAL_MACHINE, KeyOf(count_--).c_str());
-    }
-
-    void Register(int number) {
-        const fs::path home = homes_ / std::to_wstring(number);
-        const fs::path library = home / L"bin" / L"server" / L"jvm.dll";
-        if (!fs::exists(library)) {
-            fs::create_directories(library.parent_path());
-            fs::create_hard_link(jvm_, library);
-        }
-        const std::wstring text = home.wstring();
-        UniqueRegistryKey key;
-        if (RegCreateKeyExW(HKEY_LOCAL_MACHINE, KeyOf(number).c_str(), 0, nullptr,
-                            REG_OPTION_VOLATILE, KEY_WRITE, nullptr, key.put(),
-                            nullptr) != ERROR_SUCCESS ||
-            RegSetValueExW(
-                key.get(), L"JavaHome", 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()),
-                static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t))) != ERROR_SUCCESS) {
-            throw std::runtime_error("cannot register a runtime");
-        }
-    }
-
-    fs::path homes_;
-    fs::path jvm_;
-    int count_ = 0;
-};
-
-std::wstring IniText(const std::wstring& minimum) {
+std::wstring IniText(const std::wstring& minimum, const std::wstring& moreOfRuntime = {}) {
     return L"[Java Runtime Environment]\r\nMain Class=bench.Stamp\r\nMinimum Version=" + minimum +
-           L"\r\nMaximum Version=any\r\n[Class Path]\r\nClass Path=C:\\none.jar\r\n";
+           L"\r\nMaximum Version=any\r\n" + moreOfRuntime +
+           L"[Class Path]\r\nClass Path=C:\\none.jar\r\n";
 }
 
-}  // namespace
-
-std::vector<Case> RegistryCases(const Workspace& workspace) {
-    const auto run = [](const InstalledApp& app) {
-        const std::wstring program = app.program.wstring();
-        return Sample{RunTimed(program, Quoted(program)).toMark};
-    };
+Case RegisteredRuntimesCase(const Workspace& workspace) {
     Case result;
     result.name = "Growth: runtimes in the registry";
     result.rounds = 10;
@@ -89,17 +34,85 @@ std::vector<Case> RegistryCases(const Workspace& workspace) {
     fs::create_directories(bin / L"server");
     fs::copy_file(workspace.tools / L"stamp_jvm.dll", bin / L"server" / L"jvm.dll");
     std::ofstream(bin / L"java.dll").close();
-    result.contenders.push_back({"0, a shipped one", [=] { return run(shipped); }});
+    result.contenders.push_back(
+        {"0, a shipped one", [=] { return Sample{ToCreateJavaVm(shipped)}; }});
 
     const InstalledApp registered = InstallApp(workspace, L"registered_app", IniText(L"60000"));
-    const auto registrations = std::make_shared<Registrations>(workspace);
+    const auto registrations = std::make_shared<Registrations>(workspace, JavaSoftKits(),
+                                                               workspace.scratch / L"registered");
     for (const int count : {5, 50, 200}) {
         result.contenders.push_back({std::to_string(count), [=] {
                                          registrations->Want(count);
-                                         return run(registered);
+                                         return Sample{ToCreateJavaVm(registered)};
                                      }});
     }
-    return {result};
+    return result;
+}
+
+/// While the object lives, started processes have this folder for the user's local data.
+class LocalDataFolder {
+  public:
+    explicit LocalDataFolder(const fs::path& folder) {
+        wchar_t text[MAX_PATH] = {};
+        GetEnvironmentVariableW(kName, text, MAX_PATH);
+        before_ = text;
+        SetEnvironmentVariableW(kName, folder.c_str());
+    }
+    LocalDataFolder(const LocalDataFolder&) = delete;
+    LocalDataFolder& operator=(const LocalDataFolder&) = delete;
+    ~LocalDataFolder() { SetEnvironmentVariableW(kName, before_.c_str()); }
+
+  private:
+    static constexpr wchar_t kName[] = L"LOCALAPPDATA";
+    std::wstring before_;
+};
+
+/// Every source is searched: a maker's keys name each runtime in a version that the settings
+/// reject, and only the last source, which finds them again in the maker's folder, accepts them.
+Case FurtherSourcesCase(const Workspace& workspace) {
+    const std::string quantity = "to JNI_CreateJavaVM, ms";
+    const std::string without = "a registered one, no further source";
+    const std::string with =
+        "all further sources, " + std::to_string(kInstalled) + " installed ones";
+    const fs::path local = workspace.scratch / L"local";
+    const auto installed =
+        std::make_shared<Registrations>(workspace,
+                                        RegistrationLayout{L"SOFTWARE\\Eclipse Adoptium\\JDK",
+                                                           L"59999.", L"\\hotspot\\MSI", L"Path"},
+                                        local / L"Programs" / L"Eclipse Adoptium");
+    const auto registered = std::make_shared<Registrations>(workspace, JavaSoftKits(),
+                                                            workspace.scratch / L"registered");
+    const InstalledApp plain = InstallApp(workspace, L"no_further_source", IniText(L"60000"));
+    const InstalledApp further =
+        InstallApp(workspace, L"further_sources",
+                   IniText(L"60000", L"Further Sources=vendors;user;java_home;path;folders\r\n"));
+
+    Case result;
+    result.name = "Further sources of a runtime";
+    result.quantities = {quantity};
+    result.contenders.push_back({without, [=] {
+                                     registered->Want(1);
+                                     return Sample{ToCreateJavaVm(plain)};
+                                 }});
+    result.contenders.push_back({with, [=] {
+                                     registered->Want(0);
+                                     installed->Want(kInstalled);
+                                     for (int number = 1; number <= kInstalled; ++number) {
+                                         std::ofstream(installed->HomeOf(number) / L"release")
+                                             << "IMPLEMENTOR=\"Bench\"\nJAVA_VERSION=\"60000."
+                                             << number << "\"\n";
+                                     }
+                                     const LocalDataFolder folder(local);
+                                     return Sample{ToCreateJavaVm(further)};
+                                 }});
+    result.budgets = {{quantity, with, without, Budget::Kind::DifferenceAtMost, 10}};
+    return result;
+}
+
+}  // namespace
+
+std::vector<Case> RegistryCases(const Workspace& workspace) {
+    return {RegisteredRuntimesCase(workspace), FurtherSourcesCase(workspace)};
 }
 
 }  // namespace tarn::bench
