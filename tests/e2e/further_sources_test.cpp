@@ -1,6 +1,7 @@
 // "Further Sources": the places of other makers, which are searched when all other sources of a
 // runtime have failed.
 
+#include "base/handles.h"
 #include "tests/support/jvm_files.h"
 #include "tests/support/real_runtime_fixture.h"
 #include "tests/support/registered_runtimes_fixture.h"
@@ -209,6 +210,41 @@ TEST_F(FurtherSources, WithUselessValuesAreSkippedSilently) {
     EXPECT_EQ(Chosen(), In("runtime"));
 }
 
+TEST_F(FurtherSources, InKeysWithoutPermissionAreSkipped) {
+    TemporaryKey& root = AddKey(L"Semeru\\JDK");
+    AddMsi(L"Semeru\\JDK\\23.0.1.8", L"semeru");
+    EXPECT_EQ(Chosen(), In("semeru"));
+    root.Lock();
+    EXPECT_EQ(Chosen(), "nothing");
+    app.AddRuntime(L"microsoft");
+    TemporaryKey& runtime = AddKey(L"Microsoft\\JDK\\21.0.1.12\\hotspot\\MSI");
+    runtime.Set(kMsiHome, app.Path(L"microsoft"));
+    AddMsi(L"Microsoft\\JDK\\17.0.9.8", L"readable");
+    EXPECT_EQ(Chosen(), In("microsoft"));
+    runtime.Lock();
+    EXPECT_EQ(Chosen(), In("readable"));
+}
+
+TEST_F(FurtherSources, MayStateTheirVersionInAValueOfAnyType) {
+    app.AddRuntime(L"runtime");
+    TemporaryKey& key = AddKey(L"Azul Systems\\Zulu\\zulu-17");
+    key.Set(kNamedHome, app.Path(L"runtime"));
+    settings.Runtime(L"Minimum Version", L"17").Runtime(L"Maximum Version", L"17");
+    // Without a terminator.
+    key.Set(L"CurrentVersion", REG_BINARY, L"17", 2 * sizeof(wchar_t));
+    EXPECT_EQ(Chosen(), In("runtime"));
+    // Half a character is ignored.
+    key.Set(L"CurrentVersion", REG_SZ, L"17", 2 * sizeof(wchar_t) + 1);
+    EXPECT_EQ(Chosen(), In("runtime"));
+    const DWORD number = 17;
+    key.Set(L"CurrentVersion", REG_DWORD, &number, sizeof number);
+    EXPECT_EQ(Chosen(), "nothing");
+    key.Set(L"CurrentVersion", REG_SZ, nullptr, 0);
+    EXPECT_EQ(Chosen(), "nothing");
+    AddRelease(L"runtime", "17.0.9");
+    EXPECT_EQ(Chosen(), In("runtime"));
+}
+
 TEST_F(FurtherSources, WithAnUnknownVersionNeedOpenBounds) {
     AddMsi(L"Eclipse Adoptium\\JDK\\latest", L"runtime");
     EXPECT_EQ(Chosen(), In("runtime"));
@@ -219,6 +255,17 @@ TEST_F(FurtherSources, WithAnUnknownVersionNeedOpenBounds) {
 }
 
 using JavaHome = FurtherSources;
+
+/// Appends zeros, for which the file systems of the tests reserve no space.
+void EnlargeFile(const std::wstring& path, LONGLONG size) {
+    const UniqueFile file(
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(file);
+    LARGE_INTEGER end;
+    end.QuadPart = size;
+    EXPECT_TRUE(SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN));
+    EXPECT_TRUE(SetEndOfFile(file.get()));
+}
 
 TEST_F(JavaHome, IsUsedWithTheVersionOfItsReleaseFile) {
     app.AddRuntime(L"home");
@@ -234,8 +281,9 @@ TEST_F(JavaHome, IsUsedWithTheVersionOfItsReleaseFile) {
 TEST_F(JavaHome, MayBeMissingLongOrNoFolder) {
     Name(L"java_home;path");
     EXPECT_EQ(Chosen(), "nothing");
-    for (const std::wstring& home : {std::wstring(20000, L'x'), std::wstring(L"jre"),
-                                     std::wstring(L"C:\\" + std::wstring(1021, L'x'))}) {
+    for (const std::wstring& home :
+         {std::wstring(20000, L'x'), std::wstring(L"jre"), std::wstring(L"Q:\\jdk"),
+          std::wstring(L"C:\\" + std::wstring(1021, L'x'))}) {
         app.environment[L"JAVA_HOME"] = home;
         EXPECT_EQ(Chosen(), "nothing");
     }
@@ -246,8 +294,7 @@ TEST_F(JavaHome, MayHaveAReleaseFileOfAnySize) {
     app.environment[L"JAVA_HOME"] = app.Path(L"home");
     Name(L"java_home");
     settings.Runtime(L"Minimum Version", L"17");
-    app.AddFile(L"home\\release",
-                "JAVA_VERSION=\"17.0.9\"\n" + std::string(std::size_t{3} << 20, 'x'));
+    EnlargeFile(app.AddFile(L"home\\release", "JAVA_VERSION=\"17.0.9\"\n"), LONGLONG{1} << 30);
     EXPECT_EQ(Chosen(), In("home"));
     app.AddFile(L"home\\release", std::string(std::size_t{65} << 10, '\n') + "JAVA_VERSION=17\n");
     EXPECT_EQ(Chosen(), "nothing");

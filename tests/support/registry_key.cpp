@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "base/handles.h"
 #include "tests/support/text.h"
+#include "tests/unit_support/key_rights.h"
 
 namespace tarn::test {
 
@@ -57,7 +57,15 @@ TemporaryKey::TemporaryKey(HKEY root, std::wstring path, RegistryView view)
 }
 
 TemporaryKey::~TemporaryKey() {
+    // The key could not be removed otherwise.
+    if (locked_) GrantAll(locked_.get());
     if (!topmostMade_.empty()) DeleteTree(root_, topmostMade_, view_);
+}
+
+void TemporaryKey::Lock() {
+    ASSERT_EQ(RegOpenKeyExW(root_, path_.c_str(), 0, KEY_ALL_ACCESS | view_, locked_.put()),
+              ERROR_SUCCESS);
+    DenyAll(locked_.get());
 }
 
 void TemporaryKey::Set(const std::wstring& name, const std::wstring& value) const {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "base/windows.h"
+#include "base/handles.h"
 
 namespace tarn::test {
 
@@ -17,6 +17,10 @@ class TemporaryKey {
     TemporaryKey(const TemporaryKey&) = delete;
     TemporaryKey& operator=(const TemporaryKey&) = delete;
 
+    /// Removes all access rights to the key until the object is destroyed. Keys below it must be
+    /// objects that were created later, because this one's destructor removes them.
+    void Lock();
+
     /// Sets a text value of the key.
     void Set(const std::wstring& name, const std::wstring& value) const;
     /// Sets a value of any type.
@@ -26,6 +30,7 @@ class TemporaryKey {
     HKEY root_;
     std::wstring path_;
     REGSAM view_;
+    UniqueRegistryKey locked_;
     std::wstring topmostMade_;  // the topmost key of the path that did not exist before
 };
 

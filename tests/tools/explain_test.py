@@ -16,6 +16,17 @@ LINUX = [os.path.join(ROOT, "build", "native", "tarn")]
 WINDOWS = ["wine", os.path.join(ROOT, "build", "release", "tarn.exe")]
 
 
+def windows_path(path):
+    return path if os.name == "nt" else "Z:" + path.replace("/", "\\")
+
+
+def in_front_of_path(folder):
+    """The variable that puts a folder before the others of the Windows program's Path."""
+    if os.name == "nt":
+        return {"PATH": folder + ";" + os.environ["PATH"]}
+    return {"WINEPATH": windows_path(folder)}
+
+
 class ExplainTest(unittest.TestCase):
     def setUp(self):
         self.folder = tempfile.mkdtemp(prefix="tarn explain \u00e4 ")
@@ -79,9 +90,7 @@ class ExplainTest(unittest.TestCase):
 
     def test_the_variables_with_options_are_explained(self):
         shutil.copy(LAUNCHER, os.path.join(self.folder, "sample.exe"))
-        home = os.path.join(RUNTIMES, "17")
-        if os.name != "nt":
-            home = "Z:" + home.replace("/", "\\")
+        home = windows_path(os.path.join(RUNTIMES, "17"))
         with open(os.path.join(self.folder, "sample.ini"), "w", encoding="ascii") as file:
             file.write(f"[Java Runtime Environment]\nMain Class=a.B\nJRE Path={home}\n"
                        "[Class Path]\nClass Path=sample.exe\n")
@@ -96,6 +105,56 @@ class ExplainTest(unittest.TestCase):
                              [(each["name"], each["value"], each["effect"]) for each in found])
             _, output, _ = self.explain(WINDOWS, "sample.exe")
             self.assertIn("_JAVA_OPTIONS     -Da=b\n    read by the JVM after", output.replace("\r\n", "\n"))
+
+    def explain_search(self, further_sources, more="", **variables):
+        """What the text and the JSON tell of the search: (text, runtime)."""
+        shutil.copy(LAUNCHER, os.path.join(self.folder, "sample.exe"))
+        with open(os.path.join(self.folder, "sample.ini"), "w", encoding="ascii") as file:
+            file.write(f"[Java Runtime Environment]\nMain Class=a.B\nMaximum Version=any\n{more}\n"
+                       f"Further Sources={further_sources}\n[Class Path]\nClass Path=sample.exe\n")
+        with unittest.mock.patch.dict(os.environ, variables):
+            _, text, errors = self.explain(WINDOWS, "sample.exe")
+            code, report, more_errors = self.explain(WINDOWS, "--json", "sample.exe")
+        self.assertEqual((0, "", ""), (code, errors, more_errors))
+        return text.replace("\r\n", "\n"), json.loads(report)["runtime"]
+
+    def test_further_sources_are_explained(self):
+        home = windows_path(os.path.join(RUNTIMES, "17")) + "\\"
+        text, runtime = self.explain_search("path;java_home", "Minimum Version=60", JAVA_HOME=home)
+        self.assertFalse(runtime["found"])
+        path, variable = runtime["sources"][-2:]
+        self.assertEqual(("further-path", "no-candidate", []),
+                         (path["source"], path["verdict"], path["candidates"]))
+        self.assertEqual(("further-java-home", "no-candidate"), (variable["source"], variable["verdict"]))
+        (candidate,) = variable["candidates"]
+        self.assertEqual(("JAVA_HOME", "below-minimum", home),
+                         (candidate["name"], candidate["verdict"], candidate["home"]))
+        self.assertIn("  Further sources: the first java.exe in Path (path): none found\n", text)
+        self.assertIn("(java_home): its runtime does not qualify\n      JAVA_HOME (17.0", text)
+        text, runtime = self.explain_search("java_home", JAVA_HOME=home)
+        self.assertEqual(("taken", home), (runtime["sources"][-1]["verdict"], runtime["home"]))
+        self.assertIn(f"Further sources: the variable JAVA_HOME (java_home): taken\n    {home}\n", text)
+
+    def test_a_folder_of_links_in_path_is_followed(self):
+        links = os.path.join(self.folder, "javapath")
+        os.mkdir(links)
+        os.symlink(os.path.join(RUNTIMES, "17", "bin", "java.exe"), os.path.join(links, "java.exe"))
+        _, runtime = self.explain_search("path", **in_front_of_path(links))
+        source = runtime["sources"][-1]
+        self.assertEqual(("further-path", "taken"), (source["source"], source["verdict"]))
+        self.assertEqual(windows_path(os.path.join(links, "java.exe")), source["candidates"][0]["name"])
+        self.assertEqual(windows_path(os.path.join(RUNTIMES, "17")) + "\\", runtime["home"])
+
+    def test_links_in_a_circle_are_skipped(self):
+        links = os.path.join(self.folder, "circle")
+        os.mkdir(links)
+        os.symlink(os.path.join(links, "java.exe"), os.path.join(links, "java.exe"))
+        os.symlink(os.path.join(links, "jdk"), os.path.join(links, "jdk"), target_is_directory=True)
+        _, runtime = self.explain_search("path;java_home", JAVA_HOME=windows_path(os.path.join(links, "jdk")),
+                                         **in_front_of_path(links))
+        path, variable = runtime["sources"][-2:]
+        self.assertEqual([], path["candidates"])
+        self.assertEqual(["no-jvm-library"], [each["verdict"] for each in variable["candidates"]])
 
 
 if __name__ == "__main__":

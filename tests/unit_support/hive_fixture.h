@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/handles.h"
+#include "tests/unit_support/key_rights.h"
 
 namespace tarn {
 
@@ -25,7 +26,7 @@ class HiveFixture {
     HiveFixture& operator=(const HiveFixture&) = delete;
     ~HiveFixture() {
         // With the original access rights, because the key could not be removed otherwise.
-        for (const UniqueRegistryKey& key : locked_) SetRights(key, nullptr);
+        for (const UniqueRegistryKey& key : locked_) GrantAll(key.get());
         locked_.clear();
         RegOverridePredefKey(HKEY_LOCAL_MACHINE, nullptr);
         EXPECT_EQ(RegDeleteTreeW(HKEY_CURRENT_USER, path_.c_str()), ERROR_SUCCESS);
@@ -47,10 +48,8 @@ class HiveFixture {
 
     /// Removes all access rights to the key, including the owner's.
     void Lock(const std::wstring& key) {
-        ACL nobody{};
-        EXPECT_TRUE(InitializeAcl(&nobody, sizeof nobody, ACL_REVISION));
         locked_.push_back(Open(key));
-        SetRights(locked_.back(), &nobody);
+        DenyAll(locked_.back().get());
     }
 
   private:
@@ -60,15 +59,6 @@ class HiveFixture {
                                   KEY_ALL_ACCESS, nullptr, key.put(), nullptr),
                   ERROR_SUCCESS);
         return key;
-    }
-
-    /// Null grants full access to everyone.
-    static void SetRights(const UniqueRegistryKey& key, ACL* rights) {
-        SECURITY_DESCRIPTOR security{};
-        EXPECT_TRUE(InitializeSecurityDescriptor(&security, SECURITY_DESCRIPTOR_REVISION));
-        EXPECT_TRUE(SetSecurityDescriptorDacl(&security, TRUE, rights, FALSE));
-        EXPECT_EQ(RegSetKeySecurity(key.get(), DACL_SECURITY_INFORMATION, &security),
-                  ERROR_SUCCESS);
     }
 
     std::wstring path_;
