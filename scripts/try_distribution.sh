@@ -95,6 +95,7 @@ run_inside() {
         mount --make-rprivate /
         mount --bind /dev "$system/dev"
         mount -t tmpfs tmpfs "$system/dev/shm"
+        mount --bind /dev/pts "$system/dev/pts"
         mount -t proc proc "$system/proc"
         mount -t sysfs sysfs "$system/sys"
         for folder in "$runtimes" "$applications"; do

@@ -14,7 +14,10 @@ APPLICATIONS = os.environ.get("TARN_APPLICATIONS", os.path.join(
     os.path.dirname(RUNTIMES), "applications"))
 
 # Wine has no graphics card to offer on a virtual screen, and the windows would stay black.
-ON_WINE = "-Dprism.order=sw -Dsun.java2d.d3d=false -Dsun.java2d.noddraw=true"
+# With Debian's Wine 10, Java 11 and 17 find no random numbers for the names of temporary files unless
+# they read the network adapters in the way of IPv4.
+ON_WINE = ("-Dprism.order=sw -Dsun.java2d.d3d=false -Dsun.java2d.noddraw=true "
+           "-Djava.net.preferIPv4Stack=true")
 PATIENCE = 120  # seconds, for a busy machine
 
 

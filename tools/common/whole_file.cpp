@@ -38,9 +38,10 @@ class FileRemover {
 // Writes and closes; 0 or an errno value.
 int WriteAndClose(UniqueStream stream, std::span<const std::byte> content) {
     errno = 0;
-    const bool isWritten =
-        std::fwrite(content.data(), 1, content.size(), stream.get()) == content.size() &&
-        std::fflush(stream.get()) == 0;
+    // Empty content may have no address, which `fread` and `fwrite` do not allow.
+    const bool isWritten = (content.empty() || std::fwrite(content.data(), 1, content.size(),
+                                                           stream.get()) == content.size()) &&
+                           std::fflush(stream.get()) == 0;
     const int writeError = errno;
     // A full disk may be reported only now.
     const bool isClosed = std::fclose(stream.release()) == 0;
@@ -95,7 +96,8 @@ Bytes ReadWholeFile(const std::filesystem::path& file, std::uintmax_t limit) {
     if (error) throw Failure(file, "cannot be read (" + error.message() + ")");
     if (size > limit) throw Failure(file, "is too large");
     Bytes content(static_cast<std::size_t>(size));
-    if (std::fread(content.data(), 1, content.size(), opened.get()) != content.size()) {
+    if (!content.empty() &&
+        std::fread(content.data(), 1, content.size(), opened.get()) != content.size()) {
         Fail(file, "cannot be read to its end", errno);
     }
     return content;
