@@ -10,7 +10,6 @@
 #include "fuzz/fuzz_input.h"
 #include "runtime/further_sources.h"
 #include "runtime/pe_header.h"
-#include "runtime/registry_search.h"
 
 namespace {
 
@@ -63,17 +62,6 @@ void CheckMachine(std::span<const std::byte> file) {
     Require(field == machine);
 }
 
-void CheckForms(const std::wstring& text) {
-    tarn::RuntimeSearchPolicy policy;
-    policy.minimum = tarn::MinimumBound(L"1.6");
-    policy.maximum = tarn::MaximumBound(L"1.8");
-    tarn::RuntimeVersion version;
-    tarn::ParseVersion(text, 0, version);
-    if (!tarn::RejectEitherForm(version, policy)) {
-        Require(version.parts[0] == 1 && version.parts[1] >= 6 && version.parts[1] <= 8);
-    }
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -83,6 +71,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::wstring text = tarn::fuzz::FuzzInput(data, size).TakeText();
     CheckWords(text);
     CheckFolder(text.substr(0, text.find(L'\0')));
-    CheckForms(text);
     return 0;
 }

@@ -154,10 +154,11 @@ TEST_F(FurtherSources, OutsideTheBoundsAreRejected) {
 TEST_F(FurtherSources, MayBeADevelopmentKitOfJava8) {
     app.AddRuntime(L"jdk8\\jre");
     AddKey(L"Eclipse Adoptium\\JDK\\8.0.392.8\\hotspot\\MSI").Set(kMsiHome, app.Path(L"jdk8"));
-    settings.Runtime(L"Minimum Version", L"1.8").Runtime(L"Maximum Version", L"1.8");
+    settings.Runtime(L"Minimum Version", L"1.8").Runtime(L"Maximum Version", L"8");
     EXPECT_EQ(Chosen(), In("jdk8\\jre"));
-    settings.Runtime(L"Minimum Version", L"8").Runtime(L"Maximum Version", L"8");
-    EXPECT_EQ(Chosen(), In("jdk8\\jre"));
+    // The key's name is compared as it is written.
+    settings.Runtime(L"Maximum Version", L"1.8");
+    EXPECT_EQ(Chosen(), "nothing");
     settings.Runtime(L"Minimum Version", L"9").Runtime(L"Maximum Version", L"any");
     EXPECT_EQ(Chosen(), "nothing");
 }
