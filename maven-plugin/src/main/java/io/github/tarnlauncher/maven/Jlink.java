@@ -8,7 +8,6 @@ import java.nio.file.Path;
 import java.nio.file.Paths;
 import java.util.List;
 import org.apache.maven.execution.MavenSession;
-import org.codehaus.plexus.util.FileUtils;
 
 /** The parameter {@code jlink}: a Java runtime that is linked from the modules of a JDK for Windows. */
 public final class Jlink {
@@ -39,7 +38,6 @@ public final class Jlink {
     }
 
     Path link(Path target) throws IOException {
-        FileUtils.deleteDirectory(target.toFile());
         link.link(modules, options, target);
         return target;
     }

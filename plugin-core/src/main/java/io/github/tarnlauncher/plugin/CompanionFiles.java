@@ -132,7 +132,8 @@ final class CompanionFiles {
         }
     }
 
-    private static void deleteTree(Path folder) throws IOException {
+    /** Deletes a folder with its contents, if there is one; of a link, the link. */
+    static void deleteTree(Path folder) throws IOException {
         if (!Files.exists(folder, LinkOption.NOFOLLOW_LINKS)) return;
         List<Path> content;
         try (Stream<Path> below = Files.walk(folder)) {

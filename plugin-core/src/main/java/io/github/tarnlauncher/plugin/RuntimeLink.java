@@ -47,9 +47,10 @@ public final class RuntimeLink {
      *
      * @param modules the names of the modules
      * @param options further options of {@code jlink}
-     * @param target the folder to create
+     * @param target the folder to create; one that is there is replaced
      */
     public void link(Collection<String> modules, Collection<String> options, Path target) throws IOException {
+        CompanionFiles.deleteTree(target);
         List<String> command = new ArrayList<>(List.of(tool("jlink"), "--module-path", modulePath.toString(),
             "--add-modules", String.join(",", modules), "--no-header-files", "--no-man-pages",
             "--strip-java-debug-attributes"));
