@@ -3,7 +3,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-mapfile -t sources < <(git ls-files '*.cpp' ':!:*_test.cpp' ':!:tests/*')
+mapfile -t sources < <(git ls-files '*.cpp' ':!:*_test.cpp' ':!:tests/*' ':!:third_party/*')
 mkdir -p build/cppcheck
 cppcheck --quiet -j 2 --std=c++20 --language=c++ --platform=win64 --library=windows \
     --enable=warning,performance,portability --inline-suppr --error-exitcode=1 \

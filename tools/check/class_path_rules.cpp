@@ -156,7 +156,8 @@ void CheckCurrentDirectory(const CheckedSettings& settings, Findings& findings) 
     const bool hasClassPath = !ClassPathEntries(classPath.text).empty() ||
                               settings.IsOn(keys::kApplication, keys::kEmbeddedJar);
     if (!hasClassPath || settings.IsOn(keys::kApplication, keys::kOverrideWorkingDir)) return;
-    for (const std::wstring& option : JvmOptionsOf(settings).options) {
+    const WrittenOptions jvm = JvmOptionsOf(settings);
+    for (const std::wstring& option : jvm.options) {
         // The last definition of the property wins.
         if (option.starts_with(L"-Djava.class.path=")) return;
     }

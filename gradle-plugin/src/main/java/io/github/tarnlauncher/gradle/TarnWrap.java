@@ -114,7 +114,6 @@ public abstract class TarnWrap extends DefaultTask {
             new RuntimeLink(pathOf(getJavaLauncher().get().getMetadata().getInstallationPath()), pathOf(jlink.getJmods()));
         List<String> modules = jlink.getModules().get();
         Path target = getTemporaryDir().toPath().resolve("runtime");
-        getFiles().delete(spec -> spec.delete(target));
         link.link(modules.isEmpty() ? link.modulesOf(jar, libraries) : modules, jlink.getOptions().get(), target);
         return target;
     }
