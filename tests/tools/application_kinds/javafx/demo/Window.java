@@ -16,7 +16,7 @@ public class Window extends Base {
     @Override
     public void start(Stage stage) {
         stage.setTitle("JavaFX " + System.getProperty("javafx.version") + " on Java "
-                + System.getProperty("java.specification.version") + " in " + Button.class.getModule());
+                + Runtime.version().feature() + " in " + Button.class.getModule());
         stage.setScene(new Scene(new VBox(10, new Button("A button"), new DatePicker()), 400, 300));
         stage.show();
     }

@@ -4,6 +4,6 @@ package demo;
 public class Opened {
     public static void main(String[] arguments) throws Exception {
         String.class.getDeclaredField("value").setAccessible(true);
-        System.err.println("opened on Java " + System.getProperty("java.specification.version"));
+        System.err.println("opened on Java " + System.getProperty("java.version"));
     }
 }

@@ -11,7 +11,7 @@ public class Window {
     public static void main(String[] arguments) {
         Display display = new Display();
         Shell shell = new Shell(display);
-        shell.setText("SWT on Java " + System.getProperty("java.specification.version"));
+        shell.setText("SWT on Java " + Runtime.version().feature());
         shell.setLayout(new FillLayout());
         new Button(shell, SWT.PUSH).setText("A button");
         shell.setSize(400, 200);

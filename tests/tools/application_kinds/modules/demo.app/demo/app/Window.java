@@ -10,7 +10,7 @@ public class Window {
     public static void main(String[] arguments) throws Exception {
         SwingUtilities.invokeAndWait(() -> {
             JFrame frame = new JFrame(Greeting.text() + " from " + Greeting.class.getModule() + " to "
-                    + Window.class.getModule() + " on Java " + System.getProperty("java.specification.version"));
+                    + Window.class.getModule() + " on Java " + Runtime.version().feature());
             frame.setDefaultCloseOperation(JFrame.EXIT_ON_CLOSE);
             frame.add(new JLabel("A label"));
             frame.setSize(600, 200);
