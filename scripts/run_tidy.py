@@ -30,7 +30,7 @@ def database(preset):
         commands = json.load(file)
     paths = {os.path.relpath(entry["file"], ROOT) for entry in commands}
     return {p for p in paths
-            if not p.startswith(("..", "build" + os.sep, "tests" + os.sep))
+            if not p.startswith(("..", "build" + os.sep, "tests" + os.sep, "third_party" + os.sep))
             and p.endswith(".cpp") and not p.endswith("_test.cpp")}
 
 

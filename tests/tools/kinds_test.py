@@ -23,8 +23,16 @@ PATIENCE = 120  # seconds, for a busy machine
 
 def windows():
     """The windows on the screen: {title: "WIDTHxHEIGHT+X+Y"}."""
-    tree = subprocess.check_output(["xwininfo", "-root", "-tree"], text=True, errors="replace")
-    found = re.findall(r'^ +0x[0-9a-f]+ "(.*)": \(.*\) +(\d+x\d+)\S+ +(\+-?\d+\+-?\d+)$', tree, re.M)
+    for _ in range(100):
+        tree = subprocess.run(["xwininfo", "-root", "-tree"], stdout=subprocess.PIPE,
+                              stderr=subprocess.PIPE, text=True, errors="replace", check=False)
+        # Fails when a window is closed while the tree is being read.
+        if tree.returncode == 0:
+            break
+    else:
+        raise AssertionError(tree.stderr)
+    found = re.findall(r'^ +0x[0-9a-f]+ "(.*)": \(.*\) +(\d+x\d+)\S+ +(\+-?\d+\+-?\d+)$',
+                       tree.stdout, re.M)
     return {title: size + place for title, size, place in found}
 
 
