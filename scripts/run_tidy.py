@@ -43,10 +43,21 @@ def mingw_arguments():
     arguments = ["--target=x86_64-w64-mingw32", "-Wno-ignored-optimization-argument"]
     for folder in (library, library + "/x86_64-w64-mingw32"):
         arguments += ["-isystem", folder]
-    # Only gcc supports objects with both kinds of code (link-time optimisation) for this target: older
-    # versions of clang ignore the option, newer ones reject it unless a later option takes it back.
-    return ["--extra-arg=-fno-fat-lto-objects",
-            *(f"--extra-arg-before={argument}" for argument in arguments)]
+    return [f"--extra-arg-before={argument}" for argument in arguments]
+
+
+def commands_for_clang(preset):
+    """A folder with the preset's compile commands, without the options that only gcc knows."""
+    folder = os.path.join(ROOT, "build", preset)
+    with open(os.path.join(folder, "compile_commands.json"), encoding="utf-8") as file:
+        commands = file.read()
+    for option in ("-ffat-lto-objects", "-fno-declone-ctor-dtor"):
+        commands = commands.replace(" " + option, "")
+    target = os.path.join(folder, "tidy")
+    os.makedirs(target, exist_ok=True)
+    with open(os.path.join(target, "compile_commands.json"), "w", encoding="utf-8") as file:
+        file.write(commands)
+    return target
 
 
 def git(*arguments):
@@ -94,8 +105,8 @@ def affected(sources, changed):
     return sources & reached
 
 
-def check(tidy, preset, extra, sources):
-    command = [tidy, "--quiet", "-p", os.path.join(ROOT, "build", preset), *extra, *sources]
+def check(tidy, commands, extra, sources):
+    command = [tidy, "--quiet", "-p", commands, *extra, *sources]
     done = subprocess.run(command, cwd=ROOT, stdin=subprocess.DEVNULL, capture_output=True,
                           text=True, check=False)
     return done.returncode, done.stdout, done.stderr
@@ -122,8 +133,8 @@ def main():
         host &= asked
         windows &= asked
     tidy = subprocess.check_output([TOOLCHAIN, "llvm", "clang-tidy"], text=True).strip()
-    jobs = [("host", [], batch) for batch in batches(host)]
-    jobs += [("release", mingw_arguments(), batch) for batch in batches(windows)]
+    jobs = [(commands_for_clang("host"), [], batch) for batch in batches(host)]
+    jobs += [(commands_for_clang("release"), mingw_arguments(), batch) for batch in batches(windows)]
 
     failed = False
     with concurrent.futures.ThreadPoolExecutor(max_workers=2) as pool:
