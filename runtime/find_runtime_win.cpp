@@ -102,6 +102,7 @@ class RuntimeFinder {
     }
 
     /// Fills the choice when the home has a JVM library of the wanted type.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): a report takes it over
     void TryHome(std::wstring home, Source& source) {
         bool server = false;
         std::wstring path = SelectJvmLibrary(home, policy_.jvmType, server);

@@ -134,10 +134,14 @@ void CheckHasEffectInSingleFile(const WrapRequest& request) {
     for (const auto& [name, value] : request.settings) {
         const std::string section = name.substr(0, name.find('/'));
         if (IsReadWhenBuiltIn(WideOf(section))) continue;
-        throw Failure("--set " + name + "=" + value +
-                      ": has no effect with --single-file, because "
-                      "the launcher reads [" +
-                      section + "] only from a settings file beside the executable");
+        std::string message = "--set ";
+        message += name;
+        message += '=';
+        message += value;
+        message += ": has no effect with --single-file, because the launcher reads [";
+        message += section;
+        message += "] only from a settings file beside the executable";
+        throw Failure(message);
     }
 }
 
@@ -149,6 +153,7 @@ void CopyFiles(const WrapRequest& request, const std::vector<ClassPathFile>& fil
         std::string target;
     };
     std::vector<Copy> copies;
+    copies.reserve(files.size() + request.added.size() + 1);
     for (const ClassPathFile& file : files) copies.push_back({file.source, file.target});
     for (const fs::path& added : request.added) {
         const fs::path named = added.has_filename() ? added : added.parent_path();
