@@ -134,7 +134,7 @@ TEST_P(OtherVendorPolicy, DoesNotKeepTheLaunchFromEnding) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Ending, OtherVendorPolicy,
-                         testing::Values(L"jrockit", L"sun", L"somebody else"));
+                         testing::Values(L"jrockit", L"sun", L"another maker"));
 
 TEST_F(AfterMain, ASleepingPolicySleepsAfterAnExceptionToo) {
     NamedEvent thrown;

@@ -199,13 +199,13 @@ void GeneratedLaunch::GenerateInstance() {
     MSG message;
     PeekMessageW(&message, nullptr, WM_USER, WM_USER, PM_NOREMOVE);
     block_.emplace(InstanceBlock::Create(app.Executable()));
-    const DWORD nobody = 0x7FFFFFF0;
+    const DWORD noProcess = 0x7FFFFFF0;
     const bool listens = !Chance(20);
     const bool runs = !Chance(20);
     block_->SetNumber(InstanceBlock::kListenerThread, listens      ? GetCurrentThreadId()
                                                       : Chance(50) ? 0
-                                                                   : nobody);
-    block_->SetNumber(InstanceBlock::kProcess, runs ? GetCurrentProcessId() : nobody);
+                                                                   : noProcess);
+    block_->SetNumber(InstanceBlock::kProcess, runs ? GetCurrentProcessId() : noProcess);
     block_->SetNumber(InstanceBlock::kMessage, kHandOff);
     if (Chance(20)) argumentText = Repeated(L"x", 515 + RandomBelow(8));
     notes_ += std::string("a first instance that ") + (listens ? "listens" : "does not listen") +

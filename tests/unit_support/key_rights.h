@@ -17,9 +17,9 @@ inline void SetRights(HKEY key, ACL* rights) {
 /// Removes all access rights to an open key, including the owner's. Handles that are open keep
 /// theirs.
 inline void DenyAll(HKEY key) {
-    ACL nobody{};
-    EXPECT_TRUE(InitializeAcl(&nobody, sizeof nobody, ACL_REVISION));
-    SetRights(key, &nobody);
+    ACL noRights{};
+    EXPECT_TRUE(InitializeAcl(&noRights, sizeof noRights, ACL_REVISION));
+    SetRights(key, &noRights);
 }
 
 /// Grants full access to everyone.
