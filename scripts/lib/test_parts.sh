@@ -233,6 +233,7 @@ part_lint() {
     [ "${TARN_TIDY:-changed}" != all ] || tidied=()
     check includes 60 "$TARN_PYTHON" scripts/check_includes.py
     check "source rules" 60 "$TARN_PYTHON" scripts/check_sources.py
+    check versions 60 "$TARN_PYTHON" scripts/set_version.py --check
     check "table of failed calls" 60 "$TARN_PYTHON" scripts/call_table.py --check
     check shellcheck 120 bash -c 'git ls-files "*.sh" .ci/run | xargs shellcheck -x'
     check cppcheck 600 scripts/run_cppcheck.sh
