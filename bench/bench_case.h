@@ -44,6 +44,7 @@ std::vector<Case> ScriptedRuntimeCases(const Workspace& workspace);
 std::vector<Case> JavaStartCases(const Workspace& workspace);
 std::vector<Case> MemoryCases(const Workspace& workspace);
 std::vector<Case> StageCases(const Workspace& workspace);
+std::vector<Case> SplashStageCases(const Workspace& workspace);
 std::vector<Case> GrowthCases(const Workspace& workspace);
 std::vector<Case> HandOffCases(const Workspace& workspace);
 std::vector<Case> RegistryCases(const Workspace& workspace);

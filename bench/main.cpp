@@ -15,7 +15,7 @@ namespace tarn::bench {
 std::vector<Case> AllCases(const Workspace& workspace) {
     std::vector<Case> all;
     for (auto* cases : {JavaStartCases, MemoryCases, ScriptedRuntimeCases, StageCases,
-                        RegistryCases, GrowthCases, HandOffCases, SplashCases})
+                        RegistryCases, GrowthCases, HandOffCases, SplashCases, SplashStageCases})
         for (Case& one : cases(workspace)) all.push_back(std::move(one));
     return all;
 }
