@@ -24,7 +24,7 @@ run=(
 )
 plugins=(maven python3 ca-certificates)
 check=(
-    googletest git LLVM cppcheck shellcheck "${plugins[@]}" python3-pefile locales osslsigncode openssl curl
+    googletest git LLVM cppcheck shellcheck "${plugins[@]}" python3-pefile locales osslsigncode openssl curl strace
 )
 # The same as programs, for systems with other package names.
 build_programs=(
@@ -38,7 +38,7 @@ run_programs=('wine: Wine 8 or newer, 64-bit' 'Xvfb: Xvfb' 'import: ImageMagick'
 plugins_programs=('mvn: Maven 3.8 or newer' 'python3: Python 3.11 or newer')
 check_programs=(
     'git: git' 'cppcheck: cppcheck' 'shellcheck: shellcheck' 'osslsigncode: osslsigncode'
-    'openssl: openssl' 'curl: curl'
+    'openssl: openssl' 'curl: curl' 'strace: strace'
     "${plugins_programs[@]}"
 )
 

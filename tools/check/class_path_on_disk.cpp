@@ -8,6 +8,7 @@
 #include "settings/keys.h"
 #include "tools/check/jvm_options.h"
 #include "tools/common/ascii.h"
+#include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 
 namespace tarn::tools {
@@ -41,10 +42,14 @@ std::vector<std::filesystem::path> MatchesIn(const std::filesystem::path& folder
     if (pattern == L"*.*") pattern = L"*";
     std::vector<std::filesystem::path> found;
     std::error_code error;
-    for (const auto& entry : std::filesystem::directory_iterator(folder, error)) {
-        const std::wstring name = WideOf(Utf8OfPath(entry.path().filename()));
-        if (Matches(name, pattern)) found.push_back(entry.path());
+    std::filesystem::directory_iterator entry(folder, error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::wstring name = WideOf(Utf8OfPath(entry->path().filename()));
+        if (Matches(name, pattern)) found.push_back(entry->path());
     }
+    const bool isAbsent =
+        error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
+    if (error && !isAbsent) throw Failure(folder, "cannot be read (" + error.message() + ")");
     std::sort(found.begin(), found.end());
     return found;
 }

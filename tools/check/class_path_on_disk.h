@@ -30,7 +30,8 @@ std::vector<std::filesystem::path> FindEntry(const CheckedSettings& settings,
 
 /// The files at a path relative to `folder`, found as Windows does: case-insensitively, with "\"
 /// and
-/// "/" as separators and the wildcards "*" and "?" in the last name. Sorted.
+/// "/" as separators and the wildcards "*" and "?" in the last name. Sorted. Throws Failure when a
+/// folder on the way exists but cannot be read.
 std::vector<std::filesystem::path> FindAsWindows(const std::filesystem::path& folder,
                                                  std::wstring_view relative);
 

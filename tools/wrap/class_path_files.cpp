@@ -52,11 +52,13 @@ class Collector {
         std::error_code error;
         if (fs::is_directory(path, error)) {
             jars.clear();
-            for (const fs::directory_entry& entry : fs::directory_iterator(path, error)) {
-                const std::string extension = Utf8OfPath(entry.path().extension());
-                if (ToLowerAscii(extension) == ".jar") jars.push_back(entry.path());
+            fs::directory_iterator entry(path, error);
+            for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+                const std::string extension = Utf8OfPath(entry->path().extension());
+                if (ToLowerAscii(extension) == ".jar") jars.push_back(entry->path());
             }
-            if (error || jars.empty()) throw Failure(path, "contains no jars");
+            if (error) throw Failure(path, "cannot be read (" + error.message() + ")");
+            if (jars.empty()) throw Failure(path, "contains no jars");
             std::sort(jars.begin(), jars.end());
         } else if (!fs::exists(path, error)) {
             throw Failure(path, "was not found; --class-path takes a jar or a folder of jars");
@@ -104,7 +106,12 @@ class Collector {
         file.source = folder / PathOf(url);
         file.target = TargetBelow(targetFolder, url);
         std::error_code error;
-        file.isFolder = fs::is_directory(file.source, error);
+        const fs::file_type type = fs::status(file.source, error).type();
+        // A file that exists but cannot be reached must not be omitted like a missing one.
+        if (type == fs::file_type::none) {
+            throw Failure(file.source, "cannot be read (" + error.message() + ")");
+        }
+        file.isFolder = type == fs::file_type::directory;
         if (file.target.empty()) {
             file.target = kLibraries + Utf8OfPath(file.source.lexically_normal().filename());
             // The jar's own folder or one above it would copy everything there.
@@ -121,7 +128,7 @@ class Collector {
                 return;
             }
         }
-        if (!fs::exists(file.source, error)) {
+        if (type == fs::file_type::not_found) {
             warnings_.push_back(from + ", which does not exist; it is omitted");
         } else if (file.isFolder) {
             Add(file);

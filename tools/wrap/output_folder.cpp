@@ -118,7 +118,7 @@ void OutputFolder::Copy(const fs::path& source, const std::string& target, const
     }
 }
 
-void OutputFolder::Finish() {
+fs::path OutputFolder::Finish() {
     // Something may have appeared there in the meantime.
     CheckReplaceable();
     std::error_code error;
@@ -136,15 +136,17 @@ void OutputFolder::Finish() {
     }
     fs::rename(unfinished_, folder_, error);
     if (error) {
-        std::error_code ignored;
+        std::string problem = "cannot be created (" + error.message() + ")";
         if (existed) {
-            fs::rename(old / folder_.filename(), folder_, ignored);
-            fs::remove(old, ignored);
+            fs::rename(old / folder_.filename(), folder_, error);
+            if (error) problem += "; the previous folder is in " + Utf8OfPath(old);
+            fs::remove(old, error);
         }
-        throw Failure(folder_, "cannot be created (" + error.message() + ")");
+        throw Failure(folder_, problem);
     }
     isFinished_ = true;
     if (existed) fs::remove_all(old, error);
+    return existed && error ? old : fs::path();
 }
 
 std::vector<TreeEntry> ListTree(const fs::path& folder) {

@@ -43,8 +43,9 @@ class OutputFolder {
     /// The folder while it is being filled.
     const std::filesystem::path& Unfinished() const { return unfinished_; }
 
-    /// Moves the folder to its final place.
-    void Finish();
+    /// Moves the folder to its final place, and removes the one that it replaces. Returns what
+    /// remains of that one when it cannot be removed, or an empty path. Throws Failure.
+    [[nodiscard]] std::filesystem::path Finish();
 
   private:
     void CheckReplaceable() const;

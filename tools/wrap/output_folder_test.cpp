@@ -34,7 +34,7 @@ TEST_F(OutputFolderTest, AppearsWhenItIsComplete) {
     WriteText(output, "app.exe", "x");
     WriteText(output, "lib/sub/a.jar", "y");
     EXPECT_FALSE(std::filesystem::exists(folder_ / "deep/app"));
-    output.Finish();
+    EXPECT_TRUE(output.Finish().empty());
     EXPECT_THAT(Names(), ElementsAre("deep/app/app.exe", "deep/app/lib/sub/a.jar"));
 }
 
@@ -50,7 +50,7 @@ TEST_F(OutputFolderTest, ReplacesAnEmptyFolder) {
     std::filesystem::create_directories(folder_ / "app");
     OutputFolder output(folder_ / "app", false, "app.exe");
     WriteText(output, "app.exe", "x");
-    output.Finish();
+    EXPECT_TRUE(output.Finish().empty());
     EXPECT_THAT(Names(), ElementsAre("app/app.exe"));
 }
 
@@ -63,7 +63,7 @@ TEST_F(OutputFolderTest, ReplacesOnlyItsOwnFolders) {
     OutputFolder output(folder_ / "app", true, "app.exe");
     WriteText(output, "app.exe", "new");
     EXPECT_EQ(TextOf(folder_ / "app/app.exe"), "old");
-    output.Finish();
+    EXPECT_TRUE(output.Finish().empty());
     EXPECT_THAT(Names(), ElementsAre("app/app.exe"));
     EXPECT_EQ(TextOf(folder_ / "app/app.exe"), "new");
 }
@@ -75,7 +75,7 @@ TEST_F(OutputFolderTest, CopiesFoldersWithTheirContents) {
     output.Copy(folder_ / "in", "data");
     output.Copy(folder_ / "in/a.txt", "c.txt");
     EXPECT_THROW(output.Copy(folder_ / "in/none", "x"), Failure);
-    output.Finish();
+    EXPECT_TRUE(output.Finish().empty());
     EXPECT_THAT(Names(), ElementsAre("app/c.txt", "app/data/a.txt", "app/data/sub/b.txt",
                                      "in/a.txt", "in/sub/b.txt"));
 }
@@ -93,7 +93,7 @@ TEST_F(OutputFolderTest, ReportsWhatItHasCopied) {
     EXPECT_EQ(whole, TreeSize(folder_ / "in"));
     EXPECT_GT(parts, 2) << "a large file is copied in parts";
     EXPECT_EQ(TreeSize(folder_ / "in/a.txt"), 3U);
-    output.Finish();
+    EXPECT_TRUE(output.Finish().empty());
     EXPECT_EQ(TextOf(folder_ / "app/data/sub/large"), TextOf(folder_ / "in/sub/large"));
 }
 
@@ -107,7 +107,7 @@ TEST_F(OutputFolderTest, CopiesEmptyFolders) {
     std::filesystem::create_directories(folder_ / "in/empty/deeper");
     OutputFolder output(folder_ / "app", false, "app.exe");
     output.Copy(folder_ / "in", "data");
-    output.Finish();
+    EXPECT_TRUE(output.Finish().empty());
     EXPECT_TRUE(std::filesystem::is_directory(folder_ / "app/data/empty/deeper"));
 }
 
@@ -127,7 +127,7 @@ TEST_F(OutputFolderTest, PreservesFilesWithNamesLikeItsOwn) {
     OutputFolder output(folder_ / "app", true, "app.exe");
     WriteText(output, "app.exe", "new");
     WriteText(output, "app.exe.new", "other");
-    output.Finish();
+    EXPECT_TRUE(output.Finish().empty());
     EXPECT_THAT(Names(), ElementsAre("app/app.exe", "app/app.exe.new", "app.new", "app.old/x",
                                      "app.tmp", "app.unfinished/x"));
 }
@@ -136,7 +136,7 @@ TEST_F(OutputFolderTest, PreservesAFolderThatAppearedInTheMeantime) {
     OutputFolder output(folder_ / "app", false, "app.exe");
     WriteText(output, "app.exe", "new");
     Put("app/precious", "kept");
-    EXPECT_THROW(output.Finish(), Failure);
+    EXPECT_THROW((void)output.Finish(), Failure);
     EXPECT_EQ(TextOf(folder_ / "app/precious"), "kept");
 }
 

@@ -238,7 +238,11 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     if (!splash.file.empty()) output.Write(splash.file, splash.picture, "the splash picture");
     CopyFiles(request, files, output, console);
     CheckUnfinished(request, changes, output);
-    output.Finish();
+    const fs::path remains = output.Finish();
+    if (!remains.empty()) {
+        warnings.push_back("the previous folder cannot be removed completely; delete " +
+                           Utf8OfPath(remains));
+    }
     for (const std::string& warning : warnings) console.PrintWarning(warning);
     return request.out / PathOf(executableName);
 }
