@@ -6,7 +6,7 @@
 
 #include "fuzz/fuzz_input.h"
 #include "runtime/runtime_version.h"
-#include "runtime/version_phrase.h"
+#include "runtime/runtime_version.h"
 
 namespace {
 

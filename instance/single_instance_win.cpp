@@ -5,7 +5,6 @@
 
 #include "base/paths.h"
 #include "instance/shared_block.h"
-#include "settings/flags.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
 #include "settings/settings_paths.h"

@@ -8,7 +8,6 @@
 #include "jvm/class_path.h"
 #include "jvm/vm_parameters.h"
 #include "resources/ids.h"
-#include "settings/flags.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
 #include "settings/settings_paths.h"

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "base/text.h"
+#include "resources/ids.h"
 
 namespace tarn {
 
@@ -135,6 +136,16 @@ bool IsBlank(const RuntimeVersion& version) {
     const auto& [major, minor, micro, update] = version.parts;
     return (major == 0 || major == kOpenPart) && minor == major && micro == major &&
            update == major;
+}
+
+VersionPhrase ChooseVersionPhrase(const RuntimeVersion& minimum, const RuntimeVersion& maximum) {
+    if (IsBlank(minimum) && IsBlank(maximum)) return {IDS_LATEST_VERSION, L"", L""};
+    if (IsBlank(minimum)) return {IDS_MAXIMUM_VERSION, FormatVersion(maximum), L""};
+    if (IsBlank(maximum)) return {IDS_MINIMUM_VERSION, FormatVersion(minimum), L""};
+    if (CompareVersions(minimum, maximum) == 0) {
+        return {IDS_EXACT_VERSION, FormatVersion(minimum), L""};
+    }
+    return {IDS_VERSION_RANGE, FormatVersion(minimum), FormatVersion(maximum)};
 }
 
 }  // namespace tarn

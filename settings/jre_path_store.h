@@ -24,8 +24,8 @@ inline constexpr std::size_t kMaxConvertedSize = 0x100000;
 /// is read-only, open in another program, a symbolic link or larger than `kMaxConvertedSize`.
 void WriteJrePath(const std::wstring& settingsPath, const std::wstring& folder);
 
-/// Returns whether a settings file is text in the system's code page: it does not
-/// begin with a byte-order mark and contains no null characters.
+/// Returns whether a settings file is text in the system's code page: it does not begin with a
+/// byte-order mark and contains no null characters.
 bool IsAnsiText(std::string_view bytes);
 
 }  // namespace tarn

@@ -18,7 +18,7 @@ bool FitsAnsi(const std::wstring& text) {
     return lost == FALSE;
 }
 
-/// Creates a file with this content. Fails when the file exists; leaves no incomplete file behind.
+// Creates a file with this content. Fails when the file exists; leaves no incomplete file behind.
 bool CreateNewFile(const std::wstring& path, DWORD attributes, std::wstring_view content) {
     const DWORD size = static_cast<DWORD>(content.size() * sizeof(wchar_t));
     UniqueFile file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
@@ -31,8 +31,8 @@ bool CreateNewFile(const std::wstring& path, DWORD attributes, std::wstring_view
     return written == size;
 }
 
-/// Replaces a file in one step, keeping its attributes and permissions. On failure the file stays
-/// as it is.
+// Replaces a file in one step, keeping its attributes and permissions. On failure the file stays as
+// it is.
 bool ReplaceContent(const std::wstring& path, DWORD attributes, std::wstring_view content) {
     // No other process uses this name at the same time.
     std::wstring newPath = DecimalText(static_cast<std::int32_t>(GetCurrentProcessId()));
@@ -46,8 +46,8 @@ bool ReplaceContent(const std::wstring& path, DWORD attributes, std::wstring_vie
     return false;
 }
 
-/// Makes a settings file able to hold any character: creates it as UTF-16, or converts it. Returns
-/// false, with the file unchanged, on failure.
+// Makes a settings file able to hold any character: creates it as UTF-16, or converts it. Returns
+// false, with the file unchanged, on failure.
 bool EnsureUtf16(const std::wstring& path) {
     if (CreateNewFile(path, FILE_ATTRIBUTE_NORMAL, kByteOrderMark)) return true;
 
@@ -77,10 +77,17 @@ bool EnsureUtf16(const std::wstring& path) {
 
 }  // namespace
 
+bool IsAnsiText(std::string_view bytes) {
+    // The marks begin with EF, FE or FF, which no line of a settings file does.
+    if (!bytes.empty() && static_cast<unsigned char>(bytes.front()) >= 0xEF) return false;
+    return bytes.find('\0') == std::string_view::npos;
+}
+
 void WriteJrePath(const std::wstring& settingsPath, const std::wstring& folder) {
     // The profile functions look for a name without a folder in the Windows folder; such a file is
     // left to them.
-    if (!FitsAnsi(folder) && !FolderOf(settingsPath).empty() && !EnsureUtf16(settingsPath)) return;
+    const bool hasFolder = settingsPath.find_first_of(L"\\/:") != std::wstring::npos;
+    if (hasFolder && !FitsAnsi(folder) && !EnsureUtf16(settingsPath)) return;
     WritePrivateProfileStringW(keys::kJavaRuntimeEnvironment, keys::kJrePath, folder.c_str(),
                                settingsPath.c_str());
 }

@@ -5,11 +5,14 @@
 #include <vector>
 
 #include "base/paths.h"
+#include "base/text.h"
 #include "settings/ini_file.h"
 #include "settings/ini_file_fixture.h"
 
 namespace tarn {
 namespace {
+
+using namespace std::string_view_literals;
 
 // "C:\<Japanese> jre\", which fits no code page of the tests' machines.
 constexpr wchar_t kJapaneseFolder[] = L"C:\\\u65E5\u672C jre\\";
@@ -165,6 +168,13 @@ TEST_F(JrePathStoreTest, ConversionKeepsTheAttributes) {
     EXPECT_EQ(GetFileAttributesW(path_.c_str()), before);
 }
 
+TEST_F(JrePathStoreTest, AFolderMayBeWrittenWithSlashes) {
+    Write(kSettings);
+    WriteJrePath(ReplaceAll(path_, L'\\', L'/'), kJapaneseFolder);
+    EXPECT_EQ(JrePath(), kJapaneseFolder);
+    EXPECT_EQ(Value(L"Other", L"A"), L"1");
+}
+
 TEST_F(JrePathStoreTest, ANameWithoutAFolderCreatesNothingInTheCurrentDirectory) {
     wchar_t before[MAX_PATH];
     wchar_t folder[MAX_PATH];
@@ -177,6 +187,24 @@ TEST_F(JrePathStoreTest, ANameWithoutAFolderCreatesNothingInTheCurrentDirectory)
     GetWindowsDirectoryW(folder, MAX_PATH);
     EXPECT_TRUE(DeleteFileW((std::wstring(folder) + L"\\" + name).c_str()));
     SetCurrentDirectoryW(before);
+}
+
+TEST(IsAnsiTextTest, TextWithoutAMarkIsInTheCodePage) {
+    EXPECT_TRUE(IsAnsiText(""));
+    EXPECT_TRUE(IsAnsiText("[A]\r\nk=\xE9\r\n"));
+    EXPECT_TRUE(IsAnsiText(";\xEF\xBB\xBF"));
+}
+
+TEST(IsAnsiTextTest, AByteOrderMarkSaysOtherwise) {
+    EXPECT_FALSE(IsAnsiText("\xFF\xFE"));
+    EXPECT_FALSE(IsAnsiText("\xFF\xFE[\0A\0]\0"sv));
+    EXPECT_FALSE(IsAnsiText("\xFE\xFF\0[\0A\0]"sv));
+    EXPECT_FALSE(IsAnsiText("\xEF\xBB\xBF[A]\r\n"));
+}
+
+TEST(IsAnsiTextTest, NullCharactersAreNotInTheCodePage) {
+    EXPECT_FALSE(IsAnsiText("[A]\r\nk=\0\r\n"sv));
+    EXPECT_FALSE(IsAnsiText("[\0A\0]\0"sv));
 }
 
 }  // namespace

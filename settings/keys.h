@@ -1,6 +1,8 @@
-// Sections and keys of the settings files, each written once. The spelling "Preffer" is part of the
-// format: docs/developer/compatibility.md.
+// Sections and keys of the settings files, each written once, and the two forms of a flag. The
+// spelling "Preffer" is part of the format: docs/developer/compatibility.md.
 #pragma once
+
+#include <string_view>
 
 namespace tarn::keys {
 
@@ -45,3 +47,15 @@ inline constexpr wchar_t kSplashScreenShadow[] = L"Splash Screen Shadow";
 inline constexpr wchar_t kPreferNativeSplashScreen[] = L"Preffer Native Splash Screen";
 
 }  // namespace tarn::keys
+
+namespace tarn {
+
+// A flag key has one of two forms, which differ on purpose: docs/developer/compatibility.md.
+
+/// Returns whether a flag of the "Yes" form is on: the value is "Yes" in any case.
+bool IsYes(std::wstring_view value);
+
+/// Returns whether a flag of the "yes" form is on: the value is exactly "yes".
+bool IsExactlyYes(std::wstring_view value);
+
+}  // namespace tarn

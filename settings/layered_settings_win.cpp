@@ -1,4 +1,3 @@
-#include "settings/ini_name_list.h"
 #include "settings/layered_settings.h"
 
 namespace tarn {

@@ -1,7 +1,6 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "resources/ids.h"
-#include "settings/flags.h"
 #include "settings/keys.h"
 #include "settings/layered_settings.h"
 #include "settings/settings.h"

@@ -7,7 +7,7 @@
 #include "base/windows.h"
 #include "resources/ids.h"
 #include "runtime/jvm_library.h"
-#include "runtime/version_phrase.h"
+#include "runtime/runtime_version.h"
 #include "ui/geometry/placement.h"
 #include "ui/hyperlink/hyper_link.h"
 #include "ui/messages/message_text.h"

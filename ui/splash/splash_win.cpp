@@ -3,7 +3,6 @@
 #include <optional>
 
 #include "base/thread.h"
-#include "settings/flags.h"
 #include "settings/ini_file.h"
 #include "settings/keys.h"
 #include "settings/settings_paths.h"

@@ -1,11 +1,11 @@
-#include "settings/flags.h"
+#include "settings/keys.h"
 
 #include <gtest/gtest.h>
 
 namespace tarn {
 namespace {
 
-TEST(FlagsTest, TheYesFormIgnoresCase) {
+TEST(KeysTest, TheYesFormIgnoresCase) {
     EXPECT_TRUE(IsYes(L"Yes"));
     EXPECT_TRUE(IsYes(L"yes"));
     EXPECT_TRUE(IsYes(L"YES"));
@@ -14,7 +14,7 @@ TEST(FlagsTest, TheYesFormIgnoresCase) {
     EXPECT_FALSE(IsYes(L""));
 }
 
-TEST(FlagsTest, TheExactFormIsCaseSensitive) {
+TEST(KeysTest, TheExactFormIsCaseSensitive) {
     EXPECT_TRUE(IsExactlyYes(L"yes"));
     EXPECT_FALSE(IsExactlyYes(L"Yes"));
     EXPECT_FALSE(IsExactlyYes(L"yes "));

@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
+#include "runtime/runtime_version.h"
 
-#include "runtime/version_phrase.h"
+#include <gtest/gtest.h>
 
 namespace tarn {
 namespace {

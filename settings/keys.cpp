@@ -1,4 +1,4 @@
-#include "settings/flags.h"
+#include "settings/keys.h"
 
 #include "base/text.h"
 

@@ -1,6 +1,5 @@
-#include "runtime/version_phrase.h"
-
 #include "base/text.h"
+#include "runtime/runtime_version.h"
 #include "ui/messages/message_text.h"
 
 namespace tarn {
