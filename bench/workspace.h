@@ -25,7 +25,7 @@ struct InstalledApp {
 InstalledApp InstallApp(const Workspace& workspace, const std::wstring& name,
                         const std::wstring& iniText);
 
-/// Lays out `scratch\scripted_jre`, a runtime whose jvm.dll only records the time, unless it
+/// Creates `scratch\scripted_jre`, a runtime whose jvm.dll only records the time, unless it
 /// exists. Returns its home.
 std::filesystem::path ScriptedRuntime(const Workspace& workspace);
 

@@ -11,7 +11,7 @@ set(CMAKE_RC_COMPILER "${tarnRc}")
 set(CMAKE_CXX_COMPILER_TARGET x86_64-w64-mingw32)
 set(CMAKE_C_COMPILER_TARGET x86_64-w64-mingw32)
 
-# clang does not look into a folder that is named after a flavour; the other compiler knows it.
+# clang does not search a folder that is named after a flavour; the other compiler does.
 find_program(tarnMingwCxx NAMES x86_64-w64-mingw32-g++-posix REQUIRED)
 execute_process(COMMAND "${tarnMingwCxx}" -print-file-name=libstdc++.a
     OUTPUT_VARIABLE tarnStandardLibrary OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

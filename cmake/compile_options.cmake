@@ -13,8 +13,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     target_compile_options(tarn_compile_options INTERFACE -Wno-deprecated-declarations)
 endif()
 
-# What ships does without exceptions and run-time type information (see core/no_exceptions.cpp for what
-# stands in for a throw). The tests are ordinary C++.
+# The shipped code is built without exceptions and run-time type information (core/no_exceptions.cpp
+# replaces what the library throws). The tests are ordinary C++.
 add_library(tarn_shipped_options INTERFACE)
 target_link_libraries(tarn_shipped_options INTERFACE tarn_compile_options)
 target_compile_options(tarn_shipped_options INTERFACE -fno-exceptions -fno-rtti)

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Looks for small leaks: scripts/soak.sh [--launches N] [--hand-offs N]
+# Finds small leaks: scripts/soak.sh [--launches N] [--hand-offs N]
 #
 # By default 2,000 consecutive launches, 3,600 second launches to one first instance, and 50
 # applications at the same time. The test command does the same with fewer launches. Takes about 15

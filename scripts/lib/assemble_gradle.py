@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Puts a Gradle together from its API artifact: assemble_gradle.py
+"""Assembles a Gradle from its API artifact: assemble_gradle.py
 
 No registry that the tests may use has Gradle's distribution, but gradle-api of Maven Central contains its classes. A
-distribution looks its modules up in jars of certain names, so each module gets a jar of that name, which leads to
-gradle-api. The folder in the cache is printed; nothing is done when it is there. tests/plugins/gradle_test.py starts it.
+distribution searches its modules in jars of certain names, so each module gets a jar of that name that refers to
+gradle-api. Prints the folder in the cache, and does nothing else if it exists. tests/plugins/gradle_test.py starts it.
 """
 
 import fcntl

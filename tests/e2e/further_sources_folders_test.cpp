@@ -83,7 +83,7 @@ class MakerFolders : public FurtherSourcesFixture {
         for (const std::wstring& folder : made_) RemoveFolder(folder);
     }
 
-    /// Lays out a runtime in `home`. Returns the path of its library.
+    /// Creates a runtime in `home`. Returns the path of its library.
     std::string AddHome(const std::wstring& home, int version, bool hasCompiler = false) {
         const std::wstring library = home + L"\\bin\\server\\jvm.dll";
         std::wstring topmost;

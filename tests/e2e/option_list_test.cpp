@@ -77,9 +77,9 @@ TEST_F(OptionList, AnUnclosedQuoteExtendsToTheEnd) {
 }
 
 TEST_F(OptionList, ExpandsVariablesOfParameters) {
-    app.environment[L"TARN_PROBE"] = L"with blank";
+    app.environment[L"TARN_PROBE"] = L"with space";
     EXPECT_THAT(OptionsOf(L"-Da=\"%TARN_PROBE%\" -Db=%TARN_JVM_HOME%"),
-                ElementsAre(R"("-Da=with blank")", AnsiInLog(L"-Db=" + app.Path(L"jre"))));
+                ElementsAre(R"("-Da=with space")", AnsiInLog(L"-Db=" + app.Path(L"jre"))));
 }
 
 TEST_F(OptionList, ExpandsVariablesUpToWindowsLimit) {

@@ -153,46 +153,46 @@ TEST_F(SharedObjects, OnlyTheExactWordMakesAService) {
 }
 
 TEST_F(SharedObjects, AnObjectOfAnotherKindSwitchesItOff) {
-    const UniqueHandle stranger(CreateEventW(nullptr, TRUE, FALSE, Name().c_str()));
-    ASSERT_TRUE(stranger);
+    const UniqueHandle foreign(CreateEventW(nullptr, TRUE, FALSE, Name().c_str()));
+    ASSERT_TRUE(foreign);
     ExpectIndependentLaunches();
 }
 
 TEST_F(SharedObjects, ASmallerBlockSwitchesItOff) {
-    const UniqueHandle stranger(
+    const UniqueHandle foreign(
         CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0, 100, Name().c_str()));
-    ExpectBlockIsUnusable(stranger);
+    ExpectBlockIsUnusable(foreign);
 }
 
 TEST_F(SharedObjects, AReadOnlyBlockSwitchesItOff) {
-    const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
+    const UniqueHandle foreign(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
                                                    InstanceBlock::kSize, Name().c_str()));
-    ExpectBlockIsUnusable(stranger);
+    ExpectBlockIsUnusable(foreign);
 }
 
 TEST_F(SharedObjects, AReservedBlockSwitchesItOff) {
-    const UniqueHandle stranger(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
+    const UniqueHandle foreign(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
                                                    PAGE_READWRITE | SEC_RESERVE, 0,
                                                    InstanceBlock::kSize, Name().c_str()));
-    ASSERT_TRUE(stranger);
+    ASSERT_TRUE(foreign);
     ExpectIndependentLaunches();
 }
 
 TEST_F(SharedObjects, AnEventNameInUseIsHarmless) {
-    const UniqueHandle stranger(CreateMutexW(nullptr, FALSE, EventName().c_str()));
-    ASSERT_TRUE(stranger);
+    const UniqueHandle foreign(CreateMutexW(nullptr, FALSE, EventName().c_str()));
+    ASSERT_TRUE(foreign);
     const auto first = StartFirst();
     EXPECT_EQ(Second(L"a"), 0);
     EndFirst(*first);
 }
 
 TEST_F(SharedObjects, AnEventThatIsAlreadySetDoesNotAnswerEarly) {
-    const UniqueHandle stranger(CreateEventW(nullptr, TRUE, TRUE, EventName().c_str()));
-    ASSERT_TRUE(stranger);
+    const UniqueHandle foreign(CreateEventW(nullptr, TRUE, TRUE, EventName().c_str()));
+    ASSERT_TRUE(foreign);
     NamedEvent mayCreate;
     Script("on_create = wait_event " + mayCreate.utf8Name());
     const auto first = StartListeningFirst();
-    EXPECT_EQ(WaitForSingleObject(stranger.get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
+    EXPECT_EQ(WaitForSingleObject(foreign.get(), 0), static_cast<DWORD>(WAIT_TIMEOUT));
     const auto second = app.Launch(L"x");
     app.Log().WaitFor("JNI_CreateJavaVM(");
     mayCreate.Set();

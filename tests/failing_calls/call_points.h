@@ -42,7 +42,7 @@ bool IsAllocation(const std::string& function);
 std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
                                     const Normalizer& normalize);
 
-/// The calls of a launch to fail: each up to its ninth occurrence, which stands for the later ones,
+/// The calls of a launch to fail: each up to its ninth occurrence, which represents the later ones,
 /// and the last one of each function in each thread.
 std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls, const Normalizer& normalize);
 

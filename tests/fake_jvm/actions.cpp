@@ -81,9 +81,9 @@ DWORD WINAPI ExitLater(void* parameter) {
 jint RunActions(Environment* environment, std::string_view place) {
     jint result = 0;
     for (const std::string& action : Script::Get().Values(place)) {
-        const std::size_t blank = action.find(' ');
-        const std::string verb = action.substr(0, blank);
-        const std::string rest = blank == std::string::npos ? "" : action.substr(blank + 1);
+        const std::size_t space = action.find(' ');
+        const std::string verb = action.substr(0, space);
+        const std::string rest = space == std::string::npos ? "" : action.substr(space + 1);
         const jint number = std::atoi(rest.c_str());
         VirtualMachine& machine = VirtualMachine::Get();
         if (verb == "return") {

@@ -149,7 +149,7 @@ class CheckTest(unittest.TestCase):
 
 
 class WindowsCheckTest(CheckTest):
-    """The same with the Windows program, which looks for files with the launcher's own search."""
+    """The same with the Windows program, which finds files with the launcher's own search."""
 
     program = "windows"
 
@@ -170,7 +170,7 @@ class KeysTest(unittest.TestCase):
     def test_are_those_of_the_launcher(self):
         names = re.findall(r'constexpr wchar_t k\w+\[\] = L"([^"]+)";', read("settings", "keys.h"))
         self.assertTrue(names)
-        # "Class Path" is the name of a section and of its key, and stands there once.
+        # "Class Path" is the name of a section and of its key, and the header has it once.
         self.assertEqual(sorted(set(names)), sorted(set(self.sections + self.keys)))
         self.assertEqual(len(self.keys), len(set(self.keys)))
 

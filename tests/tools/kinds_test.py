@@ -49,7 +49,7 @@ def wait_until(condition):
     while time.monotonic() < end:
         if condition():
             return True
-        time.sleep(0.1)  # between two looks at the condition
+        time.sleep(0.1)  # between two reads of the condition
     return False
 
 

@@ -30,7 +30,7 @@ def run(command, folder, seconds=120, **options):
 
 
 class FolderTest(unittest.TestCase):
-    """A test in a folder of its own, with a blank and other letters in its name."""
+    """A test in a folder of its own, with a space and letters outside ASCII in its name."""
 
     def setUp(self):
         self.folder = tempfile.mkdtemp(prefix="tarn tests \u00e4 ")
