@@ -35,6 +35,9 @@ struct Case {
     std::vector<Contender> contenders;
     std::vector<Budget> budgets;
     int rounds = 0;  ///< upper limit; 0: the number given on the command line
+    /// Rounds before the first that counts: files come into the system's cache, and the services of
+    /// the Wine prefix start.
+    int warmUpRounds = 2;
 };
 
 struct Workspace;
@@ -49,6 +52,7 @@ std::vector<Case> GrowthCases(const Workspace& workspace);
 std::vector<Case> HandOffCases(const Workspace& workspace);
 std::vector<Case> RegistryCases(const Workspace& workspace);
 std::vector<Case> SplashCases(const Workspace& workspace);
+std::vector<Case> WindowCases(const Workspace& workspace);
 
 std::vector<Case> AllCases(const Workspace& workspace);
 

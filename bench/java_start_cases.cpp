@@ -8,10 +8,15 @@ namespace tarn::bench {
 
 namespace {
 
-constexpr const wchar_t* kVersions[] = {L"11", L"17", L"21", L"25"};
+struct JavaVersion {
+    const wchar_t* version;
+    int rounds;
+};
+// The goals are those of the two newest.
+constexpr JavaVersion kVersions[] = {{L"11", 8}, {L"17", 8}, {L"21", 15}, {L"25", 15}};
 constexpr const char* kToMain = "to main, ms";
 constexpr const char* kPeak = "peak of private memory until main, KiB";
-constexpr int kHeldRounds = 5;  // memory and libraries are the same in every run, or nearly
+constexpr int kHeldRounds = 3;  // memory and libraries are the same in every run, or nearly
 
 struct CommandLine {
     std::string name;
@@ -49,9 +54,11 @@ std::string Narrow(const std::wstring& version) {
 
 std::vector<Case> JavaStartCases(const Workspace& workspace) {
     std::vector<Case> cases;
-    for (const std::wstring version : kVersions) {
+    for (const JavaVersion& java : kVersions) {
+        const std::wstring version = java.version;
         Case result;
         result.name = "Java " + Narrow(version) + ": start to main";
+        result.rounds = java.rounds;
         result.quantities = {kToMain, "to exit, ms"};
         for (const CommandLine& line : StartersFor(workspace, version))
             result.contenders.push_back({line.name, [line] {
@@ -68,15 +75,17 @@ std::vector<Case> JavaStartCases(const Workspace& workspace) {
 
 std::vector<Case> MemoryCases(const Workspace& workspace) {
     std::vector<Case> cases;
-    for (const std::wstring version : kVersions) {
+    for (const JavaVersion& java : kVersions) {
+        const std::wstring version = java.version;
         Case result;
+        result.warmUpRounds = 1;
         result.name = "Java " + Narrow(version) + ": memory and libraries at main";
         result.quantities = {"private memory, KiB", kPeak, "loaded libraries"};
         result.rounds = kHeldRounds;
         for (const CommandLine& line : StartersFor(workspace, version))
             result.contenders.push_back(
                 {line.name, [line] {
-                     const ProcessTimes held = RunTimed(line.program, line.text, {true, {}, {}});
+                     const ProcessTimes held = RunTimed(line.program, line.text, {.hold = true});
                      return Sample{held.privateKiB, held.peakPrivateKiB, held.libraries};
                  }});
         result.budgets = {{kPeak, "launcher", "bare host", Budget::Kind::DifferenceAtMost, 1536}};

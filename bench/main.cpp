@@ -1,5 +1,5 @@
-// start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]: runs the cases whose name contains one of
-// the texts; without a text, all cases.
+// start_bench LAUNCHER RUNTIMES APPLICATIONS [--rounds N] [TEXT...]: runs the cases whose name
+// contains one of the texts; without a text, all cases.
 #include <cstdio>
 #include <exception>
 #include <string>
@@ -14,8 +14,9 @@ namespace tarn::bench {
 
 std::vector<Case> AllCases(const Workspace& workspace) {
     std::vector<Case> all;
-    for (auto* cases : {JavaStartCases, MemoryCases, ScriptedRuntimeCases, StageCases,
-                        RegistryCases, GrowthCases, HandOffCases, SplashCases, SplashStageCases})
+    for (auto* cases :
+         {JavaStartCases, MemoryCases, ScriptedRuntimeCases, StageCases, RegistryCases, GrowthCases,
+          HandOffCases, SplashCases, SplashStageCases, WindowCases})
         for (Case& one : cases(workspace)) all.push_back(std::move(one));
     return all;
 }
@@ -41,16 +42,17 @@ int Run(const std::vector<std::wstring>& words) {
     Workspace workspace;
     workspace.launcher = std::filesystem::absolute(words.at(1));
     workspace.runtimes = std::filesystem::absolute(words.at(2));
+    workspace.applications = std::filesystem::absolute(words.at(3));
     workspace.tools = OwnFolder();
     workspace.importHook =
         workspace.tools.parent_path() / L"tests" / L"import_hook" / L"import_hook.dll";
     workspace.scratch = std::filesystem::temp_directory_path() / L"tarn bench";
-    std::filesystem::remove_all(workspace.scratch);
+    RemoveTree(workspace.scratch);
     std::filesystem::create_directories(workspace.scratch);
 
     int rounds = kDefaultRounds;
     std::vector<std::string> texts;
-    for (std::size_t i = 3; i < words.size(); ++i) {
+    for (std::size_t i = 4; i < words.size(); ++i) {
         if (words[i] == L"--rounds")
             rounds = std::stoi(words.at(++i));
         else
@@ -61,7 +63,7 @@ int Run(const std::vector<std::wstring>& words) {
     bool measured = true;
     for (const Case& benchCase : AllCases(workspace))
         if (IsWanted(benchCase, texts)) measured = RunCase(benchCase, rounds) && measured;
-    std::filesystem::remove_all(workspace.scratch);
+    RemoveTree(workspace.scratch);
     return measured ? 0 : 1;
 }
 
@@ -71,8 +73,8 @@ int Run(const std::vector<std::wstring>& words) {
 
 // NOLINTNEXTLINE(readability-identifier-naming): the C runtime's entry point.
 int wmain(int count, wchar_t** words) {
-    if (count < 3) {
-        std::fprintf(stderr, "start_bench LAUNCHER RUNTIMES [--rounds N] [TEXT...]\n");
+    if (count < 4) {
+        std::fprintf(stderr, "start_bench LAUNCHER RUNTIMES APPLICATIONS [--rounds N] [TEXT...]\n");
         return 2;
     }
     try {

@@ -14,7 +14,7 @@ void RunRecorded(const std::wstring& program, const std::wstring& importHook,
                  const std::filesystem::path& file) {
     std::filesystem::remove(file);
     SetEnvironmentVariableW(L"HOOK_TIMES", file.c_str());
-    RunTimed(program, Quoted(program), {false, {}, importHook});
+    RunTimed(program, Quoted(program), {.library = importHook});
     SetEnvironmentVariableW(L"HOOK_TIMES", nullptr);
 }
 

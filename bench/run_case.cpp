@@ -9,8 +9,7 @@ namespace tarn::bench {
 
 namespace {
 
-constexpr int kWarmUpRounds = 2;  // files come into the system's cache, the prefix's services start
-constexpr int kTries = 3;         // on a busy machine Wine now and then loses a process
+constexpr int kTries = 3;  // on a busy machine Wine now and then loses a process
 
 // readings[contender][quantity]: the readings in the order of the rounds.
 using Readings = std::vector<std::vector<std::vector<double>>>;
@@ -52,11 +51,11 @@ Sample Run(const Contender& contender) {
 Readings Measure(const Case& benchCase, int rounds) {
     const std::size_t count = benchCase.contenders.size();
     Readings readings(count, std::vector<std::vector<double>>(benchCase.quantities.size()));
-    for (int round = -kWarmUpRounds; round < rounds; ++round) {
+    for (int round = -benchCase.warmUpRounds; round < rounds; ++round) {
         for (std::size_t turn = 0; turn < count; ++turn) {
             // No case always runs right after the same other case.
             const std::size_t index =
-                (turn + static_cast<std::size_t>(round + kWarmUpRounds)) % count;
+                (turn + static_cast<std::size_t>(round + benchCase.warmUpRounds)) % count;
             const Sample sample = Run(benchCase.contenders[index]);
             for (std::size_t i = 0; round >= 0 && i < sample.size(); ++i)
                 readings[index][i].push_back(sample[i]);

@@ -1,11 +1,10 @@
 // When the splash is on the screen, the launcher's own and the runtime's, and what it costs the
 // start of main. A bare host that shows an empty window gives the cost of any window.
 #include "bench/bench_case.h"
+#include "bench/screen.h"
 #include "bench/splash_application.h"
 #include "bench/timed_process.h"
 #include "bench/workspace.h"
-
-#include "base/windows.h"
 
 namespace tarn::bench {
 
@@ -13,31 +12,15 @@ namespace {
 
 constexpr const char* kToSplash = "to splash, ms";
 constexpr const char* kToMain = "to main, ms";
-
-struct Search {
-    DWORD process;
-    bool found;
-};
-
-BOOL CALLBACK LookAt(HWND window, LPARAM parameter) {
-    auto& search = *reinterpret_cast<Search*>(parameter);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    RECT place{};
-    search.found = process == search.process && IsWindowVisible(window) != 0 &&
-                   GetWindowRect(window, &place) != 0 && IsRectEmpty(&place) == 0;
-    return search.found ? FALSE : TRUE;
-}
+constexpr int kRounds = 10;
 
 // The Java fixture opens no window, so any that can be seen is the splash.
 bool ShowsWindow(unsigned long process) {
-    Search search{process, false};
-    EnumWindows(LookAt, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    return FirstVisibleWindow(process) != nullptr;
 }
 
 Sample ToSplash(const std::wstring& program, const std::wstring& commandLine) {
-    return {RunTimed(program, commandLine, {true, ShowsWindow, {}}).toSeen};
+    return {RunTimed(program, commandLine, {.hold = true, .watch = ShowsWindow}).toSeen};
 }
 
 constexpr const char* kNone = "no splash";
@@ -63,10 +46,11 @@ std::vector<Case> SplashCases(const Workspace& workspace) {
     Case visible;
     visible.name = "Java 21: process start to the splash";
     visible.quantities = {kToSplash};
-    visible.rounds = 10;
+    visible.rounds = kRounds;
     Case cost;
     cost.name = "Java 21: what a splash costs the start of main";
     cost.quantities = {kToMain};
+    cost.rounds = kRounds;
     for (const SplashContender& splash : kSplashes) {
         const std::wstring program =
             InstallSplashApp(workspace, splash.program, splash.kind).wstring();

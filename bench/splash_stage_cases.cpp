@@ -52,6 +52,7 @@ std::vector<Case> SplashStageCases(const Workspace& workspace) {
     Case result;
     result.name = "Java 21: the stages of the splash";
     result.rounds = 10;
+    result.warmUpRounds = 1;
     result.quantities = {kThreadStart};
     for (const StageStart& each : kStageStarts)
         if (each.stage != nullptr) result.quantities.push_back(each.stage);

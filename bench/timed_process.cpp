@@ -76,18 +76,36 @@ PROCESS_INFORMATION Start(const std::wstring& program, const std::wstring& comma
 }
 
 // 0 if the process ends before the watch returns true.
-double WaitUntilSeen(const PROCESS_INFORMATION& process, const Watch& watch, double start) {
+double WaitUntilSeen(const PROCESS_INFORMATION& process, const RunOptions& options, double start) {
     do {
-        if (watch(process.dwProcessId)) return (Nanoseconds() - start) / 1e6;
-    } while (WaitForSingleObject(process.hProcess, 1) == WAIT_TIMEOUT &&
+        if (options.watch(process.dwProcessId)) return (Nanoseconds() - start) / 1e6;
+    } while (WaitForSingleObject(process.hProcess, options.watchEveryMs) == WAIT_TIMEOUT &&
              Nanoseconds() - start < kLongestRunMilliseconds * 1e6);
     return 0;
+}
+
+// Closes the handles.
+void WaitForEnd(const PROCESS_INFORMATION& process, const std::wstring& program) {
+    const DWORD waited = WaitForSingleObject(process.hProcess, kLongestRunMilliseconds);
+    if (waited == WAIT_TIMEOUT) TerminateProcess(process.hProcess, 99);
+    DWORD exitCode = 0;
+    GetExitCodeProcess(process.hProcess, &exitCode);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
+    if (waited != WAIT_OBJECT_0 || exitCode != 0)
+        Fail(std::filesystem::path(program).filename().string() + " ended with " +
+             std::to_string(static_cast<int>(exitCode)));
 }
 
 }  // namespace
 
 std::filesystem::path StampFile() {
     return OwnTemporaryFile(L"tarn_bench_stamp_");
+}
+
+void RunToEnd(const std::wstring& program, const std::wstring& commandLine) {
+    const PROCESS_INFORMATION process = Start(program, commandLine, 0);
+    WaitForEnd(process, program);
 }
 
 ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine,
@@ -108,7 +126,7 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
         ResumeThread(process.hThread);
     }
     ProcessTimes times;
-    if (options.watch) times.toSeen = WaitUntilSeen(process, options.watch, start);
+    if (options.watch) times.toSeen = WaitUntilSeen(process, options, start);
     if (options.hold) {
         for (DWORD waited = 0; waited < kLongestRunMilliseconds && ReadStamp(stampFile) == 0;
              waited += 10) {
@@ -119,16 +137,8 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
         times.libraries = CountLibraries(process.hProcess);
         std::ofstream{releaseFile};
     }
-    const DWORD waited = WaitForSingleObject(process.hProcess, kLongestRunMilliseconds);
+    WaitForEnd(process, program);
     const double end = Nanoseconds();
-    if (waited == WAIT_TIMEOUT) TerminateProcess(process.hProcess, 99);
-    DWORD exitCode = 0;
-    GetExitCodeProcess(process.hProcess, &exitCode);
-    CloseHandle(process.hThread);
-    CloseHandle(process.hProcess);
-    if (waited != WAIT_OBJECT_0 || exitCode != 0)
-        Fail(std::filesystem::path(program).filename().string() + " ended with " +
-             std::to_string(static_cast<int>(exitCode)));
     const double stamp = ReadStamp(stampFile);
     if (stamp < start || stamp > end) Fail("the stamp lies outside the lifetime of the process");
     if (options.watch && times.toSeen == 0) Fail("the watch never returned true");

@@ -27,9 +27,11 @@ std::filesystem::path StampFile();
 struct RunOptions {
     /// The Java side waits at its mark until its memory has been read and `watch` returned true.
     bool hold = false;
-    Watch watch;
+    Watch watch{};
     /// A library that is injected into the process before its first instruction.
-    std::wstring library;
+    std::wstring library{};
+    /// Milliseconds between two calls of `watch`.
+    unsigned long watchEveryMs = 1;
 };
 
 /// Starts `program` with the complete command line and waits for its end. The program writes its
@@ -38,6 +40,10 @@ struct RunOptions {
 /// outside its lifetime.
 ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLine,
                       const RunOptions& options = {});
+
+/// Starts `program` without standard handles and waits for its end. Throws std::runtime_error like
+/// `RunTimed`.
+void RunToEnd(const std::wstring& program, const std::wstring& commandLine);
 
 struct InstalledApp;
 

@@ -44,6 +44,14 @@ std::filesystem::path JvmLibrary(const std::filesystem::path& runtimeHome) {
     return library;
 }
 
+void RemoveTree(const std::filesystem::path& path) {
+    if (!std::filesystem::exists(path)) return;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(path))
+        std::filesystem::permissions(entry.path(), std::filesystem::perms::owner_write,
+                                     std::filesystem::perm_options::add);
+    std::filesystem::remove_all(path);
+}
+
 std::wstring Quoted(const std::wstring& word) {
     return L"\"" + word + L"\"";
 }

@@ -12,7 +12,9 @@ struct Workspace {
     std::filesystem::path tools;       ///< folder of bare_host.exe, stamp_jvm.dll, bench.jar
     std::filesystem::path importHook;  ///< the tests' library that records a program's calls
     std::filesystem::path runtimes;    ///< folder of the Java runtimes "11" to "25"; may be empty
-    std::filesystem::path scratch;     ///< emptied at the start, removed at the end
+    std::filesystem::path
+        applications;               ///< folder of the applications of scripts/applications.lock
+    std::filesystem::path scratch;  ///< emptied at the start, removed at the end
 };
 
 struct InstalledApp {
@@ -36,6 +38,10 @@ InstalledApp InstallScriptedApp(const Workspace& workspace, const std::wstring& 
 
 /// The runtime's server jvm.dll. Throws std::runtime_error if it does not exist.
 std::filesystem::path JvmLibrary(const std::filesystem::path& runtimeHome);
+
+/// Deletes a file or a folder with all it contains, if it exists; read-only files too, as a JVM
+/// leaves its archives. Throws std::filesystem::filesystem_error on failure.
+void RemoveTree(const std::filesystem::path& path);
 
 /// In double quotes.
 std::wstring Quoted(const std::wstring& word);

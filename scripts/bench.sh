@@ -3,7 +3,7 @@
 #
 # Prints size and imports of the launcher and, for each measurement whose name holds one of the
 # texts (all without any), medians, quartiles and best of interleaved rounds. Run it on a quiet
-# machine; the whole benchmark takes about 15 minutes. --write also replaces
+# machine; the whole benchmark takes about 24 minutes. --write also replaces
 # docs/reference/benchmark.md.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
@@ -24,6 +24,7 @@ document=docs/reference/benchmark.md
 cmake --preset release >/dev/null
 cmake --build --preset release --target launcher bench >&2
 "$TARN_PYTHON" scripts/fetch_runtimes.py 11 17 21 25 >/dev/null
+"$TARN_PYTHON" scripts/fetch_applications.py hsqldb pdfbox >/dev/null
 
 trap tarn_close_wine EXIT
 tarn_open_wine
@@ -34,7 +35,7 @@ tarn_open_wine
         "$(nproc) processors, $(uname -sr); load average $(cut -d' ' -f1 /proc/loadavg) at the start."
     echo
     wine build/release/bench/start_bench.exe "$(winepath -w build/release/launcher.exe)" \
-        "$(winepath -w "$TARN_RUNTIMES")" "$@" {tarn_wine_lock}>&- </dev/null
+        "$(winepath -w "$TARN_RUNTIMES")" "$(winepath -w "$TARN_APPLICATIONS")" "$@" {tarn_wine_lock}>&- </dev/null
 } | tr -d '\r' | sed 's,^### ,## ,' | tee "$report"
 
 [ -n "$write" ] || exit 0
