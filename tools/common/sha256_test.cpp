@@ -22,7 +22,7 @@ TEST(Sha256, IsThatOfThePublishedExamples) {
 
 TEST(Sha256, DoesNotDependOnThePartsThatTheDataArrivesIn) {
     const std::string text(1000, 'x');
-    for (const std::size_t size : {1, 7, 63, 64, 65, 200}) {
+    for (const std::size_t size : {1U, 7U, 63U, 64U, 65U, 200U}) {
         Sha256 sha256;
         for (std::size_t at = 0; at < text.size(); at += size) sha256.Add(text.substr(at, size));
         EXPECT_EQ(sha256.Finish(), Sha256Of(text)) << size;
