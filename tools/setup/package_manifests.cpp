@@ -207,7 +207,7 @@ ManifestFile ScoopManifest(const PublishedSetup& setup) {
     }
     const auto isAllowed = [](char character) {
         return IsAscii(std::string_view(&character, 1)) &&
-               (IsWordCharacter(character) ||
+               (IsWordCharacter(static_cast<wchar_t>(static_cast<unsigned char>(character))) ||
                 std::string_view("_.-+").find(character) != std::string_view::npos);
     };
     if (!std::all_of(setup.version.begin(), setup.version.end(), isAllowed)) {
