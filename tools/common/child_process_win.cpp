@@ -1,0 +1,94 @@
+#include <array>
+#include <memory>
+
+#include "base/windows.h"
+#include "tools/common/child_process.h"
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+
+namespace tarn::tools {
+namespace {
+
+struct HandleCloser {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using OwnedHandle = std::unique_ptr<void, HandleCloser>;
+
+// The quoting that `CommandLineToArgvW` and the C runtime undo.
+std::wstring Quoted(const std::wstring& argument) {
+    std::wstring quoted = L"\"";
+    std::size_t backslashes = 0;
+    for (const wchar_t character : argument) {
+        if (character == L'"') quoted.append(backslashes + 1, L'\\');
+        backslashes = character == L'\\' ? backslashes + 1 : 0;
+        quoted += character;
+    }
+    quoted.append(backslashes, L'\\');
+    return quoted + L'"';
+}
+
+std::string ReadToEnd(HANDLE pipe) {
+    std::string text;
+    std::array<char, 4096> part;
+    DWORD size = 0;
+    while (ReadFile(pipe, part.data(), static_cast<DWORD>(part.size()), &size, nullptr) &&
+           size != 0) {
+        text.append(part.data(), size);
+    }
+    return text;
+}
+
+ProcessResult RunCommandLine(std::wstring commandLine, const std::wstring& workingFolder) {
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    HANDLE reading = nullptr;
+    HANDLE writing = nullptr;
+    if (!CreatePipe(&reading, &writing, &inherited, 0)) throw Failure("no pipe can be created");
+    const OwnedHandle output(reading);
+    OwnedHandle childOutput(writing);
+    SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
+    const HANDLE nothing = CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                       &inherited, OPEN_EXISTING, 0, nullptr);
+    if (nothing == INVALID_HANDLE_VALUE) throw Failure("the device NUL cannot be opened");
+    OwnedHandle input(nothing);
+
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = input.get();
+    startup.hStdOutput = childOutput.get();
+    startup.hStdError = childOutput.get();
+    PROCESS_INFORMATION process = {};
+    ProcessResult result;
+    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
+                        &process)) {
+        return result;
+    }
+    const OwnedHandle owned(process.hProcess);
+    CloseHandle(process.hThread);
+    childOutput.reset();
+    result.isStarted = true;
+    result.output = ReadToEnd(output.get());
+    WaitForSingleObject(process.hProcess, INFINITE);
+    DWORD code = 0;
+    if (GetExitCodeProcess(process.hProcess, &code)) result.exitCode = static_cast<int>(code);
+    return result;
+}
+
+}  // namespace
+
+ProcessResult RunProgram(const std::filesystem::path& program,
+                         const std::vector<std::string>& arguments,
+                         const std::filesystem::path& workingFolder) {
+    std::wstring commandLine = Quoted(program.wstring());
+    for (const std::string& argument : arguments) commandLine += L' ' + Quoted(WideOf(argument));
+    return RunCommandLine(std::move(commandLine), workingFolder.wstring());
+}
+
+ProcessResult RunShellCommand(const std::string& command, const std::filesystem::path& file) {
+    // With /s, cmd.exe removes the outer quotes and takes the rest as it is.
+    return RunCommandLine(
+        L"cmd.exe /d /s /c \"" + WideOf(command) + L" \"" + file.wstring() + L"\"\"", {});
+}
+
+}  // namespace tarn::tools
