@@ -37,7 +37,9 @@ class RuntimeFinder {
     }
 
     bool FindFurther(std::wstring_view furtherSources) {
-        while (const auto further = TakeFurtherSource(furtherSources)) {
+        for (;;) {
+            const std::optional<FurtherSource> further = TakeFurtherSource(furtherSources);
+            if (!further) return false;
             Source source{RuntimeSource::Further, SourceVerdict::NoCandidate};
             if constexpr (kWithReport) source.further = *further;
             RuntimeCandidate found;
@@ -46,7 +48,6 @@ class RuntimeFinder {
             }
             if (Report(std::move(source)) == SourceVerdict::Taken) return true;
         }
-        return false;
     }
 
   private:

@@ -81,6 +81,7 @@ bool ReadSettings(const ErrorReporter& errors, Settings& settings) {
 }
 
 std::wstring ReadFurtherSources(const Settings& settings) {
+    if (!settings.reader) return {};
     return settings.reader->GetValue(keys::kJavaRuntimeEnvironment, keys::kFurtherSources);
 }
 

@@ -39,8 +39,9 @@ ModuleGraph::Closure ModuleGraph::ClosureOf(const std::set<std::size_t>& roots) 
         const ApplicationJar& jar = jars_[open.back()];
         open.pop_back();
         // A jar without a declaration reads everything on the class path as well.
-        if (!jar.Module()) continue;
-        for (const ModuleDeclaration::Requirement& requirement : jar.Module()->requirements) {
+        const std::optional<ModuleDeclaration>& declaration = jar.Module();
+        if (!declaration) continue;
+        for (const ModuleDeclaration::Requirement& requirement : declaration->requirements) {
             if (const std::optional<std::size_t> at = JarOf(requirement.module)) {
                 if (closure.jars.insert(*at).second) open.push_back(*at);
             } else if (!requirement.isOptional && !IsInRuntime(requirement.module)) {

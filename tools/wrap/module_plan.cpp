@@ -28,7 +28,8 @@ std::string WithPath(const std::string& option, const std::string& path) {
 }
 
 bool IsJavaFx(const ApplicationJar& jar) {
-    return jar.Module() && jar.Module()->name.starts_with("javafx.") &&
+    const std::optional<ModuleDeclaration>& declaration = jar.Module();
+    return declaration && declaration->name.starts_with("javafx.") &&
            jar.file.placement != Placement::Omitted;
 }
 
@@ -210,8 +211,9 @@ class Planner {
         std::map<std::string, std::string> modulesOf;  // by package, with slashes
         for (const std::size_t at : modules_) {
             if (!IsJavaFx(jars_[at])) continue;
+            const std::optional<ModuleDeclaration>& declaration = jars_[at].Module();
             for (const std::string& package : jars_[at].Packages()) {
-                if (jars_[at].Module()->exports.count(DottedName(package)) == 0) {
+                if (declaration && declaration->exports.count(DottedName(package)) == 0) {
                     modulesOf[package] = jars_[at].ModuleName();
                 }
             }

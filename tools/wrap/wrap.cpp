@@ -176,7 +176,7 @@ void CheckUnfinished(const WrapRequest& request, const StampChanges& changes,
     // What the option is for.
     if (request.keepsWorkingDirectory) allowed.emplace_back("current-directory");
     const fs::path& folder = output.Unfinished();
-    if (request.singleFile) {
+    if (changes.settings) {
         const std::string file = request.name + ".exe";
         CheckResult(EmbeddedSettingsForCheck(*changes.settings, folder / PathOf(file)), file,
                     request.out, allowed);
