@@ -27,6 +27,9 @@ bool IsLink(const std::filesystem::path& path);
 /// The folder of this program's executable; empty when the system does not report it.
 std::filesystem::path ProgramFolder();
 
+/// Makes UTC the time zone of this process and of the programs that it starts.
+void UseUtc();
+
 struct Terminals {
     bool output = false;
     bool errors = false;

@@ -6,6 +6,8 @@
 #endif
 
 #include <cerrno>
+#include <cstdlib>
+#include <ctime>
 
 #include "tools/common/system.h"
 
@@ -47,6 +49,11 @@ std::filesystem::path ProgramFolder() {
 #else
     return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
 #endif
+}
+
+void UseUtc() {
+    setenv("TZ", "UTC", 1);
+    tzset();
 }
 
 Terminals PrepareTerminals() {

@@ -2,6 +2,8 @@
 #include <io.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <ctime>
 
 #include "base/paths.h"
 #include "base/windows.h"
@@ -87,6 +89,11 @@ bool IsLink(const std::filesystem::path& path) {
 
 std::filesystem::path ProgramFolder() {
     return std::filesystem::path(ModuleFolder().value_or(std::wstring()));
+}
+
+void UseUtc() {
+    _wputenv_s(L"TZ", L"UTC");
+    _tzset();
 }
 
 Terminals PrepareTerminals() {

@@ -38,8 +38,12 @@ PackagingTool WixlTool() {
     return {"wixl", "wixl", "https://gitlab.gnome.org/GNOME/msitools", {}};
 }
 
-void RunTool(const PackagingTool& tool, const std::vector<std::string>& arguments,
-             const std::filesystem::path& workingFolder, const std::string& what) {
+PackagingTool MsibuildTool() {
+    return {"msibuild", "msitools", "https://gitlab.gnome.org/GNOME/msitools", {}};
+}
+
+std::string RunTool(const PackagingTool& tool, const std::vector<std::string>& arguments,
+                    const std::filesystem::path& workingFolder, const std::string& what) {
     ProcessResult result = RunProgram(tool.name, arguments, workingFolder);
     for (const std::filesystem::path& folder : tool.folders) {
         if (!result.isStarted) result = RunProgram(folder / tool.name, arguments, workingFolder);
@@ -51,6 +55,7 @@ void RunTool(const PackagingTool& tool, const std::vector<std::string>& argument
     if (result.exitCode != 0) {
         throw Failure(tool.name + " could not make " + what + ":" + LastLines(result.output));
     }
+    return result.output;
 }
 
 void SignFile(const std::string& command, const std::filesystem::path& file) {

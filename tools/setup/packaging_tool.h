@@ -14,14 +14,15 @@ struct PackagingTool {
     std::vector<std::filesystem::path> folders;  // where to look after PATH
 };
 
-/// `makensis` and `wixl`.
+/// `makensis`, `wixl`, and `msibuild`, which changes what `wixl` has made.
 PackagingTool MakensisTool();
 PackagingTool WixlTool();
+PackagingTool MsibuildTool();
 
-/// Runs a tool. Throws Failure when it is not installed, naming the package, and when it fails,
-/// with the last lines of its output; `what` is what it should have made.
-void RunTool(const PackagingTool& tool, const std::vector<std::string>& arguments,
-             const std::filesystem::path& workingFolder, const std::string& what);
+/// Runs a tool and returns its output. Throws Failure when it is not installed, naming the package,
+/// and when it fails, with the last lines of its output; `what` is what it should have made.
+std::string RunTool(const PackagingTool& tool, const std::vector<std::string>& arguments,
+                    const std::filesystem::path& workingFolder, const std::string& what);
 
 /// Signs a file by the user's command, which changes it in place. Throws Failure with the output of
 /// the command when that fails.
