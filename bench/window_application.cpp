@@ -11,9 +11,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The first Java version whose archives of an application make themselves.
-constexpr int kFirstAutomaticVersion = 19;
-
 bool IsFast(StartWay way) {
     return way == StartWay::LauncherFast || way == StartWay::JavawFast;
 }
@@ -98,11 +95,8 @@ std::wstring WindowStarts::Options(StartWay way) const {
                            Quoted(L"-Duser.home=" + workspace_.scratch.wstring());
     if (!IsFast(way)) return options;
     const std::wstring archive = ArchivePrefix(way).wstring() + L".jsa";
-    const wchar_t* use = L"-XX:SharedArchiveFile=";
-    if (std::stoi(version_) >= kFirstAutomaticVersion)
-        options += L" -XX:+AutoCreateSharedArchive";
-    else if (!fs::exists(archive))
-        use = L"-XX:ArchiveClassesAtExit=";
+    const wchar_t* const use =
+        fs::exists(archive) ? L"-XX:SharedArchiveFile=" : L"-XX:ArchiveClassesAtExit=";
     return options + L" " + Quoted(use + archive);
 }
 

@@ -26,8 +26,8 @@ inline constexpr WindowApplication kDocumentTool = {
     "a document tool (pdfbox)", L"org.apache.pdfbox.tools.PDFBox", L"debug", L"pdfbox"};
 
 /// The ways of starting an application that are compared. The fast starts use a copy of the runtime
-/// with a class-data archive of its own, and an archive of the application's classes, as
-/// `tarn wrap --fast-start` arranges it.
+/// with a class-data archive of its own, and an archive of the application's classes, which the
+/// first run writes when it ends.
 enum class StartWay { Launcher, LauncherFast, Javaw, JavawFast };
 
 struct CommandLine {
