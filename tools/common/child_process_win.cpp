@@ -14,8 +14,11 @@ struct HandleCloser {
 };
 using OwnedHandle = std::unique_ptr<void, HandleCloser>;
 
-// The quoting that `CommandLineToArgvW` and the C runtime undo.
+// The quoting that `CommandLineToArgvW` and the C runtime undo. Some programs, such as cmd.exe, do
+// not recognize their options in quotes, so it is used only where it is required.
 std::wstring Quoted(const std::wstring& argument) {
+    if (!argument.empty() && argument.find_first_of(L" \t\"") == std::wstring::npos)
+        return argument;
     std::wstring quoted = L"\"";
     std::size_t backslashes = 0;
     for (const wchar_t character : argument) {
