@@ -9,6 +9,7 @@
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/explain/explain_command.h"
+#include "tools/setup/setup_command.h"
 #include "tools/stamp/stamp_command.h"
 #include "tools/wrap/wrap_command.h"
 
@@ -23,6 +24,7 @@ constexpr char kExitCodes[] =
 void AddCommands(CLI::App& app, const Console& console, int& exitCode) {
     AddCheckCommand(app, console, exitCode);
     AddExplainCommand(app, console, exitCode);
+    AddSetupCommand(app, console, exitCode);
     AddStampCommand(app, console, exitCode);
     AddWrapCommand(app, console, exitCode);
 }

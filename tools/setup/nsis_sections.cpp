@@ -1,0 +1,285 @@
+#include "tools/setup/nsis_body.h"
+
+namespace tarn::tools {
+namespace {
+
+// Setup extracts everything into a folder of its own first. Only when that has succeeded and no
+// file of the old version is in use, the old files go, by the list of what was installed, and the
+// new ones take their places.
+constexpr std::string_view kSections = R"nsis(Function .onInit
+  SetShellVarContext @CONTEXT@
+  SetRegView 64
+  ReadRegStr $0 @ROOT@ "${UNINSTALL_KEY}" "ComparableVersion"
+  ${If} $0 != ""
+    ${VersionCompare} $0 "@NUMBER@" $1
+    ${If} $1 == 1
+      MessageBox MB_OK|MB_ICONSTOP "$(NewerInstalled)" /SD IDOK
+      SetErrorLevel 3
+      Quit
+    ${EndIf}
+  ${EndIf}
+  ; An upgrade stays where the product is.
+  ReadRegStr $OldFolder @ROOT@ "${UNINSTALL_KEY}" "InstallLocation"
+  ${If} $OldFolder != ""
+  ${AndIf} ${FileExists} "$OldFolder\uninstall.lst"
+    StrCpy $INSTDIR $OldFolder
+  ${Else}
+    StrCpy $OldFolder ""
+  ${EndIf}
+FunctionEnd
+
+Function SkipFolderPage
+  ${If} $OldFolder != ""
+    Abort
+  ${EndIf}
+FunctionEnd
+
+; Sets the error flag when the longest path would not fit.
+Function MeasureFolder
+  StrLen $0 "$INSTDIR"
+  IntOp $0 $0 + 17
+  IntOp $0 $0 + @LONGEST_PATH@
+  ClearErrors
+  ${If} $0 > 259
+    SetErrors
+  ${EndIf}
+FunctionEnd
+
+Function CheckFolder
+  Call MeasureFolder
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONEXCLAMATION "$(PathTooLong)"
+    Abort
+  ${EndIf}
+FunctionEnd
+
+Function StartApplication
+  SetOutPath "$INSTDIR"
+  Exec '@START@"$INSTDIR\@EXECUTABLE@"'
+FunctionEnd
+
+Function RemoveStaging
+  SetOutPath "$TEMP"
+  ${If} $Staging != ""
+    RMDir /r "$Staging" ; created by this setup, under a name that was free
+  ${EndIf}
+  RMDir "$INSTDIR"
+FunctionEnd
+
+Function .onInstFailed
+  Call RemoveStaging
+FunctionEnd
+
+Function QuitIfBusy
+  ${If} $OldFolder == ""
+    Return
+  ${EndIf}
+  StrCpy $Root $INSTDIR
+  StrCpy $ListFile "$INSTDIR\uninstall.lst"
+  Call WaitUntilFree
+  ${If} $Busy != ""
+    Call RemoveStaging
+    SetErrorLevel 4
+    Quit
+  ${EndIf}
+FunctionEnd
+
+; The settings that the user has changed stay while the new version's are those of the old one;
+; otherwise the new version's apply, and the user's remain beside them.
+Function PrepareSettings
+  StrCpy $Kept ""
+  ${If} "@SETTINGS@" == ""
+  ${OrIfNot} ${FileExists} "$INSTDIR\@SETTINGS@"
+  ${OrIfNot} ${FileExists} "$INSTDIR\uninstall.ini"
+    Return
+  ${EndIf}
+  Call CompareSettings
+  Pop $0
+  ${If} $0 == "same"
+    Return
+  ${EndIf}
+  Push "$Staging\uninstall.ini"
+  Push "$INSTDIR\uninstall.ini"
+  Call CompareFiles
+  Pop $0
+  ${If} $0 == "same"
+    StrCpy $Kept "@SETTINGS@"
+  ${EndIf}
+FunctionEnd
+
+Function PlaceItem
+  ${If} $Kind != "F"
+  ${OrIf} $Line == $Kept
+    Return
+  ${EndIf}
+  ; Whatever the old version did not install belongs to the user.
+  ${If} ${FileExists} "$INSTDIR\$Line"
+    Delete "$INSTDIR\$Line.old"
+    Rename "$INSTDIR\$Line" "$INSTDIR\$Line.old"
+  ${EndIf}
+  ClearErrors
+  Rename "$Staging\$Line" "$INSTDIR\$Line"
+  ${If} ${Errors}
+    StrCpy $Busy $Line
+  ${EndIf}
+FunctionEnd
+
+!macro PlaceOwnFile NAME
+  Delete "$INSTDIR\${NAME}"
+  Rename "$Staging\${NAME}" "$INSTDIR\${NAME}"
+!macroend
+
+Section
+  Call MeasureFolder
+  ${If} ${Errors}
+    MessageBox MB_OK|MB_ICONSTOP "$(PathTooLong)" /SD IDOK
+    SetErrorLevel 5
+    Quit
+  ${EndIf}
+  Call QuitIfBusy
+  SetOutPath "$INSTDIR"
+  ClearErrors
+  GetTempFileName $Staging "$INSTDIR"
+  Delete "$Staging"
+  CreateDirectory "$Staging"
+  ${If} ${Errors}
+    StrCpy $Staging ""
+    Abort
+  ${EndIf}
+@FILES@
+  SetOutPath "$Staging"
+  SetDateSave off ; the list has the time of its making, which would differ
+  File "/oname=uninstall.lst" "installed.txt"
+  SetDateSave on
+  @SETTINGS_FILE@
+  WriteUninstaller "$Staging\uninstall.exe"
+  ${IfNot} ${FileExists} "$Staging\uninstall.exe"
+    Abort
+  ${EndIf}
+  SetOutPath "$TEMP"
+  Call QuitIfBusy
+
+  Call PrepareSettings
+  ${If} $OldFolder != ""
+    ${If} $Kept == ""
+    ${AndIf} "@SETTINGS@" != ""
+      Call CompareSettings
+      Pop $0
+      ${If} $0 == "different"
+        Delete "$INSTDIR\@SETTINGS@.old"
+        Rename "$INSTDIR\@SETTINGS@" "$INSTDIR\@SETTINGS@.old"
+      ${EndIf}
+    ${EndIf}
+    Call RemoveListed
+  ${EndIf}
+
+@FOLDERS@
+  StrCpy $Busy ""
+  StrCpy $ListFile "$Staging\uninstall.lst"
+  GetFunctionAddress $Callback PlaceItem
+  Call WalkList
+  ${If} $Busy != ""
+    Abort
+  ${EndIf}
+  !insertmacro PlaceOwnFile "uninstall.lst"
+  !insertmacro PlaceOwnFile "uninstall.ini"
+  !insertmacro PlaceOwnFile "uninstall.exe"
+  RMDir /r "$Staging"
+  StrCpy $Staging ""
+
+@SHORTCUTS@
+@REGISTRY@
+  WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "DisplayName" "@NAME@"
+  WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "DisplayVersion" "@VERSION@"
+  WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "ComparableVersion" "@NUMBER@"
+  WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\@EXECUTABLE@,0"
+  ${If} "@VENDOR@" != ""
+    WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "Publisher" "@VENDOR@"
+  ${EndIf}
+  WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
+  WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
+  WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "QuietUninstallString" '"$INSTDIR\uninstall.exe" /S'
+  WriteRegDWORD @ROOT@ "${UNINSTALL_KEY}" "EstimatedSize" @SIZE@
+  WriteRegDWORD @ROOT@ "${UNINSTALL_KEY}" "NoModify" 1
+  WriteRegDWORD @ROOT@ "${UNINSTALL_KEY}" "NoRepair" 1
+  Call RefreshShell
+SectionEnd
+
+Function un.onInit
+  SetShellVarContext @CONTEXT@
+  SetRegView 64
+  StrCpy $WithSettings 0
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/SETTINGS" $1
+  ${IfNot} ${Errors}
+    StrCpy $WithSettings 1
+  ${EndIf}
+FunctionEnd
+
+Function un.ShowConfirmation
+  !insertmacro MUI_HEADER_TEXT "$(MUI_UNTEXT_CONFIRM_TITLE)" "$(MUI_UNTEXT_CONFIRM_SUBTITLE)"
+  nsDialogs::Create 1018
+  Pop $0
+  ${NSD_CreateLabel} 0 0 100% 24u "$(ConfirmRemoval)"
+  Pop $0
+  StrCpy $CheckBox ""
+  ${If} "@SETTINGS@" != ""
+  ${AndIf} ${FileExists} "$INSTDIR\@SETTINGS@"
+    Call un.CompareSettings
+    Pop $0
+    ${If} $0 == "different"
+      ${NSD_CreateCheckbox} 0 36u 100% 12u "$(RemoveSettings)"
+      Pop $CheckBox
+    ${EndIf}
+  ${EndIf}
+  nsDialogs::Show
+FunctionEnd
+
+Function un.LeaveConfirmation
+  ${If} $CheckBox != ""
+    ${NSD_GetState} $CheckBox $WithSettings
+  ${EndIf}
+FunctionEnd
+
+Section Uninstall
+  ; The uninstaller's own list, which nobody else can have changed.
+  InitPluginsDir
+  SetOutPath "$PLUGINSDIR"
+  SetDateSave off
+  File "/oname=installed.lst" "installed.txt"
+  SetDateSave on
+  SetOutPath "$TEMP"
+  StrCpy $Root $INSTDIR
+  StrCpy $ListFile "$PLUGINSDIR\installed.lst"
+  Call un.WaitUntilFree
+  ${If} $Busy != ""
+    SetErrorLevel 4
+    Quit
+  ${EndIf}
+  StrCpy $Kept ""
+  ${If} "@SETTINGS@" != ""
+  ${AndIf} $WithSettings != 1
+    Call un.CompareSettings
+    Pop $0
+    ${If} $0 == "different"
+      StrCpy $Kept "@SETTINGS@"
+    ${EndIf}
+  ${EndIf}
+  Call un.RemoveListed
+  Delete "$INSTDIR\uninstall.ini"
+  Delete "$INSTDIR\uninstall.lst"
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR"
+  DeleteRegKey @ROOT@ "${UNINSTALL_KEY}"
+  Call un.RefreshShell
+SectionEnd
+)nsis";
+
+}  // namespace
+
+std::string_view NsisSections() {
+    return kSections;
+}
+
+}  // namespace tarn::tools

@@ -1,0 +1,85 @@
+#include "tools/setup/setup.h"
+
+#include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
+#include "tools/common/whole_file.h"
+#include "tools/setup/nsis_setup.h"
+#include "tools/setup/package_content.h"
+#include "tools/setup/packaging_tool.h"
+#include "tools/setup/product.h"
+#include "tools/setup/work_folder.h"
+
+namespace tarn::tools {
+namespace {
+
+namespace fs = std::filesystem;
+
+void CheckIcons(const SetupRequest& request, const PackageContent& content) {
+    for (const Association& association : request.associations) {
+        if (association.icon.empty() || content.Find(association.icon) != nullptr) continue;
+        throw Failure("--associate " + association.extension + ": the icon " + association.icon +
+                      " is not in the folder " + Utf8OfPath(request.folder) +
+                      "; add it with tarn wrap --add");
+    }
+}
+
+void CheckTwice(const SetupRequest& request) {
+    const auto fail = [](const std::string& name) { throw Failure(name + " is specified twice"); };
+    for (std::size_t at = 0; at < request.associations.size(); ++at) {
+        for (std::size_t other = 0; other < at; ++other) {
+            if (request.associations[at].extension == request.associations[other].extension) {
+                fail("--associate " + request.associations[at].extension);
+            }
+        }
+    }
+    for (std::size_t at = 0; at < request.protocols.size(); ++at) {
+        for (std::size_t other = 0; other < at; ++other) {
+            if (request.protocols[at].scheme == request.protocols[other].scheme) {
+                fail("--protocol " + request.protocols[at].scheme);
+            }
+        }
+    }
+}
+
+fs::path ResultPath(const SetupRequest& request, const Product& product) {
+    if (!request.out.empty()) return request.out;
+    const char* const ending = request.kind == SetupKind::Msi ? ".msi" : "-setup.exe";
+    return PathOf(FileNameOf(product.name + "-" + product.version) + ending);
+}
+
+// A signed copy of the executable, with the time of the original.
+void SignExecutable(const SetupRequest& request, const Product& product,
+                    const PackageContent& content, const fs::path& work) {
+    const PackageFile* const executable = content.Find(product.executable);
+    const fs::path copy = work / PathOf(product.executable);
+    CopyToNewFile(executable->source, copy, [](std::uintmax_t) {});
+    SignFile(request.signCommand, copy);
+    std::error_code error;
+    fs::last_write_time(copy, executable->time, error);
+    if (error) throw Failure(copy, "the time cannot be set (" + error.message() + ")");
+}
+
+}  // namespace
+
+fs::path MakeSetup(const SetupRequest& request, const Console& console) {
+    CheckTwice(request);
+    const Product product = ReadProduct(request);
+    const PackageContent content = ListPackage(request.folder, product.fileName);
+    CheckIcons(request, content);
+    const fs::path result = ResultPath(request, product);
+    CheckResultPath(result, request.replaces);
+
+    console.ShowProgress("making " + Utf8OfPath(result));
+    WorkFolder work(request.script);
+    if (!request.signCommand.empty()) SignExecutable(request, product, content, work.Path());
+    const fs::path made = MakeNsisSetup(request, product, content, work.Path());
+    if (!request.signCommand.empty()) SignFile(request.signCommand, made);
+    PlaceResult(made, result, request.replaces);
+    std::error_code ignored;
+    fs::remove(made, ignored);
+    work.Keep();
+    console.ShowProgress("");
+    return result;
+}
+
+}  // namespace tarn::tools
