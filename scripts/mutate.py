@@ -99,14 +99,19 @@ def mutants_of(source):
     return found
 
 
+def object_of(entry):
+    words = shlex.split(entry["command"])
+    return words[words.index("-o") + 1]
+
+
 def compile_command(entry, source, output):
     """The preset's command for a source, for a shared library of it alone."""
-    words = [word for word in shlex.split(entry["command"])]
+    words = shlex.split(entry["command"])
     while not re.search(r"(g|clang)\+\+[-\d.]*$", words[0]):
         words.pop(0)  # a compiler cache
     at = words.index("-o")
     del words[at:at + 2]
-    words = [word for word in words if word not in ("-c", "-Werror", entry["file"])]
+    words = [word for word in words if word not in ("-c", "-g", "-Werror", entry["file"])]
     return words + ["-w", "-fPIC", "-shared", "-o", output, source,
                     "-I" + os.path.dirname(entry["file"])]
 
@@ -123,9 +128,7 @@ class Build:
             entries = {os.path.relpath(entry["file"], ROOT): entry for entry in json.load(file)}
         ours = {path: entry for path, entry in entries.items() if path.startswith(tuple(f + "/" for f in FOLDERS))}
         self.sources = {path: entry for path, entry in ours.items() if not path.endswith("_test.cpp")}
-        self.objects = [os.path.join(entry["directory"], entry["output"]) if "output" in entry else
-                        os.path.join(entry["directory"], shlex.split(entry["command"])[
-                            shlex.split(entry["command"]).index("-o") + 1])
+        self.objects = [os.path.join(entry["directory"], object_of(entry))
                         for path, entry in ours.items() if path.endswith("_test.cpp")]
         self.program = os.path.join(WORK, "tests")
         self.originals = os.path.join(WORK, "originals")
@@ -188,18 +191,15 @@ class Build:
 def read_explained():
     """The reasons, by the mutant's key."""
     explained = {}
-    if os.path.exists(EXPLAINED):
-        with open(EXPLAINED, encoding="utf-8") as file:
-            for line in file:
-                if line.strip() and not line.startswith("#"):
-                    source, before, after, reason = (part.strip() for part in line.rstrip("\n").split(" | ", 3)) \
-                        if line.count(" | ") == 3 else split_reason(line)
-                    explained[f"{source} | {before} | {after}"] = reason
+    with open(EXPLAINED, encoding="utf-8") as file:
+        for number, line in enumerate(file, 1):
+            if not line.strip() or line.startswith("#"):
+                continue
+            key, separator, reason = line.strip().rpartition(" | ")
+            if not separator or key.count(" | ") < 2:
+                sys.exit(f"scripts/mutants.txt:{number}: not SOURCE | BEFORE | AFTER | REASON")
+            explained[key] = reason
     return explained
-
-
-def split_reason(line):
-    sys.exit(f"scripts/mutants.txt: not SOURCE | BEFORE | AFTER | REASON: {line.strip()}")
 
 
 def report(mutants, explained):

@@ -7,7 +7,8 @@
 namespace tarn::test {
 namespace {
 
-using testing::StartsWith;
+using testing::HasSubstr;
+using testing::Not;
 
 class RealRuntimeClassPath : public EachRuntimeFixture {
   protected:
@@ -58,6 +59,20 @@ TEST_P(RealRuntimeClassPath, EmbeddedJarIsTheExecutable) {
     settings.Application(L"Embedded Jar", L"yes");
     ASSERT_EQ(Run(L"do:facts"), 0);
     EXPECT_EQ(Report().One("classPath"), app.Executable() + L';');
+}
+
+// The empty element at the end of the class path.
+TEST_P(RealRuntimeClassPath, AClassInTheCurrentDirectoryIsReadUnlessThatIsTheLaunchersFolder) {
+    app.directory = app.AddFolder(L"downloads");
+    app.AddFile(L"downloads\\Planted.class", "no class");
+    settings.Runtime(L"Main Class", L"Planted");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_THAT(StandardError(), HasSubstr("ClassFormatError"));
+    DeleteFileW(app.ErrorFile().c_str());
+    settings.Application(L"Override WorkingDir", L"Yes");
+    EXPECT_EQ(Run(), 1);
+    EXPECT_THAT(StandardError(), HasSubstr("Could not find or load main class Planted"));
+    EXPECT_THAT(StandardError(), Not(HasSubstr("ClassFormatError")));
 }
 
 class RealRuntimeLongClassPath : public RealRuntimeFixture {};

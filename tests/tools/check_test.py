@@ -8,17 +8,8 @@ import tempfile
 import unittest
 import zipfile
 
-from tarn_program import LAUNCHER, PROGRAMS, ROOT, run
+from tarn_program import GOOD_SETTINGS as GOOD, LAUNCHER, PROGRAMS, ROOT, run
 
-GOOD = """[Java Runtime Environment]
-Main Class=com.example.Main
-Minimum Version=17
-Maximum Version=any
-[Class Path]
-Class Path=app.jar
-[Application]
-Override WorkingDir=Yes
-"""
 CLASS_FILE_17 = b"\xca\xfe\xba\xbe\0\0\0\x3d"
 
 

@@ -6,20 +6,10 @@ import subprocess
 import unittest
 import zlib
 
-from tarn_program import LAUNCHER, PROGRAMS, FolderTest, picture
+from tarn_program import GOOD_SETTINGS, LAUNCHER, PROGRAMS, FolderTest, picture, png
 
 SECONDS = 5
 BYTES = 300_000_000
-
-SETTINGS = """[Java Runtime Environment]
-Main Class=com.example.Main
-Minimum Version=17
-Maximum Version=any
-[Class Path]
-Class Path=app.jar
-[Application]
-Override WorkingDir=Yes
-"""
 
 
 def limit():
@@ -38,14 +28,9 @@ def icon(entries, size, shared=False):
 
 def swollen_picture(mebibytes):
     """A PNG picture of 64 x 64 pixels whose data unpacks to far more than its pixels."""
-    def chunk(kind, data):
-        return (struct.pack(">I", len(data)) + kind + data +
-                struct.pack(">I", zlib.crc32(kind + data)))
     packer = zlib.compressobj(9)
     data = b"".join(packer.compress(bytes(1 << 20)) for _ in range(mebibytes)) + packer.flush()
-    return (b"\x89PNG\r\n\x1a\n" +
-            chunk(b"IHDR", struct.pack(">IIBBBBB", 64, 64, 8, 6, 0, 0, 0)) +
-            chunk(b"IDAT", data) + chunk(b"IEND", b""))
+    return png(64, 64, data)
 
 
 class LimitsTest(FolderTest):
@@ -67,7 +52,7 @@ class LimitsTest(FolderTest):
         return code, output
 
     def parameters(self, options):
-        return SETTINGS + "[Java Runtime Environment+]\nVirtual Machine Parameters=" + " ".join(options)
+        return GOOD_SETTINGS + "[Java Runtime Environment+]\nVirtual Machine Parameters=" + " ".join(options)
 
     def test_an_icon_of_60000_entries_that_share_their_image(self):
         code, _, errors = self.stamp_icon("app.ico", icon(60_000, 200_000, shared=True))
@@ -100,7 +85,7 @@ class LimitsTest(FolderTest):
             with self.subTest(name=name):
                 number = "" if name.startswith("App") else "{}"
                 text = "".join(f"[{name}{number}]\nCmd=x\n".format(i) for i in range(40_000))
-                _, output = self.check(SETTINGS + text)
+                _, output = self.check(GOOD_SETTINGS + text)
                 self.assertGreater(output.count('"id"'), 39_000)
 
     def test_20000_unknown_options(self):
@@ -115,14 +100,14 @@ class LimitsTest(FolderTest):
         for section in ("Application", "Display"):
             with self.subTest(section=section):
                 keys = "".join(f"Unknown Key of the Launcher Number {i}=1\n" for i in range(20_000))
-                _, output = self.check(SETTINGS.replace("[Application]\n", f"[{section}]\n{keys}"))
+                _, output = self.check(GOOD_SETTINGS.replace("[Application]\n", f"[{section}]\n{keys}"))
                 self.assertGreaterEqual(output.count('"id"'), 20_000)
 
     def test_20000_class_path_entries_arguments_and_versions(self):
         entries = ";".join(f"lib/nosuch{i}.jar" for i in range(20_000))
-        self.check(SETTINGS.replace("app.jar", entries))
-        self.check(SETTINGS + "Cmd=" + " ".join(f'--name{i}="a b"' for i in range(20_000)))
-        self.check(SETTINGS.replace("=any", "=any\nPreferred versions=" + ";".join(["x,y"] * 20_000)))
+        self.check(GOOD_SETTINGS.replace("app.jar", entries))
+        self.check(GOOD_SETTINGS + "Cmd=" + " ".join(f'--name{i}="a b"' for i in range(20_000)))
+        self.check(GOOD_SETTINGS.replace("=any", "=any\nPreferred versions=" + ";".join(["x,y"] * 20_000)))
 
 
 if __name__ == "__main__":

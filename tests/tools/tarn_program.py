@@ -16,6 +16,16 @@ PROGRAMS = {
     "windows": ([] if os.name == "nt" else ["wine"]) +
                [os.path.join(ROOT, "build", "release", "tarn.exe")],
 }
+# Settings without findings, apart from the jar that they name. Tests count on the lines' numbers.
+GOOD_SETTINGS = """[Java Runtime Environment]
+Main Class=com.example.Main
+Minimum Version=17
+Maximum Version=any
+[Class Path]
+Class Path=app.jar
+[Application]
+Override WorkingDir=Yes
+"""
 RUNTIMES = os.environ.get("TARN_RUNTIMES", os.path.join(
     os.environ.get("XDG_CACHE_HOME", os.path.expanduser("~/.cache")), "tarn", "runtimes"))
 TOOLCHAIN = os.path.join(ROOT, "scripts", "lib", "toolchain.sh")
@@ -95,12 +105,17 @@ def class_file(java=8):
     return b"\xca\xfe\xba\xbe" + struct.pack(">HH", 0, 44 + java)
 
 
-def picture(width=8, height=8):
-    """A PNG picture of one colour."""
-    def chunk(kind, data):
-        return (struct.pack(">I", len(data)) + kind + data +
-                struct.pack(">I", zlib.crc32(kind + data)))
-    rows = (b"\0" + b"\x20\x60\xc0\xff" * width) * height
+def png(width, height, data):
+    """A PNG picture whose pixels are this compressed data, whether it fits or not."""
+    def chunk(kind, content):
+        return (struct.pack(">I", len(content)) + kind + content +
+                struct.pack(">I", zlib.crc32(kind + content)))
     return (b"\x89PNG\r\n\x1a\n" +
             chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)) +
-            chunk(b"IDAT", zlib.compress(rows)) + chunk(b"IEND", b""))
+            chunk(b"IDAT", data) + chunk(b"IEND", b""))
+
+
+def picture(width=8, height=8):
+    """A PNG picture of one colour."""
+    rows = (b"\0" + b"\x20\x60\xc0\xff" * width) * height
+    return png(width, height, zlib.compress(rows))

@@ -83,6 +83,14 @@ class WrapTest(FolderTest):
         self.wrap("--out", "o", "--name", "\u017d\u00e4", "--title", "\u0395\u03bb")
         self.assertIn("Product Name=\u0395\u03bb", self.settings("o/\u017d\u00e4.ini", "utf-16"))
 
+    def test_one_file_beside_the_single_file_is_not_counted(self):
+        self.put_jar("two/app.jar", {"Main-Class": "demo.Main", "Class-Path": "b.jar"},
+                     {"demo/Main.class": class_file()})
+        self.put_jar("two/b.jar")
+        _, errors = self.expect("wrap", "two/app.jar", "--launcher", LAUNCHER, "--out", "o",
+                                "--name", "two", "--single-file")
+        self.assertIn("the single file requires the other file of the class path beside it", errors)
+
     def test_puts_everything_into_one_file(self):
         _, errors = self.wrap("--out", "o", "--name", "one", "--single-file")
         self.assertIn("SplashScreen-Image demo/splash.png is omitted", errors)

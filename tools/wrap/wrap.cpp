@@ -211,8 +211,10 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     if (request.singleFile) {
         files.erase(files.begin());
         if (!files.empty()) {
-            warnings.push_back("the single file requires the " + std::to_string(files.size()) +
-                               " other files of the class path beside it");
+            const std::string others =
+                files.size() == 1 ? "other file" : std::to_string(files.size()) + " other files";
+            warnings.push_back("the single file requires the " + others +
+                               " of the class path beside it");
         }
     }
     std::vector<std::string> classPath;
