@@ -158,8 +158,8 @@ class Build:
 
     def passes(self, folder, seconds):
         environment = dict(os.environ, LD_LIBRARY_PATH=folder + ":" + self.originals,
-                           ASAN_OPTIONS="detect_odr_violation=0:detect_leaks=0:hard_rss_limit_mb=1500:"
-                                        "allocator_may_return_null=0")
+                           ASAN_OPTIONS="detect_odr_violation=0:detect_leaks=0:hard_rss_limit_mb=3000:"
+                                        "quarantine_size_mb=1:malloc_context_size=2")
         try:
             done = subprocess.run([self.program, "--gtest_brief=1", "--gtest_fail_fast"], env=environment,
                                   stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
