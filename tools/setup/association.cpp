@@ -135,7 +135,8 @@ Protocol ParseProtocol(const std::string& option) {
 }
 
 std::string ProgIdOf(const Product& product, const std::string& extension) {
-    return product.id + "." + extension.substr(extension[0] == '.' ? 1 : 0);
+    // An extension and a scheme may have the same name.
+    return product.id + (extension[0] == '.' ? "" : ".url.") + extension;
 }
 
 std::vector<RegistryValue> AssociationValues(const Product& product,

@@ -54,7 +54,8 @@ std::vector<RegistryValue> AssociationValues(const Product& product,
 /// is removed if it is empty. Keys that every Windows has are not among them.
 std::vector<std::string> RemovableKeys(const std::vector<RegistryValue>& values);
 
-/// The programmatic identifier (ProgID) of an extension or a scheme: "Vendor.Name.ext".
+/// The programmatic identifier (ProgID) of an extension or a scheme: "Vendor.Name.ext" or
+/// "Vendor.Name.url.scheme".
 std::string ProgIdOf(const Product& product, const std::string& extension);
 
 }  // namespace tarn::tools

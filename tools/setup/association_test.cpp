@@ -113,5 +113,12 @@ TEST(RemovableKeys, AreThoseOfTheProductDeepestFirst) {
                         "Software\\Acme.Viewer\\Capabilities", "Software\\Acme.Viewer"}));
 }
 
+TEST(ProgId, DiffersForAnExtensionAndASchemeOfTheSameName) {
+    Product product;
+    product.id = "Acme.Viewer";
+    EXPECT_EQ(ProgIdOf(product, ".abc"), "Acme.Viewer.abc");
+    EXPECT_EQ(ProgIdOf(product, "abc"), "Acme.Viewer.url.abc");
+}
+
 }  // namespace
 }  // namespace tarn::tools

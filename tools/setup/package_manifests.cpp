@@ -150,7 +150,8 @@ std::string InstallerText(const PublishedSetup& setup) {
         .Line(0, "AppsAndFeaturesEntries:")
         .Line(0, "- DisplayName: " + YamlText(setup.name))
         .Pair(1, "Publisher", setup.vendor)
-        .Pair(1, "DisplayVersion", setup.version)
+        .Pair(1, "DisplayVersion",
+              setup.displayVersion.empty() ? setup.version : setup.displayVersion)
         .Pair(1, "ProductCode", setup.productCode)
         .Pair(1, "UpgradeCode", setup.upgradeCode)
         .Pair(1, "InstallerType", type)

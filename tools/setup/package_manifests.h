@@ -11,6 +11,7 @@ struct PublishedSetup {
     std::string packageId;  // "Vendor.Name"
     std::string name;
     std::string version;
+    std::string displayVersion;  // in the uninstall entry; empty for `version`
     std::string vendor;
     std::string description;
     std::string copyright;   // may be empty

@@ -3,10 +3,13 @@
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
+#include "tools/setup/make_msi.h"
+#include "tools/setup/msi_source.h"
 #include "tools/setup/nsis_setup.h"
 #include "tools/setup/package_content.h"
 #include "tools/setup/packaging_tool.h"
 #include "tools/setup/product.h"
+#include "tools/setup/publish.h"
 #include "tools/setup/work_folder.h"
 
 namespace tarn::tools {
@@ -69,16 +72,30 @@ fs::path MakeSetup(const SetupRequest& request, const Console& console) {
     const fs::path result = ResultPath(request, product);
     CheckResultPath(result, request.replaces);
 
+    MsiCodes codes;
+    if (request.kind == SetupKind::Msi) {
+        CheckMsi(product, content);
+        codes = MsiCodesOf(request, product, content);
+    }
+    PublishedSetup publication;
+    if (!request.url.empty()) {
+        publication = PublicationOf(request, product, codes);
+        CheckPublication(request, publication, result);
+    }
+
     console.ShowProgress("making " + Utf8OfPath(result));
     WorkFolder work(request.script);
     if (!request.signCommand.empty()) SignExecutable(request, product, content, work.Path());
-    const fs::path made = MakeNsisSetup(request, product, content, work.Path());
+    const fs::path made = request.kind == SetupKind::Msi
+                              ? MakeMsi(request, product, content, codes, work.Path())
+                              : MakeNsisSetup(request, product, content, work.Path());
     if (!request.signCommand.empty()) SignFile(request.signCommand, made);
     PlaceResult(made, result, request.replaces);
     std::error_code ignored;
     fs::remove(made, ignored);
     work.Keep();
     console.ShowProgress("");
+    if (!request.url.empty()) Publish(publication, result, console);
     return result;
 }
 

@@ -23,6 +23,7 @@ constexpr char kExamples[] =
 struct Arguments {
     std::string folder, out, script, license, config;
     std::vector<std::string> associations, protocols;
+    bool isMsi = false;
     SetupRequest request;
 };
 
@@ -40,6 +41,10 @@ void RunSetup(CLI::App& command, const Arguments& arguments, const Console& cons
     for (const std::string& text : arguments.protocols) {
         request.protocols.push_back(ParseProtocol(text));
     }
+    if (arguments.isMsi) request.kind = SetupKind::Msi;
+    if (arguments.isMsi && !request.license.empty()) {
+        throw Failure("--license and --msi exclude each other: an MSI has no page for a license");
+    }
     if (request.signCommand.find_first_of("\r\n") != std::string::npos) {
         throw Failure("--sign: the command contains a line break");
     }
@@ -52,7 +57,7 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
         command.add_option(name, value, help)->type_name(type)->allow_extra_args(false);
     };
     option("--out,-o", arguments.out, "FILE",
-           "File to create (default: NAME-VERSION-setup.exe in the current directory)");
+           "File to create (default: NAME-VERSION-setup.exe or .msi in the current directory)");
     option("--executable", request.executable, "FILE",
            "The application's executable, if the folder has several");
     option("--name", request.name, "TEXT", "Product name (default: the executable's)");
@@ -73,6 +78,15 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
            "(.ico); may be repeated");
     option("--protocol", arguments.protocols, "SCHEME=TEXT",
            "URL scheme to open, and its description; may be repeated");
+    command.add_flag("--msi", arguments.isMsi,
+                     "Create an MSI by wixl (packages wixl and msitools) instead");
+    option("--url", request.url, "URL",
+           "Address where users download the result: writes manifests for winget and scoop beside "
+           "it");
+    option("--homepage", request.homepage, "URL",
+           "Home page in the manifests (default: the site of --url)");
+    option("--license-name", request.licenseName, "TEXT",
+           "License in the manifests, such as MIT (default: Proprietary)");
     option("--sign", request.signCommand, "COMMAND",
            "Shell command that signs a file in place; the file is its last argument");
     option("--script", arguments.script, "FOLDER",

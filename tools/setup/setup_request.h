@@ -31,7 +31,9 @@ struct SetupRequest {
     std::vector<Association> associations;
     std::vector<Protocol> protocols;
     std::string signCommand;
-    std::string url;  // where the setup program will be offered, for the manifests
+    std::string url;          // where the result will be offered: makes the manifests
+    std::string homepage;     // for the manifests; default: the site of `url`
+    std::string licenseName;  // for the manifests; default: "Proprietary"
     bool perMachine = false;
     bool desktopShortcut = false;
     bool replaces = false;  // an existing result
