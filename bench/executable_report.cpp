@@ -16,7 +16,7 @@ namespace tarn::bench {
 namespace {
 
 constexpr std::uintmax_t kKiB = 1024;
-constexpr std::uintmax_t kSizeLimit = 96 * kKiB;
+constexpr std::uintmax_t kSizeLimit = 84 * kKiB;
 constexpr std::uintmax_t kSizeWanted = 64 * kKiB;
 // Loaded when they are needed, or not at all.
 constexpr const char* kNeverImported[] = {"gdiplus.dll", "dbghelp.dll", "version.dll", "winmm.dll"};

@@ -30,7 +30,7 @@ void CopyTree(const fs::path& from, const fs::path& to) {
 // The runtime as `tarn wrap --runtime` ships it: with a class-data archive of its own. The
 // original is not changed.
 fs::path ArchivedRuntime(const Workspace& workspace, const std::wstring& version) {
-    const fs::path home = workspace.scratch / (L"runtime" + version);
+    fs::path home = workspace.scratch / (L"runtime" + version);
     const fs::path archive = home / L"bin" / L"server" / L"classes.jsa";
     if (fs::exists(archive)) return home;
     fs::create_directories(home);

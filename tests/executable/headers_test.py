@@ -9,7 +9,7 @@ from image import LAUNCHER, ROOT, RT_GROUP_ICON, RT_ICON, load, resources
 
 KIB = 1024
 WANTED_SIZE = 64 * KIB
-LARGEST_SIZE = 96 * KIB
+LARGEST_SIZE = 84 * KIB
 
 # Windows loads these into every GUI process. Any other import would delay each start; libraries
 # that are needed later are loaded on demand.
