@@ -10,7 +10,7 @@ namespace tarn::bench {
 namespace {
 
 constexpr const char* kToCreate = "to JNI_CreateJavaVM, ms";
-constexpr int kRounds = 10;
+constexpr int kRounds = 6;
 
 Case EmptyCase(const char* name) {
     Case result;

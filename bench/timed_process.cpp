@@ -139,6 +139,7 @@ ProcessTimes RunTimed(const std::wstring& program, const std::wstring& commandLi
     }
     WaitForEnd(process, program);
     const double end = Nanoseconds();
+    std::filesystem::remove(releaseFile);
     const double stamp = ReadStamp(stampFile);
     if (stamp < start || stamp > end) Fail("the stamp lies outside the lifetime of the process");
     if (options.watch && times.toSeen == 0) Fail("the watch never returned true");

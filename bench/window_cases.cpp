@@ -14,8 +14,8 @@ namespace {
 
 // The real applications take longer and show the same as the sample; a first start writes an
 // archive, which takes seconds.
-constexpr int kApplicationRounds = 5;
-constexpr int kFirstStartRounds = 5;
+constexpr int kApplicationRounds = 4;
+constexpr int kFirstStartRounds = 4;
 constexpr int kWarmUpRounds = 1;  // writes the archives of the later starts
 
 // How often the screen is read. Each reading takes time that the application then lacks.
