@@ -26,6 +26,7 @@ plugins=(maven python3 ca-certificates)
 check=(
     googletest git LLVM cppcheck shellcheck "${plugins[@]}" python3-pefile locales osslsigncode openssl curl strace
     nsis wixl msitools xdotool  # setup programs, and what drives their windows
+    python3-jsonschema python3-yaml  # schemas of the manifests of package managers
 )
 # The same as programs, for systems with other package names.
 build_programs=(
@@ -39,7 +40,7 @@ run_programs=('wine: Wine 8 or newer, 64-bit' 'Xvfb: Xvfb' 'import: ImageMagick'
 plugins_programs=('mvn: Maven 3.8 or newer' 'python3: Python 3.11 or newer')
 check_programs=(
     'git: git' 'cppcheck: cppcheck' 'shellcheck: shellcheck' 'osslsigncode: osslsigncode'
-    'openssl: openssl' 'curl: curl' 'strace: strace' 'makensis: NSIS 3.08 or newer' 'wixl: wixl' 'xdotool: xdotool'
+    'openssl: openssl' 'curl: curl' 'strace: strace' 'makensis: NSIS 3.08 or newer' 'wixl: wixl' 'msibuild: msitools' 'xdotool: xdotool'
     "${plugins_programs[@]}"
 )
 

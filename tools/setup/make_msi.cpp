@@ -103,7 +103,7 @@ fs::path MakeMsi(const SetupRequest& request, const Product& product, const Pack
     LinkFiles(plan.content, work);
     if (!product.icon.empty()) WriteNewFile(work / kMsiIcon, product.icon);
     WriteNewFile(work / kSource, AsBytes(WixSource(plan)));
-    WriteNewFile(work / kCodePageTable, AsBytes(CodePageTable(plan)));
+    WriteNewFile(work / kCodePageTable, AsBytes(CodePageTable()));
     WriteNewFile(work / kSummaryTable, AsBytes(SummaryTable(plan)));
 
     const std::vector<std::string> wixl = {

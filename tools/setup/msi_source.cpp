@@ -29,6 +29,24 @@ constexpr std::size_t kComponentsInFeature = 800;
 // The column of the table Shortcut.
 constexpr std::size_t kLongestShortcut = 128;
 
+// Whether a character is in Windows-1252.
+bool IsWestern(wchar_t character) {
+    constexpr std::wstring_view kBetween =
+        L"\u20AC\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\u017D"
+        L"\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\u017E\u0178";
+    return character < 0x80 || (character >= 0xA0 && character <= 0xFF) ||
+           kBetween.find(character) != std::wstring_view::npos;
+}
+
+// wixl writes texts in Windows-1252. Of others it loses characters, or crashes.
+void CheckCharacters(const std::string& text) {
+    const std::wstring wide = WideOf(text);
+    if (std::all_of(wide.begin(), wide.end(), IsWestern)) return;
+    throw Failure("--msi: \"" + text +
+                  "\" contains characters outside Windows-1252, which wixl cannot write; rename "
+                  "it, or make a setup program without --msi");
+}
+
 using Attributes = std::initializer_list<std::pair<const char*, std::string>>;
 
 // The preprocessor of wixl replaces "$(...)" and has no other way to write "$(" itself.
@@ -289,8 +307,19 @@ class SourceWriter {
 
 }  // namespace
 
-void CheckMsi(const Product& product, const PackageContent& content) {
+void CheckMsi(const Product& product, const PackageContent& content,
+              const std::vector<RegistryValue>& values) {
     MsiVersionOf(product.number);
+    for (const std::string* const text :
+         {&product.name, &product.vendor, &product.fileName, &product.executable}) {
+        CheckCharacters(*text);
+    }
+    for (const std::string& path : content.folders) CheckCharacters(path);
+    for (const PackageFile& file : content.files) CheckCharacters(file.path);
+    for (const RegistryValue& value : values) {
+        CheckCharacters(value.key);
+        CheckCharacters(value.data);
+    }
     if (content.files.size() > kMostMsiFiles) {
         throw Failure("--msi: the folder contains " + std::to_string(content.files.size()) +
                       " files; at most " + std::to_string(kMostMsiFiles) +

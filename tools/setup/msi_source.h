@@ -31,8 +31,9 @@ struct MsiPlan {
 };
 
 /// Throws Failure for what does not fit into an MSI, or that `wixl` would fail at: the number and
-/// size of the files, the version, the lengths of the names.
-void CheckMsi(const Product& product, const PackageContent& content);
+/// size of the files, the version, names that are too long or not in Windows-1252.
+void CheckMsi(const Product& product, const PackageContent& content,
+              const std::vector<RegistryValue>& values);
 
 /// The source for `wixl` (XML, UTF-8).
 std::string WixSource(const MsiPlan& plan);
@@ -42,8 +43,8 @@ std::string WixSource(const MsiPlan& plan);
 /// may be set on the command line of an installation for all users.
 std::vector<std::string> TableChanges(const MsiPlan& plan);
 
-/// The table `_ForceCodepage` for `msibuild`: UTF-8 if a text needs it.
-std::string CodePageTable(const MsiPlan& plan);
+/// The table `_ForceCodepage` for `msibuild`: Windows-1252, which `wixl` writes without saying so.
+std::string CodePageTable();
 
 /// The table `_SummaryInformation` for `msibuild`, with what `wixl` takes from a random generator
 /// and the clock: the package code, and the time of the newest file.

@@ -131,11 +131,8 @@ TEST(MsiTables, ConditionTheDefaultsAndAdmitTheFolderOnTheCommandLine) {
                   "'SecureCustomProperties'"}));
 }
 
-TEST(MsiTables, UseUtf8WhereATextNeedsIt) {
-    MsiPlan plan = Plan();
-    EXPECT_EQ(CodePageTable(plan), "\r\n\r\n1252\t_ForceCodepage\r\n");
-    plan.content.files.push_back(File("\xC3\xA4.txt"));
-    EXPECT_EQ(CodePageTable(plan), "\r\n\r\n65001\t_ForceCodepage\r\n");
+TEST(MsiTables, NameTheCodePage) {
+    EXPECT_EQ(CodePageTable(), "\r\n\r\n1252\t_ForceCodepage\r\n");
 }
 
 TEST(MsiTables, ContainThePackageCodeAndTheTimeOfTheNewestFile) {
@@ -146,18 +143,29 @@ TEST(MsiTables, ContainThePackageCodeAndTheTimeOfTheNewestFile) {
 
 TEST(CheckMsi, RefusesWhatDoesNotFit) {
     MsiPlan plan = Plan();
-    EXPECT_NO_THROW(CheckMsi(plan.product, plan.content));
+    EXPECT_NO_THROW(CheckMsi(plan.product, plan.content, plan.values));
     plan.content.size = std::uint64_t{3} << 30;
-    EXPECT_THROW(CheckMsi(plan.product, plan.content), Failure);
+    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
     plan = Plan();
     plan.content.files.resize(20'000, File("a"));
-    EXPECT_THROW(CheckMsi(plan.product, plan.content), Failure);
+    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
     plan = Plan();
     plan.product.fileName = std::string(128, 'a');
-    EXPECT_THROW(CheckMsi(plan.product, plan.content), Failure);
+    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
     plan = Plan();
     plan.product.number = {2026, 1, 0, 0};
-    EXPECT_THROW(CheckMsi(plan.product, plan.content), Failure);
+    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
+}
+
+TEST(CheckMsi, RefusesCharactersOutsideTheCodePage) {
+    MsiPlan plan = Plan();
+    plan.content.files.push_back(File("\xC3\xA4 \xE2\x82\xAC \xC5\x93.txt"));
+    EXPECT_NO_THROW(CheckMsi(plan.product, plan.content, plan.values));
+    plan.content.files.push_back(File("a \xC5\x82.txt"));
+    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
+    plan = Plan();
+    plan.values = AssociationValues(plan.product, {{".abc", "\xE4\xB8\xAD", ""}}, {});
+    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include <chrono>
 #include <cstdio>
 
-#include "tools/common/ascii.h"
 #include "tools/setup/msi_defaults.h"
 #include "tools/setup/msi_source.h"
 
@@ -10,18 +9,6 @@ namespace tarn::tools {
 namespace {
 
 constexpr char kLineEnd[] = "\r\n";
-
-bool IsAsciiPlan(const MsiPlan& plan) {
-    const auto isAscii = [](const std::string& text) { return IsAscii(std::string_view(text)); };
-    const Product& product = plan.product;
-    return isAscii(product.name) && isAscii(product.vendor) && isAscii(product.fileName) &&
-           std::all_of(plan.content.files.begin(), plan.content.files.end(),
-                       [&](const PackageFile& file) { return isAscii(file.path); }) &&
-           std::all_of(plan.content.folders.begin(), plan.content.folders.end(), isAscii) &&
-           std::all_of(plan.values.begin(), plan.values.end(), [&](const RegistryValue& value) {
-               return isAscii(value.key) && isAscii(value.name) && isAscii(value.data);
-           });
-}
 
 // "2026/01/31 13:05:00", in UTC.
 std::string TimeText(std::filesystem::file_time_type time) {
@@ -55,10 +42,8 @@ std::vector<std::string> TableChanges(const MsiPlan& plan) {
     return changes;
 }
 
-std::string CodePageTable(const MsiPlan& plan) {
-    // Windows-1252 is what tools for MSI files write by default.
-    return std::string(kLineEnd) + kLineEnd + (IsAsciiPlan(plan) ? "1252" : "65001") +
-           "\t_ForceCodepage" + kLineEnd;
+std::string CodePageTable() {
+    return std::string(kLineEnd) + kLineEnd + "1252\t_ForceCodepage" + kLineEnd;
 }
 
 std::string SummaryTable(const MsiPlan& plan) {

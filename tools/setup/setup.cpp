@@ -74,7 +74,8 @@ fs::path MakeSetup(const SetupRequest& request, const Console& console) {
 
     MsiCodes codes;
     if (request.kind == SetupKind::Msi) {
-        CheckMsi(product, content);
+        CheckMsi(product, content,
+                 AssociationValues(product, request.associations, request.protocols));
         codes = MsiCodesOf(request, product, content);
     }
     PublishedSetup publication;
