@@ -2,8 +2,8 @@ package io.github.tarnlauncher.gradle;
 
 import io.github.tarnlauncher.plugin.CheckReport;
 import io.github.tarnlauncher.plugin.Companion;
-import io.github.tarnlauncher.plugin.CompanionRun;
 import io.github.tarnlauncher.plugin.PluginCache;
+import io.github.tarnlauncher.plugin.PluginException;
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
@@ -44,34 +44,27 @@ public abstract class TarnCheck extends DefaultTask {
         try {
             run();
         } catch (IOException failure) {
-            throw new GradleException(failure.getMessage(), failure);
+            throw new GradleException(PluginException.describe(failure), failure);
         }
     }
 
     private void run() throws IOException {
-        Path folder = getApplication().get().getAsFile().toPath();
-        Path settings = folder.resolve(getExecutableName().get() + ".ini");
-        Path report = getReport().get().getAsFile().toPath();
+        Path settings = getApplication().get().getAsFile().toPath().resolve(getExecutableName().get() + ".ini");
+        Path reportFile = getReport().get().getAsFile().toPath();
         if (!Files.exists(settings)) {
-            Files.writeString(report, "The settings are inside the executable.\n");
+            Files.writeString(reportFile, "The settings are inside the executable.\n");
             return;
         }
-        CompanionRun run = Companion.unpackBelow(PluginCache.ofUser())
-            .run(List.of("check", "--strict", "--json", settings.toString()), folder);
-        if (run.output().isBlank()) throw new GradleException(run.failure("", ""));
+        CheckReport report = Companion.unpackBelow(PluginCache.ofUser()).check(settings);
         List<String> lines = new ArrayList<>();
-        int failures = 0;
-        for (CheckReport.Finding finding : CheckReport.parse(run.output()).findings()) {
-            String line = finding.describe(settings.toString());
-            lines.add(line);
-            if (!finding.isFailure()) continue;
-            ++failures;
-            getLogger().error(line);
+        for (CheckReport.Finding finding : report.findings()) {
+            // Without the folder: the build cache brings the report to other folders, too.
+            lines.add(finding.describe(settings.getFileName().toString()));
+            if (finding.isFailure()) getLogger().error(finding.describe(settings.toString()));
         }
-        Files.write(report, lines);
-        if (failures > 0 || run.exitCode() != 0) {
-            throw new GradleException(settings + ": " + failures + (failures == 1 ? " finding" : " findings")
-                + "; change the block tarn { } of the build script");
+        Files.write(reportFile, lines);
+        if (!report.failures().isEmpty()) {
+            throw new GradleException(report.summary(settings) + "; change the block tarn { } of the build script");
         }
     }
 }

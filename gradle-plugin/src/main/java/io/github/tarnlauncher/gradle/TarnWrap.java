@@ -3,6 +3,7 @@ package io.github.tarnlauncher.gradle;
 import io.github.tarnlauncher.plugin.Companion;
 import io.github.tarnlauncher.plugin.CompanionRun;
 import io.github.tarnlauncher.plugin.PluginCache;
+import io.github.tarnlauncher.plugin.PluginException;
 import io.github.tarnlauncher.plugin.RuntimeLink;
 import io.github.tarnlauncher.plugin.WrapRequest;
 import java.io.File;
@@ -67,7 +68,7 @@ public abstract class TarnWrap extends DefaultTask {
         try {
             run();
         } catch (IOException failure) {
-            throw new GradleException(failure.getMessage(), failure);
+            throw new GradleException(PluginException.describe(failure), failure);
         }
     }
 
@@ -109,7 +110,9 @@ public abstract class TarnWrap extends DefaultTask {
         WrapOptions options = getOptions().get();
         JlinkOptions jlink = options.getJlink();
         if (!jlink.getJmods().isPresent()) return pathOf(options.getRuntime());
-        if (options.getRuntime().isPresent()) throw new GradleException("runtime and jlink exclude each other");
+        if (options.getRuntime().isPresent()) {
+            throw new GradleException("runtime and jlink exclude each other: remove one of them from the block tarn { }");
+        }
         RuntimeLink link =
             new RuntimeLink(pathOf(getJavaLauncher().get().getMetadata().getInstallationPath()), pathOf(jlink.getJmods()));
         List<String> modules = jlink.getModules().get();

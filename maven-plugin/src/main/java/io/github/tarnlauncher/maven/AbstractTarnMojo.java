@@ -1,12 +1,23 @@
 package io.github.tarnlauncher.maven;
 
+import io.github.tarnlauncher.plugin.Companion;
+import io.github.tarnlauncher.plugin.CompanionRun;
+import io.github.tarnlauncher.plugin.PluginException;
 import java.io.File;
+import java.io.IOException;
+import java.nio.file.Path;
+import java.util.List;
 import org.apache.maven.plugin.AbstractMojo;
+import org.apache.maven.plugin.MojoExecutionException;
+import org.apache.maven.plugin.MojoFailureException;
 import org.apache.maven.plugins.annotations.Parameter;
 import org.apache.maven.project.MavenProject;
 
-/** What the goals share: where the result is. */
+/** What the goals share: where the result is, how the companion program is run, and what a failure becomes. */
 abstract class AbstractTarnMojo extends AbstractMojo {
+    /** Ends a message that names a parameter. */
+    static final String WHERE_TO_CONFIGURE = " in the <configuration> of tarn-maven-plugin";
+
     @Parameter(defaultValue = "${project}", readonly = true, required = true)
     MavenProject project;
 
@@ -24,6 +35,34 @@ abstract class AbstractTarnMojo extends AbstractMojo {
     /** Skips the goal. */
     @Parameter(property = "tarn.skip", defaultValue = "false")
     boolean skip;
+
+    /** Runs the goal unless it is skipped. */
+    @Override
+    public final void execute() throws MojoExecutionException, MojoFailureException {
+        if (skip) {
+            getLog().info("skipped");
+            return;
+        }
+        try {
+            run();
+        } catch (IOException failure) {
+            throw new MojoExecutionException(PluginException.describe(failure), failure);
+        }
+    }
+
+    abstract void run() throws IOException, MojoFailureException;
+
+    /** Runs a command of the companion program in the project's folder. Its errors become the build's failure. */
+    void runCompanion(Companion companion, List<String> arguments) throws IOException, MojoFailureException {
+        CompanionRun run = companion.run(arguments, project.getBasedir().toPath());
+        for (String warning : run.warnings("<", ">")) getLog().warn(warning);
+        if (run.exitCode() != 0) throw new MojoFailureException(run.failure("<", ">") + WHERE_TO_CONFIGURE);
+    }
+
+    /** The folder with the executable. */
+    Path applicationFolder() {
+        return outputDirectory.toPath().resolve(executableName());
+    }
 
     String executableName() {
         if (name != null && !name.isEmpty()) return name;

@@ -1,7 +1,6 @@
 package io.github.tarnlauncher.maven;
 
 import io.github.tarnlauncher.plugin.Companion;
-import io.github.tarnlauncher.plugin.CompanionRun;
 import io.github.tarnlauncher.plugin.PluginCache;
 import io.github.tarnlauncher.plugin.PluginException;
 import io.github.tarnlauncher.plugin.WrapRequest;
@@ -12,7 +11,6 @@ import java.util.Collection;
 import java.util.List;
 import java.util.stream.Collectors;
 import org.apache.maven.execution.MavenSession;
-import org.apache.maven.plugin.MojoExecutionException;
 import org.apache.maven.plugin.MojoFailureException;
 import org.apache.maven.plugins.annotations.Component;
 import org.apache.maven.plugins.annotations.LifecyclePhase;
@@ -20,6 +18,7 @@ import org.apache.maven.plugins.annotations.Mojo;
 import org.apache.maven.plugins.annotations.Parameter;
 import org.apache.maven.plugins.annotations.ResolutionScope;
 import org.apache.maven.project.MavenProjectHelper;
+import org.apache.maven.toolchain.ToolchainManager;
 import org.eclipse.aether.RepositorySystem;
 
 /**
@@ -40,6 +39,9 @@ public final class WrapMojo extends AbstractTarnMojo {
 
     @Component
     private MavenProjectHelper projectHelper;
+
+    @Component
+    private ToolchainManager toolchains;
 
     /** The application's jar. The default is the project's. */
     @Parameter(property = "tarn.jar")
@@ -176,28 +178,15 @@ public final class WrapMojo extends AbstractTarnMojo {
     @Parameter(property = "tarn.attach", defaultValue = "false")
     private boolean attach;
 
-    /** Wraps the project's jar. */
     @Override
-    public void execute() throws MojoExecutionException, MojoFailureException {
-        if (skip) {
-            getLog().info("skipped");
-            return;
-        }
-        try {
-            wrap();
-        } catch (IOException failure) {
-            throw new MojoExecutionException(Messages.of(failure), failure);
-        }
-    }
-
-    private void wrap() throws IOException, MojoFailureException {
+    void run() throws IOException, MojoFailureException {
         Path application = applicationJar();
         List<Path> libraries = libraries();
-        Path folder = outputDirectory.toPath().resolve(executableName());
+        Path folder = applicationFolder();
         Companion companion = Companion.unpackBelow(PluginCache.ofUser());
         WrapRequest request = request(application, libraries, folder);
-        Jlink linked = jlink == null ? null : jlink.completed(session, application, libraries);
-        Fingerprint fingerprint = new Fingerprint(outputDirectory.toPath().resolve(executableName() + ".inputs"), folder);
+        Jlink linked = jlink == null ? null : jlink.completed(toolchains, session, application, libraries);
+        Fingerprint fingerprint = new Fingerprint(besideFolder(".inputs"), folder);
         fingerprint.addText(List.of(request.options()));
         fingerprint.addFiles(request.inputs());
         fingerprint.addFiles(List.of(companion.program(), companion.program().resolveSibling("launcher.exe")));
@@ -206,19 +195,23 @@ public final class WrapMojo extends AbstractTarnMojo {
         if (fingerprint.isUnchanged()) {
             getLog().info(folder + " is up to date");
         } else {
-            if (linked != null) {
-                request.runtime(linked.link(outputDirectory.toPath().resolve(executableName() + ".runtime")));
-            }
-            run(companion, request);
+            if (linked != null) request.runtime(linked.link(besideFolder(".runtime"), getLog()));
+            runCompanion(companion, request.writeTo(besideFolder(".toml")));
             fingerprint.store();
             getLog().info("created " + folder);
         }
         if (attach) attachZip(folder);
     }
 
+    // A file of the goal's own, named after the executable.
+    private Path besideFolder(String suffix) {
+        return outputDirectory.toPath().resolve(executableName() + suffix);
+    }
+
     private WrapRequest request(Path application, List<Path> libraries, Path folder) throws MojoFailureException {
         if (runtime != null && jlink != null) {
-            throw new MojoFailureException("<runtime> and <jlink> exclude each other");
+            throw new MojoFailureException("<runtime> and <jlink> exclude each other: remove one of them"
+                + WHERE_TO_CONFIGURE);
         }
         return new WrapRequest(application, folder).name(executableName()).mainClass(mainClass).icon(pathOf(icon))
             .splash(pathOf(splash)).noSplash(noSplash).runtime(pathOf(runtime)).classPath(libraries)
@@ -241,25 +234,16 @@ public final class WrapMojo extends AbstractTarnMojo {
         return text == null ? null : text.strip().replaceAll("\\s+", " ");
     }
 
-    private void run(Companion companion, WrapRequest request) throws IOException, MojoFailureException {
-        CompanionRun run = companion.run(
-            request.writeTo(outputDirectory.toPath().resolve(executableName() + ".toml")), project.getBasedir().toPath());
-        for (String warning : run.warnings("<", ">")) getLog().warn(warning);
-        if (run.exitCode() != 0) {
-            throw new MojoFailureException(run.failure("<", ">") + Messages.WHERE_TO_CONFIGURE);
-        }
-    }
-
     private Path applicationJar() throws MojoFailureException {
         File file = jar != null ? jar : project.getArtifact().getFile();
         if (file != null && file.isFile()) return file.toPath();
         if (jar != null) {
-            throw new MojoFailureException(jar + " does not exist: <jar>" + Messages.WHERE_TO_CONFIGURE
+            throw new MojoFailureException(jar + " does not exist: <jar>" + WHERE_TO_CONFIGURE
                 + " names the application's jar");
         }
         // Before the phase package it is null or the folder of classes.
         throw new MojoFailureException("the project has no jar yet: run the goal in the phase package or later "
-            + "(mvn package), or name a jar in <jar>" + Messages.WHERE_TO_CONFIGURE);
+            + "(mvn package), or name a jar in <jar>" + WHERE_TO_CONFIGURE);
     }
 
     private List<Path> libraries() throws PluginException {

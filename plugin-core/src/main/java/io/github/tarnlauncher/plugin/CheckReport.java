@@ -4,8 +4,10 @@ import com.google.gson.JsonElement;
 import com.google.gson.JsonObject;
 import com.google.gson.JsonParseException;
 import com.google.gson.JsonParser;
+import java.nio.file.Path;
 import java.util.ArrayList;
 import java.util.List;
+import java.util.stream.Collectors;
 
 /** The findings of {@code tarn check --json}. */
 public final class CheckReport {
@@ -37,6 +39,17 @@ public final class CheckReport {
     /** The findings in the order of the file's lines. */
     public List<Finding> findings() {
         return List.copyOf(findings);
+    }
+
+    /** The findings that fail the check. */
+    public List<Finding> failures() {
+        return findings.stream().filter(Finding::isFailure).collect(Collectors.toList());
+    }
+
+    /** How many findings fail the check of a file, such as {@code app.ini: 2 findings}. */
+    public String summary(Path file) {
+        int count = failures().size();
+        return file + ": " + count + (count == 1 ? " finding" : " findings");
     }
 
     private static Finding findingOf(JsonObject object) {

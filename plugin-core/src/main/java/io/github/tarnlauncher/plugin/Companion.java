@@ -43,7 +43,7 @@ public final class Companion {
         List<String> command = new ArrayList<>();
         command.add(program.toString());
         command.addAll(arguments);
-        Process process = new ProcessBuilder(command).directory(folder.toFile()).start();
+        Process process = start(new ProcessBuilder(command).directory(folder.toFile()));
         try {
             process.getOutputStream().close();
             CompletableFuture<String> errors = CompletableFuture.supplyAsync(() -> readAll(process.getErrorStream()));
@@ -54,6 +54,28 @@ public final class Companion {
             throw new PluginException("interrupted while running " + program, interruption);
         } finally {
             process.destroy();
+        }
+    }
+
+    /**
+     * Checks a settings file strictly, as {@code tarn check --strict}.
+     *
+     * @throws IOException if it cannot be checked
+     */
+    public CheckReport check(Path settings) throws IOException {
+        CompanionRun run = run(List.of("check", "--strict", "--json", settings.toString()), settings.getParent());
+        if (run.output().isBlank()) throw new PluginException(run.failure("", ""));
+        CheckReport report = CheckReport.parse(run.output());
+        if (run.exitCode() != 0 && report.failures().isEmpty()) throw new PluginException(run.failure("", ""));
+        return report;
+    }
+
+    private Process start(ProcessBuilder builder) throws PluginException {
+        try {
+            return builder.start();
+        } catch (IOException failure) {
+            throw new PluginException(failure.getMessage() + "; if the file system of " + program.getParent()
+                + " does not allow programs, name another folder in the environment variable TARN_CACHE", failure);
         }
     }
 

@@ -6,13 +6,9 @@ import java.nio.file.Files;
 import java.nio.file.LinkOption;
 import java.nio.file.Path;
 import java.nio.file.StandardCopyOption;
-import java.nio.file.attribute.PosixFileAttributes;
-import java.nio.file.attribute.PosixFilePermission;
-import java.nio.file.attribute.PosixFileAttributeView;
 import java.util.Comparator;
 import java.util.List;
 import java.util.Properties;
-import java.util.Set;
 import java.util.TreeMap;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
@@ -22,18 +18,28 @@ import java.util.stream.Stream;
  *
  * <p>Builds of several projects run at the same time, and other users of the machine must not be able to replace the
  * program: the files are written to a new folder that only this user may enter, which then gets its final name. The name
- * contains the digest of the content, and the content is compared with it before each use.
+ * contains the digest of the content, and the content is compared with it before each use. A folder whose entries another
+ * user may exchange is refused. The folders above the cache are trusted.
  */
 final class CompanionFiles {
     private static final String INDEX = "companion/index.properties";
     private static final String LAUNCHER = "launcher.exe";
+    private static final int MOST_FOLDERS = 20;
+    private static final String ANOTHER_FOLDER = ", or name another folder in the environment variable TARN_CACHE";
 
     private final String platform;
+    private final int user;
     private final TreeMap<String, String> digests = new TreeMap<>();  // by file name
 
     /** The files for a platform, as this plugin carries them. */
     CompanionFiles(String platform) throws IOException {
+        this(platform, FolderAccess.currentUser());
+    }
+
+    /** The same for a user of a certain number. */
+    CompanionFiles(String platform, int user) throws IOException {
         this.platform = platform;
+        this.user = user;
         Properties index = new Properties();
         try (InputStream content = CompanionFiles.class.getResourceAsStream(INDEX)) {
             if (content == null) throw new PluginException("this build of the Tarn plugin carries no companion program");
@@ -52,56 +58,73 @@ final class CompanionFiles {
     }
 
     /** Unpacks the files below a folder where necessary. Returns the program. */
-    Path unpackBelow(Path cache) throws IOException {
-        Path parent = cache.resolve("companion");
-        Files.createDirectories(parent);
-        Path folder = parent.resolve(platform + "-" + digests.get(Platform.programOn(platform)).substring(0, 16)
-            + digests.get(LAUNCHER).substring(0, 16));
-        Path program = folder.resolve(Platform.programOn(platform));
-        if (isIntact(folder)) return program;
+    Path unpackBelow(Path cache) throws PluginException {
+        try {
+            return unpackIn(protectedFolderIn(cache));
+        } catch (PluginException failure) {
+            throw failure;
+        } catch (IOException failure) {
+            throw new PluginException("the companion program cannot be unpacked to " + cache + ": "
+                + PluginException.describe(failure) + ANOTHER_FOLDER, failure);
+        }
+    }
 
+    // A private folder in the cache, where only this user can exchange it.
+    private Path protectedFolderIn(Path cache) throws IOException {
+        FolderAccess.create(cache);
+        Path real = cache.toRealPath();
+        if (!FolderAccess.protectsEntries(real, user)) {
+            throw new PluginException(real + " belongs to another user, or others may write to it: chmod go-w, if it is "
+                + "yours" + ANOTHER_FOLDER);
+        }
+        Path folder = real.resolve("companion");
+        if (!Files.exists(folder, LinkOption.NOFOLLOW_LINKS)) FolderAccess.create(folder);
+        boolean isFolder = Files.isDirectory(folder, LinkOption.NOFOLLOW_LINKS);
+        if (isFolder && !FolderAccess.isPrivate(folder, user) && FolderAccess.isOwn(folder, user)) {
+            FolderAccess.restrict(folder);
+        }
+        if (!isFolder || !FolderAccess.isPrivate(folder, user)) {
+            throw new PluginException(folder + " belongs to another user, or is a link: delete it" + ANOTHER_FOLDER);
+        }
+        return folder;
+    }
+
+    private Path unpackIn(Path parent) throws IOException {
+        String name = platform + "-" + digests.get(Platform.programOn(platform)).substring(0, 16)
+            + digests.get(LAUNCHER).substring(0, 16);
+        for (int attempt = 1; attempt <= MOST_FOLDERS; ++attempt) {
+            Path folder = parent.resolve(attempt == 1 ? name : name + "-" + attempt);
+            // A damaged folder stays: other builds may be replacing or using it at this moment.
+            if (isIntact(folder) || (!Files.exists(folder, LinkOption.NOFOLLOW_LINKS) && create(folder))) {
+                return folder.resolve(Platform.programOn(platform));
+            }
+        }
+        throw new PluginException("the content of " + parent + " changes: delete it" + ANOTHER_FOLDER);
+    }
+
+    // Returns whether the folder is there, made by this build or by one that has been faster.
+    private boolean create(Path folder) throws IOException {
         // Only this user may enter a folder that is made like this.
-        Path unfinished = Files.createTempDirectory(parent, "unpacking-");
+        Path unfinished = Files.createTempDirectory(folder.getParent(), "unpacking-");
         try {
             for (String name : digests.keySet()) unpack(name, unfinished.resolve(name));
-            makeExecutable(unfinished.resolve(program.getFileName()));
-            moveTo(folder, unfinished);
+            makeExecutable(unfinished.resolve(Platform.programOn(platform)));
+            Files.move(unfinished, folder, StandardCopyOption.ATOMIC_MOVE);
+        } catch (IOException failure) {
+            if (!Files.exists(folder, LinkOption.NOFOLLOW_LINKS)) throw failure;
         } finally {
             deleteTree(unfinished);
         }
-        if (!isIntact(folder)) {
-            throw new PluginException(folder + " cannot be used for the companion program: its content changes, or "
-                + "another user may write to it; delete it, or name another folder in the environment variable TARN_CACHE");
-        }
-        return program;
+        return isIntact(folder);
     }
 
     private boolean isIntact(Path folder) throws IOException {
-        if (!Files.isDirectory(folder, LinkOption.NOFOLLOW_LINKS) || !isPrivate(folder)) return false;
+        if (!Files.isDirectory(folder, LinkOption.NOFOLLOW_LINKS) || !FolderAccess.isPrivate(folder, user)) return false;
         for (String name : digests.keySet()) {
-            if (!Digests.matches(folder.resolve(name), digests.get(name))) return false;
+            Path file = folder.resolve(name);
+            if (!Digests.matches(file, digests.get(name)) || !FolderAccess.isPrivate(file, user)) return false;
         }
         return Files.isExecutable(folder.resolve(Platform.programOn(platform)));
-    }
-
-    // Whether only this user may write to the folder. Windows protects a user's folders by inheritance.
-    private static boolean isPrivate(Path folder) throws IOException {
-        PosixFileAttributeView view =
-            Files.getFileAttributeView(folder, PosixFileAttributeView.class, LinkOption.NOFOLLOW_LINKS);
-        if (view == null) return true;
-        PosixFileAttributes attributes = view.readAttributes();
-        Set<PosixFilePermission> permissions = attributes.permissions();
-        if (permissions.contains(PosixFilePermission.GROUP_WRITE)
-            || permissions.contains(PosixFilePermission.OTHERS_WRITE)) {
-            return false;
-        }
-        // Java reports this user's id only as the owner of a new file.
-        Path own = Files.createTempFile(folder.getParent(), "owner-", null);
-        try {
-            return Files.getOwner(own).equals(attributes.owner());
-        } finally {
-            Files.delete(own);
-        }
     }
 
     private void unpack(String name, Path target) throws IOException {
@@ -110,25 +133,12 @@ final class CompanionFiles {
             if (content == null) throw new PluginException("the Tarn plugin lacks " + resource);
             Files.copy(content, target);  // fails if the file exists
         }
+        FolderAccess.restrict(target);
     }
 
     private static void makeExecutable(Path program) throws PluginException {
         if (!program.toFile().setExecutable(true) && !Files.isExecutable(program)) {
             throw new PluginException(program + " cannot be made executable");
-        }
-    }
-
-    // A damaged folder is replaced. When another build has been faster, its folder stays.
-    private void moveTo(Path folder, Path unfinished) throws IOException {
-        if (Files.exists(folder, LinkOption.NOFOLLOW_LINKS) && !isIntact(folder)) {
-            Path old = Files.createTempDirectory(folder.getParent(), "damaged-");
-            Files.move(folder, old.resolve("content"), StandardCopyOption.ATOMIC_MOVE);
-            deleteTree(old);
-        }
-        try {
-            Files.move(unfinished, folder, StandardCopyOption.ATOMIC_MOVE);
-        } catch (IOException failure) {
-            if (!isIntact(folder)) throw failure;
         }
     }
 

@@ -15,4 +15,10 @@ public final class PluginException extends IOException {
     public PluginException(String message, Throwable cause) {
         super(message, cause);
     }
+
+    /** A failure in one line. The message of the system's exceptions is often the file's name alone. */
+    public static String describe(IOException failure) {
+        boolean isOurs = failure instanceof PluginException;
+        return isOurs ? failure.getMessage() : failure.getClass().getSimpleName() + ": " + failure.getMessage();
+    }
 }

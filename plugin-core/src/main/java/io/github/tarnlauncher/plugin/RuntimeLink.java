@@ -57,6 +57,10 @@ public final class RuntimeLink {
         command.addAll(options);
         command.addAll(List.of("--output", target.toString()));
         run(command);
+        if (!Files.isRegularFile(target.resolve("bin/server/jvm.dll"))) {
+            throw new PluginException("the modules in " + modulePath + " are not for Windows: name the folder jmods of a JDK "
+                + "for Windows");
+        }
     }
 
     private String tool(String name) throws PluginException {

@@ -5,6 +5,7 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertThrows;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import java.nio.file.Path;
 import org.junit.jupiter.api.Test;
 
 class CheckReportTest {
@@ -29,6 +30,15 @@ class CheckReportTest {
         assertTrue(only("1", "error", "").isFailure());
         assertTrue(only("1", "warning", "").isFailure());
         assertFalse(only("1", "note", "").isFailure());
+    }
+
+    @Test
+    void countsWhatFailsTheCheck() throws PluginException {
+        String finding = "{\"line\": 1, \"severity\": \"%s\", \"message\": \"m\", \"advice\": \"\"}";
+        CheckReport report = CheckReport.parse("{\"schema\": 1, \"findings\": [" + String.format(finding, "note") + ", "
+            + String.format(finding, "error") + "]}");
+        assertEquals(1, report.failures().size());
+        assertEquals("app.ini: 1 finding", report.summary(Path.of("app.ini")));
     }
 
     @Test

@@ -1,5 +1,6 @@
 package io.github.tarnlauncher.plugin;
 
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertNotEquals;
@@ -58,33 +59,46 @@ class CompanionTest {
     }
 
     @Test
-    void replacesAChangedProgram() throws IOException {
+    void doesNotUseAChangedProgram() throws IOException {
         Path program = Companion.unpackBelow(cache).program();
         byte[] genuine = Files.readAllBytes(program);
         Files.delete(program);
         Files.writeString(program, "#!/bin/sh\necho stranger\n");
         assertTrue(program.toFile().setExecutable(true));
-        Companion.unpackBelow(cache);
-        assertEquals(List.of(), difference(genuine, Files.readAllBytes(program)));
+        assertArrayEquals(genuine, Files.readAllBytes(Companion.unpackBelow(cache).program()));
     }
 
     @Test
-    void replacesALinkAndLeavesItsTarget() throws IOException {
+    void unpacksAgainOnceAfterAChange() throws IOException {
+        Path changed = Companion.unpackBelow(cache).program();
+        Files.delete(changed);
+        Path second = Companion.unpackBelow(cache).program();
+        assertNotEquals(changed, second);
+        assertEquals(second, Companion.unpackBelow(cache).program());
+    }
+
+    @Test
+    void doesNotUseALinkAndLeavesItsTarget() throws IOException {
         Path program = Companion.unpackBelow(cache).program();
         Path elsewhere = Files.createDirectory(cache.resolve("elsewhere"));
         Path moved = Files.move(program.getParent(), elsewhere.resolve("moved"));
         Files.createSymbolicLink(program.getParent(), moved);
-        Companion.unpackBelow(cache);
-        assertFalse(Files.isSymbolicLink(program.getParent()));
+        assertFalse(Files.isSymbolicLink(Companion.unpackBelow(cache).program().getParent()));
         assertTrue(Files.exists(moved.resolve(program.getFileName())));
     }
 
     @Test
-    void replacesAFolderThatOthersMayWriteTo() throws IOException {
+    void doesNotUseAFolderThatOthersMayWriteTo() throws IOException {
         Path folder = Companion.unpackBelow(cache).program().getParent();
         Files.setPosixFilePermissions(folder, PosixFilePermissions.fromString("rwxrwxrwx"));
-        Companion.unpackBelow(cache);
-        assertEquals("rwx------", PosixFilePermissions.toString(Files.getPosixFilePermissions(folder)));
+        Path second = Companion.unpackBelow(cache).program().getParent();
+        assertEquals("rwx------", PosixFilePermissions.toString(Files.getPosixFilePermissions(second)));
+    }
+
+    @Test
+    void aFolderWhoseContentKeepsChangingIsAnError() throws IOException {
+        for (int i = 1; i <= 20; ++i) Files.delete(Companion.unpackBelow(cache).program());
+        assertTrue(failureBelow(cache).contains("changes: delete it"), failureBelow(cache));
     }
 
     @Test
@@ -103,10 +117,72 @@ class CompanionTest {
     }
 
     @Test
-    void aCacheThatIsAFileIsAnError() throws IOException {
+    void severalBuildsUnpackBesideADamagedProgramAtTheSameTime() throws Exception {
+        Path program = Companion.unpackBelow(cache).program();
+        Files.writeString(program.resolveSibling("launcher.exe"), "damaged");
+        ExecutorService builds = Executors.newFixedThreadPool(8);
+        try {
+            List<Callable<CompanionRun>> calls = new ArrayList<>();
+            for (int i = 0; i < 8; ++i) calls.add(() -> Companion.unpackBelow(cache).run(List.of("--version"), cache));
+            for (Future<CompanionRun> result : builds.invokeAll(calls)) assertEquals(0, result.get().exitCode());
+        } finally {
+            builds.shutdownNow();
+        }
+        assertEquals(4, below(cache).size());
+    }
+
+    @Test
+    void aCacheThatIsAFileIsAnErrorThatNamesTheVariable() throws IOException {
         Path file = Files.createFile(cache.resolve("file"));
-        assertThrows(IOException.class, () -> Companion.unpackBelow(file));
+        assertTrue(failureBelow(file).contains("TARN_CACHE"), failureBelow(file));
         assertEquals(0, Files.size(file));
+    }
+
+    @Test
+    void aCacheThatOthersMayWriteToIsRefused() throws IOException {
+        Files.setPosixFilePermissions(cache, PosixFilePermissions.fromString("rwxrwxrwx"));
+        assertTrue(failureBelow(cache).contains("others may write to it: chmod go-w"), failureBelow(cache));
+        assertEquals(List.of(), below(cache));
+    }
+
+    @Test
+    void aFolderOfAnotherUserIsRefused() throws IOException {
+        int user = FolderAccess.currentUser();
+        Path companions = Files.createDirectory(cache.resolve("companion"));
+        // The administrator's folders are accepted for everybody, so he gives his away.
+        if (user == 0) Files.setAttribute(companions, "unix:uid", 54321);
+        CompanionFiles files = new CompanionFiles(Platform.current(), user == 0 ? 0 : user + 1);
+        String message = assertThrows(PluginException.class, () -> files.unpackBelow(cache)).getMessage();
+        assertTrue(message.contains("belongs to another user"), message);
+        assertEquals(List.of(), below(cache));
+    }
+
+    @Test
+    void aLinkInPlaceOfTheFolderIsRefused() throws IOException {
+        Path elsewhere = Files.createDirectory(cache.resolve("elsewhere"));
+        Files.createSymbolicLink(cache.resolve("companion"), elsewhere);
+        assertTrue(failureBelow(cache).contains("is a link"), failureBelow(cache));
+        assertEquals(List.of(), below(elsewhere));
+    }
+
+    @Test
+    void aLinkToTheCacheIsFollowed() throws IOException {
+        Path elsewhere = Files.createDirectory(cache.resolve("elsewhere"));
+        Path link = Files.createSymbolicLink(cache.resolve("link"), elsewhere);
+        assertTrue(Companion.unpackBelow(link).program().startsWith(elsewhere.toRealPath()));
+    }
+
+    @Test
+    void nobodyElseMayEnterTheFolder() throws IOException {
+        Path folder = cache.resolve("new").resolve("cache");
+        Path program = Companion.unpackBelow(folder).program();
+        for (Path path : List.of(folder, program.getParent().getParent(), program.getParent(), program)) {
+            assertEquals("rwx------", PosixFilePermissions.toString(Files.getPosixFilePermissions(path)), path.toString());
+        }
+    }
+
+    private static String failureBelow(Path folder) {
+        return assertThrows(PluginException.class, () -> Companion.unpackBelow(folder)).getMessage();
     }
 
     @Test
@@ -114,9 +190,5 @@ class CompanionTest {
         CompanionRun run = Companion.unpackBelow(cache).run(List.of("wrap", "no such.jar"), cache);
         assertNotEquals(0, run.exitCode());
         assertTrue(run.failure("<", ">").contains("no such.jar"), run.failure("<", ">"));
-    }
-
-    private static List<String> difference(byte[] expected, byte[] actual) {
-        return java.util.Arrays.equals(expected, actual) ? List.of() : List.of("the bytes differ");
     }
 }
