@@ -5,6 +5,7 @@ import os
 import re
 import shutil
 import subprocess
+import sys
 import time
 import zipfile
 
@@ -20,6 +21,12 @@ SETTINGS = """<settings>
   <profiles>
     <profile>
       <id>tarn</id>
+      <repositories>
+        <repository>
+          <id>tarn</id>
+          <url>file://{repository}</url>
+        </repository>
+      </repositories>
       <pluginRepositories>
         <pluginRepository>
           <id>tarn</id>
@@ -57,6 +64,12 @@ def prepare():
     shutil.rmtree(os.path.join(LOCAL_REPOSITORY, "io", "github", "tarn-launcher"), ignore_errors=True)
 
 
+def write_settings(path):
+    """Writes Maven settings by which a build finds the plugins where they were built."""
+    with open(path, "w", encoding="utf-8") as file:
+        file.write(SETTINGS.format(repository=REPOSITORY))
+
+
 def run(command, folder, seconds):
     """Runs a build to its end: (exit code, everything that it printed)."""
     done = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
@@ -68,6 +81,12 @@ def maven(folder, *arguments, seconds=900):
     """Runs Maven in a folder, with what it downloads in the shared cache."""
     return run(["mvn", "--batch-mode", "--no-transfer-progress", f"-Dmaven.repo.local={LOCAL_REPOSITORY}",
                 *arguments], folder, seconds)
+
+
+def gradle_installation():
+    """The folder of Gradle, which is put together unless it is there."""
+    return subprocess.check_output([sys.executable, os.path.join(ROOT, "scripts", "lib", "assemble_gradle.py")],
+                                   text=True, env=environment()).strip()
 
 
 def link_runtime(application, feature="21"):

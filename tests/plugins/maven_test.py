@@ -20,10 +20,8 @@ def setUpModule():
     shutil.rmtree(WORK, ignore_errors=True)
     os.makedirs(WORK)
     settings = os.path.join(WORK, "settings.xml")
-    with open(settings, "w", encoding="utf-8") as file:
-        file.write(builds.SETTINGS.format(repository=builds.REPOSITORY))
-    jmods = os.path.join(WORK, "jmods")
-    windows_jmods.create(builds.environment()["JAVA_HOME"], builds.RUNTIMES, jmods)
+    builds.write_settings(settings)
+    jmods = windows_jmods.create(builds.environment()["JAVA_HOME"], builds.RUNTIMES, builds.WORK)
     code, output = builds.maven(
         os.path.join(HERE, "maven"), f"-Dtarn.work={WORK}", f"-Dtarn.settings={settings}",
         f"-Dtarn.version={builds.version()}",

@@ -13,6 +13,7 @@ import org.gradle.api.DefaultTask;
 import org.gradle.api.GradleException;
 import org.gradle.api.file.DirectoryProperty;
 import org.gradle.api.file.RegularFileProperty;
+import org.gradle.api.provider.ListProperty;
 import org.gradle.api.provider.Property;
 import org.gradle.api.tasks.CacheableTask;
 import org.gradle.api.tasks.Input;
@@ -33,6 +34,10 @@ public abstract class TarnCheck extends DefaultTask {
     /** The name of the executable. */
     @Input
     public abstract Property<String> getExecutableName();
+
+    /** The ids of findings that are accepted; by default those of the extension {@code tarn}. */
+    @Input
+    public abstract ListProperty<String> getAllow();
 
     /** The findings, one a line. */
     @OutputFile
@@ -55,7 +60,7 @@ public abstract class TarnCheck extends DefaultTask {
             Files.writeString(reportFile, "The settings are inside the executable.\n");
             return;
         }
-        CheckReport report = Companion.unpackBelow(PluginCache.ofUser()).check(settings);
+        CheckReport report = Companion.unpackBelow(PluginCache.ofUser()).check(settings, getAllow().get());
         List<String> lines = new ArrayList<>();
         for (CheckReport.Finding finding : report.findings()) {
             // Without the folder: the build cache brings the report to other folders, too.

@@ -71,6 +71,7 @@ public final class TarnPlugin implements Plugin<Project> {
             task.setDescription("Checks the settings of the Windows executable.");
             task.getApplication().convention(wrap.flatMap(TarnWrap::getDestination));
             task.getExecutableName().convention(options.getName());
+            task.getAllow().convention(options.getAllow());
             task.getReport().convention(project.getLayout().getBuildDirectory().file("reports/tarn/check.txt"));
         });
         project.getTasks().register("tarnZip", Zip.class, task -> {

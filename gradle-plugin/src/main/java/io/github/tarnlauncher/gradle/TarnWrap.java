@@ -12,13 +12,11 @@ import java.nio.file.Path;
 import java.util.Collection;
 import java.util.List;
 import java.util.stream.Collectors;
-import javax.inject.Inject;
 import org.gradle.api.DefaultTask;
 import org.gradle.api.GradleException;
 import org.gradle.api.file.ConfigurableFileCollection;
 import org.gradle.api.file.DirectoryProperty;
 import org.gradle.api.file.FileSystemLocation;
-import org.gradle.api.file.FileSystemOperations;
 import org.gradle.api.provider.Property;
 import org.gradle.api.provider.Provider;
 import org.gradle.api.tasks.CacheableTask;
@@ -55,12 +53,9 @@ public abstract class TarnWrap extends DefaultTask {
     @Optional
     public abstract Property<JavaLauncher> getJavaLauncher();
 
-    /** The application's folder; by default {@code build/tarn/NAME}. The task replaces it. */
+    /** The application's folder; by default {@code build/tarn/NAME}. It is replaced if it contains NAME.exe or nothing. */
     @OutputDirectory
     public abstract DirectoryProperty getDestination();
-
-    @Inject
-    protected abstract FileSystemOperations getFiles();
 
     /** Runs the companion program. */
     @TaskAction
@@ -74,8 +69,6 @@ public abstract class TarnWrap extends DefaultTask {
 
     private void run() throws IOException {
         WrapRequest request = request();
-        // Only what this task made is there.
-        getFiles().delete(spec -> spec.delete(getDestination()));
         CompanionRun run = Companion.unpackBelow(PluginCache.ofUser())
             .run(request.writeTo(getTemporaryDir().toPath().resolve("options.toml")), getTemporaryDir().toPath());
         for (String warning : run.warnings("", "")) getLogger().warn("warning: {}", warning);

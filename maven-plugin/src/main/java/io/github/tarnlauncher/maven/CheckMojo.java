@@ -27,7 +27,7 @@ public final class CheckMojo extends AbstractTarnMojo {
             throw new MojoFailureException(settings + " is missing: run the goal tarn:wrap before tarn:check, with the "
                 + "same <name> and <outputDirectory>" + WHERE_TO_CONFIGURE);
         }
-        CheckReport report = Companion.unpackBelow(PluginCache.ofUser()).check(settings);
+        CheckReport report = Companion.unpackBelow(PluginCache.ofUser()).check(settings, allow);
         for (CheckReport.Finding finding : report.findings()) {
             String text = finding.describe(settings.toString());
             if (finding.isFailure()) getLog().error(text);

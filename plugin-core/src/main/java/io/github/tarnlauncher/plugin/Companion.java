@@ -6,6 +6,7 @@ import java.io.InputStream;
 import java.nio.charset.StandardCharsets;
 import java.nio.file.Path;
 import java.util.ArrayList;
+import java.util.Collection;
 import java.util.List;
 import java.util.concurrent.CompletableFuture;
 
@@ -60,10 +61,15 @@ public final class Companion {
     /**
      * Checks a settings file strictly, as {@code tarn check --strict}.
      *
+     * @param settings the file, with its folder
+     * @param allowed the ids of findings that are accepted; may be null
      * @throws IOException if it cannot be checked
      */
-    public CheckReport check(Path settings) throws IOException {
-        CompanionRun run = run(List.of("check", "--strict", "--json", settings.toString()), settings.getParent());
+    public CheckReport check(Path settings, Collection<String> allowed) throws IOException {
+        List<String> arguments = new ArrayList<>(List.of("check", "--strict", "--json"));
+        if (allowed != null) allowed.forEach(id -> arguments.add("--allow=" + id));
+        arguments.add(settings.toString());
+        CompanionRun run = run(arguments, settings.getParent());
         if (run.output().isBlank()) throw new PluginException(run.failure("", ""));
         CheckReport report = CheckReport.parse(run.output());
         if (run.exitCode() != 0 && report.failures().isEmpty()) throw new PluginException(run.failure("", ""));
