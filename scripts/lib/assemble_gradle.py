@@ -20,7 +20,8 @@ VERSION = "8.6"
 SHA256 = "1fb5c0dd95c173af8f937a72876fd3332c6f8b0ee343f1265fc23fa0281ee5ab"
 CACHE = os.environ.get("TARN_CACHE", os.path.join(
     os.environ.get("XDG_CACHE_HOME", os.path.expanduser("~/.cache")), "tarn"))
-TARGET = os.path.join(CACHE, f"gradle-{VERSION}")
+# The second layout of the folder.
+TARGET = os.path.join(CACHE, f"gradle-{VERSION}-2")
 POM = f"""<project xmlns="http://maven.apache.org/POM/4.0.0">
   <modelVersion>4.0.0</modelVersion>
   <groupId>local</groupId>
@@ -57,6 +58,13 @@ def fetch(folder):
     return sorted(name for name in os.listdir(libraries) if name.endswith(".jar"))
 
 
+def class_path_manifest(names):
+    """A manifest that names jars of the same folder, in lines of 72 bytes at most."""
+    entry = "Class-Path: " + " ".join(names)
+    lines = [entry[:72]] + [" " + entry[start:start + 71] for start in range(72, len(entry), 71)]
+    return "\r\n".join(["Manifest-Version: 1.0", *lines, ""])
+
+
 def add_modules(libraries, names):
     """Adds the jars by which Gradle finds its modules."""
     def add(name, entries):
@@ -69,7 +77,9 @@ def add_modules(libraries, names):
             module = re.fullmatch(r"(gradle-[\w-]+)-classpath\.properties", entry)
             if module:
                 lines = [line for line in api.read(entry).decode().splitlines() if not line.startswith("runtime=")]
-                add(f"{module[1]}-{VERSION}.jar", {entry: "\n".join(lines + ["runtime=" + ",".join(names)])})
+                # A daemon is started with the launcher's jar alone.
+                add(f"{module[1]}-{VERSION}.jar", {"META-INF/MANIFEST.MF": class_path_manifest(names),
+                                                   entry: "\n".join(lines + ["runtime=" + ",".join(names)])})
     # Looked up, but not used here.
     add("javax.inject-1.jar", {})
     for module in ("gradle-java-compiler-plugin", "gradle-instrumentation-agent"):

@@ -22,6 +22,9 @@ def setUpModule():
     settings = os.path.join(WORK, "settings.xml")
     builds.write_settings(settings)
     jmods = windows_jmods.create(builds.environment()["JAVA_HOME"], builds.RUNTIMES, builds.WORK)
+    # The toolchain of linked-runtime: the same JDK by another path.
+    os.environ["TARN_TEST_JDK"] = os.path.join(WORK, "jdk")
+    os.symlink(builds.environment()["JAVA_HOME"], os.environ["TARN_TEST_JDK"])
     code, output = builds.maven(
         os.path.join(HERE, "maven"), f"-Dtarn.work={WORK}", f"-Dtarn.settings={settings}",
         f"-Dtarn.version={builds.version()}",
@@ -123,6 +126,10 @@ class LinkedRuntimeTest(MavenTest):
             self.assertIn('MODULES="java.base"', file.read())
         feature = windows_jmods.feature_of(builds.environment()["JAVA_HOME"])
         self.assertRegex(builds.start(application, "linked-runtime"), rf"^linked: {feature}\.")
+
+    def test_is_linked_by_the_toolchain(self):
+        self.application("linked-runtime", "linked-runtime")
+        self.assertIn("with the jlink of " + os.path.join(WORK, "jdk"), self.log("linked-runtime"))
 
 
 class MistakeTest(MavenTest):

@@ -78,7 +78,7 @@ final class SampleProject {
         return runner(arguments).build();
     }
 
-    /** A build that fails. Returns what it reports, without the stack trace. */
+    /** A build that fails. Returns what Gradle reports as the reason. */
     String failure(String... arguments) {
         return reportOf(runner(arguments).buildAndFail());
     }
@@ -88,7 +88,10 @@ final class SampleProject {
     }
 
     private static String reportOf(BuildResult result) {
-        return result.getOutput().lines().filter(line -> line.startsWith("> ")).collect(Collectors.joining("\n"));
+        String output = result.getOutput();
+        int start = output.indexOf("* What went wrong:");
+        int end = output.indexOf("* Try:");
+        return start < 0 || end < start ? output : output.substring(start, end);
     }
 
     private GradleRunner runner(String... arguments) {
