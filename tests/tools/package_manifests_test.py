@@ -71,7 +71,7 @@ class PackageManifestsTest(FolderTest):
         self.assertEqual("MIT", found["default_locale"]["License"])
         scoop = self.check_scoop()
         self.assertEqual("https://example.org/viewer", scoop["homepage"])
-        self.assertEqual(URL + "#/dl.7z", scoop["architecture"]["64bit"]["url"])
+        self.assertEqual(URL + "#/setup.exe", scoop["architecture"]["64bit"]["url"])
 
     def test_what_the_schemas_do_not_accept_is_refused_before_anything_is_made(self):
         for options, message in ((["--url", "example.org/viewer.exe"], "--url"),

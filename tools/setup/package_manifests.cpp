@@ -222,17 +222,19 @@ ManifestFile ScoopManifest(const PublishedSetup& setup) {
     manifest["homepage"] = HomepageOf(setup);
     manifest["license"] = LicenseOf(setup);
     Json& files = manifest["architecture"]["64bit"];
-    files["url"] = setup.isMsi ? setup.url : setup.url + "#/dl.7z";
-    files["hash"] = setup.sha256;
     if (setup.isMsi) {
+        files["url"] = setup.url;
+        files["hash"] = setup.sha256;
         files["extract_dir"] = "Programs\\" + setup.folder;
+        manifest["shortcuts"] = Json::array({Json::array({setup.executable, setup.name})});
     } else {
-        // What the setup program unpacks for its own use.
-        manifest["post_install"] =
-            "Remove-Item -Recurse -Force -ErrorAction SilentlyContinue "
-            "\"$dir\\`$PLUGINSDIR\", \"$dir\\uninstall.exe\"";
+        // The part after "#/" is the name under which scoop keeps the file.
+        files["url"] = setup.url + "#/setup.exe";
+        files["hash"] = setup.sha256;
+        manifest["installer"] = {{"file", "setup.exe"}, {"args", {"/S", "/D=$dir"}}};
+        // With "_?=" the uninstaller runs where it is, so that scoop waits for it.
+        manifest["uninstaller"] = {{"file", "uninstall.exe"}, {"args", {"/S", "_?=$dir"}}};
     }
-    manifest["shortcuts"] = Json::array({Json::array({setup.executable, setup.name})});
     return {WordCharactersOf(setup.name, kLongestIdPart) + ".json",
             manifest.dump(4, ' ', false, Json::error_handler_t::replace) + '\n'};
 }

@@ -43,8 +43,9 @@ std::string PackageIdOf(std::string_view vendor, std::string_view name);
 /// Throws Failure for a value that the schema does not accept.
 std::vector<ManifestFile> WingetManifest(const PublishedSetup& setup);
 
-/// The manifest for scoop, which unpacks the file instead of running it. Throws Failure for a value
-/// that the schema does not accept, and for a setup for all users, which needs an administrator.
+/// The manifest for scoop, which runs a setup program in its own folder and unpacks an MSI. Throws
+/// Failure for a value that the schema does not accept, and for a setup for all users, which needs
+/// an administrator.
 ManifestFile ScoopManifest(const PublishedSetup& setup);
 
 }  // namespace tarn::tools

@@ -114,13 +114,17 @@ TEST(WingetManifest, RejectsAddressesThatAreNone) {
     }
 }
 
-TEST(ScoopManifest, UnpacksTheSetupProgram) {
+TEST(ScoopManifest, RunsTheSetupProgramInItsOwnFolder) {
     const ManifestFile file = ScoopManifest(Sample());
     EXPECT_EQ(file.name, "Editor.json");
     const auto manifest = nlohmann::json::parse(file.text);
     EXPECT_EQ(manifest["architecture"]["64bit"]["url"],
-              "https://example.org/get/Editor-1.10-setup.exe#/dl.7z");
-    EXPECT_EQ(manifest["shortcuts"], nlohmann::json::parse(R"([["Editor.exe", "Editor"]])"));
+              "https://example.org/get/Editor-1.10-setup.exe#/setup.exe");
+    EXPECT_EQ(manifest["installer"],
+              nlohmann::json::parse(R"({"file": "setup.exe", "args": ["/S", "/D=$dir"]})"));
+    EXPECT_EQ(manifest["uninstaller"],
+              nlohmann::json::parse(R"({"file": "uninstall.exe", "args": ["/S", "_?=$dir"]})"));
+    EXPECT_FALSE(manifest.contains("shortcuts"));
     EXPECT_EQ(manifest["homepage"], "https://example.org");
     EXPECT_EQ(manifest["license"], "Proprietary");
 }
@@ -131,6 +135,7 @@ TEST(ScoopManifest, TakesTheFolderOutOfAnMsi) {
     const auto manifest = nlohmann::json::parse(ScoopManifest(setup).text);
     EXPECT_EQ(manifest["architecture"]["64bit"]["extract_dir"], "Programs\\Editor");
     EXPECT_EQ(manifest["architecture"]["64bit"]["url"], setup.url);
+    EXPECT_EQ(manifest["shortcuts"], nlohmann::json::parse(R"([["Editor.exe", "Editor"]])"));
 }
 
 TEST(ScoopManifest, IsForOneUserAndAPlainVersion) {
