@@ -20,7 +20,6 @@ AllowSkipFiles off
 ShowInstDetails nevershow
 ShowUninstDetails nevershow
 
-!define FOLDER "@FOLDER@"
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\@ID@"
 
 Name "@NAME@" "@DOUBLED_NAME@"
@@ -49,6 +48,7 @@ Var Busy           ; a file that is in use
 Var Kept           ; the settings file, when it stays as the user has changed it
 Var WithSettings   ; whether the uninstaller removes the changed settings file
 Var CheckBox
+Var SettingsFile   ; the name of the settings file; empty when there is none
 
 @ICON@
 !define MUI_ABORTWARNING
@@ -61,22 +61,12 @@ Var CheckBox
 !insertmacro MUI_PAGE_DIRECTORY
 !insertmacro MUI_PAGE_INSTFILES
 !insertmacro MUI_PAGE_FINISH
+!define MUI_UNCONFIRMPAGE ; its texts
 UninstPage custom un.ShowConfirmation un.LeaveConfirmation
 !insertmacro MUI_UNPAGE_INSTFILES
 
 @LANGUAGES@
 @VERSION_INFORMATION@
-!macro WriteValue KEY NAME DATA
-  WriteRegStr @ROOT@ "${KEY}" "${NAME}" "${DATA}"
-!macroend
-
-!macro WriteIfFree KEY NAME DATA CLASSES_KEY
-  ReadRegStr $0 HKCR "${CLASSES_KEY}" ""
-  ${If} $0 == ""
-    WriteRegStr @ROOT@ "${KEY}" "${NAME}" "${DATA}"
-  ${EndIf}
-!macroend
-
 ; The current folder becomes the shortcut's working folder.
 !macro MakeShortcut FOLDER
   SetOutPath "$INSTDIR"
@@ -213,7 +203,7 @@ FunctionEnd
 
 ; Whether the user has changed the settings file: pushes "same" or "different".
 Function ${UN}CompareSettings
-  Push "$INSTDIR\@SETTINGS@"
+  Push "$INSTDIR\$SettingsFile"
   Push "$INSTDIR\uninstall.ini"
   Call ${UN}CompareFiles
 FunctionEnd

@@ -1,5 +1,6 @@
 #include "tools/setup/nsis_script.h"
 
+#include <chrono>
 #include <map>
 
 #include "tools/common/failure.h"
@@ -26,6 +27,19 @@ void AddQuoted(std::string& script, const std::string& text) {
     script += '"';
 }
 
+// A time as a FILETIME: the number of 100-nanosecond steps since 1601.
+std::int64_t FileTimeOf(std::filesystem::file_time_type time) {
+    constexpr std::int64_t kUnixEpoch = 116'444'736'000'000'000;
+    const auto since = std::chrono::file_clock::to_sys(time).time_since_epoch();
+    return std::chrono::floor<std::chrono::nanoseconds>(since).count() / 100 + kUnixEpoch;
+}
+
+// The path of a file to pack. Not by a definition of NSIS, which would evaluate the text twice.
+std::string SourceOf(const NsisInput& input, const std::string& path) {
+    const std::string folder = Utf8OfPath(std::filesystem::absolute(input.request.folder));
+    return NsisLiteral(folder + "/" + path);
+}
+
 // The files, each extracted to its place below the staging folder.
 std::string FileStatements(const NsisInput& input) {
     std::string script;
@@ -44,9 +58,12 @@ std::string FileStatements(const NsisInput& input) {
             !input.signedExecutable.empty() && file.path == input.product.executable;
         script += "  File \"/oname=";
         script += NsisString(file.path.substr(slash + 1));
-        script += isSigned ? "\" \"" : "\" \"${FOLDER}/";
-        script += NsisLiteral(isSigned ? input.signedExecutable : file.path);
-        script += "\"\n";
+        script += "\" \"";
+        script += isSigned ? NsisLiteral(input.signedExecutable) : SourceOf(input, file.path);
+        script += "\"\n  StrCpy $0 \"$OUTDIR\\";
+        script += NsisString(file.path.substr(slash + 1));
+        script += "\"\n  StrCpy $1 " + std::to_string(FileTimeOf(file.time));
+        script += "\n  Call SetTime\n";
     }
     return script;
 }
@@ -71,15 +88,21 @@ std::string DataOf(const RegistryValue& value) {
     return text + NsisString(value.data.substr(begin));
 }
 
-std::string RegistryStatements(const std::vector<RegistryValue>& values) {
+// No text is passed to a macro of NSIS, which would evaluate it twice.
+std::string RegistryStatements(const std::vector<RegistryValue>& values, const std::string& root) {
     std::string script;
     for (const RegistryValue& value : values) {
-        script += value.onlyIfFree ? "  !insertmacro WriteIfFree" : "  !insertmacro WriteValue";
+        if (value.onlyIfFree) {
+            script += "  ReadRegStr $0 HKCR";
+            AddQuoted(script, NsisString(value.classesKey));
+            script += " \"\"\n  ${If} $0 == \"\"\n  ";
+        }
+        script += "  WriteRegStr ";
+        script += root;
         AddQuoted(script, NsisString(value.key));
         AddQuoted(script, NsisString(value.name));
         AddQuoted(script, DataOf(value));
-        if (value.onlyIfFree) AddQuoted(script, NsisString(value.classesKey));
-        script += '\n';
+        script += value.onlyIfFree ? "\n  ${EndIf}\n" : "\n";
     }
     return script;
 }
@@ -103,7 +126,9 @@ std::string VersionStatements(const Product& product) {
     add("FileVersion", product.version);
     add("ProductVersion", product.version);
     add("CompanyName", product.vendor);
-    add("LegalCopyright", product.copyright);
+    // A notice is required; the vendor's name stands for it, as in the executable.
+    const std::string& vendor = product.vendor.empty() ? product.name : product.vendor;
+    add("LegalCopyright", product.copyright.empty() ? vendor : product.copyright);
     return script;
 }
 
@@ -127,7 +152,6 @@ std::string NsisScript(const NsisInput& input) {
     const SetupRequest& request = input.request;
     const std::string settings = SettingsFileOf(product, input.content);
     const std::map<std::string_view, std::string> words = {
-        {"FOLDER", NsisLiteral(Utf8OfPath(std::filesystem::absolute(request.folder)))},
         {"OUTPUT", kNsisResult},
         {"ICON", product.icon.empty() ? std::string()
                                       : "!define MUI_ICON \"setup.ico\"\n"
@@ -142,15 +166,15 @@ std::string NsisScript(const NsisInput& input) {
         {"FILE_NAME", NsisString(product.fileName)},
         {"EXECUTABLE", NsisString(product.executable)},
         {"SETTINGS", NsisString(settings)},
-        {"SETTINGS_FILE", settings.empty() ? std::string()
-                                           : "File \"/oname=uninstall.ini\" \"${FOLDER}/" +
-                                                 NsisLiteral(settings) + "\""},
+        {"SETTINGS_FILE",
+         settings.empty() ? std::string()
+                          : "File \"/oname=uninstall.ini\" \"" + SourceOf(input, settings) + "\""},
         {"LEVEL", request.perMachine ? "admin" : "user"},
         {"ROOT", request.perMachine ? "HKLM" : "HKCU"},
         {"CONTEXT", request.perMachine ? "all" : "current"},
         {"PROGRAMS", request.perMachine ? "$PROGRAMFILES64" : "$LOCALAPPDATA\\Programs"},
         // The shell starts it with the user's rights, not with setup's.
-        {"START", request.perMachine ? "\"$WINDIR\\explorer.exe\" " : ""},
+        {"START", request.perMachine ? "$\\\"$WINDIR\\explorer.exe$\\\" " : ""},
         {"LICENSE_PAGE", input.licenseFile.empty()
                              ? std::string()
                              : "!insertmacro MUI_PAGE_LICENSE \"" + input.licenseFile + "\""},
@@ -164,7 +188,7 @@ std::string NsisScript(const NsisInput& input) {
         {"FILES", FileStatements(input)},
         {"FOLDERS", FolderStatements(input.content)},
         {"SHORTCUTS", ShortcutStatements(request)},
-        {"REGISTRY", RegistryStatements(input.values)},
+        {"REGISTRY", RegistryStatements(input.values, request.perMachine ? "HKLM" : "HKCU")},
     };
     return Filled(NsisHead(), words) + Filled(NsisSections(), words);
 }

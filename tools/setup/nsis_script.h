@@ -13,7 +13,7 @@ namespace tarn::tools {
 inline constexpr std::uint64_t kLargestNsisContent = 2'000'000'000;
 
 /// The inputs of the script in its folder.
-inline constexpr char kNsisResult[] = "setup.exe";
+inline constexpr char kNsisResult[] = "installer.exe";
 inline constexpr char kNsisIcon[] = "setup.ico";
 inline constexpr char kNsisList[] = "installed.txt";
 

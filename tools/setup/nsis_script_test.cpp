@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "tools/common/failure.h"
 #include "tools/setup/nsis_setup.h"
 
@@ -54,14 +56,14 @@ TEST_F(NsisScriptTest, InstallsPerUserUnlessAskedOtherwise) {
     EXPECT_TRUE(Has(user, "InstallDir \"$LOCALAPPDATA\\Programs\\A & _B_ ${U+24}${U+24}C\"\n"));
     EXPECT_TRUE(Has(user, "WriteRegStr HKCU "));
     EXPECT_FALSE(Has(user, "HKLM"));
-    EXPECT_TRUE(Has(user, "Exec '\"$INSTDIR\\a.exe\"'"));
+    EXPECT_TRUE(Has(user, "Exec \"$\\\"$INSTDIR\\a.exe$\\\"\""));
     request_.perMachine = true;
     const std::string machine = Script();
     EXPECT_TRUE(Has(machine, "RequestExecutionLevel admin\n"));
     EXPECT_TRUE(Has(machine, "InstallDir \"$PROGRAMFILES64\\"));
     EXPECT_TRUE(Has(machine, "WriteRegStr HKLM "));
     EXPECT_FALSE(Has(machine, "HKCU"));
-    EXPECT_TRUE(Has(machine, "Exec '\"$WINDIR\\explorer.exe\" \"$INSTDIR\\a.exe\"'"));
+    EXPECT_TRUE(Has(machine, "Exec \"$\\\"$WINDIR\\explorer.exe$\\\" $\\\"$INSTDIR\\a.exe$\\\"\""));
 }
 
 TEST_F(NsisScriptTest, EscapesNamesAndDoublesAmpersandsInWindows) {
@@ -71,14 +73,23 @@ TEST_F(NsisScriptTest, EscapesNamesAndDoublesAmpersandsInWindows) {
 }
 
 TEST_F(NsisScriptTest, ExtractsEachFileBelowTheStagingFolder) {
-    EXPECT_TRUE(Has(Script(),
-                    "  SetOutPath \"$Staging\"\n"
-                    "  File \"/oname=a.exe\" \"${FOLDER}/a.exe\"\n"
-                    "  File \"/oname=a.ini\" \"${FOLDER}/a.ini\"\n"
+    const std::string script = Script();
+    EXPECT_TRUE(Has(script, "  SetOutPath \"$Staging\"\n  File \"/oname=a.exe\" \""));
+    EXPECT_TRUE(Has(script, "app/a.exe\"\n"));
+    EXPECT_TRUE(Has(script,
                     "  SetOutPath \"$Staging\\lib\"\n"
-                    "  File \"/oname=x${U+24}${U+24}{y}.jar\" "
-                    "\"${FOLDER}/lib/x${U+24}{y}.jar\"\n"));
-    EXPECT_TRUE(Has(Script(), "  CreateDirectory \"$INSTDIR\\lib\"\n"));
+                    "  File \"/oname=x${U+24}${U+24}{y}.jar\" \""));
+    EXPECT_TRUE(Has(script, "app/lib/x${U+24}{y}.jar\"\n"));
+    EXPECT_TRUE(Has(script, "  CreateDirectory \"$INSTDIR\\lib\"\n"));
+}
+
+TEST_F(NsisScriptTest, SetsTheTimeOfEachFileInStepsOf100Nanoseconds) {
+    const auto time = std::chrono::sys_days(std::chrono::year(2026) / 11 / 22) +
+                      std::chrono::nanoseconds(1'234'567'800);
+    content_.files[0].time = std::chrono::file_clock::from_sys(time);
+    EXPECT_TRUE(
+        Has(Script(),
+            "  StrCpy $0 \"$OUTDIR\\a.exe\"\n  StrCpy $1 134397792012345678\n  Call SetTime\n"));
 }
 
 TEST_F(NsisScriptTest, PacksTheSignedExecutableAndSignsTheUninstaller) {
@@ -91,13 +102,15 @@ TEST_F(NsisScriptTest, PacksTheSignedExecutableAndSignsTheUninstaller) {
 TEST_F(NsisScriptTest, WritesADefaultOnlyWhereThereIsNone) {
     request_.associations = {{".demo", "Demo \"x\"", ""}};
     const std::string script = Script();
-    EXPECT_TRUE(Has(script,
-                    "!insertmacro WriteIfFree \"Software\\Classes\\.demo\" \"\" "
-                    "\"Acme.A.demo\" \".demo\"\n"));
-    EXPECT_TRUE(Has(script,
-                    "!insertmacro WriteValue \"Software\\Classes\\Acme.A.demo\" \"\" "
-                    "\"Demo $\\\"x$\\\"\"\n"));
-    EXPECT_TRUE(Has(script, "\"$\\\"$INSTDIR\\a.exe$\\\" $\\\"%1$\\\"\"\n"));
+    EXPECT_TRUE(Has(script, R"(  ReadRegStr $0 HKCR ".demo" ""
+  ${If} $0 == ""
+    WriteRegStr HKCU "Software\Classes\.demo" "" "Acme.A.demo"
+  ${EndIf}
+)"));
+    EXPECT_TRUE(Has(script, R"(  WriteRegStr HKCU "Software\Classes\Acme.A.demo" "" "Demo $\"x$\""
+)"));
+    EXPECT_TRUE(Has(script, R"("$\"$INSTDIR\a.exe$\" $\"%1$\""
+)"));
 }
 
 TEST_F(NsisScriptTest, GivesVersionAndSizeInKib) {

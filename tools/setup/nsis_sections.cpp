@@ -9,6 +9,7 @@ namespace {
 constexpr std::string_view kSections = R"nsis(Function .onInit
   SetShellVarContext @CONTEXT@
   SetRegView 64
+  StrCpy $SettingsFile "@SETTINGS@"
   ReadRegStr $0 @ROOT@ "${UNINSTALL_KEY}" "ComparableVersion"
   ${If} $0 != ""
     ${VersionCompare} $0 "@NUMBER@" $1
@@ -55,7 +56,7 @@ FunctionEnd
 
 Function StartApplication
   SetOutPath "$INSTDIR"
-  Exec '@START@"$INSTDIR\@EXECUTABLE@"'
+  Exec "@START@$\"$INSTDIR\@EXECUTABLE@$\""
 FunctionEnd
 
 Function RemoveStaging
@@ -88,8 +89,8 @@ FunctionEnd
 ; otherwise the new version's apply, and the user's remain beside them.
 Function PrepareSettings
   StrCpy $Kept ""
-  ${If} "@SETTINGS@" == ""
-  ${OrIfNot} ${FileExists} "$INSTDIR\@SETTINGS@"
+  ${If} $SettingsFile == ""
+  ${OrIfNot} ${FileExists} "$INSTDIR\$SettingsFile"
   ${OrIfNot} ${FileExists} "$INSTDIR\uninstall.ini"
     Return
   ${EndIf}
@@ -103,7 +104,7 @@ Function PrepareSettings
   Call CompareFiles
   Pop $0
   ${If} $0 == "same"
-    StrCpy $Kept "@SETTINGS@"
+    StrCpy $Kept $SettingsFile
   ${EndIf}
 FunctionEnd
 
@@ -122,6 +123,13 @@ Function PlaceItem
   ${If} ${Errors}
     StrCpy $Busy $Line
   ${EndIf}
+FunctionEnd
+
+; makensis stores times in steps of two seconds. $0 is the file, $1 its time.
+Function SetTime
+  System::Call "kernel32::CreateFileW(w r0, i 0x100, i 7, p 0, i 3, i 0, p 0) p .r2"
+  System::Call "kernel32::SetFileTime(p r2, p 0, p 0, *l $1)"
+  System::Call "kernel32::CloseHandle(p r2)"
 FunctionEnd
 
 !macro PlaceOwnFile NAME
@@ -162,12 +170,12 @@ Section
   Call PrepareSettings
   ${If} $OldFolder != ""
     ${If} $Kept == ""
-    ${AndIf} "@SETTINGS@" != ""
+    ${AndIf} $SettingsFile != ""
       Call CompareSettings
       Pop $0
       ${If} $0 == "different"
-        Delete "$INSTDIR\@SETTINGS@.old"
-        Rename "$INSTDIR\@SETTINGS@" "$INSTDIR\@SETTINGS@.old"
+        Delete "$INSTDIR\$SettingsFile.old"
+        Rename "$INSTDIR\$SettingsFile" "$INSTDIR\$SettingsFile.old"
       ${EndIf}
     ${EndIf}
     Call RemoveListed
@@ -193,8 +201,9 @@ Section
   WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "DisplayVersion" "@VERSION@"
   WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "ComparableVersion" "@NUMBER@"
   WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "DisplayIcon" "$INSTDIR\@EXECUTABLE@,0"
-  ${If} "@VENDOR@" != ""
-    WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "Publisher" "@VENDOR@"
+  StrCpy $0 "@VENDOR@"
+  ${If} $0 != ""
+    WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "Publisher" $0
   ${EndIf}
   WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "InstallLocation" "$INSTDIR"
   WriteRegStr @ROOT@ "${UNINSTALL_KEY}" "UninstallString" '"$INSTDIR\uninstall.exe"'
@@ -208,6 +217,7 @@ SectionEnd
 Function un.onInit
   SetShellVarContext @CONTEXT@
   SetRegView 64
+  StrCpy $SettingsFile "@SETTINGS@"
   StrCpy $WithSettings 0
   ${GetParameters} $0
   ClearErrors
@@ -224,8 +234,8 @@ Function un.ShowConfirmation
   ${NSD_CreateLabel} 0 0 100% 24u "$(ConfirmRemoval)"
   Pop $0
   StrCpy $CheckBox ""
-  ${If} "@SETTINGS@" != ""
-  ${AndIf} ${FileExists} "$INSTDIR\@SETTINGS@"
+  ${If} $SettingsFile != ""
+  ${AndIf} ${FileExists} "$INSTDIR\$SettingsFile"
     Call un.CompareSettings
     Pop $0
     ${If} $0 == "different"
@@ -258,12 +268,12 @@ Section Uninstall
     Quit
   ${EndIf}
   StrCpy $Kept ""
-  ${If} "@SETTINGS@" != ""
+  ${If} $SettingsFile != ""
   ${AndIf} $WithSettings != 1
     Call un.CompareSettings
     Pop $0
     ${If} $0 == "different"
-      StrCpy $Kept "@SETTINGS@"
+      StrCpy $Kept $SettingsFile
     ${EndIf}
   ${EndIf}
   Call un.RemoveListed

@@ -44,14 +44,30 @@ void CheckForNsis(const SetupRequest& request, const PackageContent& content) {
 }
 
 // The script that signs the uninstaller while makensis runs; returns the command for makensis.
-// Written to a file, because a command has another quoting in a script of NSIS.
+// Written to a file, because a command has another quoting in a script of NSIS. makensis changes
+// the current directory, to which paths in the command are relative.
 std::string WriteSigningScript(const std::string& command, const fs::path& work) {
+    const std::string current = Utf8OfPath(fs::current_path());
 #ifdef _WIN32
-    WriteNewFile(work / "sign.cmd", AsBytes("@" + command + " %1\r\n"));
-    return "sign.cmd \"%1\"";
+    WriteNewFile(work / "sign_uninstaller.cmd", AsBytes("@chcp 65001 >nul\r\n@cd /d \"" + current +
+                                                        "\"\r\n@" + command + " %1\r\n"));
+    return "sign_uninstaller.cmd \"%1\"";
 #else
-    WriteNewFile(work / "sign.sh", AsBytes(command + " \"$1\"\n"));
-    return "sh ./sign.sh \"%1\"";
+    std::string quoted;
+    for (const char character : current) {
+        if (character == '\'') {
+            quoted += "'\\''";
+        } else {
+            quoted += character;
+        }
+    }
+    std::string script = "cd '";
+    script += quoted;
+    script += "' || exit\n";
+    script += command;
+    script += " \"$1\"\n";
+    WriteNewFile(work / "sign_uninstaller.sh", AsBytes(script));
+    return "sh ./sign_uninstaller.sh \"%1\"";
 #endif
 }
 
