@@ -183,8 +183,9 @@ class PerMachineTest(InstalledProductTest):
         self.tarn("setup", "app1.0", "--out", "machine.exe", "--per-machine",
                   "--associate", ".tdoc=Tarn document", "--protocol", "tarndemo=Tarn link")
         registry, files = self.prefix.registry(), self.prefix.files()
-        self.assertEqual(0, self.prefix.run(self.path("machine.exe"), "/S"))
-        folder = self.prefix.drive("Program Files", "TarnViewer")
+        # A path with a space would be quoted for the uninstaller, which then returns at once.
+        folder = self.prefix.drive("Machine")
+        self.assertEqual(0, self.prefix.run(self.path("machine.exe"), "/S", "/D=C:\\Machine"))
         self.assertTrue(os.path.exists(os.path.join(folder, "TarnViewer.exe")))
         documents = self.prefix.drive("documents")
         os.makedirs(documents)
