@@ -103,6 +103,17 @@ def start(application, name, *arguments, seconds=300):
     return done.stdout.decode(errors="replace").strip()
 
 
+def windows_path(path):
+    """The path by which programs under Wine find a file of this machine."""
+    return "Z:" + path.replace("/", "\\")
+
+
+def run_silently(program, *arguments, seconds=300):
+    """Runs a program that shows nothing under Wine, and raises an error if it fails."""
+    subprocess.run(["wine", program, *arguments], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL, timeout=seconds, check=True)
+
+
 def shows_window(application, name, title, seconds=240):
     """Starts an application under Wine, waits until a window of this title is on the screen, and ends it."""
     process = subprocess.Popen(["wine", os.path.join(application, name + ".exe")], cwd=application,

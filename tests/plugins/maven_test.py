@@ -2,6 +2,7 @@
 
 import glob
 import os
+import re
 import shutil
 import unittest
 import xml.etree.ElementTree as ElementTree
@@ -95,6 +96,26 @@ class MultiModuleTest(MavenTest):
         application = self.application("multi-module", "application", "application")
         self.assertEqual(["commons-lang3-3.14.0.jar", "library-2.1.0.jar"],
                          sorted(os.listdir(os.path.join(application, "lib"))))
+
+
+    def test_its_setup_program_installs_it(self):
+        application = self.application("multi-module", "application", "application")
+        installed = os.path.join(WORK, "installed")
+        builds.run_silently(os.path.join(os.path.dirname(application), "application-2.1.0-setup.exe"),
+                            "/S", "/D=" + builds.windows_path(installed))
+        try:
+            self.assertTrue(os.path.isfile(os.path.join(installed, "lib", "library-2.1.0.jar")))
+            builds.link_runtime(installed)
+            self.assertEqual("multi-module: from another module", builds.start(installed, "application"))
+        finally:
+            os.remove(os.path.join(installed, "jre64"))
+            builds.run_silently(os.path.join(installed, "uninstall.exe"), "/S", "_?=" + builds.windows_path(installed))
+
+    def test_its_setup_program_is_made_once_and_attached(self):
+        self.application("multi-module", "application", "application")
+        log = self.log("multi-module")
+        self.assertEqual(1, len(re.findall(r"\[INFO\] created .*-setup\.exe", log)), log[-4000:])
+        self.assertEqual(1, len(re.findall(r"\[INFO\] .*-setup\.exe is up to date", log)), log[-4000:])
 
 
 class ShadedJarTest(MavenTest):

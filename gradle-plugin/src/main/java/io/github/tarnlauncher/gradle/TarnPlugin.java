@@ -15,6 +15,7 @@ import org.gradle.api.attributes.AttributeContainer;
 import org.gradle.api.plugins.JavaApplication;
 import org.gradle.api.plugins.JavaPlugin;
 import org.gradle.api.plugins.JavaPluginExtension;
+import org.gradle.api.provider.Provider;
 import org.gradle.api.tasks.TaskProvider;
 import org.gradle.api.tasks.bundling.Jar;
 import org.gradle.api.tasks.bundling.Zip;
@@ -45,6 +46,9 @@ public final class TarnPlugin implements Plugin<Project> {
         options.getSingleInstance().convention(false);
         options.getSingleFile().convention(false);
         options.getKeepWorkingDir().convention(false);
+        options.getSetup().getPerMachine().convention(false);
+        options.getSetup().getDesktopShortcut().convention(false);
+        options.getSetup().getMsi().convention(false);
         project.getPlugins().withId("application", plugin -> options.getMainClass().convention(
             project.getExtensions().getByType(JavaApplication.class).getMainClass()));
     }
@@ -73,6 +77,17 @@ public final class TarnPlugin implements Plugin<Project> {
             task.getExecutableName().convention(options.getName());
             task.getAllow().convention(options.getAllow());
             task.getReport().convention(project.getLayout().getBuildDirectory().file("reports/tarn/check.txt"));
+        });
+        project.getTasks().register("tarnSetup", TarnSetup.class, task -> {
+            task.setGroup(GROUP);
+            task.setDescription("Creates a setup program for Windows with makensis.");
+            task.getApplication().convention(wrap.flatMap(TarnWrap::getDestination));
+            task.getExecutableName().convention(options.getName());
+            task.getOptions().set(options.getSetup());
+            Provider<String> ending = options.getSetup().getMsi().map(msi -> msi ? ".msi" : "-setup.exe");
+            task.getFileName().convention(options.getName().zip(options.getVersion(), (name, version) -> name + "-" + version)
+                .zip(ending, (name, end) -> name + end));
+            task.getDestination().convention(project.getLayout().getBuildDirectory().dir("tarn-setup"));
         });
         project.getTasks().register("tarnZip", Zip.class, task -> {
             task.setGroup(GROUP);

@@ -1,8 +1,7 @@
 package io.github.tarnlauncher.gradle;
 
-import io.github.tarnlauncher.plugin.Companion;
-import io.github.tarnlauncher.plugin.CompanionRun;
-import io.github.tarnlauncher.plugin.PluginCache;
+import static io.github.tarnlauncher.gradle.CompanionTask.pathOf;
+
 import io.github.tarnlauncher.plugin.PluginException;
 import io.github.tarnlauncher.plugin.RuntimeLink;
 import io.github.tarnlauncher.plugin.WrapRequest;
@@ -16,9 +15,7 @@ import org.gradle.api.DefaultTask;
 import org.gradle.api.GradleException;
 import org.gradle.api.file.ConfigurableFileCollection;
 import org.gradle.api.file.DirectoryProperty;
-import org.gradle.api.file.FileSystemLocation;
 import org.gradle.api.provider.Property;
-import org.gradle.api.provider.Provider;
 import org.gradle.api.tasks.CacheableTask;
 import org.gradle.api.tasks.Input;
 import org.gradle.api.tasks.InputFiles;
@@ -61,19 +58,9 @@ public abstract class TarnWrap extends DefaultTask {
     @TaskAction
     public void wrap() {
         try {
-            run();
+            CompanionTask.run(this, request());
         } catch (IOException failure) {
             throw new GradleException(PluginException.describe(failure), failure);
-        }
-    }
-
-    private void run() throws IOException {
-        WrapRequest request = request();
-        CompanionRun run = Companion.unpackBelow(PluginCache.ofUser())
-            .run(request.writeTo(getTemporaryDir().toPath().resolve("options.toml")), getTemporaryDir().toPath());
-        for (String warning : run.warnings("", "")) getLogger().warn("warning: {}", warning);
-        if (run.exitCode() != 0) {
-            throw new GradleException(run.failure("", "") + " in the block tarn { } of the build script");
         }
     }
 
@@ -106,20 +93,12 @@ public abstract class TarnWrap extends DefaultTask {
         if (options.getRuntime().isPresent()) {
             throw new GradleException("runtime and jlink exclude each other: remove one of them from the block tarn { }");
         }
-        RuntimeLink link =
-            new RuntimeLink(pathOf(getJavaLauncher().get().getMetadata().getInstallationPath()), pathOf(jlink.getJmods()));
+        Path javaHome = pathOf(getJavaLauncher().map(launcher -> launcher.getMetadata().getInstallationPath()));
+        RuntimeLink link = new RuntimeLink(javaHome, pathOf(jlink.getJmods()));
         List<String> modules = jlink.getModules().get();
         Path target = getTemporaryDir().toPath().resolve("runtime");
         link.link(modules.isEmpty() ? link.modulesOf(jar, libraries) : modules, jlink.getOptions().get(), target);
         return target;
-    }
-
-    private static Path pathOf(Provider<? extends FileSystemLocation> file) {
-        return file.isPresent() ? pathOf(file.get()) : null;
-    }
-
-    private static Path pathOf(FileSystemLocation file) {
-        return file.getAsFile().toPath();
     }
 
     private static Collection<Path> pathsOf(ConfigurableFileCollection files) {

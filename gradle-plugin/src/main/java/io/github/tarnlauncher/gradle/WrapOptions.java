@@ -173,4 +173,13 @@ public interface WrapOptions {
     default void jlink(Action<? super JlinkOptions> action) {
         action.execute(getJlink());
     }
+
+    /** What the task {@code tarnSetup} makes. */
+    @Nested
+    SetupOptions getSetup();
+
+    /** Configures the setup program. */
+    default void setup(Action<? super SetupOptions> action) {
+        action.execute(getSetup());
+    }
 }

@@ -146,6 +146,24 @@ class GradleBuildIT {
     }
 
     @Test
+    void aSetupProgramIsMadeOnce() throws IOException {
+        SampleProject project = new SampleProject("setup");
+        project.write("LICENSE.txt", "You may use it.\n");
+        project.script("tarn.vendor = 'Example Ltd'", "tarn.setup {", "    license = file('LICENSE.txt')",
+            "    associate = ['.hello=Greeting']", "    protocol = ['greet=Greeting']", "    desktopShortcut = true", "}");
+        project.build("tarnSetup");
+        assertTrue(Files.size(project.path("build/tarn-setup/hello-2.1.0-setup.exe")) > 0);
+        assertEquals(TaskOutcome.UP_TO_DATE, outcome(project.build("tarnSetup"), ":tarnSetup"));
+    }
+
+    @Test
+    void aBadAssociationOfTheSetupProgramIsNamed() throws IOException {
+        SampleProject project = new SampleProject("bad setup");
+        project.script("tarn.setup.associate = ['hello=Greeting']");
+        assertOneLine(project.failure("tarnSetup"), "associate", "tarn { }");
+    }
+
+    @Test
     void modulesForAnotherSystemAreRefused() throws IOException {
         SampleProject project = new SampleProject("foreign modules");
         project.script("tarn.jlink {", "    jmods = file('" + System.getProperty("java.home") + "/jmods')",

@@ -63,9 +63,19 @@ abstract class AbstractTarnMojo extends AbstractMojo {
         if (run.exitCode() != 0) throw new MojoFailureException(run.failure("<", ">") + WHERE_TO_CONFIGURE);
     }
 
+    /** A file of the goals' own beside the application's folder, named after the executable. */
+    Path besideFolder(String suffix) {
+        return outputDirectory.toPath().resolve(executableName() + suffix);
+    }
+
     /** The folder with the executable. */
     Path applicationFolder() {
         return outputDirectory.toPath().resolve(executableName());
+    }
+
+    /** A parameter as a path; null if it is not set. */
+    static Path pathOf(File file) {
+        return file == null ? null : file.toPath();
     }
 
     String executableName() {

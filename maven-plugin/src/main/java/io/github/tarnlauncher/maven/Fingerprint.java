@@ -1,5 +1,7 @@
 package io.github.tarnlauncher.maven;
 
+import io.github.tarnlauncher.plugin.Companion;
+import io.github.tarnlauncher.plugin.CompanionRequest;
 import io.github.tarnlauncher.plugin.Digests;
 import java.io.IOException;
 import java.nio.charset.StandardCharsets;
@@ -25,7 +27,7 @@ final class Fingerprint {
      * Creates the fingerprint of no inputs.
      *
      * @param file the file that remembers it between builds
-     * @param result the folder that is made from the inputs
+     * @param result the file or folder that is made from the inputs
      */
     Fingerprint(Path file, Path result) {
         this.file = file;
@@ -37,6 +39,13 @@ final class Fingerprint {
         update(inputs, "");
     }
 
+    /** Adds a request with its inputs, and the programs that carry it out. */
+    void addRequest(Companion companion, CompanionRequest<?> request) throws IOException {
+        addText(List.of(request.options()));
+        addFiles(request.inputs());
+        addFiles(List.of(companion.program(), companion.program().resolveSibling("launcher.exe")));
+    }
+
     /** Adds the content of files and of all files below folders. A missing one counts as such. */
     void addFiles(Collection<Path> paths) throws IOException {
         for (Path path : paths) addTree(inputs, path);
@@ -44,7 +53,7 @@ final class Fingerprint {
 
     boolean isUnchanged() throws IOException {
         inputsDigest = Digests.finish(inputs);
-        return Files.isRegularFile(file) && Files.isDirectory(result)
+        return Files.isRegularFile(file) && Files.exists(result)
             && Files.readString(file).equals(inputsDigest + "\n" + resultDigest() + "\n");
     }
 

@@ -183,9 +183,7 @@ public final class WrapMojo extends AbstractTarnMojo {
         WrapRequest request = request(application, libraries, folder);
         Jlink linked = jlink == null ? null : jlink.completed(toolchains, session, application, libraries);
         Fingerprint fingerprint = new Fingerprint(besideFolder(".inputs"), folder);
-        fingerprint.addText(List.of(request.options()));
-        fingerprint.addFiles(request.inputs());
-        fingerprint.addFiles(List.of(companion.program(), companion.program().resolveSibling("launcher.exe")));
+        fingerprint.addRequest(companion, request);
         if (linked != null) linked.describeTo(fingerprint);
 
         if (fingerprint.isUnchanged()) {
@@ -197,11 +195,6 @@ public final class WrapMojo extends AbstractTarnMojo {
             getLog().info("created " + folder);
         }
         if (attach) attachZip(folder);
-    }
-
-    // A file of the goal's own, named after the executable.
-    private Path besideFolder(String suffix) {
-        return outputDirectory.toPath().resolve(executableName() + suffix);
     }
 
     private WrapRequest request(Path application, List<Path> libraries, Path folder) throws MojoFailureException {
@@ -254,10 +247,6 @@ public final class WrapMojo extends AbstractTarnMojo {
             project.getArtifactId() + "-" + project.getVersion() + "-" + CLASSIFIER + ".zip");
         ZipFolder.write(folder, zip);
         projectHelper.attachArtifact(project, "zip", CLASSIFIER, zip.toFile());
-    }
-
-    private static Path pathOf(File file) {
-        return file == null ? null : file.toPath();
     }
 
     private static Collection<Path> pathsOf(List<File> files) {

@@ -14,11 +14,12 @@ public final class CompanionRun {
     private static final Pattern OPTION = Pattern.compile("--([a-z][a-z0-9]*(?:-[a-z0-9]+)*)");
     private static final Pattern NEXT_WORD = Pattern.compile("-([a-z0-9])");
 
-    // Those of WrapRequest. Other options in messages are the JVM's.
+    // Those of WrapRequest and SetupRequest. Other options in messages are the JVM's.
     static final Set<String> PARAMETERS = Set.of("name", "icon", "splash", "noSplash", "runtime", "classPath", "add",
         "mainClass", "version", "title", "vendor", "minVersion", "maxVersion", "vmParameters", "arguments",
         "singleInstance", "endsWith", "startAs", "singleFile", "keepWorkingDir", "set", "allow", "setString", "description",
-        "copyright", "manifest", "admin", "utf8", "launcher");
+        "copyright", "manifest", "admin", "utf8", "launcher", "id", "license", "perMachine", "desktopShortcut", "sign",
+        "script", "associate", "protocol", "msi", "url", "homepage", "licenseName");
 
     private final int exitCode;
     private final String output;

@@ -1,25 +1,13 @@
 package io.github.tarnlauncher.plugin;
 
-import java.io.IOException;
-import java.nio.file.Files;
 import java.nio.file.Path;
-import java.util.ArrayList;
 import java.util.Collection;
-import java.util.LinkedHashMap;
-import java.util.LinkedHashSet;
-import java.util.List;
-import java.util.Map;
-import java.util.Set;
 
 /**
- * The arguments of {@code tarn wrap}. What is null or empty is left out, and the companion program decides; each operation
- * corresponds to the option of the same name, which {@code tarn wrap --help} describes.
+ * The arguments of {@code tarn wrap}. Each operation corresponds to the option of the same name, which
+ * {@code tarn wrap --help} describes.
  */
-public final class WrapRequest {
-    private final Map<String, List<String>> values = new LinkedHashMap<>();  // by option, without "--"
-    private final Set<String> flags = new LinkedHashSet<>();
-    private final List<Path> inputs = new ArrayList<>();
-
+public final class WrapRequest extends CompanionRequest<WrapRequest> {
     /**
      * Asks to wrap a jar.
      *
@@ -27,33 +15,15 @@ public final class WrapRequest {
      * @param out the folder to create, or to replace if it contains this application
      */
     public WrapRequest(Path jar, Path out) {
-        inputs.add(jar);
-        text("jar", jar.toString());
+        super("wrap");
+        input("jar", jar);
         text("out", out.toString());
         flag("replace", true);
     }
 
-    /** Everything that is asked for, one option a line, as the companion program reads it from a file. */
-    public String options() {
-        return ArgumentFile.textOf(values, flags);
-    }
-
-    /**
-     * Writes the options to a file. A command line would have to be short on Windows, and Java does not pass every quote.
-     *
-     * @return the arguments of the companion program, its command first
-     */
-    public List<String> writeTo(Path file) throws IOException {
-        Files.createDirectories(file.toAbsolutePath().getParent());
-        Files.writeString(file, options());
-        List<String> arguments = new ArrayList<>(List.of("wrap", "--config=" + file));
-        arguments.addAll(ArgumentFile.remainderOf(values));
-        return arguments;
-    }
-
-    /** The files and folders that the result is made from. */
-    public List<Path> inputs() {
-        return List.copyOf(inputs);
+    @Override
+    WrapRequest self() {
+        return this;
     }
 
     public WrapRequest name(String value) { return text("name", value); }
@@ -100,31 +70,5 @@ public final class WrapRequest {
     /** The ids of findings of {@code tarn check} that are accepted. */
     public WrapRequest allow(Collection<String> ids) {
         return texts("allow", ids);
-    }
-
-    private WrapRequest text(String option, String value) {
-        if (value != null && !value.isEmpty()) values.computeIfAbsent(option, name -> new ArrayList<>()).add(value);
-        return this;
-    }
-
-    private WrapRequest texts(String option, Collection<String> several) {
-        if (several != null) several.forEach(value -> text(option, value));
-        return this;
-    }
-
-    private WrapRequest flag(String option, boolean value) {
-        if (value) flags.add(option);
-        return this;
-    }
-
-    private WrapRequest input(String option, Path path) {
-        if (path == null) return this;
-        inputs.add(path);
-        return text(option, path.toString());
-    }
-
-    private WrapRequest inputs(String option, Collection<Path> paths) {
-        if (paths != null) paths.forEach(path -> input(option, path));
-        return this;
     }
 }

@@ -5,22 +5,13 @@ import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import java.io.IOException;
-import java.lang.reflect.Method;
 import java.nio.file.Path;
 import java.nio.file.Paths;
-import java.util.Arrays;
 import java.util.List;
-import java.util.Locale;
-import java.util.Set;
-import java.util.regex.Pattern;
-import java.util.stream.Collectors;
 import org.junit.jupiter.api.Test;
 import org.junit.jupiter.api.io.TempDir;
 
 class WrapRequestTest {
-    // What a plugin decides by itself.
-    private static final Set<String> NOT_FOR_BUILDS = Set.of("help", "out", "replace", "config");
-
     @TempDir
     Path folder;
 
@@ -80,24 +71,5 @@ class WrapRequestTest {
         Path library = Paths.get("l.jar");
         request.icon(icon).classPath(List.of(library));
         assertEquals(List.of(Paths.get("a b.jar"), icon, library), request.inputs());
-    }
-
-    @Test
-    void everyOptionOfTheCompanionIsAParameter() throws IOException {
-        String help = Companion.unpackBelow(folder).run(List.of("wrap", "--help"), folder).output();
-        Set<String> parameters = Pattern.compile("(?m)^  (?:-\\w,)?--([a-z0-9-]+)").matcher(help).results()
-            .map(option -> option.group(1)).filter(option -> !NOT_FOR_BUILDS.contains(option))
-            .map(option -> Pattern.compile("-([a-z0-9])").matcher(option)
-                .replaceAll(word -> word.group(1).toUpperCase(Locale.ROOT)))
-            .collect(Collectors.toSet());
-        assertEquals(CompanionRun.PARAMETERS, parameters);
-    }
-
-    @Test
-    void messagesNameEveryParameter() {
-        Set<String> operations = Arrays.stream(WrapRequest.class.getMethods())
-            .filter(method -> method.getReturnType() == WrapRequest.class).map(Method::getName)
-            .collect(Collectors.toSet());
-        assertEquals(operations, CompanionRun.PARAMETERS);
     }
 }
