@@ -12,7 +12,7 @@ import org.gradle.api.tasks.PathSensitive;
 import org.gradle.api.tasks.PathSensitivity;
 
 /**
- * The block {@code setup}: what the setup program of the task {@code tarnSetup} does. Name, version, vendor and description
+ * The block {@code installer}: what the setup program of the task {@code tarnSetup} does. Name, version, vendor and description
  * are those of the executable.
  */
 public interface SetupOptions {

@@ -46,9 +46,9 @@ public final class TarnPlugin implements Plugin<Project> {
         options.getSingleInstance().convention(false);
         options.getSingleFile().convention(false);
         options.getKeepWorkingDir().convention(false);
-        options.getSetup().getPerMachine().convention(false);
-        options.getSetup().getDesktopShortcut().convention(false);
-        options.getSetup().getMsi().convention(false);
+        options.getInstaller().getPerMachine().convention(false);
+        options.getInstaller().getDesktopShortcut().convention(false);
+        options.getInstaller().getMsi().convention(false);
         project.getPlugins().withId("application", plugin -> options.getMainClass().convention(
             project.getExtensions().getByType(JavaApplication.class).getMainClass()));
     }
@@ -83,8 +83,8 @@ public final class TarnPlugin implements Plugin<Project> {
             task.setDescription("Creates a setup program for Windows with makensis.");
             task.getApplication().convention(wrap.flatMap(TarnWrap::getDestination));
             task.getExecutableName().convention(options.getName());
-            task.getOptions().set(options.getSetup());
-            Provider<String> ending = options.getSetup().getMsi().map(msi -> msi ? ".msi" : "-setup.exe");
+            task.getOptions().set(options.getInstaller());
+            Provider<String> ending = options.getInstaller().getMsi().map(msi -> msi ? ".msi" : "-setup.exe");
             task.getFileName().convention(options.getName().zip(options.getVersion(), (name, version) -> name + "-" + version)
                 .zip(ending, (name, end) -> name + end));
             task.getDestination().convention(project.getLayout().getBuildDirectory().dir("tarn-setup"));

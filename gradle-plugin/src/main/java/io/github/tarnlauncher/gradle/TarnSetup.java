@@ -26,7 +26,7 @@ public abstract class TarnSetup extends DefaultTask {
     @Input
     public abstract Property<String> getExecutableName();
 
-    /** What the setup program does; by default the block {@code setup} of the extension. */
+    /** What the setup program does; by default the block {@code installer} of the extension. */
     @Nested
     public abstract Property<SetupOptions> getOptions();
 

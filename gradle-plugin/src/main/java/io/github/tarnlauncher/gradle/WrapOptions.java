@@ -176,10 +176,10 @@ public interface WrapOptions {
 
     /** What the task {@code tarnSetup} makes. */
     @Nested
-    SetupOptions getSetup();
+    SetupOptions getInstaller();
 
-    /** Configures the setup program. */
-    default void setup(Action<? super SetupOptions> action) {
-        action.execute(getSetup());
+    /** Configures the setup program. Gradle takes a method whose name begins with "set" for a property's. */
+    default void installer(Action<? super SetupOptions> action) {
+        action.execute(getInstaller());
     }
 }

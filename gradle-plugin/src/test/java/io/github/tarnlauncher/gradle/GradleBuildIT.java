@@ -90,7 +90,7 @@ class GradleBuildIT {
 
     @Test
     void theResultOfAnotherFolderComesFromTheBuildCache() throws IOException {
-        String script = "tarn.title = 'From the cache'";
+        String script = "tarn.title = 'From the cache'\njar { preserveFileTimestamps = false }";
         new SampleProject("cache 1").script(script).build("--build-cache", "tarnWrap", "tarnCheck");
         SampleProject second = new SampleProject("cache 2").script(script);
         BuildResult result = second.build("--build-cache", "tarnWrap", "tarnCheck");
@@ -149,7 +149,7 @@ class GradleBuildIT {
     void aSetupProgramIsMadeOnce() throws IOException {
         SampleProject project = new SampleProject("setup");
         project.write("LICENSE.txt", "You may use it.\n");
-        project.script("tarn.vendor = 'Example Ltd'", "tarn.setup {", "    license = file('LICENSE.txt')",
+        project.script("tarn.vendor = 'Example Ltd'", "tarn.installer {", "    license = file('LICENSE.txt')",
             "    associate = ['.hello=Greeting']", "    protocol = ['greet=Greeting']", "    desktopShortcut = true", "}");
         project.build("tarnSetup");
         assertTrue(Files.size(project.path("build/tarn-setup/hello-2.1.0-setup.exe")) > 0);
@@ -159,7 +159,7 @@ class GradleBuildIT {
     @Test
     void aBadAssociationOfTheSetupProgramIsNamed() throws IOException {
         SampleProject project = new SampleProject("bad setup");
-        project.script("tarn.setup.associate = ['hello=Greeting']");
+        project.script("tarn.installer.associate = ['hello=Greeting']");
         assertOneLine(project.failure("tarnSetup"), "associate", "tarn { }");
     }
 
