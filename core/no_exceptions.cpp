@@ -51,8 +51,8 @@ void __throw_out_of_range_fmt(const char*, ...) {
 
 #if defined(_GLIBCXX_RELEASE) && _GLIBCXX_RELEASE >= 13
 // From version 13 on the library declares this one member of its strings as instantiated elsewhere,
-// and the object of its archive that has it brings exception handling in too (140 KB). Not
-// std::wstring::, which clang warns about.
+// and the object of its archive that has it brings exception handling in too. Not std::wstring::,
+// which clang warns about.
 template void std::basic_string<char>::_M_replace_cold(char*, size_type, const char*, size_type,
                                                        size_type);
 template void std::basic_string<wchar_t>::_M_replace_cold(wchar_t*, size_type, const wchar_t*,

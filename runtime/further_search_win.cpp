@@ -19,9 +19,9 @@ namespace tarn {
 
 namespace {
 
-// Fixed buffers and `wsprintfW`, because each `std::wstring` that is put together and destroyed
-// takes 60 bytes of the launcher. `wsprintfW` writes at most this many characters, the terminator
-// included. Longer texts are truncated: no runtime can be loaded from such a path.
+// Fixed buffers and `wsprintfW`, because the code that assembles and destroys a `std::wstring`
+// would make the launcher larger at each place. `wsprintfW` writes at most this many characters,
+// the terminator included. Longer texts are truncated: no runtime can be loaded from such a path.
 constexpr DWORD kMostFormatted = 1024;
 // One more, for the backslash of `MakeDriveFolder`.
 using Buffer = wchar_t[kMostFormatted + 1];

@@ -11,8 +11,7 @@ namespace {
 
 // Both libraries are loaded on first use: a launch that finds its runtime needs neither. They stay
 // loaded, because threads of the shell may still run in them when a call has returned. A static
-// would save the repeated lookup, and costs the C++ library's guard with 100 KB of exception
-// handling.
+// would save the repeated lookup, and costs the C++ library's guard and its exception handling.
 HMODULE Shell32() {
     return LoadSystemLibrary(L"shell32.dll");
 }
