@@ -49,6 +49,10 @@ TEST(FolderLevels, NameThatEndsInASeparatorIsAllFolders) {
     EXPECT_THAT(Folders(L"C:\\a\\b\\"), ElementsAre(L"C:\\a", L"C:\\a\\b"));
 }
 
+TEST(FolderLevels, AnEmptyDriveAfterAPrefixIsSkipped) {
+    EXPECT_THAT(Folders(L"\\\\?\\\\a\\out.txt"), ElementsAre(L"\\\\?\\\\a"));
+}
+
 TEST(FolderLevels, ServerAndShareAreNotCreated) {
     EXPECT_THAT(Folders(L"\\\\server\\share\\a\\b\\out.txt"),
                 ElementsAre(L"\\\\server\\share\\a", L"\\\\server\\share\\a\\b"));

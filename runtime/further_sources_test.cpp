@@ -65,6 +65,14 @@ TEST(MakerPlacesTest, HaveAKeyForEachLayout) {
     }
 }
 
+TEST(MakerPlacesTest, OneMakerInstallsBelowTheUsersPrograms) {
+    std::vector<std::string> folders;
+    for (const MakerPlace& place : MakerPlaces()) {
+        if (place.perUser) folders.emplace_back(place.folder);
+    }
+    EXPECT_EQ(folders, std::vector<std::string>{"Eclipse Adoptium"});
+}
+
 RuntimeSearchPolicy Bounds(std::wstring_view minimum, std::wstring_view maximum) {
     RuntimeSearchPolicy policy;
     policy.minimum = MinimumBound(minimum);

@@ -52,6 +52,21 @@ TEST(PeHeaderTest, ShortFilesAndOtherSignaturesAreNoImages) {
     EXPECT_FALSE(HasPeHeaders(other));
 }
 
+TEST(PeHeaderTest, TheMachineFollowsTheSignature) {
+    std::vector<std::byte> image = Image(256, 64);
+    EXPECT_EQ(MachineIn(image), 0);
+    image[64] = std::byte{'P'};
+    image[65] = std::byte{'E'};
+    image[68] = std::byte{0x64};
+    image[69] = std::byte{0x86};
+    EXPECT_EQ(MachineIn(image), 0x8664);
+    for (const std::size_t mark : {0U, 64U, 65U}) {
+        std::vector<std::byte> other = image;
+        other[mark] = std::byte{'x'};
+        EXPECT_EQ(MachineIn(other), 0) << mark;
+    }
+}
+
 TEST(PeHeaderTest, TheMachineOfEveryAcceptedFileCanBeRead) {
     std::mt19937 random(20240611);
     int passed = 0;

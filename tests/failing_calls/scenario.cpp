@@ -63,6 +63,7 @@ Scenario::Scenario() : settings(app.StandardSettings()) {
                     {app.folder(), L"...\\"},
                     {inNames, L"..._"},
                     {app.directory, L"TEST\\"},
+                    {app.directory.substr(0, app.directory.size() - 1), L"TEST"},
                     {GetPaths().pictures, L"PICTURES"},
                     {GetPaths().programs, L"PROGRAMS"}};
 }
