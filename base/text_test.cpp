@@ -20,6 +20,9 @@ TEST(TextTest, IgnoresTheCaseOfAsciiLettersOnly) {
     EXPECT_FALSE(EqualsIgnoringCase(L"jroc\u212Ait", L"jrockit"));
     EXPECT_FALSE(EqualsIgnoringCase(L"\u0131bm", L"ibm"));
     EXPECT_FALSE(EqualsIgnoringCase(L"\u00C9", L"\u00E9"));
+    // The neighbours of the letters.
+    EXPECT_FALSE(EqualsIgnoringCase(L"[", L"{"));
+    EXPECT_FALSE(EqualsIgnoringCase(L"@", L"`"));
 }
 
 TEST(TextTest, TrimsWhiteSpaceOfEveryKindAtBothEnds) {

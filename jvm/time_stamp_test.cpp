@@ -91,6 +91,12 @@ TEST(TimeStamp, QuoteWithoutAnEndQuotesTheRest) {
     EXPECT_EQ(TakeFields(L"").second, 0U);
 }
 
+TEST(TimeStamp, DoubledQuoteCountsAlsoAtTheEndOfThePicture) {
+    EXPECT_EQ(TakeFields(L"'a''").second, 2U);
+    // The second quote is not part of the picture.
+    EXPECT_EQ(TakeFields(std::wstring_view(L"'a''").substr(0, 3)).second, 1U);
+}
+
 TEST(TimeStamp, HugePictureIsScannedOnce) {
     const std::wstring picture(32'000, L'L');
     EXPECT_EQ(WithMilliseconds(picture, 123).size(), 96'000U);

@@ -45,6 +45,10 @@ TEST(CountPossibleMatchesTest, ANameDoesNotExtendIntoTheNextOne) {
     EXPECT_EQ(CountPossibleMatches(L"On"sv, L"One"), 0);
 }
 
+TEST(CountPossibleMatchesTest, EveryPrintableCharacterIsCertain) {
+    EXPECT_EQ(CountPossibleMatches(L" !~\0"sv, L"One"), 0);
+}
+
 TEST(CountPossibleMatchesTest, UncertainListsMatchEverything) {
     EXPECT_EQ(CountPossibleMatches(L"", L"One"), 2);
     EXPECT_EQ(CountPossibleMatches(L"\u00D6ne\0"sv, L"One"), 2);
