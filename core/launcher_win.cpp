@@ -5,6 +5,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
+#include "jvm/fast_start.h"
 #include "jvm/java_thread.h"
 #include "jvm/jvm_loader.h"
 #include "jvm/jvm_options.h"
@@ -69,8 +70,9 @@ int Launcher::Run() {
         return 0;
     }
     if (!LoadJvmLibrary(errors_, jvmLibraryPath, jvmInstance_.entryPoints)) return kFailedStart;
-    const JvmOptions jvmOptions =
-        BuildOptions(errors_, std::move(libraryPathOption), std::move(arguments_));
+    JvmOptions jvmOptions =
+        BuildOptions(errors_, jvmLibraryPath, std::move(libraryPathOption), std::move(arguments_));
+    PrepareArchive(jvmOptions);
     JavaLaunch launch{settings_,    jvmOptions, singleInstance_.readyEvent(),
                       jvmInstance_, splash_,    errors_};
     if (RunJavaThread(launch) == 0) return 0;

@@ -17,7 +17,7 @@ struct OutputFiles {
     bool errorAppend = false;
 };
 
-/// The start options of the Java side of a launch. Made by `BuildOptions` and not changed later.
+/// The start options of the Java side of a launch. Made by `BuildOptions`.
 struct JvmOptions {
     /// The JVM's options in their order, in the thread's ANSI code page. An option can be empty.
     std::vector<std::string> ansiOptions;
@@ -27,17 +27,23 @@ struct JvmOptions {
     OutputFiles outputFiles;
     /// The arguments of `main`.
     std::vector<std::wstring> arguments;
+    /// The archive of "Fast Start", which the last of the JVM's options names; empty without one.
+    std::wstring archiveFile;
+    /// The archive exists. Otherwise the option makes the JVM write it.
+    bool readsArchive = false;
 };
 
 /// Makes the options of a launch. The order of the JVM's options is fixed: `ansiLibraryPathOption`
 /// (from `PrepareNativePaths`; none when it is empty), the class path, the "Virtual Machine
-/// Parameters". The arguments are those of the command line, then those of "Cmd".
+/// Parameters", the archive of "Fast Start". The arguments are those of the command line, then
+/// those of "Cmd".
 ///
 /// Called after `jvm.dll` has been loaded, because a missing class path is reported after a library
 /// that cannot be loaded. Without a class path, or when the settings file cannot be located,
 /// nothing is read from the settings, and the launch continues with the library path and the
 /// command line.
-JvmOptions BuildOptions(const ErrorReporter& errors, std::string&& ansiLibraryPathOption,
+JvmOptions BuildOptions(const ErrorReporter& errors, const std::wstring& jvmLibraryPath,
+                        std::string&& ansiLibraryPathOption,
                         std::vector<std::wstring>&& commandLineArguments);
 
 }  // namespace tarn

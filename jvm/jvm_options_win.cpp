@@ -6,6 +6,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "jvm/class_path.h"
+#include "jvm/fast_start.h"
 #include "jvm/vm_parameters.h"
 #include "resources/ids.h"
 #include "settings/keys.h"
@@ -47,7 +48,8 @@ void AppendDefaultArguments(const LayeredSettings& layered, std::vector<std::wst
 
 }  // namespace
 
-JvmOptions BuildOptions(const ErrorReporter& errors, std::string&& ansiLibraryPathOption,
+JvmOptions BuildOptions(const ErrorReporter& errors, const std::wstring& jvmLibraryPath,
+                        std::string&& ansiLibraryPathOption,
                         std::vector<std::wstring>&& commandLineArguments) {
     JvmOptions options;
     options.arguments.swap(commandLineArguments);
@@ -77,6 +79,12 @@ JvmOptions BuildOptions(const ErrorReporter& errors, std::string&& ansiLibraryPa
     }
     ReadOutputFiles(layered, options.outputFiles);
     AppendDefaultArguments(layered, options.arguments);
+    // The last key of its section: when it is absent, that is known by now and costs no call.
+    const std::wstring setting =
+        ExpandEnvironment(layered.GetValue(keys::kApplication, keys::kFastStart));
+    if (!setting.empty()) {
+        AddFastStartOption({setting, *program, jvmLibraryPath, classPath, parameters}, options);
+    }
     return options;
 }
 

@@ -24,6 +24,7 @@ inline constexpr wchar_t kOutputAppend[] = L"Output Append";
 inline constexpr wchar_t kErrorFile[] = L"Error File";
 inline constexpr wchar_t kErrorAppend[] = L"Error Append";
 inline constexpr wchar_t kCmd[] = L"Cmd";
+inline constexpr wchar_t kFastStart[] = L"Fast Start";
 
 inline constexpr wchar_t kJavaRuntimeEnvironment[] = L"Java Runtime Environment";
 inline constexpr wchar_t kMinimumVersion[] = L"Minimum Version";

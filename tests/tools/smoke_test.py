@@ -18,7 +18,7 @@ class SmokeTest(FolderTest):
         out = self.path("out")
         self.expect("wrap", JAR, "--out", out, "--name", "Smoke",
                     "--launcher", os.path.join(ROOT, "build", "release", "launcher.exe"),
-                    "--runtime", os.path.join(RUNTIMES, "17"), program="windows")
+                    "--runtime", os.path.join(RUNTIMES, "17"), "--no-runtime-archive", program="windows")
         self.expect("check", os.path.join(out, "Smoke.ini"), "--strict", program="windows")
 
         program = os.path.join(out, "Smoke.exe")

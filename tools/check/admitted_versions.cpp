@@ -1,7 +1,5 @@
 #include "tools/check/admitted_versions.h"
 
-#include <optional>
-
 #include "runtime/runtime_version.h"
 #include "settings/keys.h"
 #include "tools/java/java_version.h"
@@ -14,15 +12,6 @@ bool Exists(const std::filesystem::path& path) {
     return std::filesystem::exists(path, ignored);
 }
 
-// The home of the runtime shipped beside the launcher.
-std::optional<std::filesystem::path> ShippedRuntime(const CheckedSettings& settings) {
-    if (!settings.checksFiles()) return std::nullopt;
-    for (const std::filesystem::path& home : {settings.folder(), settings.folder() / "jre64"}) {
-        if (Exists(home / "bin" / "java.dll")) return home;
-    }
-    return std::nullopt;
-}
-
 // The newest measured version up to this one: options rarely change in between.
 VersionSet NearestTo(int feature) {
     VersionSet nearest = 0;
@@ -33,6 +22,14 @@ VersionSet NearestTo(int feature) {
 }
 
 }  // namespace
+
+std::optional<std::filesystem::path> ShippedRuntime(const CheckedSettings& settings) {
+    if (!settings.checksFiles()) return std::nullopt;
+    for (const std::filesystem::path& home : {settings.folder(), settings.folder() / "jre64"}) {
+        if (Exists(home / "bin" / "java.dll")) return home;
+    }
+    return std::nullopt;
+}
 
 bool HasOwnRuntime(const CheckedSettings& settings) {
     return settings.Get(keys::kJavaRuntimeEnvironment, keys::kJrePath) ||

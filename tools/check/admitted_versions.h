@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
+#include <optional>
 #include <string>
 
 #include "tools/check/checked_settings.h"
@@ -12,6 +14,9 @@ inline constexpr std::array<int, 4> kMeasuredVersions = {11, 17, 21, 25};
 
 /// A set of these versions; bit 0 is the first one.
 using VersionSet = unsigned;
+
+/// The home of the runtime shipped beside the settings file; none without `checksFiles`.
+std::optional<std::filesystem::path> ShippedRuntime(const CheckedSettings& settings);
 
 /// Whether a runtime is configured, or shipped beside the settings file, so that none needs to be
 /// registered.

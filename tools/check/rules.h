@@ -51,6 +51,9 @@ void CheckApplication(const CheckedSettings& settings, Findings& findings);
 /// Splash picture, output files, runtime and library folders.
 void CheckFiles(const CheckedSettings& settings, Findings& findings);
 
+/// Archives of classes: "Fast Start", the options for an archive, and the shipped runtime's own.
+void CheckFastStart(const CheckedSettings& settings, Findings& findings);
+
 /// Applies all rules.
 std::vector<Finding> CheckSettings(const CheckedSettings& settings);
 

@@ -12,12 +12,13 @@
 namespace tarn::tools {
 namespace {
 
-// Each parameter becomes one option, after all others. Without a class path the launcher does not
-// read the parameters.
-void ReportPercentages(const std::wstring& parameters, JvmReport& report) {
+// Each parameter becomes one option, after all others but that of "Fast Start". Without a class
+// path the launcher does not read the parameters.
+void ReportPercentages(const std::wstring& parameters, bool hasFastStart, JvmReport& report) {
     const std::vector<std::wstring> tokens = SplitVmParameters(parameters);
-    if (tokens.size() >= report.options.size()) return;
-    const std::size_t first = report.options.size() - tokens.size();
+    const std::size_t following = hasFastStart ? 1 : 0;
+    if (tokens.size() + following >= report.options.size()) return;
+    const std::size_t first = report.options.size() - following - tokens.size();
     for (std::size_t at = 0; at < tokens.size(); ++at) {
         if (!HasPercentageForm(RemoveQuotes(tokens[at]))) continue;
         report.percentages.push_back({Utf8Of(tokens[at]), report.options[first + at]});
@@ -80,7 +81,7 @@ JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
     if (const std::optional<std::wstring> file = SettingsPathOf(programPath)) {
         ReportPercentages(LayeredSettings(*file).GetValue(keys::kJavaRuntimeEnvironment,
                                                           keys::kVirtualMachineParameters),
-                          report);
+                          !options.archiveFile.empty(), report);
     }
 
     SYSTEMTIME now;
@@ -89,6 +90,8 @@ JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
     ReportOutput("output", files.outputFile, files.outputAppend, now, report);
     ReportOutput("error", files.errorFile, files.errorAppend, now, report);
 
+    report.archive = Utf8Of(options.archiveFile);
+    report.readsArchive = options.readsArchive;
     report.showsUncaughtException = settings.failureCheck;
     report.staysAfterMain = IbmInPolicy(settings.policy);
     report.destroysJvm = settings.serviceMode && !report.staysAfterMain;

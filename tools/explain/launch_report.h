@@ -163,6 +163,10 @@ struct JvmReport {
     std::uint64_t availableAddressSpace = 0;
     std::vector<PercentageReport> percentages;
     std::vector<OutputReport> outputs;
+    /// The archive of "Fast Start" and whether the launch reads it; otherwise it is written when
+    /// the run ends. Empty without one.
+    std::string archive;
+    bool readsArchive = false;
     bool showsUncaughtException = false;
     bool destroysJvm = false;
     bool staysAfterMain = false;

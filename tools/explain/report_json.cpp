@@ -155,6 +155,8 @@ static Json ToJson(const JvmReport& jvm) {
               {"availableAddressSpace", jvm.availableAddressSpace},
               {"percentages", Array(jvm.percentages)}}},
             {"outputs", Array(jvm.outputs)},
+            {"archive", OrNull(jvm.archive)},
+            {"readsArchive", jvm.readsArchive},
             {"afterMain",
              {{"showsUncaughtException", jvm.showsUncaughtException},
               {"destroysJvm", jvm.destroysJvm},

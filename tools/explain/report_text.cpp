@@ -217,6 +217,10 @@ void PrintJvm(const JvmReport& jvm, TextPage& page) {
         if (output.hasPicture) text += "  from " + output.name;
         page.Value("standard " + output.stream, text);
     }
+    if (!jvm.archive.empty()) {
+        page.Value("class archive",
+                   jvm.archive + (jvm.readsArchive ? "" : " (written when the run ends)"));
+    }
     // Java's own message when it cannot load the main class, for example.
     const bool keepsErrors =
         std::any_of(jvm.outputs.begin(), jvm.outputs.end(),

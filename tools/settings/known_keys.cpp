@@ -46,6 +46,7 @@ constexpr KnownKey kKeys[] = {
     {keys::kApplication, keys::kErrorFile, OutputFile, Layered, {}},
     {keys::kApplication, keys::kErrorAppend, ExactlyYes, Layered, {}},
     {keys::kApplication, keys::kCmd, Arguments, Layered, {}},
+    {keys::kApplication, keys::kFastStart, ArchiveFile, Layered, {}},
     {kRuntime, keys::kMainClass, ClassName, Layered, {}},
     {kRuntime, keys::kMinimumVersion, Version, Layered, {}},
     {kRuntime, keys::kMaximumVersion, Version, Layered, {}},
@@ -142,6 +143,8 @@ std::string DescribeForm(const KnownKey& key) {
             return "path, not expanded";
         case OutputFile:
             return "file, with environment variables and a time stamp";
+        case ArchiveFile:
+            return "start of a file name, then jars, separated by ;, with environment variables";
         case Folders:
             return "folders separated by ;, with environment variables";
         case ClassPath:

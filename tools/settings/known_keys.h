@@ -24,6 +24,7 @@ enum class SettingForm {
     Versions,        ///< versions separated by ";"
     Path,            ///< nothing is expanded
     OutputFile,      ///< environment variables and a time stamp are expanded
+    ArchiveFile,     ///< the start of a file's name, then jars, separated by ";"
     Folders,         ///< folders separated by ";", environment variables are expanded
     ClassPath,
     JvmOptions,

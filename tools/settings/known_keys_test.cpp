@@ -28,7 +28,7 @@ TEST(KnownKeysTest, AreEachInTheListOnce) {
     for (const KnownKey& key : KnownKeys()) {
         EXPECT_TRUE(seen.emplace(key.section, key.key).second);
     }
-    EXPECT_EQ(seen.size(), 31U);
+    EXPECT_EQ(seen.size(), 32U);
 }
 
 TEST(KnownKeysTest, DescribeTheirForm) {

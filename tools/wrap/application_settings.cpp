@@ -55,10 +55,7 @@ void AddApplication(const WrapRequest& request, SettingsWriter& settings) {
         settings.Add(keys::kApplication, keys::kCmd, request.arguments,
                      "Arguments that main always receives, after those of the command line.");
     }
-    // A second "%" in a file's name begins the picture of a time stamp.
-    std::string name = request.name;
-    std::replace(name.begin(), name.end(), '%', '_');
-    const std::string folder = "%LOCALAPPDATA%\\" + name + '\\';
+    const std::string folder = LocalFolderOf(request) + '\\';
     settings.AddSuggestion(keys::kApplication, keys::kOutputFile, folder + "output.txt",
                            "A file for System.out.");
     settings.Add(keys::kApplication, keys::kErrorFile, folder + "errors.txt",
@@ -114,9 +111,16 @@ void AddRuntime(const WrapRequest& request, const JavaStart& start, SettingsWrit
 
 }  // namespace
 
+std::string LocalFolderOf(const WrapRequest& request) {
+    // A second "%" in a file's name begins the picture of a time stamp.
+    std::string name = request.name;
+    std::replace(name.begin(), name.end(), '%', '_');
+    return "%LOCALAPPDATA%\\" + name;
+}
+
 SettingsWriter ApplicationSettings(const WrapRequest& request, const JavaStart& start,
                                    const std::vector<std::string>& classPath,
-                                   const std::string& splash) {
+                                   const std::string& splash, const std::string& fastStart) {
     SettingsWriter settings("Settings of " + request.name +
                             ".exe. Lines that begin with a semicolon are comments.");
     if (!request.singleFile) {
@@ -124,6 +128,12 @@ SettingsWriter ApplicationSettings(const WrapRequest& request, const JavaStart& 
                      "Folder of the per-user settings below %APPDATA%.");
     }
     AddApplication(request, settings);
+    if (!fastStart.empty()) {
+        settings.Add(keys::kApplication, keys::kFastStart, fastStart,
+                     "Java writes an archive of the classes that the application loaded when its "
+                     "first run ends,\nand reads it from the second start on. Changed jars get a "
+                     "new archive.");
+    }
     AddRuntime(request, start, settings);
     if (!classPath.empty()) {
         settings.Add(keys::kClassPath, keys::kClassPath, AsWindowsPath(Concat(classPath, ";")),

@@ -9,10 +9,13 @@
 
 namespace tarn::tools {
 
+/// The application's folder for each user's own files, as a setting contains it.
+std::string LocalFolderOf(const WrapRequest& request);
+
 /// The settings of a wrapped application. `classPath` lists the entries with "/"; `splash` is the
-/// picture's file name beside the executable, or empty.
+/// picture's file name beside the executable, or empty; `fastStart` is the value of "Fast Start".
 SettingsWriter ApplicationSettings(const WrapRequest& request, const JavaStart& start,
                                    const std::vector<std::string>& classPath,
-                                   const std::string& splash);
+                                   const std::string& splash, const std::string& fastStart);
 
 }  // namespace tarn::tools

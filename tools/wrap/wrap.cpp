@@ -14,11 +14,13 @@
 #include "tools/wrap/application_jars.h"
 #include "tools/wrap/application_settings.h"
 #include "tools/wrap/class_path_files.h"
+#include "tools/wrap/fast_start_plan.h"
 #include "tools/wrap/jar_facts.h"
 #include "tools/wrap/java_start.h"
 #include "tools/wrap/native_libraries.h"
 #include "tools/wrap/output_folder.h"
 #include "tools/wrap/result_check.h"
+#include "tools/wrap/runtime_archive.h"
 #include "tools/wrap/runtime_folder.h"
 
 namespace tarn::tools {
@@ -222,7 +224,10 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     for (const ClassPathFile& file : files) {
         if (IsOnClassPath(file)) classPath.push_back(file.target);
     }
-    const SettingsWriter settings = ApplicationSettings(request, start, classPath, splash.file);
+    const std::string fastStart =
+        request.fastStart ? PlanFastStart(request, start, files) : std::string();
+    const SettingsWriter settings =
+        ApplicationSettings(request, start, classPath, splash.file, fastStart);
 
     StampChanges changes = ChangesFor(request, facts);
     if (request.singleFile) {
@@ -239,6 +244,11 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
         output.Write(request.name + ".ini", settings.Content(), "the settings file");
     if (!splash.file.empty()) output.Write(splash.file, splash.picture, "the splash picture");
     CopyFiles(request, files, output, console);
+    if (!request.runtime.empty() && !request.noRuntimeArchive) {
+        console.ShowProgress("making the archive of the runtime's classes");
+        MakeRuntimeArchive(output.Unfinished() / kShippedRuntime, warnings);
+        console.ShowProgress({});
+    }
     CheckUnfinished(request, changes, output);
     const fs::path remains = output.Finish();
     if (!remains.empty()) {

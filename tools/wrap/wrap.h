@@ -56,12 +56,15 @@ struct WrapRequest {
     bool noSplash = false;
     bool keepsWorkingDirectory = false;  // instead of the application's folder
     bool replaces = false;
+    bool fastStart = false;         // an archive of the application's classes for each user
+    bool noRuntimeArchive = false;  // none of the runtime's own classes
     std::vector<std::pair<std::string, std::string>> settings;  // "Section/Key" and value
     std::vector<std::string> allowedFindings;  // ids of findings of `tarn check` that are accepted
 };
 
 /// Creates the application's folder and returns the path of its executable. The same request gives
-/// the same bytes on every machine. Throws Failure and then leaves no folder behind, also when
+/// the same bytes on every machine, except an archive that the shipped runtime makes of its own
+/// classes. Throws Failure and then leaves no folder behind, also when
 /// `tarn check --strict` would not accept the result.
 std::filesystem::path Wrap(const WrapRequest& request, const Console& console);
 

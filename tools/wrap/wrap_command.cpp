@@ -143,6 +143,12 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
     option("--splash", arguments.splash, "FILE", "Splash picture: PNG, GIF or JPEG");
     command.add_flag("--no-splash", request.noSplash, "Ignore the jar's own splash picture");
     option("--runtime", arguments.runtime, "FOLDER", "Java runtime for Windows to copy to jre64");
+    command.add_flag("--fast-start", request.fastStart,
+                     "Let Java archive the classes at the end of the first run, so that later "
+                     "starts are faster (Java 21 and newer)");
+    command.add_flag("--no-runtime-archive", request.noRuntimeArchive,
+                     "Do not make the archive of the runtime's own classes, which differs from run "
+                     "to run");
     option("--class-path", arguments.classPath, "JAR",
            "Additional jar, or folder of jars, copied to lib; may be repeated");
     option("--add", arguments.added, "PATH", "Additional file or folder; may be repeated");

@@ -31,6 +31,8 @@ public final class WrapRequest extends CompanionRequest<WrapRequest> {
     public WrapRequest splash(Path file) { return input("splash", file); }
     public WrapRequest noSplash(boolean value) { return flag("no-splash", value); }
     public WrapRequest runtime(Path folder) { return input("runtime", folder); }
+    public WrapRequest fastStart(boolean value) { return flag("fast-start", value); }
+    public WrapRequest noRuntimeArchive(boolean value) { return flag("no-runtime-archive", value); }
     public WrapRequest classPath(Collection<Path> jars) { return inputs("class-path", jars); }
     public WrapRequest add(Collection<Path> paths) { return inputs("add", paths); }
     public WrapRequest mainClass(String value) { return text("main-class", value); }

@@ -57,6 +57,7 @@ class WrapRequestTest {
             .classPath(List.of(Paths.get("c"))).add(List.of(Paths.get("a"))).mainClass("m").version("1").title("t")
             .vendor("v").minVersion("8").maxVersion("9").vmParameters(List.of("-ea", "-esa")).arguments("x")
             .singleInstance(true).endsWith("exit").startAs("module").singleFile(true).keepWorkingDir(true).set(List.of("A/B=1"))
+            .fastStart(true).noRuntimeArchive(true)
             .allow(List.of("flag")).setString(List.of("1=x")).description("d").copyright("c").manifest(Paths.get("m"))
             .admin(true).utf8(true).launcher(Paths.get("l"));
         CompanionRun run = Companion.unpackBelow(folder).run(request.writeTo(folder.resolve("options")), folder);

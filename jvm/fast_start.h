@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "jvm/jvm_options.h"
+
+namespace tarn {
+
+/// Whether the runtime with this file `release` can be told to write an archive of an application's
+/// classes at the end of a run (class-data sharing): Java 21 and newer. Java 17 knows the option,
+/// too, but does not start with it when its own archive is missing or cannot be used.
+bool WritesArchives(std::string_view releaseFile);
+
+/// A 64-bit hash of bytes that differs when one of them does, as far as chance goes. Not
+/// cryptographic: whoever can replace the application's jars needs no collision.
+class Fingerprint {
+  public:
+    /// Appends a piece of bytes or text.
+    void Add(std::span<const std::byte> bytes);
+    void Add(std::wstring_view text) { Add(std::as_bytes(std::span(text))); }
+
+    std::uint64_t value() const { return value_; }
+
+  private:
+    std::uint64_t value_ = 0;
+};
+
+/// The part at the end of a zip file in which its end record is searched, in bytes: what follows
+/// the record, a comment or an executable's signature, is shorter.
+inline constexpr std::uint32_t kZipTailSize = 64 * 1024;
+
+/// Returns the distance in bytes from the end of a zip file to its directory, which contains the
+/// checksum of each entry; 0 when `tail`, the last bytes of the file, contains no end record. The
+/// distance may reach somewhat before the directory, and before the start of the file.
+std::uint32_t ZipDirectoryDistance(std::span<const std::byte> tail);
+
+/// What the archive of a launch depends on.
+struct FastStartInputs {
+    std::wstring_view setting;  ///< "Fast Start", expanded: the prefix, then ";" and further jars
+    std::wstring_view program;
+    std::wstring_view jvmLibraryPath;
+    std::wstring_view classPath;     ///< expanded
+    std::wstring_view vmParameters;  ///< as written
+};
+
+/// Appends the JVM option that reads the archive of the application's classes, or writes it at the
+/// end of the run when there is none, and sets `archiveFile` and `readsArchive`. The file's name is
+/// the prefix, a mark of the installation (the executable's path), and a fingerprint of the
+/// contents of the jars and of everything else that makes the JVM refuse an archive, so that a
+/// launch never meets an archive of other classes. Appends nothing when it would not help or could
+/// end the launch: the parameters contain options for an archive, the runtime writes none, an entry
+/// of the class path is not a jar, or the code page lacks a character of the path. Changes no file.
+void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options);
+
+/// Creates the archive's folder, and deletes the other archives of the installation except those
+/// that are in use; does nothing without an archive. When the archive cannot be written, or another
+/// process is about to write it, removes the option. Other failures are ignored.
+void PrepareArchive(JvmOptions& options);
+
+}  // namespace tarn

@@ -1,0 +1,200 @@
+"""tarn wrap --fast-start and the archive of a shipped runtime, with real runtimes."""
+
+import os
+import re
+import shutil
+import subprocess
+import unittest
+
+from tarn_program import JDK, LAUNCHER, RUNTIMES, FolderTest, run
+
+NOTES = "Notes"
+TIME = 1_700_000_000  # of every jar
+
+
+class FastStartTest(FolderTest):
+    """An application whose output names the version of its library and where the JVM found it."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.shared = os.path.join(os.environ.get("TMPDIR", "/tmp"), f"tarn-fast-start-{os.getpid()}")
+        cls.addClassCleanup(shutil.rmtree, cls.shared, ignore_errors=True)
+        for version in ("one", "two"):
+            folder = os.path.join(cls.shared, version)
+            os.makedirs(folder)
+            with open(os.path.join(folder, "App.java"), "w", encoding="ascii") as source:
+                source.write("public class App {\n"
+                             "  public static void main(String[] arguments) {\n"
+                             "    System.out.println(Library.TEXT + '.');\n"
+                             "    if (arguments.length > 0) Runtime.getRuntime().halt(9);\n"
+                             "    System.exit(7);\n"
+                             "  }\n"
+                             "}\n"
+                             # Not a constant, which the compiler would copy.
+                             "class Library {\n"
+                             f"  static final String TEXT = \"{version}\".toString();\n"
+                             "}\n")
+            subprocess.run([os.path.join(JDK, "javac"), "--release", "11", "-d", folder, "-nowarn",
+                            os.path.join(folder, "App.java")], check=True)
+            # Without compression, so that both jars have the same size.
+            subprocess.run([os.path.join(JDK, "jar"), "--create", "--no-compress", "--main-class", "App",
+                            "--file", os.path.join(cls.shared, version + ".jar"),
+                            "-C", folder, "App.class", "-C", folder, "Library.class"], check=True)
+        # One archive of a runtime's own classes is enough for all tests.
+        cls.runtime = os.path.join(cls.shared, "runtime")
+        shutil.copytree(os.path.join(RUNTIMES, "21"), cls.runtime)
+
+    def setUp(self):
+        super().setUp()
+        self.local = self.path("local")
+        os.mkdir(self.local)
+
+    def put_version(self, version, name="app.jar"):
+        """Puts a version's jar there; its size and time are those of the other version's."""
+        shutil.copyfile(os.path.join(self.shared, version + ".jar"), self.path(name))
+        os.utime(self.path(name), (TIME, TIME))
+
+    def wrap(self, *options, **others):
+        return self.expect("wrap", "app.jar", "--launcher", LAUNCHER, "--out", "out", "--name", NOTES,
+                           "--replace", "--set",
+                           "Application/Output File=" + self.windows_path("output.txt"),
+                           *options, seconds=600, **others)[1]
+
+    def windows_path(self, *names):
+        return "Z:" + self.path(*names).replace("/", "\\")
+
+    def start(self, *arguments, code=7, folder="out"):
+        """Starts the application: its version, and whether the JVM found it in the archive."""
+        environment = os.environ | {
+            "JAVA_TOOL_OPTIONS": "-Xlog:class+load:file=" + self.windows_path("classes.log")}
+        done = subprocess.run(["wine", self.path(folder, NOTES + ".exe"), *arguments], check=False,
+                              cwd=self.folder, env=environment, timeout=300, capture_output=True)
+        self.assertEqual(code, done.returncode, done.stderr)
+        loaded = self.read("classes.log").decode(errors="replace")
+        self.assertIn("java.lang.Object source: shared objects file", loaded,
+                      "the runtime's own archive is always used")
+        library = re.search(r"\] Library source: (.*)", loaded).group(1).strip()
+        return library == "shared objects file (top)"
+
+    def version(self):
+        return self.read("output.txt").decode().strip()
+
+    def archives(self):
+        return sorted(name for name in os.listdir(self.local) if name.endswith(".jsa"))
+
+
+class ArchiveTest(FastStartTest):
+    def setUp(self):
+        super().setUp()
+        self.put_version("one")
+        self.wrap("--fast-start", "--ends-with", "exit", "--set",
+                  f"Application/Fast Start={self.windows_path('local', NOTES)}",
+                  "--set", "Java Runtime Environment/JRE Path=" +
+                  "Z:" + self.runtime.replace("/", "\\"))
+        os.utime(self.path("out", "app.jar"), (TIME, TIME))
+        self.make_runtime_archive()
+
+    def make_runtime_archive(self):
+        if os.path.exists(os.path.join(self.runtime, "bin", "server", "classes.jsa")):
+            return
+        subprocess.run(["wine", os.path.join(self.runtime, "bin", "java.exe"), "-Xshare:dump"],
+                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=600)
+
+    def test_a_replaced_jar_of_equal_time_and_size_never_meets_old_classes(self):
+        self.assertFalse(self.start())
+        first = self.archives()
+        self.assertEqual(1, len(first))
+        self.assertTrue(self.start(), "the second start reads the archive")
+        self.assertEqual("one.", self.version())
+
+        before = os.stat(self.path("out", "app.jar"))
+        self.put_version("two", os.path.join("out", "app.jar"))
+        after = os.stat(self.path("out", "app.jar"))
+        self.assertEqual((before.st_size, before.st_mtime), (after.st_size, after.st_mtime))
+        self.assertFalse(self.start())
+        self.assertEqual("two.", self.version())
+        second = self.archives()
+        self.assertEqual((1, False), (len(second), second == first), "the old archive was removed")
+        self.assertTrue(self.start())
+        self.assertEqual("two.", self.version())
+
+    def test_two_installations_have_archives_of_their_own(self):
+        self.start()
+        shutil.copytree(self.path("out"), self.path("other"))
+        self.put_version("two", os.path.join("other", "app.jar"))
+        self.start(folder="other")
+        self.assertEqual(2, len(self.archives()))
+        self.assertTrue(self.start())
+        self.assertEqual("one.", self.version())
+        self.assertTrue(self.start(folder="other"))
+        self.assertEqual("two.", self.version())
+
+    def test_an_archive_that_cannot_be_written_or_is_damaged_costs_nothing(self):
+        # `start` expects the runtime's own archive, and the application's exit code.
+        shutil.rmtree(self.local)
+        self.put("local", b"a file")
+        self.assertFalse(self.start())
+        os.remove(self.local)
+        self.start()
+        [archive] = self.archives()
+        path = os.path.join(self.local, archive)
+        os.chmod(path, 0o644)
+        with open(path, "r+b") as file:
+            file.write(bytes(4096))
+        self.assertFalse(self.start(), "a damaged one is not read, but written again")
+        self.assertTrue(self.start())
+
+
+class RuntimeArchiveTest(FastStartTest):
+    ARCHIVE = os.path.join("out", "jre64", "bin", "server", "classes.jsa")
+
+    def setUp(self):
+        super().setUp()
+        self.put_version("one")
+
+    def test_a_shipped_runtime_gets_the_archive_of_its_own_classes(self):
+        source = os.path.join(RUNTIMES, "17")
+        self.assertFalse(os.path.exists(os.path.join(source, "bin", "server", "classes.jsa")))
+        self.assertNotIn("classes.jsa", self.wrap("--runtime", source))
+        self.assertGreater(os.path.getsize(self.path(self.ARCHIVE)), 1_000_000)
+        self.assertTrue(os.access(self.path(self.ARCHIVE), os.W_OK), "can be replaced and removed")
+        self.assertFalse(os.path.exists(os.path.join(source, "bin", "server", "classes.jsa")),
+                         "the user's runtime is unchanged")
+        code, output, errors = run(["wine", self.path("out", "jre64", "bin", "java.exe"),
+                                    "-Xshare:on", "-version"], self.folder, seconds=300)
+        self.assertEqual(0, code, output + errors)
+
+    def test_without_wine_it_says_what_to_run(self):
+        warnings = self.wrap("--runtime", os.path.join(RUNTIMES, "17"),
+                             env=os.environ | {"WINEPREFIX": self.path("no prefix")})
+        self.assertIn("jre64\\bin\\java.exe -Xshare:dump", warnings)
+        self.assertFalse(os.path.exists(self.path(self.ARCHIVE)))
+        self.expect("check", os.path.join("out", NOTES + ".ini"), "--strict")
+
+    def test_a_failure_is_a_warning_and_leaves_no_file(self):
+        self.put("broken/release", b"JAVA_VERSION=\"17\"\n")
+        for name in ("jvm.dll", "java.exe"):
+            self.put("broken/bin/server/" + name, self.x64())
+        self.put("broken/bin/java.exe", b"no program")
+        self.assertIn("-Xshare:dump", self.wrap("--runtime", "broken"))
+        self.assertEqual(["java.exe", "jvm.dll"],
+                         sorted(os.listdir(self.path("out", "jre64", "bin", "server"))))
+
+    def test_it_is_not_made_on_request(self):
+        self.assertEqual("", self.wrap("--runtime", os.path.join(RUNTIMES, "17"),
+                                       "--no-runtime-archive"))
+        self.assertFalse(os.path.exists(self.path(self.ARCHIVE)))
+
+    def test_fast_start_refuses_a_runtime_that_writes_no_archive(self):
+        message = self.expect_failure("wrap", "app.jar", "--launcher", LAUNCHER, "--out", "out",
+                                      "--fast-start", "--runtime", os.path.join(RUNTIMES, "17"))
+        self.assertIn("is Java 17.0.9: --fast-start needs Java 21 or newer", message)
+
+    @staticmethod
+    def x64():
+        with open(os.path.join(RUNTIMES, "17", "bin", "server", "jvm.dll"), "rb") as file:
+            return file.read(4096)
+
+
+if __name__ == "__main__":
+    unittest.main()
