@@ -1,3 +1,6 @@
+#include <memory>
+#include <utility>
+
 #include "base/ansi_text.h"
 #include "base/handles.h"
 #include "base/paths.h"
@@ -117,20 +120,21 @@ void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options) {
     if (inputs.vmParameters.find(L"Archive") != std::wstring_view::npos) return;
     std::wstring_view more = inputs.setting;
     const std::wstring_view prefix = TakePiece(more);
-    ArchiveState state;
-    state.Add(inputs.vmParameters);
-    if (!state.AddRuntime(inputs.jvmLibraryPath) || !state.AddJars(inputs.classPath) ||
-        !state.AddJars(ExpandClassPath(more, FolderOf(inputs.program)))) {
+    // Too large for the stack.
+    const auto state = std::make_unique_for_overwrite<ArchiveState>();
+    state->Add(inputs.vmParameters);
+    if (!state->AddRuntime(inputs.jvmLibraryPath) || !state->AddJars(inputs.classPath) ||
+        !state->AddJars(ExpandClassPath(more, FolderOf(inputs.program)))) {
         return;
     }
-    options.readsArchive = state.OpenArchive(prefix, inputs.program);
+    options.readsArchive = state->OpenArchive(prefix, inputs.program);
     wchar_t option[kMostFormatted];
     wsprintfW(option, L"-XX:%s=%s",
-              options.readsArchive ? L"SharedArchiveFile" : L"ArchiveClassesAtExit", state.path());
+              options.readsArchive ? L"SharedArchiveFile" : L"ArchiveClassesAtExit", state->path());
     std::string ansiOption = ToThreadAnsi(option, BestFit::No);
     if (ansiOption.find('?') != std::string::npos) return;
     options.ansiOptions.push_back(std::move(ansiOption));
-    options.archiveFile = state.path();
+    options.archiveFile = state->path();
 }
 
 void PrepareArchive(JvmOptions& options) {
