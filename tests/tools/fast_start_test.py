@@ -26,7 +26,6 @@ class FastStartTest(FolderTest):
                 source.write("public class App {\n"
                              "  public static void main(String[] arguments) {\n"
                              "    System.out.println(Library.TEXT + '.');\n"
-                             "    if (arguments.length > 0) Runtime.getRuntime().halt(9);\n"
                              "    System.exit(7);\n"
                              "  }\n"
                              "}\n"
@@ -63,14 +62,16 @@ class FastStartTest(FolderTest):
     def windows_path(self, *names):
         return "Z:" + self.path(*names).replace("/", "\\")
 
-    def start(self, *arguments, code=7, folder="out"):
-        """Starts the application: its version, and whether the JVM found it in the archive."""
-        environment = os.environ | {
-            "JAVA_TOOL_OPTIONS": "-Xlog:class+load:file=" + self.windows_path("classes.log")}
-        done = subprocess.run(["wine", self.path(folder, NOTES + ".exe"), *arguments], check=False,
-                              cwd=self.folder, env=environment, timeout=300, capture_output=True)
-        self.assertEqual(code, done.returncode, done.stderr)
-        loaded = self.read("classes.log").decode(errors="replace")
+    def start(self, folder="out"):
+        """Starts the application: whether the JVM found its library in the archive."""
+        # Relative to the executable's folder, which is the current directory.
+        environment = os.environ | {"JAVA_TOOL_OPTIONS": "-Xlog:class+load:file=classes.log"}
+        done = subprocess.run(["wine", self.path(folder, NOTES + ".exe")], check=False,
+                              cwd=self.folder, env=environment, timeout=300,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL)
+        self.assertEqual(7, done.returncode, "the application's own exit code")
+        loaded = self.read(folder, "classes.log").decode(errors="replace")
         self.assertIn("java.lang.Object source: shared objects file", loaded,
                       "the runtime's own archive is always used")
         library = re.search(r"\] Library source: (.*)", loaded).group(1).strip()
@@ -172,13 +173,12 @@ class RuntimeArchiveTest(FastStartTest):
         self.expect("check", os.path.join("out", NOTES + ".ini"), "--strict")
 
     def test_a_failure_is_a_warning_and_leaves_no_file(self):
-        self.put("broken/release", b"JAVA_VERSION=\"17\"\n")
-        for name in ("jvm.dll", "java.exe"):
-            self.put("broken/bin/server/" + name, self.x64())
         self.put("broken/bin/java.exe", b"no program")
+        os.mkdir(self.path("broken", "bin", "server"))
+        shutil.copy(os.path.join(RUNTIMES, "17", "bin", "server", "jvm.dll"),
+                    self.path("broken", "bin", "server"))
         self.assertIn("-Xshare:dump", self.wrap("--runtime", "broken"))
-        self.assertEqual(["java.exe", "jvm.dll"],
-                         sorted(os.listdir(self.path("out", "jre64", "bin", "server"))))
+        self.assertEqual(["jvm.dll"], os.listdir(self.path("out", "jre64", "bin", "server")))
 
     def test_it_is_not_made_on_request(self):
         self.assertEqual("", self.wrap("--runtime", os.path.join(RUNTIMES, "17"),
@@ -189,11 +189,6 @@ class RuntimeArchiveTest(FastStartTest):
         message = self.expect_failure("wrap", "app.jar", "--launcher", LAUNCHER, "--out", "out",
                                       "--fast-start", "--runtime", os.path.join(RUNTIMES, "17"))
         self.assertIn("is Java 17.0.9: --fast-start needs Java 21 or newer", message)
-
-    @staticmethod
-    def x64():
-        with open(os.path.join(RUNTIMES, "17", "bin", "server", "jvm.dll"), "rb") as file:
-            return file.read(4096)
 
 
 if __name__ == "__main__":
