@@ -68,6 +68,12 @@ class ArchiveState {
     // Of the last file that was opened.
     const wchar_t* path() const { return path_; }
 
+    // The JVM's option of this name for that file.
+    const wchar_t* Option(const wchar_t* name) {
+        wsprintfW(option_, L"-XX:%s=%s", name, path_);
+        return option_;
+    }
+
   private:
     // Returns the first bytes of a file; none of a file that cannot be read, such as a folder.
     std::span<const std::byte> Open(std::wstring_view folder, const wchar_t* name = L"") {
@@ -110,6 +116,7 @@ class ArchiveState {
     Fingerprint fingerprint_;
     UniqueFile file_;
     wchar_t path_[kMostFormatted];
+    wchar_t option_[kMostFormatted];
     std::byte buffer_[kZipTailSize];
 };
 
@@ -128,10 +135,9 @@ void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options) {
         return;
     }
     options.readsArchive = state->OpenArchive(prefix, inputs.program);
-    wchar_t option[kMostFormatted];
-    wsprintfW(option, L"-XX:%s=%s",
-              options.readsArchive ? L"SharedArchiveFile" : L"ArchiveClassesAtExit", state->path());
-    std::string ansiOption = ToThreadAnsi(option, BestFit::No);
+    std::string ansiOption = ToThreadAnsi(
+        state->Option(options.readsArchive ? L"SharedArchiveFile" : L"ArchiveClassesAtExit"),
+        BestFit::No);
     if (ansiOption.find('?') != std::string::npos) return;
     options.ansiOptions.push_back(std::move(ansiOption));
     options.archiveFile = state->path();
@@ -140,7 +146,10 @@ void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options) {
 void PrepareArchive(JvmOptions& options) {
     const std::wstring& file = options.archiveFile;
     if (file.empty()) return;
-    wchar_t path[kMostFormatted];
+    // Not on the stack either: a frame of more than a page needs a function of the compiler's
+    // library, which is not linked.
+    const auto buffer = std::make_unique_for_overwrite<wchar_t[]>(kMostFormatted);
+    wchar_t* const path = buffer.get();
     // Until this process ends, no other one writes the archive: two would mix their bytes. The JVM
     // ends the application with code 1 when it cannot write, so the folder is tried, too.
     if (!options.readsArchive) {
