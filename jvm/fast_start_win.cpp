@@ -92,7 +92,7 @@ class ArchiveState {
     }
 
     bool Seek(std::uint32_t distanceFromEnd) const {
-        const LONG offset = -static_cast<LONG>(distanceFromEnd);
+        const LONG offset = static_cast<LONG>(0 - distanceFromEnd);
         return SetFilePointer(file_.get(), offset, nullptr, FILE_END) != INVALID_SET_FILE_POINTER;
     }
 
