@@ -5,7 +5,6 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "base/windows.h"
-#include "jvm/fast_start.h"
 #include "jvm/java_thread.h"
 #include "jvm/jvm_loader.h"
 #include "jvm/jvm_options.h"
@@ -70,9 +69,8 @@ int Launcher::Run() {
         return 0;
     }
     if (!LoadJvmLibrary(errors_, jvmLibraryPath, jvmInstance_.entryPoints)) return kFailedStart;
-    JvmOptions jvmOptions =
-        BuildOptions(errors_, jvmLibraryPath, std::move(libraryPathOption), std::move(arguments_));
-    PrepareArchive(jvmOptions);
+    const JvmOptions jvmOptions = BuildOptions(LaunchKind::Real, errors_, jvmLibraryPath,
+                                               std::move(libraryPathOption), std::move(arguments_));
     JavaLaunch launch{settings_,    jvmOptions, singleInstance_.readyEvent(),
                       jvmInstance_, splash_,    errors_};
     if (RunJavaThread(launch) == 0) return 0;

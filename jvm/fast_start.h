@@ -40,25 +40,24 @@ std::uint32_t ZipDirectoryDistance(std::span<const std::byte> tail);
 
 /// What the archive of a launch depends on.
 struct FastStartInputs {
-    std::wstring_view setting;  ///< "Fast Start", expanded: the prefix, then ";" and further jars
+    std::wstring_view
+        setting;  ///< "Fast Start", expanded: the prefix, then further jars, each after ";"
     std::wstring_view program;
     std::wstring_view jvmLibraryPath;
-    std::wstring_view classPath;     ///< expanded
-    std::wstring_view vmParameters;  ///< as written
+    std::wstring_view classPath;       ///< expanded
+    const std::wstring& vmParameters;  ///< as written
+    LaunchKind kind;
 };
 
 /// Appends the JVM option that reads the archive of the application's classes, or writes it at the
-/// end of the run when there is none, and sets `archiveFile` and `readsArchive`. The file's name is
-/// the prefix, a mark of the installation (the executable's path), and a fingerprint of the
-/// contents of the jars and of everything else that makes the JVM refuse an archive, so that a
-/// launch never meets an archive of other classes. Appends nothing when it would not help or could
-/// end the launch: the parameters contain options for an archive, the runtime writes none, an entry
-/// of the class path is not a jar, or the code page lacks a character of the path. Changes no file.
+/// end of the run when there is none. The file's name is the prefix, a mark of the installation
+/// (the executable's path), and a fingerprint of the contents of the jars and of everything else
+/// that makes the JVM refuse an archive, so that a launch never meets an archive of other classes.
+/// Appends nothing when it would not help or could end the launch: the parameters contain options
+/// for an archive, the runtime writes none, an entry of the class path is not a jar, the code page
+/// lacks a character of the path, the archive cannot be written, or another process is to write it.
+/// Unless the launch is only predicted, creates the folder (its parent must exist) and deletes the
+/// other archives of the installation, except those that are in use.
 void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options);
-
-/// Creates the archive's folder, and deletes the other archives of the installation except those
-/// that are in use; does nothing without an archive. When the archive cannot be written, or another
-/// process is about to write it, removes the option. Other failures are ignored.
-void PrepareArchive(JvmOptions& options);
 
 }  // namespace tarn

@@ -4,9 +4,7 @@
 #include "base/ansi_text.h"
 #include "base/handles.h"
 #include "base/paths.h"
-#include "jvm/class_path.h"
 #include "jvm/fast_start.h"
-#include "jvm/output_redirection.h"
 #include "runtime/further_sources.h"
 #include "runtime/jvm_library.h"
 
@@ -27,10 +25,11 @@ unsigned HalfOf(const Fingerprint& fingerprint, int half) {
     return static_cast<unsigned>(fingerprint.value() >> (32 * half));
 }
 
-// What the archive depends on, read through one buffer. Files are not mapped, so that a drive that
-// disappears is no more than a failed read.
-class ArchiveState {
+// The archive of a launch and what it depends on, read through one buffer. Files are not mapped, so
+// that a drive that disappears is no more than a failed read. Too large for the stack.
+class Archive {
   public:
+    // Adds the runtime's version. Returns false when it writes no archives.
     bool AddRuntime(std::wstring_view jvmLibraryPath) {
         const std::span<const std::byte> release =
             Open(RuntimeHomeOf(jvmLibraryPath), L"\\release");
@@ -52,26 +51,50 @@ class ArchiveState {
         return true;
     }
 
-    // Opens the archive, whose path is `path()` afterwards. Returns whether it is complete: the JVM
-    // writes the header last. A file without one, from a run that was killed, would turn the
-    // runtime's own archive off, as a missing one does.
-    bool OpenArchive(std::wstring_view prefix, std::wstring_view program) {
+    // Makes the path and the option. The JVM writes the header of an archive last. A file without
+    // one, from a run that was killed, would turn the runtime's own archive off, as a missing one
+    // does: it is written again.
+    const wchar_t* MakeOption(std::wstring_view prefix, std::wstring_view program) {
         Fingerprint mark;
         mark.Add(program);
         wchar_t name[64];
         wsprintfW(name, kNameFormat, HalfOf(mark, 0), HalfOf(fingerprint_, 1),
                   HalfOf(fingerprint_, 0));
         const std::span<const std::byte> archive = Open(prefix, name);
-        return !archive.empty() && archive.front() != std::byte{0};
+        isComplete_ = !archive.empty() && archive.front() != std::byte{0};
+        wsprintfW(text_, L"-XX:%s=%s", isComplete_ ? L"SharedArchiveFile" : L"ArchiveClassesAtExit",
+                  path_);
+        return text_;
     }
 
-    // Of the last file that was opened.
-    const wchar_t* path() const { return path_; }
-
-    // The JVM's option of this name for that file.
-    const wchar_t* Option(const wchar_t* name) {
-        wsprintfW(option_, L"-XX:%s=%s", name, path_);
-        return option_;
+    // Deletes the other archives of the installation that are not in use. Returns false when there
+    // is no archive and this process cannot write one. The JVM ends the application with code 1 if
+    // it cannot, so the folder is tried; and two processes would mix their bytes, so no other one
+    // can until this one has ended. Failures to delete are ignored.
+    bool Prepare() {
+        const std::size_t length = std::wstring_view(path_).size();
+        const std::wstring_view folder = FolderOf(path_);
+        folder.copy(text_, kLongestPath);
+        text_[folder.size()] = L'\0';
+        CreateDirectoryW(text_, nullptr);
+        wsprintfW(text_ + folder.size(), L"%s~", path_ + folder.size());
+        const bool isReady =
+            isComplete_ || CreateFileW(text_, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                       FILE_FLAG_DELETE_ON_CLOSE, nullptr) != INVALID_HANDLE_VALUE;
+        wsprintfW(text_ + length - kFingerprintLength, L"*.jsa");
+        WIN32_FIND_DATAW found;
+        const UniqueFindHandle search(FindFirstFileW(text_, &found));
+        if (!search) return isReady;
+        do {
+            wsprintfW(text_ + folder.size(), L"%s", found.cFileName);
+            // The same length: the pattern also matches other names, and short ones.
+            if (std::wstring_view(text_).size() != length || std::wstring_view(text_) == path_)
+                continue;
+            // The JVM makes its archives read-only.
+            SetFileAttributesW(text_, FILE_ATTRIBUTE_NORMAL);
+            DeleteFileW(text_);
+        } while (FindNextFileW(search.get(), &found));
+        return isReady;
     }
 
   private:
@@ -115,64 +138,34 @@ class ArchiveState {
 
     Fingerprint fingerprint_;
     UniqueFile file_;
+    bool isComplete_;
     wchar_t path_[kMostFormatted];
-    wchar_t option_[kMostFormatted];
+    wchar_t text_[kMostFormatted];
     std::byte buffer_[kZipTailSize];
 };
 
 }  // namespace
 
+// One return, and one call of `AddJars`: each further one takes some 30 bytes of the launcher.
 void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options) {
     // The settings' own options take precedence.
-    if (inputs.vmParameters.find(L"Archive") != std::wstring_view::npos) return;
+    if (inputs.vmParameters.find(L"Archive") != std::wstring::npos) return;
     std::wstring_view more = inputs.setting;
     const std::wstring_view prefix = TakePiece(more);
-    // Too large for the stack.
-    const auto state = std::make_unique_for_overwrite<ArchiveState>();
-    state->Add(inputs.vmParameters);
-    if (!state->AddRuntime(inputs.jvmLibraryPath) || !state->AddJars(inputs.classPath) ||
-        !state->AddJars(ExpandClassPath(more, FolderOf(inputs.program)))) {
-        return;
+    const auto archive = std::make_unique_for_overwrite<Archive>();
+    archive->Add(inputs.vmParameters);
+    bool isPossible = archive->AddRuntime(inputs.jvmLibraryPath);
+    for (const std::wstring_view jars : {inputs.classPath, more}) {
+        isPossible = isPossible && archive->AddJars(jars);
     }
-    options.readsArchive = state->OpenArchive(prefix, inputs.program);
-    std::string ansiOption = ToThreadAnsi(
-        state->Option(options.readsArchive ? L"SharedArchiveFile" : L"ArchiveClassesAtExit"),
-        BestFit::No);
-    if (ansiOption.find('?') != std::string::npos) return;
-    options.ansiOptions.push_back(std::move(ansiOption));
-    options.archiveFile = state->path();
-}
-
-void PrepareArchive(JvmOptions& options) {
-    const std::wstring& file = options.archiveFile;
-    if (file.empty()) return;
-    // Not on the stack either: a frame of more than a page needs a function of the compiler's
-    // library, which is not linked.
-    const auto buffer = std::make_unique_for_overwrite<wchar_t[]>(kMostFormatted);
-    wchar_t* const path = buffer.get();
-    // Until this process ends, no other one writes the archive: two would mix their bytes. The JVM
-    // ends the application with code 1 when it cannot write, so the folder is tried, too.
-    if (!options.readsArchive) {
-        CreateOutputFolders(file);
-        wsprintfW(path, L"%s~", file.c_str());
-        if (CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_FLAG_DELETE_ON_CLOSE,
-                        nullptr) == INVALID_HANDLE_VALUE) {
-            options.ansiOptions.pop_back();
+    if (isPossible) {
+        std::string option = ToThreadAnsi(archive->MakeOption(prefix, inputs.program), BestFit::No);
+        if (option.find('?') == std::string::npos &&
+            (inputs.kind == LaunchKind::Predicted || archive->Prepare())) {
+            options.ansiOptions.push_back(std::move(option));
+            options.hasArchive = true;
         }
     }
-    wsprintfW(path + file.copy(path, file.size() - kFingerprintLength), L"*.jsa");
-    WIN32_FIND_DATAW found;
-    const UniqueFindHandle search(FindFirstFileW(path, &found));
-    if (!search) return;
-    do {
-        wsprintfW(path + FolderOf(file).size(), L"%s", found.cFileName);
-        // The same length: the pattern also matches other names, and short ones.
-        const std::wstring_view other = path;
-        if (other.size() != file.size() || other == file) continue;
-        // The JVM makes its archives read-only.
-        SetFileAttributesW(path, FILE_ATTRIBUTE_NORMAL);
-        DeleteFileW(path);
-    } while (FindNextFileW(search.get(), &found));
 }
 
 }  // namespace tarn

@@ -17,7 +17,10 @@ struct OutputFiles {
     bool errorAppend = false;
 };
 
-/// The start options of the Java side of a launch. Made by `BuildOptions`.
+/// Whether a launch takes place, or is only predicted and must change no file.
+enum class LaunchKind { Real, Predicted };
+
+/// The start options of the Java side of a launch. Made by `BuildOptions` and not changed later.
 struct JvmOptions {
     /// The JVM's options in their order, in the thread's ANSI code page. An option can be empty.
     std::vector<std::string> ansiOptions;
@@ -27,10 +30,8 @@ struct JvmOptions {
     OutputFiles outputFiles;
     /// The arguments of `main`.
     std::vector<std::wstring> arguments;
-    /// The archive of "Fast Start", which the last of the JVM's options names; empty without one.
-    std::wstring archiveFile;
-    /// The archive exists. Otherwise the option makes the JVM write it.
-    bool readsArchive = false;
+    /// The last of the JVM's options is that of "Fast Start".
+    bool hasArchive = false;
 };
 
 /// Makes the options of a launch. The order of the JVM's options is fixed: `ansiLibraryPathOption`
@@ -42,8 +43,8 @@ struct JvmOptions {
 /// that cannot be loaded. Without a class path, or when the settings file cannot be located,
 /// nothing is read from the settings, and the launch continues with the library path and the
 /// command line.
-JvmOptions BuildOptions(const ErrorReporter& errors, const std::wstring& jvmLibraryPath,
-                        std::string&& ansiLibraryPathOption,
+JvmOptions BuildOptions(LaunchKind kind, const ErrorReporter& errors,
+                        const std::wstring& jvmLibraryPath, std::string&& ansiLibraryPathOption,
                         std::vector<std::wstring>&& commandLineArguments);
 
 }  // namespace tarn

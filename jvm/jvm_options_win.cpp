@@ -48,8 +48,8 @@ void AppendDefaultArguments(const LayeredSettings& layered, std::vector<std::wst
 
 }  // namespace
 
-JvmOptions BuildOptions(const ErrorReporter& errors, const std::wstring& jvmLibraryPath,
-                        std::string&& ansiLibraryPathOption,
+JvmOptions BuildOptions(LaunchKind kind, const ErrorReporter& errors,
+                        const std::wstring& jvmLibraryPath, std::string&& ansiLibraryPathOption,
                         std::vector<std::wstring>&& commandLineArguments) {
     JvmOptions options;
     options.arguments.swap(commandLineArguments);
@@ -83,7 +83,8 @@ JvmOptions BuildOptions(const ErrorReporter& errors, const std::wstring& jvmLibr
     const std::wstring setting =
         ExpandEnvironment(layered.GetValue(keys::kApplication, keys::kFastStart));
     if (!setting.empty()) {
-        AddFastStartOption({setting, *program, jvmLibraryPath, classPath, parameters}, options);
+        AddFastStartOption({setting, *program, jvmLibraryPath, classPath, parameters, kind},
+                           options);
     }
     return options;
 }

@@ -30,6 +30,7 @@ class FastStart : public FakeJvmFixture {
         AddJar(L"app.jar", "first");
         settings.Set(L"Class Path", L"Class Path", L"app.jar");
         settings.Application(L"Fast Start", app.Path(L"local\\x\\Notes"));
+        app.AddFolder(L"local");
     }
 
     /// Adds a jar whose size and time are always the same.
@@ -98,7 +99,8 @@ TEST_F(FastStart, AReplacedJarOfEqualTimeAndSizeGetsAnotherArchive) {
 }
 
 TEST_F(FastStart, TheListedJarsAreComparedToo) {
-    settings.Application(L"Fast Start", app.Path(L"local\\x\\Notes") + L";modules\\*.jar");
+    settings.Application(L"Fast Start",
+                         app.Path(L"local\\x\\Notes") + L";" + app.Path(L"modules\\a.jar"));
     AddJar(L"modules\\a.jar", "first");
     const std::wstring name = NameOfARun();
     AddJar(L"modules\\a.jar", "other");

@@ -110,8 +110,8 @@ class FastStartChecker {
             Warn("archive-stale",
                  "the jars of the module path are not compared: an archive may contain classes of "
                  "a module that was replaced by one of equal time and size",
-                 "add them to the value, each after a \";\": " + Utf8Of(value_.text) +
-                     ";modules\\*.jar");
+                 "add each jar to the value, after a \";\": " + Utf8Of(value_.text) +
+                     ";modules\\x.jar");
         }
     }
 

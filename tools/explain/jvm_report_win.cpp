@@ -81,7 +81,7 @@ JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
     if (const std::optional<std::wstring> file = SettingsPathOf(programPath)) {
         ReportPercentages(LayeredSettings(*file).GetValue(keys::kJavaRuntimeEnvironment,
                                                           keys::kVirtualMachineParameters),
-                          !options.archiveFile.empty(), report);
+                          options.hasArchive, report);
     }
 
     SYSTEMTIME now;
@@ -90,8 +90,11 @@ JvmReport ReportJvm(const std::wstring& programPath, const Settings& settings,
     ReportOutput("output", files.outputFile, files.outputAppend, now, report);
     ReportOutput("error", files.errorFile, files.errorAppend, now, report);
 
-    report.archive = Utf8Of(options.archiveFile);
-    report.readsArchive = options.readsArchive;
+    if (options.hasArchive) {
+        const std::string& option = report.options.back();
+        report.archive = option.substr(option.find('=') + 1);
+        report.readsArchive = option.starts_with("-XX:SharedArchiveFile=");
+    }
     report.showsUncaughtException = settings.failureCheck;
     report.staysAfterMain = IbmInPolicy(settings.policy);
     report.destroysJvm = settings.serviceMode && !report.staysAfterMain;

@@ -143,8 +143,9 @@ class LaunchPrediction {
     }
 
     void BuildJava() {
-        const JvmOptions options = BuildOptions(
-            errors_, choice_.jvmLibraryPath, std::move(libraryPathOption_), std::move(arguments_));
+        const JvmOptions options =
+            BuildOptions(LaunchKind::Predicted, errors_, choice_.jvmLibraryPath,
+                         std::move(libraryPathOption_), std::move(arguments_));
         TakeMessages(true);
         const std::uint64_t defaultStackSize =
             options.javaThreadStackSize == 0 ? DefaultStackSize(entryPoints_) : 0;
