@@ -31,9 +31,9 @@ bool WritesArchives(std::string_view releaseFile) {
     // The leading number of a version such as "21.0.8", in quotes or not; "1.8.0_392" has 1.
     int feature = 0;
     for (const char c : JavaVersionIn(releaseFile)) {
-        if (c == '"' && feature == 0) continue;
-        if (c < '0' || c > '9' || feature >= kFirstToWrite) break;
-        feature = feature * 10 + (c - '0');
+        const bool isDigit = c >= '0' && c <= '9';
+        if (isDigit) feature = feature * 10 + (c - '0');
+        if (feature >= kFirstToWrite || (feature != 0 && !isDigit)) break;
     }
     return feature >= kFirstToWrite;
 }

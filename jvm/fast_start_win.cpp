@@ -1,9 +1,10 @@
+#include <cwchar>
 #include <memory>
 #include <utility>
 
 #include "base/ansi_text.h"
 #include "base/handles.h"
-#include "base/paths.h"
+#include "base/text.h"
 #include "jvm/fast_start.h"
 #include "runtime/further_sources.h"
 #include "runtime/jvm_library.h"
@@ -45,8 +46,7 @@ class Archive {
     bool AddJars(std::wstring_view jars) {
         fingerprint_.Add(jars);
         while (!jars.empty()) {
-            const std::wstring_view jar = TakePiece(jars);
-            if (!jar.empty() && !AddJar(jar)) return false;
+            if (!AddJar(TakePiece(jars))) return false;
         }
         return true;
     }
@@ -60,8 +60,9 @@ class Archive {
         wchar_t name[64];
         wsprintfW(name, kNameFormat, HalfOf(mark, 0), HalfOf(fingerprint_, 1),
                   HalfOf(fingerprint_, 0));
-        const std::span<const std::byte> archive = Open(prefix, name);
-        isComplete_ = !archive.empty() && archive.front() != std::byte{0};
+        buffer_[0] = std::byte{0};
+        Open(prefix, name);
+        isComplete_ = buffer_[0] != std::byte{0};
         wsprintfW(text_, L"-XX:%s=%s", isComplete_ ? L"SharedArchiveFile" : L"ArchiveClassesAtExit",
                   path_);
         return text_;
@@ -72,28 +73,27 @@ class Archive {
     // it cannot, so the folder is tried; and two processes would mix their bytes, so no other one
     // can until this one has ended. Failures to delete are ignored.
     bool Prepare() {
-        const std::size_t length = std::wstring_view(path_).size();
-        const std::wstring_view folder = FolderOf(path_);
-        folder.copy(text_, kLongestPath);
-        text_[folder.size()] = L'\0';
-        CreateDirectoryW(text_, nullptr);
-        wsprintfW(text_ + folder.size(), L"%s~", path_ + folder.size());
+        const std::wstring_view own = path_;
+        const std::size_t folder = CutAtLast(path_, L'\\').size();
+        const wchar_t backslash = std::exchange(path_[folder], L'\0');
+        CreateDirectoryW(path_, nullptr);
+        path_[folder] = backslash;
+        wsprintfW(text_, L"%s~", path_);
         const bool isReady =
             isComplete_ || CreateFileW(text_, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                        FILE_FLAG_DELETE_ON_CLOSE, nullptr) != INVALID_HANDLE_VALUE;
-        wsprintfW(text_ + length - kFingerprintLength, L"*.jsa");
+        wsprintfW(text_ + own.size() - kFingerprintLength, L"*.jsa");
         WIN32_FIND_DATAW found;
         const UniqueFindHandle search(FindFirstFileW(text_, &found));
-        if (!search) return isReady;
-        do {
-            wsprintfW(text_ + folder.size(), L"%s", found.cFileName);
+        for (bool isFound = !!search; isFound; isFound = FindNextFileW(search.get(), &found)) {
+            wsprintfW(text_ + folder + 1, L"%s", found.cFileName);
+            const std::wstring_view other = text_;
             // The same length: the pattern also matches other names, and short ones.
-            if (std::wstring_view(text_).size() != length || std::wstring_view(text_) == path_)
-                continue;
+            if (other.size() != own.size() || other == own) continue;
             // The JVM makes its archives read-only.
             SetFileAttributesW(text_, FILE_ATTRIBUTE_NORMAL);
             DeleteFileW(text_);
-        } while (FindNextFileW(search.get(), &found));
+        }
         return isReady;
     }
 
@@ -149,7 +149,7 @@ class Archive {
 // One return, and one call of `AddJars`: each further one takes some 30 bytes of the launcher.
 void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options) {
     // The settings' own options take precedence.
-    if (inputs.vmParameters.find(L"Archive") != std::wstring::npos) return;
+    if (std::wcsstr(inputs.vmParameters.c_str(), L"Archive") != nullptr) return;
     std::wstring_view more = inputs.setting;
     const std::wstring_view prefix = TakePiece(more);
     const auto archive = std::make_unique_for_overwrite<Archive>();
