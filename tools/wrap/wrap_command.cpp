@@ -147,8 +147,8 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
                      "Let Java archive the classes at the end of the first run, so that later "
                      "starts are faster (Java 21 and newer)");
     command.add_flag("--no-runtime-archive", request.noRuntimeArchive,
-                     "Do not make the archive of the runtime's own classes, which differs from run "
-                     "to run");
+                     "Do not make the archive of the runtime's own classes, for the same bytes "
+                     "on every machine");
     option("--class-path", arguments.classPath, "JAR",
            "Additional jar, or folder of jars, copied to lib; may be repeated");
     option("--add", arguments.added, "PATH", "Additional file or folder; may be repeated");
