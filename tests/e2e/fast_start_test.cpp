@@ -44,6 +44,7 @@ class FastStart : public FakeJvmFixture {
 
     /// The options after the class path.
     std::vector<std::string> OptionsOfARun() {
+        DeleteFileW(app.LogFile().c_str());
         EXPECT_EQ(Run(), 0);
         auto options = app.Log().Options();
         if (!options.empty()) options.erase(options.begin());
