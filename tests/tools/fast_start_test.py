@@ -4,6 +4,7 @@ import os
 import re
 import shutil
 import subprocess
+import tempfile
 import unittest
 
 from tarn_program import JDK, LAUNCHER, RUNTIMES, FolderTest, run
@@ -45,6 +46,9 @@ class FastStartTest(FolderTest):
 
     def setUp(self):
         super().setUp()
+        # Java 21 archives no classes of jars below a folder with a space or another letter.
+        self.folder = tempfile.mkdtemp(prefix="tarn-tests-")
+        self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
         self.local = self.path("local")
         os.mkdir(self.local)
 
