@@ -53,7 +53,7 @@ std::vector<fs::path> LaunchersIn(const fs::path& folder) {
 
 fs::path ExecutableOf(const SetupRequest& request) {
     if (!request.executable.empty()) {
-        const fs::path file = request.folder / PathOf(request.executable);
+        fs::path file = request.folder / PathOf(request.executable);
         if (!IsLauncher(ReadWholeFile(file))) {
             throw Failure(file, "is not an executable created by tarn wrap");
         }

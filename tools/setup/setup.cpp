@@ -69,7 +69,7 @@ fs::path MakeSetup(const SetupRequest& request, const Console& console) {
     const Product product = ReadProduct(request);
     const PackageContent content = ListPackage(request.folder, product.fileName);
     CheckIcons(request, content);
-    const fs::path result = ResultPath(request, product);
+    fs::path result = ResultPath(request, product);
     CheckResultPath(result, request.replaces);
 
     MsiCodes codes;
