@@ -83,6 +83,11 @@ osslsigncode sign -certs '{self.path("certificate.pem")}' -key '{self.path("key.
                                 "-in", file], self.folder)
             self.assertIn("Signature verification: ok", output)
 
+    def test_it_runs_no_code_of_its_own(self):
+        self.make("--associate", ".abc=Text")
+        kinds = {int(row[1]) & 0x3f for row in table(self.path("a.msi"), "CustomAction")}
+        self.assertEqual({51}, kinds, "only properties are set")
+
     def test_script_leaves_what_makes_the_same_file(self):
         self.make("--script", "script")
         run(["sh", "-e", "commands.txt"], self.path("script"), env=os.environ | {"TZ": "UTC"})
