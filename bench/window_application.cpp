@@ -11,6 +11,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
+// The first Java version that "Fast Start" supports. The archives of older ones are made by hand.
+constexpr int kFirstFastStartVersion = 21;
+
 bool IsFast(StartWay way) {
     return way == StartWay::LauncherFast || way == StartWay::JavawFast;
 }
@@ -72,11 +75,11 @@ void WindowStarts::CheckArchive(StartWay way) const {
 CommandLine WindowStarts::PrepareLauncher(StartWay way) const {
     const std::wstring name = folder_.filename().wstring() + (IsFast(way) ? L"_fast" : L"_plain");
     // "service": the window stays after main has returned.
-    const std::wstring settings =
-        L"[Application]\r\nApplication Type=service\r\n"
-        L"[Java Runtime Environment]\r\nMain Class=bench.FirstWindow\r\nJRE Path=" +
-        RuntimeFor(way).wstring() + L"\r\nVirtual Machine Parameters=" + Options(way) +
-        L"\r\n[Class Path]\r\nClass Path=" + ClassPath() + L"\r\n";
+    std::wstring settings = L"[Application]\r\nApplication Type=service\r\n";
+    if (UsesFastStart(way)) settings += L"Fast Start=" + ArchivePrefix(way).wstring() + L"\r\n";
+    settings += L"[Java Runtime Environment]\r\nMain Class=bench.FirstWindow\r\nJRE Path=" +
+                RuntimeFor(way).wstring() + L"\r\nVirtual Machine Parameters=" + Options(way) +
+                L"\r\n[Class Path]\r\nClass Path=" + ClassPath() + L"\r\n";
     const std::wstring program = InstallApp(workspace_, name, settings).program.wstring();
     return {program,
             Quoted(program) + L" " + application_.mainClass + L" " + application_.arguments};
@@ -93,11 +96,15 @@ std::wstring WindowStarts::Options(StartWay way) const {
     // Wine has no graphics acceleration on a virtual screen, and windows would stay black.
     std::wstring options = L"-Dsun.java2d.d3d=false -Dsun.java2d.noddraw=true " +
                            Quoted(L"-Duser.home=" + workspace_.scratch.wstring());
-    if (!IsFast(way)) return options;
+    if (!IsFast(way) || UsesFastStart(way)) return options;
     const std::wstring archive = ArchivePrefix(way).wstring() + L".jsa";
     const wchar_t* const use =
         fs::exists(archive) ? L"-XX:SharedArchiveFile=" : L"-XX:ArchiveClassesAtExit=";
     return options + L" " + Quoted(use + archive);
+}
+
+bool WindowStarts::UsesFastStart(StartWay way) const {
+    return way == StartWay::LauncherFast && std::stoi(version_) >= kFirstFastStartVersion;
 }
 
 fs::path WindowStarts::ArchivePrefix(StartWay way) const {

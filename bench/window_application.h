@@ -26,8 +26,9 @@ inline constexpr WindowApplication kDocumentTool = {
     "a document tool (pdfbox)", L"org.apache.pdfbox.tools.PDFBox", L"debug", L"pdfbox"};
 
 /// The ways of starting an application that are compared. The fast starts use a copy of the runtime
-/// with a class-data archive of its own, and an archive of the application's classes, which the
-/// first run writes when it ends.
+/// with a class-data archive of its own, and an archive of the application's classes. The launcher
+/// makes that by the key "Fast Start", as `tarn wrap --fast-start` writes it, on Java 21 and newer;
+/// otherwise the options are given by hand, as docs/user/packaging.md describes.
 enum class StartWay { Launcher, LauncherFast, Javaw, JavawFast };
 
 struct CommandLine {
@@ -55,7 +56,9 @@ class WindowStarts {
   private:
     CommandLine PrepareLauncher(StartWay way) const;
     CommandLine PrepareJavaw(StartWay way) const;
-    /// The options of the JVM, the same for the launcher and for javaw.exe.
+    /// Whether the launcher itself adds the options for the archive (key "Fast Start").
+    bool UsesFastStart(StartWay way) const;
+    /// The options of the JVM without those, the same for the launcher and for javaw.exe.
     std::wstring Options(StartWay way) const;
     /// The beginning of the path of the way's archives.
     std::filesystem::path ArchivePrefix(StartWay way) const;
