@@ -77,9 +77,9 @@ class FastStartChecker {
     void Check() {
         const std::wstring prefix = value_.text.substr(0, value_.text.find(L';'));
         if (!IsAbsolutePath(prefix) && !prefix.starts_with(L'%')) {
-            Warn("archive-path",
-                 "the archive " + Quoted(prefix) + " is not in the user's own folder",
-                 "write an absolute path, such as %LOCALAPPDATA%\\NAME\\NAME");
+            Warning("archive-path",
+                    "the archive " + Quoted(prefix) + " is not in the user's own folder",
+                    "write an absolute path, such as %LOCALAPPDATA%\\NAME\\NAME");
         }
         WarnThatNoneIsWritten(settings_, value_.line, findings_);
         CheckOptions();
@@ -88,7 +88,7 @@ class FastStartChecker {
     }
 
   private:
-    void Warn(const char* id, std::string message, std::string advice) {
+    void Warning(const char* id, std::string message, std::string advice) {
         findings_.Warning(id, value_.line, std::move(message), std::move(advice));
     }
 
@@ -101,17 +101,18 @@ class FastStartChecker {
             written_.options.begin(), written_.options.end(),
             [](const auto& option) { return option.find(L"Archive") != std::wstring::npos; });
         if (hasArchive) {
-            Warn("archive-options",
-                 "\"Fast Start\" has no effect, because \"Virtual Machine Parameters\" contain "
-                 "options for an archive",
-                 "remove one of the two");
+            Warning("archive-options",
+                    "\"Fast Start\" has no effect, because \"Virtual Machine Parameters\" contain "
+                    "options for an archive",
+                    "remove one of the two");
         }
         if (begins(kModulePath) && value_.text.find(L';') == std::wstring::npos) {
-            Warn("archive-stale",
-                 "the jars of the module path are not compared: an archive may contain classes of "
-                 "a module that was replaced by one of equal time and size",
-                 "add each jar to the value, after a \";\": " + Utf8Of(value_.text) +
-                     ";modules\\x.jar");
+            Warning(
+                "archive-stale",
+                "the jars of the module path are not compared: an archive may contain classes of "
+                "a module that was replaced by one of equal time and size",
+                "add each jar to the value, after a \";\": " + Utf8Of(value_.text) +
+                    ";modules\\x.jar");
         }
     }
 
@@ -120,12 +121,12 @@ class FastStartChecker {
         if (!home) return;
         const std::string version = ReadJavaVersion(*home);
         if (JavaFeatureOf(version) < kFirstToWrite) {
-            Warn("archive-runtime",
-                 "the shipped runtime " +
-                     (version.empty() ? std::string("does not state its version (file release)")
-                                      : "is Java " + version +
-                                            ", which the launcher tells to write no archive"),
-                 "ship Java 21 or newer, or remove \"Fast Start\"");
+            Warning("archive-runtime",
+                    "the shipped runtime " +
+                        (version.empty() ? std::string("does not state its version (file release)")
+                                         : "is Java " + version +
+                                               ", which the launcher tells to write no archive"),
+                    "ship Java 21 or newer, or remove \"Fast Start\"");
         }
     }
 
@@ -151,11 +152,12 @@ class FastStartChecker {
                    const std::set<std::filesystem::path>& known) {
         std::error_code error;
         if (std::filesystem::is_directory(file, error)) {
-            Warn("archive-not-written",
-                 Quoted(WideOf(Utf8OfPath(file.filename()))) +
-                     " is a folder of classes, which Java does not archive: \"Fast Start\" has no "
-                     "effect",
-                 "pack it into a jar");
+            Warning(
+                "archive-not-written",
+                Quoted(WideOf(Utf8OfPath(file.filename()))) +
+                    " is a folder of classes, which Java does not archive: \"Fast Start\" has no "
+                    "effect",
+                "pack it into a jar");
             return;
         }
         try {
@@ -168,11 +170,11 @@ class FastStartChecker {
                     known.contains(std::filesystem::weakly_canonical(named, error))) {
                     continue;
                 }
-                Warn("archive-stale",
-                     Utf8OfPath(file.filename()) + " adds " + word +
-                         " to the class path by its manifest, which is not compared: an archive "
-                         "may contain its old classes after it was replaced",
-                     "add it to \"Class Path\"");
+                Warning("archive-stale",
+                        Utf8OfPath(file.filename()) + " adds " + word +
+                            " to the class path by its manifest, which is not compared: an archive "
+                            "may contain its old classes after it was replaced",
+                        "add it to \"Class Path\"");
             }
         } catch (const Failure&) {
             // Another rule reports a jar that cannot be read.
