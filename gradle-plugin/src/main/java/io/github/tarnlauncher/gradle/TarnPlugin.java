@@ -46,6 +46,8 @@ public final class TarnPlugin implements Plugin<Project> {
         options.getSingleInstance().convention(false);
         options.getSingleFile().convention(false);
         options.getKeepWorkingDir().convention(false);
+        options.getFastStart().convention(false);
+        options.getNoRuntimeArchive().convention(false);
         options.getInstaller().getPerMachine().convention(false);
         options.getInstaller().getDesktopShortcut().convention(false);
         options.getInstaller().getMsi().convention(false);

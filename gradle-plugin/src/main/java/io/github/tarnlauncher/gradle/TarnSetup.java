@@ -43,13 +43,15 @@ public abstract class TarnSetup extends DefaultTask {
     public void createSetup() {
         SetupOptions options = getOptions().get();
         Path folder = getApplication().get().getAsFile().toPath();
+        Path file = CompanionTask.pathOf(getDestination().file(getFileName()));
         SetupRequest request =
-            new SetupRequest(folder, getExecutableName().get() + ".exe", getDestination().file(getFileName()).get().getAsFile().toPath())
+            new SetupRequest(folder, getExecutableName().get() + ".exe", file)
                 .id(options.getId().getOrNull()).license(CompanionTask.pathOf(options.getLicense()))
                 .perMachine(options.getPerMachine().get()).desktopShortcut(options.getDesktopShortcut().get())
                 .associate(options.getAssociate().get()).protocol(options.getProtocol().get())
                 .msi(options.getMsi().get()).url(options.getUrl().getOrNull()).homepage(options.getHomepage().getOrNull())
-                .licenseName(options.getLicenseName().getOrNull()).sign(options.getSign().getOrNull()).script(CompanionTask.pathOf(options.getScript()));
+                .licenseName(options.getLicenseName().getOrNull()).sign(options.getSign().getOrNull())
+                .script(CompanionTask.pathOf(options.getScript()));
         CompanionTask.run(this, request);
     }
 }

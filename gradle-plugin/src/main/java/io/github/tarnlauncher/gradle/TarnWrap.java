@@ -83,7 +83,8 @@ public abstract class TarnWrap extends DefaultTask {
             .set(options.getSet().get()).allow(options.getAllow().get()).setString(options.getSetString().get())
             .description(options.getDescription().getOrNull()).copyright(options.getCopyright().getOrNull())
             .manifest(pathOf(options.getManifest())).admin(options.getAdmin().get()).utf8(options.getUtf8().get())
-            .launcher(pathOf(options.getLauncher()));
+            .launcher(pathOf(options.getLauncher())).fastStart(options.getFastStart().get())
+            .noRuntimeArchive(options.getNoRuntimeArchive().get());
     }
 
     private Path runtimeFor(Path jar, Collection<Path> libraries) throws IOException {

@@ -53,6 +53,14 @@ public interface WrapOptions {
     @PathSensitive(PathSensitivity.RELATIVE)
     DirectoryProperty getRuntime();
 
+    /** Lets Java archive the application's classes at the end of the first run, for faster starts (Java 21 and newer). */
+    @Input
+    Property<Boolean> getFastStart();
+
+    /** Makes no archive of the runtime's own classes, for the same bytes on every machine. */
+    @Input
+    Property<Boolean> getNoRuntimeArchive();
+
     /** Links the runtime that is shipped from a Windows JDK, instead of {@code runtime}. */
     @Nested
     JlinkOptions getJlink();

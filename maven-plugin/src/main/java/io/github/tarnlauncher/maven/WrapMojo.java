@@ -68,6 +68,17 @@ public final class WrapMojo extends AbstractTarnMojo {
     private File runtime;
 
     /**
+     * Lets Java archive the application's classes at the end of the first run, so that later starts are faster. Requires
+     * Java 21 or newer.
+     */
+    @Parameter(property = "tarn.fastStart", defaultValue = "false")
+    private boolean fastStart;
+
+    /** Makes no archive of the runtime's own classes, for the same bytes on every machine. */
+    @Parameter(property = "tarn.noRuntimeArchive", defaultValue = "false")
+    private boolean noRuntimeArchive;
+
+    /**
      * Links the Java runtime that is shipped from a Windows JDK, instead of {@code runtime}:
      * {@code <jlink><jmods>FOLDER</jmods><modules>...</modules><options>...</options></jlink>}. Without modules, those
      * that {@code jdeps} finds are used.
@@ -207,9 +218,10 @@ public final class WrapMojo extends AbstractTarnMojo {
             .classPath(pathsOf(classPath)).add(pathsOf(add)).version(version).title(title).vendor(vendor)
             .description(oneLine(description)).copyright(copyrightNotice())
             .minVersion(minVersion).maxVersion(maxVersion).vmParameters(vmParameters).arguments(arguments)
-            .singleInstance(singleInstance).endsWith(endsWith).startAs(startAs).singleFile(singleFile).keepWorkingDir(keepWorkingDir)
+            .singleInstance(singleInstance).endsWith(endsWith).startAs(startAs).singleFile(singleFile)
+            .keepWorkingDir(keepWorkingDir)
             .set(set).allow(allow).setString(setString).manifest(pathOf(manifest)).admin(admin).utf8(utf8)
-            .launcher(pathOf(launcher));
+            .launcher(pathOf(launcher)).fastStart(fastStart).noRuntimeArchive(noRuntimeArchive);
     }
 
     private String copyrightNotice() {

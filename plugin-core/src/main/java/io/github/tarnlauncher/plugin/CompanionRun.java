@@ -16,7 +16,8 @@ public final class CompanionRun {
 
     // Those of WrapRequest and SetupRequest. Other options in messages are the JVM's.
     static final Set<String> PARAMETERS = Set.of("name", "icon", "splash", "noSplash", "runtime", "classPath", "add",
-        "fastStart", "noRuntimeArchive", "mainClass", "version", "title", "vendor", "minVersion", "maxVersion", "vmParameters", "arguments",
+        "fastStart", "noRuntimeArchive", "mainClass", "version", "title", "vendor", "minVersion", "maxVersion",
+        "vmParameters", "arguments",
         "singleInstance", "endsWith", "startAs", "singleFile", "keepWorkingDir", "set", "allow", "setString", "description",
         "copyright", "manifest", "admin", "utf8", "launcher", "id", "license", "perMachine", "desktopShortcut", "sign",
         "script", "associate", "protocol", "msi", "url", "homepage", "licenseName");
