@@ -25,7 +25,10 @@ MessageText::MessageText(unsigned id) {
     if (id == 0) return;
     for (std::size_t size = kFirstBufferSize; Reserve(size); size *= 2) {
         length_ = ReadStringTable(id, characters_, size);
-        if (length_ + 1 < size) return;
+        if (length_ + 1 < size) {
+            characters_[length_] = L'\0';  // not written when there is no such entry
+            return;
+        }
     }
 }
 
