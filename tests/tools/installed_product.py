@@ -16,7 +16,10 @@ PATIENCE = 120  # seconds, for a busy machine
 # Keys that every Windows has, but a new prefix lacks.
 USUAL_KEYS = [root + "\\Software\\" + key for root in ("HKCU", "HKLM") for key in (
     "Classes\\Applications", "RegisteredApplications",
-    "Microsoft\\Windows\\CurrentVersion\\Uninstall")]
+    "Microsoft\\Windows\\CurrentVersion\\Uninstall")] + [
+    key + "\\Installer\\" + kind
+    for key in ("HKCU\\Software\\Microsoft", "HKLM\\Software\\Classes")
+    for kind in ("Products", "Features", "UpgradeCodes")]
 
 
 def wait_until(condition):
@@ -185,6 +188,27 @@ class InstalledProductTest(unittest.TestCase):
         folder = folder or self.installed()
         return self.prefix.run(os.path.join(folder, "uninstall.exe"), "/S", *options,
                                "_?=" + self.prefix.windows_path(folder))
+
+    def shortcut(self, *start_menu):
+        return self.prefix.drive(*start_menu, "Microsoft", "Windows", "Start Menu", "Programs",
+                                 self.NAME + ".lnk")
+
+    def open_in_one_instance(self, scheme, shortcut):
+        """Opens two documents, a link and the shortcut, which have to arrive in one application."""
+        documents = self.prefix.drive("documents")
+        os.makedirs(documents)
+        self.addCleanup(shutil.rmtree, documents)
+        for name in ("first one.tdoc", "second.tdoc"):
+            with open(os.path.join(documents, name), "wb") as file:
+                file.write(b"")
+        for opened, title in (
+                ("C:\\documents\\first one.tdoc", "Viewer: first one.tdoc"),
+                ("C:\\documents\\second.tdoc", "Viewer again: second.tdoc"),
+                (scheme + ":link", f"Viewer again: {scheme}:link"),
+                (self.prefix.windows_path(shortcut), "Viewer again: nothing")):
+            self.prefix.run("start", opened)
+            self.assertTrue(wait_until(lambda wanted=title: wanted in window_titles()),
+                            f"{title} is not among {window_titles()}")
 
     def end_application(self):
         self.prefix.run("taskkill", "/f", "/im", self.NAME + ".exe")

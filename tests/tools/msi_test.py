@@ -6,7 +6,7 @@ import shutil
 import unittest
 import unittest.mock
 
-from installed_product import InstalledProductTest, wait_until, window_titles
+from installed_product import InstalledProductTest
 
 REFUSED = 1603 & 0xff  # ERROR_INSTALL_FAILURE, of which wine returns the low 8 bits
 
@@ -52,9 +52,7 @@ class MsiTest(InstalledProductTest):
                       '.tdoc\\OpenWithProgids]"Acme.TarnViewer.tdoc"=""', '"URL Protocol"=""',
                       '.tdoc]@="Acme.TarnViewer.tdoc"', '@="#Tarn [document]"'):
             self.assertIn(value, added)
-        shortcut = self.prefix.user("AppData", "Roaming", "Microsoft", "Windows", "Start Menu",
-                                    "Programs", "TarnViewer.lnk")
-        with open(shortcut, "rb") as file:
+        with open(self.shortcut(self.prefix.user("AppData", "Roaming")), "rb") as file:
             self.assertIn("TarnViewer.exe".encode("utf-16-le"), file.read())
         self.assertEqual(0, self.msiexec("/x", "1.0"))
         self.expect_nothing_left()
@@ -97,22 +95,16 @@ class MsiTest(InstalledProductTest):
         self.assertEqual(0, self.msiexec("/x", "1.0"))
         self.assertEqual(set(), self.prefix.registry() ^ before)
 
-    def test_for_all_users_a_document_opens_in_the_application(self):
+    def test_for_all_users_documents_links_and_the_shortcut_open_in_one_instance(self):
         # For all users, because Wine 8 finds associations in HKEY_LOCAL_MACHINE only.
         self.tarn("setup", "app1.0", "--msi", "--per-machine", "--out", "viewer-all.msi",
-                  "--associate", ".tdoc=Tarn document")
+                  "--associate", ".tdoc=Tarn document", "--protocol", "tdoc=Tarn link")
         self.assertEqual(0, self.msiexec("/i", "-all"))
         self.assertTrue(os.path.exists(self.prefix.drive("Program Files", "TarnViewer")))
-        with open(self.prefix.drive("a document.tdoc"), "wb"):
-            pass
-        self.prefix.run("start", "C:\\a document.tdoc")
-        self.assertTrue(wait_until(lambda: "Viewer: a document.tdoc" in window_titles()),
-                        window_titles())
-        self.prefix.run("taskkill", "/f", "/im", "TarnViewer.exe")
-        self.assertTrue(wait_until(
-            lambda: not any(title.startswith("Viewer") for title in window_titles())))
+        # Wine's Windows Installer uses the user's start menu even then.
+        self.open_in_one_instance("tdoc", self.shortcut(self.prefix.user("AppData", "Roaming")))
+        self.end_application()
         self.assertEqual(0, self.msiexec("/x", "-all"))
-        os.remove(self.prefix.drive("a document.tdoc"))
         self.assertEqual(set(), self.prefix.registry() ^ self.registry)
         self.assertFalse(os.path.exists(self.prefix.drive("Program Files", "TarnViewer")))
 

@@ -65,8 +65,7 @@ class PerUserTest(InstalledProductTest):
             self.assertIn(value, added)
         self.assertNotIn("HKEY_LOCAL_MACHINE", added)
         for shortcut in (self.prefix.user("Desktop", "TarnViewer.lnk"),
-                         self.prefix.user("AppData", "Roaming", "Microsoft", "Windows", "Start Menu",
-                                          "Programs", "TarnViewer.lnk")):
+                         self.shortcut(self.prefix.user("AppData", "Roaming"))):
             self.assertIn("TarnViewer.exe".encode("utf-16-le"), read(shortcut))
         self.assertEqual(0, self.uninstall())
         self.expect_nothing_left()
@@ -187,24 +186,10 @@ class PerMachineTest(InstalledProductTest):
         folder = self.prefix.drive("Machine")
         self.assertEqual(0, self.prefix.run(self.path("machine.exe"), "/S", "/D=C:\\Machine"))
         self.assertTrue(os.path.exists(os.path.join(folder, "TarnViewer.exe")))
-        documents = self.prefix.drive("documents")
-        os.makedirs(documents)
-        for name in ("first one.tdoc", "second.tdoc"):
-            with open(os.path.join(documents, name), "wb") as file:
-                file.write(b"")
-        shortcut = self.prefix.drive("ProgramData", "Microsoft", "Windows", "Start Menu", "Programs",
-                                     "TarnViewer.lnk")
-        for opened, title in (
-                ("C:\\documents\\first one.tdoc", "Viewer: first one.tdoc"),
-                ("C:\\documents\\second.tdoc", "Viewer again: second.tdoc"),
-                ("tarndemo:link", "Viewer again: tarndemo:link"),
-                (self.prefix.windows_path(shortcut), "Viewer again: nothing")):
-            self.prefix.run("start", opened)
-            self.assertTrue(wait_until(lambda wanted=title: wanted in window_titles()),
-                            f"{title} is not among {window_titles()}")
+        self.open_in_one_instance("tarndemo", self.shortcut("ProgramData"))
         self.end_application()
         self.assertEqual(0, self.uninstall(folder=folder))
-        subprocess.check_call(["rm", "-r", folder, documents])
+        subprocess.check_call(["rm", "-r", folder])
         self.assertEqual(set(), self.prefix.registry() ^ registry)
         # The application has an error file of its own.
         left = {name for name in self.prefix.files() ^ files
