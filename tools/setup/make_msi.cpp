@@ -1,5 +1,6 @@
 #include "tools/setup/make_msi.h"
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -70,7 +71,10 @@ MsiCodes MsiCodesOf(const SetupRequest& request, const Product& product,
                     const PackageContent& content) {
     Sha256 sha256;
     for (const PackageFile& file : content.files) {
-        sha256.Add(file.path + '\n' + std::to_string(file.time.time_since_epoch().count()) + '\n');
+        // The clock of files counts from another day in each standard library.
+        const auto time =
+            std::chrono::floor<std::chrono::seconds>(std::chrono::file_clock::to_sys(file.time));
+        sha256.Add(file.path + '\n' + std::to_string(time.time_since_epoch().count()) + '\n');
         sha256.Add(Sha256OfFile(file.source));
     }
     for (const std::string& folder : content.folders) sha256.Add(folder + '\n');
