@@ -100,10 +100,9 @@ std::string YamlText(const std::string& text) {
 /// Lines of a YAML file.
 class Yaml {
   public:
-    explicit Yaml(const char* kind) {
-        text_ = std::string("# yaml-language-server: $schema=https://aka.ms/winget-manifest.") +
-                kind + '.' + kWingetVersion + ".schema.json\n";
-    }
+    explicit Yaml(const char* kind)
+        : text_(std::string("# yaml-language-server: $schema=https://aka.ms/winget-manifest.") +
+                kind + '.' + kWingetVersion + ".schema.json\n") {}
     Yaml& Pair(int depth, const char* key, const std::string& value) {
         if (!value.empty()) Line(depth, std::string(key) + ": " + YamlText(value));
         return *this;
