@@ -14,7 +14,7 @@ class SharedObjects : public SingleInstanceFixture {
 
     /// Two independent launches: each creates a JVM.
     void ExpectIndependentLaunches() {
-        const auto first = StartFirst();
+        const auto first = StartUntilMain();
         const auto second = app.Launch(L"x");
         EXPECT_TRUE(WaitUntil([&] { return app.Log().Count(kMainCall) == 2; }));
         EXPECT_EQ(JvmCount(), 2u);
@@ -134,7 +134,7 @@ TEST_F(SharedObjects, AnAdditiveYesBeginsWithASpaceAndLeavesItOff) {
 
 TEST_F(SharedObjects, OffCreatesNoSharedObjects) {
     settings.Remove(L"Application", L"Single Instance");
-    const auto first = StartFirst();
+    const auto first = StartUntilMain();
     EXPECT_FALSE(InstanceBlock::Open(app.Executable()));
     EXPECT_FALSE(UniqueHandle(OpenEventW(SYNCHRONIZE, FALSE, EventName().c_str())));
     EndFirst(*first);
@@ -166,14 +166,14 @@ TEST_F(SharedObjects, ASmallerBlockSwitchesItOff) {
 
 TEST_F(SharedObjects, AReadOnlyBlockSwitchesItOff) {
     const UniqueHandle foreign(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READONLY, 0,
-                                                   InstanceBlock::kSize, Name().c_str()));
+                                                  InstanceBlock::kSize, Name().c_str()));
     ExpectBlockIsUnusable(foreign);
 }
 
 TEST_F(SharedObjects, AReservedBlockSwitchesItOff) {
     const UniqueHandle foreign(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr,
-                                                   PAGE_READWRITE | SEC_RESERVE, 0,
-                                                   InstanceBlock::kSize, Name().c_str()));
+                                                  PAGE_READWRITE | SEC_RESERVE, 0,
+                                                  InstanceBlock::kSize, Name().c_str()));
     ASSERT_TRUE(foreign);
     ExpectIndependentLaunches();
 }

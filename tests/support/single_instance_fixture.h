@@ -33,11 +33,17 @@ class SingleInstanceFixture : public FakeJvmFixture {
                         std::to_string(kFirstCode) + '\n' + std::string(lines));
     }
 
+    /// Starts an instance and waits until its `main` runs.
+    std::unique_ptr<LaunchedProcess> StartUntilMain(std::wstring_view argumentText = {}) {
+        auto instance = Start(argumentText);
+        app.Log().WaitFor(kMainCall);
+        return instance;
+    }
+
     /// Starts the first instance and waits until its `main` runs and it listens. Its listener is
     /// a thread of its own, which a busy machine may start after `main`.
     std::unique_ptr<LaunchedProcess> StartFirst(std::wstring_view argumentText = {}) {
-        auto first = Start(argumentText);
-        app.Log().WaitFor(kMainCall);
+        auto first = StartUntilMain(argumentText);
         EXPECT_TRUE(WaitUntil([&] { return IsListening(); }));
         return first;
     }
