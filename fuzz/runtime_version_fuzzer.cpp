@@ -6,7 +6,6 @@
 
 #include "fuzz/fuzz_input.h"
 #include "runtime/runtime_version.h"
-#include "runtime/runtime_version.h"
 
 namespace {
 
