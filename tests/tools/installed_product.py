@@ -56,7 +56,7 @@ class Prefix:
             subprocess.check_call(["cp", "-a", *linked, os.path.join(source, "drive_c", name), drive])
         self.environment = dict(os.environ, WINEPREFIX=self.path)
         self.environment.pop("TARN_WINE_SESSION", None)
-        # A server of its own, which nobody's pipe keeps waiting.
+        # A server of its own that stays, with no pipe of a test as its output.
         self.call(["wineserver", "-p"])
         for key in USUAL_KEYS:
             self.run("reg", "add", key, "/f")

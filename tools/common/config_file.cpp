@@ -61,6 +61,15 @@ CLI::Option* FindOption(CLI::App& command, const CLI::ConfigItem& item) {
 
 }  // namespace
 
+void AddConfigOption(CLI::App& command, std::string& file) {
+    command
+        .add_option("--config", file,
+                    "Read options from a file with lines such as name = \"App\"; those of the "
+                    "command line take precedence")
+        ->type_name("FILE")
+        ->configurable(false);
+}
+
 void ApplyConfigFile(CLI::App& command, const std::filesystem::path& file) {
     std::set<CLI::Option*> given;
     for (CLI::Option* const option : command.get_options()) {

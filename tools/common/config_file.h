@@ -2,8 +2,12 @@
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
+#include <string>
 
 namespace tarn::tools {
+
+/// Adds the option --config to a command; `file` receives its value, for `ApplyConfigFile`.
+void AddConfigOption(CLI::App& command, std::string& file);
 
 /// Sets those options of a command that the command line does not contain from a file with lines
 /// "option = value" (UTF-8), to be called when the command line has been read. Throws Failure for a

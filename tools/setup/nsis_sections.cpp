@@ -253,7 +253,7 @@ Function un.LeaveConfirmation
 FunctionEnd
 
 Section Uninstall
-  ; The uninstaller's own list, which nobody else can have changed.
+  ; The list inside the uninstaller: the one beside it may have been changed.
   InitPluginsDir
   SetOutPath "$PLUGINSDIR"
   SetDateSave off

@@ -26,7 +26,7 @@ struct Language {
     OwnTexts texts;
 };
 
-// NSIS has the wizard's texts in all of these; ours are English where nobody has translated them.
+// NSIS has the wizard's texts in all of these; ours are English in languages without a translation.
 constexpr Language kLanguages[] = {
     {"English", kEnglish},
     {"German",

@@ -92,12 +92,7 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
     option("--script", arguments.script, "FOLDER",
            "New folder in which the script for makensis and its inputs remain");
     command.add_flag("--replace", request.replaces, "Replace an existing setup program");
-    command
-        .add_option("--config", arguments.config,
-                    "Read options from a file with lines such as name = \"App\"; those of the "
-                    "command line take precedence")
-        ->type_name("FILE")
-        ->configurable(false);
+    AddConfigOption(command, arguments.config);
 }
 
 }  // namespace

@@ -196,12 +196,7 @@ void AddOptions(CLI::App& command, Arguments& arguments) {
     option("--launcher", arguments.launcher, "FILE", "launcher.exe (default: the one beside tarn)");
     command.add_flag("--replace", request.replaces,
                      "Replace an existing folder of the same application");
-    command
-        .add_option("--config", arguments.config,
-                    "Read options from a file with lines such as name = \"App\"; those of the "
-                    "command line take precedence")
-        ->type_name("FILE")
-        ->configurable(false);
+    AddConfigOption(command, arguments.config);
 }
 
 }  // namespace

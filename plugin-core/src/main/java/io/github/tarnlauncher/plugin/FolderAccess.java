@@ -32,12 +32,12 @@ final class FolderAccess {
         }
     }
 
-    /** Whether a file or folder, no link, can be changed by nobody but a user and the administrator. */
+    /** Whether only a user and the administrator can change a file or folder; false for a link. */
     static boolean isPrivate(Path path, int user) throws IOException {
         return !HAS_OWNERS || (isOwnedBy(path, user) && (modeOf(path) & WRITABLE_BY_OTHERS) == 0);
     }
 
-    /** Whether a user's entries of a folder can be exchanged by nobody else, as in a private folder or in {@code /tmp}. */
+    /** Whether only their owner can replace the entries of a folder, as in a private folder or in {@code /tmp}. */
     static boolean protectsEntries(Path folder, int user) throws IOException {
         return isPrivate(folder, user) || (isOwnedBy(folder, user) && (modeOf(folder) & STICKY) != 0);
     }
@@ -47,7 +47,7 @@ final class FolderAccess {
         Files.createDirectories(folder, forOwner());
     }
 
-    /** Lets nobody but the owner use a file or folder. */
+    /** Restricts a file or folder to its owner. */
     static void restrict(Path path) throws IOException {
         if (HAS_OWNERS) Files.setPosixFilePermissions(path, PosixFilePermissions.fromString("rwx------"));
     }
