@@ -94,16 +94,16 @@ final class CompanionFiles {
             + digests.get(LAUNCHER).substring(0, 16);
         for (int attempt = 1; attempt <= MOST_FOLDERS; ++attempt) {
             Path folder = parent.resolve(attempt == 1 ? name : name + "-" + attempt);
-            // A damaged folder stays: other builds may be replacing or using it at this moment.
-            if (isIntact(folder) || (!Files.exists(folder, LinkOption.NOFOLLOW_LINKS) && create(folder))) {
-                return folder.resolve(Platform.programOn(platform));
-            }
+            if (!Files.exists(folder, LinkOption.NOFOLLOW_LINKS)) create(folder);
+            // Read only now: another build may have created the folder since it was missing. A damaged folder stays,
+            // because other builds may be replacing or using it at this moment.
+            if (isIntact(folder)) return folder.resolve(Platform.programOn(platform));
         }
         throw new PluginException("the content of " + parent + " changes: delete it" + ANOTHER_FOLDER);
     }
 
-    // Returns whether the folder is there, made by this build or by one that has been faster.
-    private boolean create(Path folder) throws IOException {
+    // Unpacks to a folder, unless another build is faster.
+    private void create(Path folder) throws IOException {
         // Only this user may enter a folder that is made like this.
         Path unfinished = Files.createTempDirectory(folder.getParent(), "unpacking-");
         try {
@@ -115,7 +115,6 @@ final class CompanionFiles {
         } finally {
             deleteTree(unfinished);
         }
-        return isIntact(folder);
     }
 
     private boolean isIntact(Path folder) throws IOException {
