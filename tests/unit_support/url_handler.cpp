@@ -1,6 +1,16 @@
 #include "tests/unit_support/url_handler.h"
 
 namespace tarn {
+namespace {
+
+/// The program that is registered, which lies below the test program.
+std::wstring HandlerProgram() {
+    std::wstring path(32768, L'\0');
+    path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.rfind(L'\\')) + L"\\programs\\create_file.exe";
+}
+
+}  // namespace
 
 UrlHandler::UrlHandler(const std::wstring& scheme) : key_(L"Software\\Classes\\" + scheme) {
     wchar_t folder[MAX_PATH];
@@ -23,7 +33,7 @@ void UrlHandler::Register(HKEY root) {
                         static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
     };
     set(key_, L"URL Protocol", L"");
-    set(key_ + L"\\shell\\open\\command", nullptr, L"cmd.exe /c echo opened> \"" + trace_ + L"\"");
+    set(key_ + L"\\shell\\open\\command", nullptr, L"\"" + HandlerProgram() + L"\" " + trace_);
 }
 
 UrlHandler::~UrlHandler() {
