@@ -11,6 +11,8 @@
 #include "tools/common/whole_file.h"
 #include "tools/setup/association.h"
 #include "tools/setup/msi_source.h"
+#include "tools/setup/msi_tables.h"
+#include "tools/setup/msi_text.h"
 #include "tools/setup/packaging_tool.h"
 
 namespace tarn::tools {

@@ -50,18 +50,4 @@ std::string MsiVersionAfter(const std::array<std::uint16_t, 4>& number) {
     return {};
 }
 
-std::string FormattedText(std::string_view text) {
-    std::string formatted;
-    for (const char character : text) {
-        const bool isSpecial =
-            character == '[' || character == ']' || character == '{' || character == '}';
-        if (isSpecial) {
-            formatted.append("[\\").append(1, character).append("]");
-        } else {
-            formatted += character;
-        }
-    }
-    return formatted;
-}
-
 }  // namespace tarn::tools

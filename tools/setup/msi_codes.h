@@ -26,7 +26,4 @@ std::string MsiVersionOf(const std::array<std::uint16_t, 4>& number);
 /// The smallest version after that. Empty if there is none.
 std::string MsiVersionAfter(const std::array<std::uint16_t, 4>& number);
 
-/// A text in a field that Windows Installer formats: brackets and braces are taken literally.
-std::string FormattedText(std::string_view text);
-
 }  // namespace tarn::tools

@@ -42,9 +42,5 @@ TEST(MsiVersion, HasASuccessorExceptForTheHighest) {
     EXPECT_EQ(MsiVersionAfter({255, 255, 65535, 0}), "");
 }
 
-TEST(MsiFormattedText, TakesBracketsAndBracesLiterally) {
-    EXPECT_EQ(FormattedText("a [b] {c} $d %e%"), "a [\\[]b[\\]] [\\{]c[\\}] $d %e%");
-}
-
 }  // namespace
 }  // namespace tarn::tools

@@ -3,9 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <chrono>
-
-#include "tools/common/failure.h"
+#include "tools/setup/msi_plan_fixture.h"
 
 namespace tarn::tools {
 namespace {
@@ -13,30 +11,6 @@ namespace {
 using testing::Contains;
 using testing::HasSubstr;
 using testing::Not;
-
-PackageFile File(const char* path) {
-    PackageFile file;
-    file.path = path;
-    file.size = 1;
-    file.time = std::chrono::file_clock::from_sys(std::chrono::sys_seconds(
-        std::chrono::sys_days(std::chrono::year(2021) / 2 / 3) + std::chrono::hours(4)));
-    return file;
-}
-
-MsiPlan Plan() {
-    MsiPlan plan;
-    plan.product.name = "Viewer";
-    plan.product.fileName = "Viewer";
-    plan.product.version = "2.1";
-    plan.product.number = {2, 1, 0, 0};
-    plan.product.vendor = "Acme";
-    plan.product.id = "Acme.Viewer";
-    plan.product.executable = "viewer.exe";
-    plan.content.files = {File("lib/a.jar"), File("viewer.exe"), File("viewer.ini")};
-    plan.content.folders = {"lib"};
-    plan.codes = {"{UPGRADE}", "{PRODUCT}", "{PACKAGE}"};
-    return plan;
-}
 
 // An attribute of all elements with a name, as written in the source.
 std::vector<std::string> Values(const MsiPlan& plan, const std::string& element,
@@ -54,7 +28,7 @@ std::vector<std::string> Values(const MsiPlan& plan, const std::string& element,
 }
 
 TEST(MsiSource, ListsEveryFileAsAComponentOfItsOwn) {
-    const MsiPlan plan = Plan();
+    const MsiPlan plan = ViewerPlan();
     EXPECT_EQ(Values(plan, "File", "Name"),
               (std::vector<std::string>{"a.jar", "viewer.exe", "viewer.ini"}));
     EXPECT_EQ(Values(plan, "Component", "Id").size(), 3U);
@@ -62,18 +36,18 @@ TEST(MsiSource, ListsEveryFileAsAComponentOfItsOwn) {
 }
 
 TEST(MsiSource, KeepsTheCodesOfTheComponentsInTheNextVersion) {
-    MsiPlan next = Plan();
+    MsiPlan next = ViewerPlan();
     next.product.number = {2, 2, 0, 0};
     next.codes.product = "{NEXT}";
-    next.content.files.insert(next.content.files.begin(), File("a.txt"));
+    next.content.files.insert(next.content.files.begin(), PackageFileAt("a.txt"));
     const std::vector<std::string> codes = Values(next, "Component", "Guid");
-    for (const std::string& code : Values(Plan(), "Component", "Guid")) {
+    for (const std::string& code : Values(ViewerPlan(), "Component", "Guid")) {
         EXPECT_THAT(codes, Contains(code));
     }
 }
 
 TEST(MsiSource, InstallsForOneUserOrForAll) {
-    MsiPlan plan = Plan();
+    MsiPlan plan = ViewerPlan();
     EXPECT_THAT(Values(plan, "Directory", "Id"), Contains("LocalAppDataFolder"));
     EXPECT_THAT(Values(plan, "Package", "InstallScope"), Contains("perUser"));
     plan.perMachine = true;
@@ -82,7 +56,7 @@ TEST(MsiSource, InstallsForOneUserOrForAll) {
 }
 
 TEST(MsiSource, StartsTheExecutableFromItsShortcuts) {
-    MsiPlan plan = Plan();
+    MsiPlan plan = ViewerPlan();
     EXPECT_EQ(Values(plan, "Shortcut", "Directory"), std::vector<std::string>{"ProgramMenuFolder"});
     EXPECT_EQ(Values(plan, "Shortcut", "Target"), std::vector<std::string>{"[#file2]"});
     plan.desktopShortcut = true;
@@ -90,7 +64,7 @@ TEST(MsiSource, StartsTheExecutableFromItsShortcuts) {
 }
 
 TEST(MsiSource, CreatesEmptyFoldersAndRemovesTheInstallationFolderAfterThem) {
-    MsiPlan plan = Plan();
+    MsiPlan plan = ViewerPlan();
     EXPECT_THAT(WixSource(plan), Not(HasSubstr("<CreateFolder")));
     plan.content.folders = {"empty", "lib"};
     const std::string source = WixSource(plan);
@@ -99,9 +73,9 @@ TEST(MsiSource, CreatesEmptyFoldersAndRemovesTheInstallationFolderAfterThem) {
 }
 
 TEST(MsiSource, TakesNoNameForAVariableOrAProperty) {
-    MsiPlan plan = Plan();
+    MsiPlan plan = ViewerPlan();
     plan.product.executable = "v $(x) [y].exe";
-    plan.content.files[1] = File("v $(x) [y].exe");
+    plan.content.files[1] = PackageFileAt("v $(x) [y].exe");
     plan.values = AssociationValues(plan.product, {{".abc", "#[INSTALLDIR]", ""}}, {});
     EXPECT_THAT(Values(plan, "File", "Name"), Contains("v $(var.dollar)(x) [y].exe"));
     EXPECT_THAT(Values(plan, "RegistryValue", "Value"), Contains("#[\\[]INSTALLDIR[\\]]"));
@@ -112,60 +86,11 @@ TEST(MsiSource, TakesNoNameForAVariableOrAProperty) {
 }
 
 TEST(MsiSource, DividesManyComponentsIntoFeatures) {
-    MsiPlan plan = Plan();
+    MsiPlan plan = ViewerPlan();
     for (int number = 0; number < 2000; ++number) {
-        plan.content.files.push_back(File(("z" + std::to_string(number)).c_str()));
+        plan.content.files.push_back(PackageFileAt(("z" + std::to_string(number)).c_str()));
     }
     EXPECT_EQ(Values(plan, "Feature", "Id"), (std::vector<std::string>{"Part1", "Part2", "Part3"}));
-}
-
-TEST(MsiTables, ConditionTheDefaultsAndAdmitTheFolderOnTheCommandLine) {
-    MsiPlan plan = Plan();
-    plan.values = AssociationValues(plan.product, {{".abc", "Text", ""}}, {});
-    EXPECT_EQ(TableChanges(plan),
-              (std::vector<std::string>{
-                  "UPDATE `Component` SET `Condition` = 'NOT FOUNDDEFAULT1 OR FOUNDDEFAULT1 = "
-                  "OWNDEFAULT1' WHERE `Component` = 'default1'",
-                  "UPDATE `Property` SET `Value` = "
-                  "'INSTALLDIR;OLDERVERSION;NEWERVERSION;FOUNDDEFAULT1' WHERE `Property` = "
-                  "'SecureCustomProperties'"}));
-}
-
-TEST(MsiTables, NameTheCodePage) {
-    EXPECT_EQ(CodePageTable(), "\r\n\r\n1252\t_ForceCodepage\r\n");
-}
-
-TEST(MsiTables, ContainThePackageCodeAndTheTimeOfTheNewestFile) {
-    const std::string table = SummaryTable(Plan());
-    EXPECT_THAT(table, HasSubstr("\r\n9\t{PACKAGE}\r\n"));
-    EXPECT_THAT(table, HasSubstr("\r\n12\t2021/02/03 04:00:00\r\n"));
-}
-
-TEST(CheckMsi, RefusesWhatDoesNotFit) {
-    MsiPlan plan = Plan();
-    EXPECT_NO_THROW(CheckMsi(plan.product, plan.content, plan.values));
-    plan.content.size = std::uint64_t{3} << 30;
-    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
-    plan = Plan();
-    plan.content.files.resize(20'000, File("a"));
-    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
-    plan = Plan();
-    plan.product.fileName = std::string(128, 'a');
-    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
-    plan = Plan();
-    plan.product.number = {2026, 1, 0, 0};
-    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
-}
-
-TEST(CheckMsi, RefusesCharactersOutsideTheCodePage) {
-    MsiPlan plan = Plan();
-    plan.content.files.push_back(File("\xC3\xA4 \xE2\x82\xAC \xC5\x93.txt"));
-    EXPECT_NO_THROW(CheckMsi(plan.product, plan.content, plan.values));
-    plan.content.files.push_back(File("a \xC5\x82.txt"));
-    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
-    plan = Plan();
-    plan.values = AssociationValues(plan.product, {{".abc", "\xE4\xB8\xAD", ""}}, {});
-    EXPECT_THROW(CheckMsi(plan.product, plan.content, plan.values), Failure);
 }
 
 }  // namespace

@@ -1,9 +1,10 @@
+#include "tools/setup/msi_tables.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 
 #include "tools/setup/msi_defaults.h"
-#include "tools/setup/msi_source.h"
 
 namespace tarn::tools {
 namespace {

@@ -4,7 +4,7 @@
 #include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
 #include "tools/setup/make_msi.h"
-#include "tools/setup/msi_source.h"
+#include "tools/setup/msi_limits.h"
 #include "tools/setup/nsis_setup.h"
 #include "tools/setup/package_content.h"
 #include "tools/setup/packaging_tool.h"
