@@ -9,9 +9,13 @@ import java.util.ArrayList;
 import java.util.Collection;
 import java.util.List;
 import java.util.concurrent.CompletableFuture;
+import java.util.concurrent.TimeUnit;
 
 /** The companion program {@code tarn}, which the plugins carry and run. */
 public final class Companion {
+    private static final String TEXT_FILE_BUSY = "error=26,";  // ETXTBSY of Linux
+    private static final long MOST_NANOSECONDS_BUSY = TimeUnit.SECONDS.toNanos(10);
+
     private final Path program;
 
     private Companion(Path program) {
@@ -44,15 +48,20 @@ public final class Companion {
         List<String> command = new ArrayList<>();
         command.add(program.toString());
         command.addAll(arguments);
-        Process process = start(new ProcessBuilder(command).directory(folder.toFile()));
+        try {
+            return finish(start(new ProcessBuilder(command).directory(folder.toFile())));
+        } catch (InterruptedException interruption) {
+            Thread.currentThread().interrupt();
+            throw new PluginException("interrupted while running " + program, interruption);
+        }
+    }
+
+    private static CompanionRun finish(Process process) throws IOException, InterruptedException {
         try {
             process.getOutputStream().close();
             CompletableFuture<String> errors = CompletableFuture.supplyAsync(() -> readAll(process.getErrorStream()));
             String output = readAll(process.getInputStream());
             return new CompanionRun(process.waitFor(), output, errors.join());
-        } catch (InterruptedException interruption) {
-            Thread.currentThread().interrupt();
-            throw new PluginException("interrupted while running " + program, interruption);
         } finally {
             process.destroy();
         }
@@ -76,12 +85,21 @@ public final class Companion {
         return report;
     }
 
-    private Process start(ProcessBuilder builder) throws PluginException {
-        try {
-            return builder.start();
-        } catch (IOException failure) {
-            throw new PluginException(failure.getMessage() + "; if the file system of " + program.getParent()
-                + " does not allow programs, name another folder in the environment variable TARN_CACHE", failure);
+    private Process start(ProcessBuilder builder) throws PluginException, InterruptedException {
+        long end = System.nanoTime() + MOST_NANOSECONDS_BUSY;
+        while (true) {
+            try {
+                return builder.start();
+            } catch (IOException failure) {
+                // A process that another thread was starting while the program was being unpacked has inherited the open
+                // file, and keeps it until it runs its own program.
+                boolean isBusy = failure.getMessage().contains(TEXT_FILE_BUSY);
+                if (!isBusy || System.nanoTime() > end) {
+                    throw new PluginException(failure.getMessage() + "; if the file system of " + program.getParent()
+                        + " does not allow programs, name another folder in the environment variable TARN_CACHE", failure);
+                }
+            }
+            TimeUnit.MILLISECONDS.sleep(10);
         }
     }
 

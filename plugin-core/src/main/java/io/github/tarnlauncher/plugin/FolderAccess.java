@@ -44,7 +44,8 @@ final class FolderAccess {
 
     /** Creates a folder that is private, and those above it, where they are missing. */
     static void create(Path folder) throws IOException {
-        Files.createDirectories(folder, forOwner());
+        // Java before version 20 takes a link to a folder for a file in the way.
+        if (!Files.isDirectory(folder)) Files.createDirectories(folder, forOwner());
     }
 
     /** Restricts a file or folder to its owner. */

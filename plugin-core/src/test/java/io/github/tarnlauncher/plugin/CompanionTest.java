@@ -12,14 +12,9 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.attribute.FileTime;
 import java.nio.file.attribute.PosixFilePermissions;
-import java.util.ArrayList;
 import java.util.HashSet;
 import java.util.List;
 import java.util.Set;
-import java.util.concurrent.Callable;
-import java.util.concurrent.ExecutorService;
-import java.util.concurrent.Executors;
-import java.util.concurrent.Future;
 import java.util.stream.Collectors;
 import java.util.stream.Stream;
 import org.junit.jupiter.api.Test;
@@ -99,36 +94,6 @@ class CompanionTest {
     void aFolderWhoseContentKeepsChangingIsAnError() throws IOException {
         for (int i = 1; i <= 20; ++i) Files.delete(Companion.unpackBelow(cache).program());
         assertTrue(failureBelow(cache).contains("changes: delete it"), failureBelow(cache));
-    }
-
-    @Test
-    void severalBuildsUnpackAtTheSameTime() throws Exception {
-        ExecutorService builds = Executors.newFixedThreadPool(8);
-        try {
-            List<Callable<Path>> calls = new ArrayList<>();
-            for (int i = 0; i < 8; ++i) calls.add(() -> Companion.unpackBelow(cache).program());
-            Set<Path> programs = new HashSet<>();
-            for (Future<Path> result : builds.invokeAll(calls)) programs.add(result.get());
-            assertEquals(1, programs.size());
-        } finally {
-            builds.shutdownNow();
-        }
-        assertEquals(2, below(cache).size());
-    }
-
-    @Test
-    void severalBuildsUnpackBesideADamagedProgramAtTheSameTime() throws Exception {
-        Path program = Companion.unpackBelow(cache).program();
-        Files.writeString(program.resolveSibling("launcher.exe"), "damaged");
-        ExecutorService builds = Executors.newFixedThreadPool(8);
-        try {
-            List<Callable<CompanionRun>> calls = new ArrayList<>();
-            for (int i = 0; i < 8; ++i) calls.add(() -> Companion.unpackBelow(cache).run(List.of("--version"), cache));
-            for (Future<CompanionRun> result : builds.invokeAll(calls)) assertEquals(0, result.get().exitCode());
-        } finally {
-            builds.shutdownNow();
-        }
-        assertEquals(4, below(cache).size());
     }
 
     @Test
