@@ -13,6 +13,9 @@ constexpr int kFirstToWrite = 21;
 constexpr std::uint32_t kEndSignature = 0x06054B50;
 constexpr std::size_t kEndSize = 22;
 constexpr std::size_t kDirectorySizeOffset = 12;
+// In bytes. A larger number is no size: 0xFFFFFFFF refers to another record, which need not be
+// read, because jars of that kind do not exist in practice.
+constexpr std::uint32_t kLargestDirectory = 1U << 30;
 // A file with more than 65,535 entries has two records between the directory and its end record.
 constexpr std::uint32_t kZip64RecordsSize = 56 + 20;
 
@@ -56,8 +59,9 @@ std::uint32_t ZipDirectoryDistance(std::span<const std::byte> tail) {
     for (std::size_t length = kEndSize; length <= tail.size(); ++length) {
         const std::size_t at = tail.size() - length;
         if (NumberAt(tail, at) == kEndSignature) {
-            return static_cast<std::uint32_t>(length) + kZip64RecordsSize +
-                   NumberAt(tail, at + kDirectorySizeOffset);
+            const std::uint32_t size = NumberAt(tail, at + kDirectorySizeOffset);
+            if (size > kLargestDirectory) return 0;
+            return static_cast<std::uint32_t>(length) + kZip64RecordsSize + size;
         }
     }
     return 0;

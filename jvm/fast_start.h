@@ -34,8 +34,10 @@ class Fingerprint {
 inline constexpr std::uint32_t kZipTailSize = 64 * 1024;
 
 /// Returns the distance in bytes from the end of a zip file to its directory, which contains the
-/// checksum of each entry; 0 when `tail`, the last bytes of the file, contains no end record. The
-/// distance may reach somewhat before the directory, and before the start of the file.
+/// checksum of each entry; 0 when `tail`, the last bytes of the file, contains no end record or one
+/// without a size of at most 1 GiB. The distance includes the two records that large files have
+/// between the directory and the end record, so in others it reaches 76 bytes before the directory,
+/// or before the start of the file.
 std::uint32_t ZipDirectoryDistance(std::span<const std::byte> tail);
 
 /// What the archive of a launch depends on.

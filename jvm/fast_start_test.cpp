@@ -47,16 +47,22 @@ TEST(WritesArchives, NotWithoutAVersion) {
     }
 }
 
+TEST(WritesArchives, TheCharacterAfterTheDigitsEndsTheNumber) {
+    for (const char* const version : {"2:", "2/1", "2 1"}) {
+        EXPECT_FALSE(WritesArchives(Release(version))) << version;
+    }
+}
+
 TEST(WritesArchives, AVersionOfAnyLengthIsRead) {
     EXPECT_TRUE(WritesArchives("JAVA_VERSION=" + std::string(1000, '9')));
 }
 
-TEST(FingerprintTest, DependsOnEachByteAndTheLength) {
+TEST(FingerprintTest, DependsOnEachBitAndTheLength) {
     const std::string text = "a directory of 29 bytes, say.";
-    for (std::size_t at = 0; at < text.size(); ++at) {
+    for (std::size_t bit = 0; bit < 8 * text.size(); ++bit) {
         std::string changed = text;
-        changed[at] ^= 1;
-        EXPECT_NE(FingerprintOf(changed), FingerprintOf(text)) << at;
+        changed[bit / 8] = static_cast<char>(changed[bit / 8] ^ 1 << bit % 8);
+        EXPECT_NE(FingerprintOf(changed), FingerprintOf(text)) << bit;
     }
     EXPECT_NE(FingerprintOf(text + '\0'), FingerprintOf(text));
     EXPECT_EQ(FingerprintOf(text), FingerprintOf(text));
@@ -72,10 +78,10 @@ TEST(FingerprintTest, DependsOnTheOrderOfThePieces) {
     EXPECT_NE(one.value(), other.value());
 }
 
-TEST(ZipDirectoryDistance, ReachesBeforeTheDirectory) {
-    const std::string tail = std::string(500, 'x') + EndRecord(100);
-    EXPECT_GE(ZipDirectoryDistance(BytesOf(tail)), 122U);
-    EXPECT_LE(ZipDirectoryDistance(BytesOf(tail)), 300U);
+TEST(ZipDirectoryDistance, ReachesTheDirectoryAcrossTheTwoRecordsOfLargeFiles) {
+    const std::string records(56 + 20, '#');
+    const std::string fromDirectory = std::string(100, 'd') + records + EndRecord(100);
+    EXPECT_EQ(ZipDirectoryDistance(BytesOf("entries" + fromDirectory)), fromDirectory.size());
 }
 
 TEST(ZipDirectoryDistance, CountsWhatFollowsTheEndRecord) {
@@ -84,9 +90,14 @@ TEST(ZipDirectoryDistance, CountsWhatFollowsTheEndRecord) {
               ZipDirectoryDistance(BytesOf(EndRecord(100))) + 70);
 }
 
-TEST(ZipDirectoryDistance, ADirectorySizeOfAnyValueIsReturned) {
-    EXPECT_EQ(ZipDirectoryDistance(BytesOf(EndRecord(0x70000000))) - 0x70000000U,
+TEST(ZipDirectoryDistance, ReachesADirectoryBeforeTheTail) {
+    EXPECT_EQ(ZipDirectoryDistance(BytesOf(EndRecord(0x40000000))) - 0x40000000U,
               ZipDirectoryDistance(BytesOf(EndRecord(100))) - 100);
+}
+
+TEST(ZipDirectoryDistance, IsZeroWhenTheRecordHasNoUsableSize) {
+    EXPECT_EQ(ZipDirectoryDistance(BytesOf(EndRecord(0x40000001))), 0U);
+    EXPECT_EQ(ZipDirectoryDistance(BytesOf(EndRecord(0xFFFFFFFF))), 0U);
 }
 
 TEST(ZipDirectoryDistance, IsZeroWithoutAnEndRecord) {

@@ -47,7 +47,7 @@ longest_input() {  # name
     case $1 in
         argument_area) echo 1200 ;;  # more than the area's size
         class_file) echo 512 ;;  # a module declaration
-        embedded_settings | further_sources | jar_manifest) echo 128 ;;
+        embedded_settings | fast_start | further_sources | jar_manifest) echo 128 ;;
         executable_image) echo 160 ;;
         icon) echo 1200 ;;  # all pixels of a small picture
         image_resources) echo 512 ;;
