@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -8,9 +9,10 @@ namespace tarn::tools {
 
 /// How a program that this one started has ended.
 struct ProcessResult {
-    bool isStarted = false;  // false when there is no such program
-    int exitCode = -1;       // -1 when a signal ended it
-    std::string output;      // standard output and standard error, as written
+    bool isStarted = false;   // false when there is no such program
+    int exitCode = -1;        // -1 when a signal ended it
+    bool isTimedOut = false;  // this program ended it after its time limit
+    std::string output;       // standard output and standard error, as written
 };
 
 /// Runs a program to its end with an empty standard input. A name without a folder is looked up
@@ -18,6 +20,14 @@ struct ProcessResult {
 ProcessResult RunProgram(const std::filesystem::path& program,
                          const std::vector<std::string>& arguments,
                          const std::filesystem::path& workingFolder = {});
+
+/// The same without keeping the output, so that programs which it starts and which outlive it do
+/// not matter. Ends the program when it has not ended after the time limit, but not programs that
+/// it has started.
+ProcessResult RunSilently(const std::filesystem::path& program,
+                          const std::vector<std::string>& arguments,
+                          const std::filesystem::path& workingFolder,
+                          std::chrono::milliseconds timeLimit);
 
 /// Runs a command of the system's shell (sh, or cmd.exe on Windows) with the quoted path of a file
 /// as its last argument.

@@ -4,12 +4,17 @@
 
 #include <array>
 #include <cerrno>
+#include <csignal>
+#include <thread>
 
 #include "tools/common/child_process.h"
 #include "tools/common/failure.h"
 
 namespace tarn::tools {
 namespace {
+
+// Between two looks at whether a program has ended, which POSIX cannot wait for with a limit.
+constexpr std::chrono::milliseconds kBetweenLooks(20);
 
 class Descriptor {
   public:
@@ -39,6 +44,19 @@ std::string ReadToEnd(const Descriptor& descriptor) {
     }
 }
 
+struct Pipe {
+    Descriptor reading;
+    Descriptor writing;
+};
+
+// A program that is started inherits neither end.
+Pipe OpenPipe(const std::filesystem::path& program) {
+    std::array<int, 2> ends = {-1, -1};
+    if (pipe(ends.data()) != 0) throw Failure(program, "cannot be started");
+    for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
+    return {Descriptor(ends[0]), Descriptor(ends[1])};
+}
+
 // In the child between fork and exec: only calls that are safe after a signal.
 [[noreturn]] void Execute(char** words, const char* folder, int output, int failure) {
     const int input = open("/dev/null", O_RDONLY);
@@ -51,11 +69,14 @@ std::string ReadToEnd(const Descriptor& descriptor) {
     _exit(127);
 }
 
-}  // namespace
+struct Child {
+    pid_t id;
+    bool isStarted;
+};
 
-ProcessResult RunProgram(const std::filesystem::path& program,
-                         const std::vector<std::string>& arguments,
-                         const std::filesystem::path& workingFolder) {
+// Starts a program whose output goes to `output`.
+Child Start(const std::filesystem::path& program, const std::vector<std::string>& arguments,
+            const std::filesystem::path& workingFolder, const Descriptor& output) {
     std::vector<std::string> texts = {program.string()};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> words;
@@ -63,31 +84,59 @@ ProcessResult RunProgram(const std::filesystem::path& program,
     for (std::string& text : texts) words.push_back(text.data());
     words.push_back(nullptr);
 
-    std::array<int, 2> pipes = {-1, -1};
-    if (pipe(pipes.data()) != 0) throw Failure(program, "cannot be started");
-    const Descriptor output(pipes[0]);
-    Descriptor childOutput(pipes[1]);
-    if (pipe(pipes.data()) != 0) throw Failure(program, "cannot be started");
-    const Descriptor failure(pipes[0]);
-    Descriptor childFailure(pipes[1]);
-    for (const int descriptor :
-         {output.Get(), childOutput.Get(), failure.Get(), childFailure.Get()}) {
-        fcntl(descriptor, F_SETFD, FD_CLOEXEC);
-    }
-
+    Pipe failure = OpenPipe(program);
     const pid_t child = fork();
     if (child < 0) throw Failure(program, "cannot be started");
     if (child == 0) {
-        Execute(words.data(), workingFolder.c_str(), childOutput.Get(), childFailure.Get());
+        Execute(words.data(), workingFolder.c_str(), output.Get(), failure.writing.Get());
     }
-    childOutput.Close();
-    childFailure.Close();
-    ProcessResult result;
-    result.isStarted = ReadToEnd(failure).empty();
-    result.output = ReadToEnd(output);
+    failure.writing.Close();
+    return {child, ReadToEnd(failure.reading).empty()};
+}
+
+// Whether the child has ended; with `options` 0, waits until it has.
+bool TakeExitCode(const Child& child, int options, ProcessResult& result) {
     int status = 0;
-    while (waitpid(child, &status, 0) < 0 && errno == EINTR) continue;
-    if (WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
+    pid_t ended = 0;
+    do ended = waitpid(child.id, &status, options);
+    while (ended < 0 && errno == EINTR);
+    if (ended == child.id && WIFEXITED(status)) result.exitCode = WEXITSTATUS(status);
+    return ended != 0;
+}
+
+}  // namespace
+
+ProcessResult RunProgram(const std::filesystem::path& program,
+                         const std::vector<std::string>& arguments,
+                         const std::filesystem::path& workingFolder) {
+    Pipe output = OpenPipe(program);
+    const Child child = Start(program, arguments, workingFolder, output.writing);
+    output.writing.Close();
+    ProcessResult result;
+    result.isStarted = child.isStarted;
+    result.output = ReadToEnd(output.reading);
+    TakeExitCode(child, 0, result);
+    return result;
+}
+
+ProcessResult RunSilently(const std::filesystem::path& program,
+                          const std::vector<std::string>& arguments,
+                          const std::filesystem::path& workingFolder,
+                          std::chrono::milliseconds timeLimit) {
+    const Descriptor nowhere(open("/dev/null", O_WRONLY | O_CLOEXEC));
+    const auto end = std::chrono::steady_clock::now() + timeLimit;
+    const Child child = Start(program, arguments, workingFolder, nowhere);
+    ProcessResult result;
+    result.isStarted = child.isStarted;
+    while (!TakeExitCode(child, WNOHANG, result)) {
+        result.isTimedOut = std::chrono::steady_clock::now() >= end;
+        if (result.isTimedOut) {
+            kill(child.id, SIGKILL);
+            TakeExitCode(child, 0, result);
+            break;
+        }
+        std::this_thread::sleep_for(kBetweenLooks);
+    }
     return result;
 }
 

@@ -5,6 +5,8 @@
 namespace tarn::tools {
 namespace {
 
+using namespace std::chrono_literals;
+
 class ChildProcess : public FolderTest {};
 
 TEST_F(ChildProcess, IsNotStartedWhenThereIsNoSuchProgram) {
@@ -25,6 +27,32 @@ TEST_F(ChildProcess, GivesItsExitCode) {
 #else
     EXPECT_EQ(RunProgram("sh", {"-c", "exit 3"}).exitCode, 3);
 #endif
+}
+
+TEST_F(ChildProcess, IsEndedAfterItsTimeLimit) {
+#ifdef _WIN32
+    const ProcessResult result =
+        RunSilently("cmd.exe", {"/c", "for /l %i in (1,0,2) do rem"}, {}, 100ms);
+#else
+    const ProcessResult result = RunSilently("tail", {"-f", "/dev/null"}, {}, 100ms);
+#endif
+    EXPECT_TRUE(result.isStarted);
+    EXPECT_TRUE(result.isTimedOut);
+    EXPECT_NE(result.exitCode, 0);
+}
+
+TEST_F(ChildProcess, GivesItsExitCodeWithinItsTimeLimit) {
+#ifdef _WIN32
+    const ProcessResult result = RunSilently("cmd.exe", {"/c", "exit 3"}, {}, 5min);
+#else
+    const ProcessResult result = RunSilently("sh", {"-c", "exit 3"}, {}, 5min);
+#endif
+    EXPECT_FALSE(result.isTimedOut);
+    EXPECT_EQ(result.exitCode, 3);
+}
+
+TEST_F(ChildProcess, IsNotWaitedForWhenThereIsNoSuchProgram) {
+    EXPECT_FALSE(RunSilently("no-program-has-this-name", {}, {}, 5min).isStarted);
 }
 
 #ifndef _WIN32

@@ -41,41 +41,67 @@ std::string ReadToEnd(HANDLE pipe) {
     return text;
 }
 
+SECURITY_ATTRIBUTES Inherited() {
+    return {sizeof(SECURITY_ATTRIBUTES), nullptr, TRUE};
+}
+
+// The device NUL, for a child's input or output.
+OwnedHandle OpenNothing(DWORD access) {
+    SECURITY_ATTRIBUTES inherited = Inherited();
+    const HANDLE nothing = CreateFileW(L"NUL", access, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                       &inherited, OPEN_EXISTING, 0, nullptr);
+    if (nothing == INVALID_HANDLE_VALUE) throw Failure("the device NUL cannot be opened");
+    return OwnedHandle(nothing);
+}
+
+// Returns the process; null when there is no such program.
+OwnedHandle Start(std::wstring commandLine, const std::wstring& workingFolder, HANDLE output) {
+    const OwnedHandle input = OpenNothing(GENERIC_READ);
+    STARTUPINFOW startup = {};
+    startup.cb = sizeof startup;
+    startup.dwFlags = STARTF_USESTDHANDLES;
+    startup.hStdInput = input.get();
+    startup.hStdOutput = output;
+    startup.hStdError = output;
+    PROCESS_INFORMATION process = {};
+    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
+                        &process)) {
+        return {};
+    }
+    CloseHandle(process.hThread);
+    return OwnedHandle(process.hProcess);
+}
+
+void TakeExitCode(const OwnedHandle& process, ProcessResult& result) {
+    WaitForSingleObject(process.get(), INFINITE);
+    DWORD code = 0;
+    if (GetExitCodeProcess(process.get(), &code)) result.exitCode = static_cast<int>(code);
+}
+
 ProcessResult RunCommandLine(std::wstring commandLine, const std::wstring& workingFolder) {
-    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    SECURITY_ATTRIBUTES inherited = Inherited();
     HANDLE reading = nullptr;
     HANDLE writing = nullptr;
     if (!CreatePipe(&reading, &writing, &inherited, 0)) throw Failure("no pipe can be created");
     const OwnedHandle output(reading);
     OwnedHandle childOutput(writing);
     SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
-    const HANDLE nothing = CreateFileW(L"NUL", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                       &inherited, OPEN_EXISTING, 0, nullptr);
-    if (nothing == INVALID_HANDLE_VALUE) throw Failure("the device NUL cannot be opened");
-    OwnedHandle input(nothing);
-
-    STARTUPINFOW startup = {};
-    startup.cb = sizeof startup;
-    startup.dwFlags = STARTF_USESTDHANDLES;
-    startup.hStdInput = input.get();
-    startup.hStdOutput = childOutput.get();
-    startup.hStdError = childOutput.get();
-    PROCESS_INFORMATION process = {};
     ProcessResult result;
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                        workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
-                        &process)) {
-        return result;
-    }
-    const OwnedHandle owned(process.hProcess);
-    CloseHandle(process.hThread);
+    const OwnedHandle process = Start(std::move(commandLine), workingFolder, childOutput.get());
     childOutput.reset();
+    if (!process) return result;
     result.isStarted = true;
     result.output = ReadToEnd(output.get());
-    WaitForSingleObject(process.hProcess, INFINITE);
-    DWORD code = 0;
-    if (GetExitCodeProcess(process.hProcess, &code)) result.exitCode = static_cast<int>(code);
+    TakeExitCode(process, result);
     return result;
+}
+
+std::wstring CommandLineOf(const std::filesystem::path& program,
+                           const std::vector<std::string>& arguments) {
+    std::wstring commandLine = Quoted(program.wstring());
+    for (const std::string& argument : arguments) commandLine += L' ' + Quoted(WideOf(argument));
+    return commandLine;
 }
 
 }  // namespace
@@ -83,9 +109,24 @@ ProcessResult RunCommandLine(std::wstring commandLine, const std::wstring& worki
 ProcessResult RunProgram(const std::filesystem::path& program,
                          const std::vector<std::string>& arguments,
                          const std::filesystem::path& workingFolder) {
-    std::wstring commandLine = Quoted(program.wstring());
-    for (const std::string& argument : arguments) commandLine += L' ' + Quoted(WideOf(argument));
-    return RunCommandLine(std::move(commandLine), workingFolder.wstring());
+    return RunCommandLine(CommandLineOf(program, arguments), workingFolder.wstring());
+}
+
+ProcessResult RunSilently(const std::filesystem::path& program,
+                          const std::vector<std::string>& arguments,
+                          const std::filesystem::path& workingFolder,
+                          std::chrono::milliseconds timeLimit) {
+    const OwnedHandle nowhere = OpenNothing(GENERIC_WRITE);
+    ProcessResult result;
+    const OwnedHandle process =
+        Start(CommandLineOf(program, arguments), workingFolder.wstring(), nowhere.get());
+    if (!process) return result;
+    result.isStarted = true;
+    const auto limit = static_cast<DWORD>(timeLimit.count());
+    result.isTimedOut = WaitForSingleObject(process.get(), limit) == WAIT_TIMEOUT;
+    if (result.isTimedOut) TerminateProcess(process.get(), 1);
+    TakeExitCode(process, result);
+    return result;
 }
 
 ProcessResult RunShellCommand(const std::string& command, const std::filesystem::path& file) {

@@ -246,7 +246,7 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     CopyFiles(request, files, output, console);
     if (!request.runtime.empty() && !request.noRuntimeArchive) {
         console.ShowProgress("making the archive of the runtime's classes");
-        MakeRuntimeArchive(output.Unfinished() / kShippedRuntime, warnings);
+        MakeRuntimeArchive(output.Unfinished() / kShippedRuntime, request.runtime, warnings);
         console.ShowProgress({});
     }
     CheckUnfinished(request, changes, output);
