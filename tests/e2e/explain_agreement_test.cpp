@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
+
 #include "tests/support/explained_launch.h"
 #include "tests/support/generated_launch.h"
 #include "tests/support/text.h"
@@ -47,9 +49,15 @@ class ExplainedLaunch {
         EXPECT_EQ(GetFileAttributesW(launch_.app.Path(L"logs").c_str()), INVALID_FILE_ATTRIBUTES);
         EXPECT_EQ(GetFileAttributesW(launch_.app.Path(L"pair.log").c_str()),
                   INVALID_FILE_ATTRIBUTES);
+        EXPECT_FALSE(TakeHandOff());
+    }
+
+    /// The message of a hand-off to this thread, if there is one.
+    std::optional<MSG> TakeHandOff() const {
         MSG message;
-        EXPECT_FALSE(
-            PeekMessageW(&message, nullptr, launch_.kHandOff, launch_.kHandOff, PM_REMOVE));
+        if (PeekMessageW(&message, nullptr, launch_.kHandOff, launch_.kHandOff, PM_REMOVE))
+            return message;
+        return std::nullopt;
     }
 
     void Start() {
@@ -57,9 +65,8 @@ class ExplainedLaunch {
         const std::size_t expected =
             report_["splash"].is_object() && report_["splash"]["kind"] == "own" ? 1 : 0;
         observed_ = ObserveLaunch(*process, [&] {
-            MSG message;
-            if (PeekMessageW(&message, nullptr, launch_.kHandOff, launch_.kHandOff, PM_REMOVE)) {
-                PostThreadMessageW(static_cast<DWORD>(message.wParam), launch_.kHandOff,
+            if (const auto message = TakeHandOff()) {
+                PostThreadMessageW(static_cast<DWORD>(message->wParam), launch_.kHandOff,
                                    static_cast<WPARAM>(launch_.kAnswer), 0);
             }
             if (!launch_.mainRuns.IsSet() || launch_.mainMayEnd.IsSet()) return;
@@ -68,6 +75,9 @@ class ExplainedLaunch {
             EXPECT_EQ(SplashesOf(*process), expected);
             launch_.mainMayEnd.Set();
         });
+        // A launch that finds the first instance's process gone ends without waiting for the
+        // answer; its message must not meet the next launch.
+        TakeHandOff();
     }
 
     static std::size_t SplashesOf(const LaunchedProcess& process) {
