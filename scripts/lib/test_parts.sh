@@ -52,8 +52,7 @@ run_googletest() {  # name, seconds, processes, command...
     local i prefix started=$SECONDS
     local running=() reports=()
     for ((i = 0; i < processes; ++i)); do
-        prefix=$TARN_ROOT/build/wine
-        [ "$i" -eq 0 ] || prefix+=-$i
+        prefix=$(wine_prefix "$i")
         # Relative, for it is read by Windows programs too.
         reports+=("build/test-results/$name-$i.xml")
         rm -f "${reports[i]}"
@@ -132,8 +131,8 @@ part_endtoend() {
             */unit_tests.exe | *'*'*) continue ;;
         esac
         found=1
-        # Mostly waiting: two at a time take half as long.
-        run_googletest "$(basename "$program" .exe)" 2400 2 \
+        # Mostly waiting: three at a time keep two cores busy.
+        run_googletest "$(basename "$program" .exe)" 2400 3 \
             env TARN_RUNTIMES="$runtimes" scripts/wine_run.sh "$program"
     done
     [ $found -eq 1 ] || count_failure "no end-to-end test program was built"
@@ -142,7 +141,7 @@ part_endtoend() {
 part_executable() {
     build release launcher tarn || return 0
     "$TARN_PYTHON" scripts/fetch_runtimes.py 21 >/dev/null || { count_failure "fetching the runtime"; return 0; }
-    python_tests executable env TARN_RUNTIMES="$TARN_RUNTIMES"
+    python_tests executable 1 env TARN_RUNTIMES="$TARN_RUNTIMES"
 }
 
 # The companion program as users have it: as built for this machine, and under Wine.
@@ -152,7 +151,7 @@ part_tools() {
     "$TARN_PYTHON" scripts/fetch_runtimes.py 11 17 21 25 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
     "$TARN_PYTHON" scripts/fetch_applications.py javafx17 javafx21 swt >/dev/null ||
         { count_failure "fetching the libraries"; return 0; }
-    python_tests tools env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
+    python_tests tools 2 env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
 }
 
 # The Maven and Gradle plugins: their unit tests, and real builds whose results are started under Wine.
@@ -167,7 +166,7 @@ part_plugins() {
         count_unit_tests "$report"
     done
     [ -d dist/repository ] || return 0
-    python_tests plugins env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
+    python_tests plugins 1 env TARN_RUNTIMES="$TARN_RUNTIMES" scripts/wine_session.sh
 }
 
 # Counts the tests in a report of JUnit.
@@ -194,31 +193,49 @@ part_fuzz() {
     build host-clang fuzzers || return 0
     rm -f "$results/fuzz.txt"
     scripts/fuzz.sh --seconds "${TARN_FUZZ_SECONDS:-10}" --jobs 2 --report "$results/fuzz.txt"
-    [ ! -f "$results/fuzz.txt" ] || count_report fuzz
+    [ ! -f "$results/fuzz.txt" ] || count_report fuzz fuzz
     [ $((part_passed + part_failed)) -eq "$(find fuzz -name '*_fuzzer.cpp' | wc -l)" ] ||
         count_failure "fuzz: not every fuzzer came to its end"
 }
 
+# The Wine prefix of one of the processes that run tests at the same time.
+wine_prefix() {  # number, from 0
+    if [ "$1" -eq 0 ]; then echo "$TARN_ROOT/build/wine"; else echo "$TARN_ROOT/build/wine-$1"; fi
+}
+
 # Counts what a report says of each test: lines of "passed NAME" or "failed NAME".
-count_report() {  # name of the part
+count_report() {  # name of the part, name of the report
     local outcome test
     while read -r outcome test; do
         case $outcome in
             passed) count_pass ;;
             *) count_failure "$1: $test" ;;
         esac
-    done <"$results/$1.txt"
+    done <"$results/$2.txt"
 }
 
-# Runs the tests of tests/NAME, each of which counts.
-python_tests() {  # name, command in front...
-    local name=$1
-    shift
-    rm -f "$results/$name.txt"
-    timeout 1500 "$@" "$TARN_PYTHON" scripts/lib/run_python_tests.py "tests/$name" \
-        "$results/$name.txt" </dev/null ||
-        [ -f "$results/$name.txt" ] || { count_failure "tests/$name"; return 0; }
-    count_report "$name"
+# Runs the tests of tests/NAME, each of which counts, in several processes when asked. Each process
+# gets a Wine prefix and a screen of its own.
+python_tests() {  # name, processes, command in front...
+    local name=$1 processes=$2
+    shift 2
+    local i running=() claims
+    claims=$(mktemp -d)
+    for ((i = 0; i < processes; ++i)); do
+        rm -f "$results/$name-$i.txt"
+        TARN_WINE_PREFIX=$(wine_prefix "$i") timeout 1500 "$@" "$TARN_PYTHON" \
+            scripts/lib/run_python_tests.py "tests/$name" "$results/$name-$i.txt" "$claims" </dev/null &
+        running+=($!)
+    done
+    wait "${running[@]}" || true
+    rm -rf "$claims"
+    for ((i = 0; i < processes; ++i)); do
+        if [ -f "$results/$name-$i.txt" ]; then
+            count_report "$name" "$name-$i"
+        else
+            count_failure "tests/$name"
+        fi
+    done
 }
 
 part_format() {
