@@ -96,5 +96,66 @@ TEST(ExpandTimeStamp, InvalidTimeBecomesAnEmptyText) {
     EXPECT_EQ(ExpandTimeStamp(L"a%HH%b", invalid), L"ab");
 }
 
+SYSTEMTIME At(int year, int month, int day, int hour = 0, int minute = 0, int second = 0) {
+    SYSTEMTIME time{};
+    time.wYear = static_cast<WORD>(year);
+    time.wMonth = static_cast<WORD>(month);
+    time.wDay = static_cast<WORD>(day);
+    time.wHour = static_cast<WORD>(hour);
+    time.wMinute = static_cast<WORD>(minute);
+    time.wSecond = static_cast<WORD>(second);
+    return time;
+}
+
+constexpr wchar_t kSortable[] = L"%yyyy-MM-dd HH.mm.ss%";
+
+TEST(ExpandTimeStamp, HourThatTheClocksSkipIsWrittenAsItIs) {
+    // In Europe and in New York; the functions of Windows know no time zone.
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(2026, 3, 29, 2, 30)), L"2026-03-29 02.30.00");
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(2026, 3, 8, 2, 30)), L"2026-03-08 02.30.00");
+    // Half an hour, at Lord Howe.
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(2026, 10, 4, 2, 15)), L"2026-10-04 02.15.00");
+}
+
+TEST(ExpandTimeStamp, MinutesOfAMonthAreDistinctAndInOrder) {
+    std::wstring last;
+    for (int day = 1; day <= 31; ++day) {
+        for (int minute = 0; minute < 24 * 60; ++minute) {
+            const std::wstring text =
+                ExpandTimeStamp(kSortable, At(2026, 10, day, minute / 60, minute % 60));
+            ASSERT_LT(last, text);
+            last = text;
+        }
+    }
+    EXPECT_EQ(last, L"2026-10-31 23.59.00");
+}
+
+TEST(ExpandTimeStamp, EndsOfYearsAndLeapDaysAreDates) {
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(2026, 12, 31, 23, 59, 59)), L"2026-12-31 23.59.59");
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(2027, 1, 1)), L"2027-01-01 00.00.00");
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(2028, 2, 29)), L"2028-02-29 00.00.00");
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(2000, 2, 29)), L"2000-02-29 00.00.00");
+}
+
+TEST(ExpandTimeStamp, LimitsOfTheCalendarAreDates) {
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(1601, 1, 1)), L"1601-01-01 00.00.00");
+    EXPECT_EQ(ExpandTimeStamp(kSortable, At(9999, 12, 31, 23, 59, 59)), L"9999-12-31 23.59.59");
+}
+
+// The texts of a picture for the time and of one for the date are removed separately.
+TEST(ExpandTimeStamp, DateThatDoesNotExistBecomesAnEmptyText) {
+    for (const SYSTEMTIME& time :
+         {At(2026, 4, 31), At(2026, 13, 1), At(2026, 0, 1), At(2026, 1, 0)}) {
+        EXPECT_EQ(ExpandTimeStamp(L"a%yyyy-MM-dd%b", time), L"ab");
+    }
+}
+
+TEST(ExpandTimeStamp, TimeThatDoesNotExistBecomesAnEmptyText) {
+    for (const SYSTEMTIME& time :
+         {At(2026, 1, 1, 24), At(2026, 1, 1, 23, 60), At(2026, 12, 31, 23, 59, 60)}) {
+        EXPECT_EQ(ExpandTimeStamp(L"a%HH.mm.ss%b", time), L"ab");
+    }
+}
+
 }  // namespace
 }  // namespace tarn

@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
 """Writes docs/reference/failing-calls.md: scripts/call_table.py [--check]
 
-The source is tests/failing_calls/outcomes/*.txt, which scripts/fail_every_call.sh records. --check
-writes nothing; its exit code is 1 if the page differs from what the files give.
+The sources are tests/failing_calls/outcomes/*.txt and pairs/*.txt below it, which
+scripts/fail_every_call.sh records. --check writes nothing; its exit code is 1 if the page differs
+from what the files give.
 """
 
+import collections
 import os
 import sys
 
@@ -23,6 +25,22 @@ arguments, their numbers within the thread follow. Threads are numbered in the o
 creation; calls without a thread are the first one's.
 
 """
+PAIRS_HEADING = """## Two calls in a row
+
+Two calls of one thread fail in a row: every call and the thread's next one of any function that can
+fail, and every call of the ten most called functions and the thread's next one of the same function
+(only the latter where a folder is browsed for). These are the most called ones, in all kinds of
+launches together: {functions}.
+
+Most pairs end as one of their calls does when it fails alone, or with the outcomes of both. The
+tables below the summary list the other pairs; a second call without an outcome of its own is made
+only after the failure of the first.
+
+| launch | pairs | as one of the calls alone | as both | otherwise |
+|---|---:|---:|---:|---:|
+"""
+# The number of functions whose calls fail in a row (kMostCalled in failing_call_pairs_test.cpp).
+MOST_CALLED = 10
 GOES_ON = "goes on"
 # The number of all later calls with the same arguments (kLaterOccurrence).
 LATER = 9
@@ -96,11 +114,94 @@ def section(name):
     return "\n".join(text) + "\n"
 
 
+def pairs_file(name):
+    return os.path.join(OUTCOMES, "pairs", name + ".txt")
+
+
+def read_pairs(name):
+    """The number of calls of each function of a launch, and the pairs: (first, second, outcome),
+    where a call is (function, subject, call), the second one None if there was no further call."""
+    counts, pairs = collections.Counter(), []
+    with open(pairs_file(name), encoding="utf-8") as file:
+        file.readline()
+        for line in file:
+            if line.startswith("# "):
+                function, count = line[2:].split()
+                counts[function] += int(count)
+                continue
+            fields = line.rstrip("\n").split("\t")
+            second = tuple(fields[3:6]) if fields[3] != "-" else None
+            pairs.append((tuple(fields[:3]), second, fields[6]))
+    return counts, pairs
+
+
+def outcomes_alone(name):
+    """The outcomes of each call, (function, subject, call), that fails alone."""
+    outcomes = collections.defaultdict(set)
+    for function, subject, calls, outcome in read(name)[1]:
+        for call in calls.split():
+            outcomes[function, subject, call].add(outcome)
+    return outcomes
+
+
+def outcome_parts(outcome):
+    return set(outcome.split("; ")) - {GOES_ON}
+
+
+def pair_kind(pair, alone):
+    """How the outcome of a pair relates to the outcomes of its calls: "one", "both" or "other"."""
+    first, second, outcome = pair
+    firsts = alone.get(first, set())
+    seconds = alone.get(second, set()) if second else set()
+    if outcome in firsts | seconds:
+        return "one"
+    if any(outcome_parts(outcome) == outcome_parts(a) | outcome_parts(b) for a in firsts for b in seconds):
+        return "both"
+    return "other"
+
+
+def call_name(call):
+    function, subject, number = call
+    thread, _, number = number.rpartition("/")
+    text = f"`{function}`" + (" " + cell(subject) if subject else "")
+    text += f" ({'later' if int(number) == LATER else number})" if number != "1" else ""
+    return text + (f" in thread {thread}" if thread else "")
+
+
+def pairs_section(names):
+    counts, rows, tables = collections.Counter(), [], []
+    functions = set()
+    for name in names:
+        calls, pairs = read_pairs(name)
+        counts += calls
+        alone = outcomes_alone(name)
+        kinds = collections.Counter(pair_kind(pair, alone) for pair in pairs)
+        title = read(name)[0]
+        rows.append(f"| {title} | {len(pairs)} | {kinds['one']} | {kinds['both']} | {kinds['other']} |")
+        others = sorted((outcome, call_name(first), call_name(second) if second else "none")
+                        for first, second, outcome in pairs
+                        if pair_kind((first, second, outcome), alone) == "other")
+        if others:
+            tables += [f"### {title}: two calls", "", "| call | next call | outcome |", "|---|---|---|"]
+            tables += [f"| {first} | {second} | {cell(outcome)} |" for outcome, first, second in others]
+            tables.append("")
+        functions |= {first[0] for first, second, _ in pairs if second and first[0] == second[0]}
+    most = [function for function, _ in counts.most_common(MOST_CALLED)]
+    missing = set(most) - functions
+    if missing:
+        sys.exit(f"{', '.join(sorted(missing))}: among the most called functions, but no pairs are "
+                 "recorded (kMostCalled in tests/e2e/failing_call_pairs_test.cpp)")
+    listed = ", ".join(f"`{function}` ({counts[function]})" for function in most)
+    return (PAIRS_HEADING.format(functions=listed) + "\n".join(rows) + "\n\n" +
+            "\n".join(tables).rstrip() + "\n")
+
+
 def main():
     names = [f[:-4] for f in os.listdir(OUTCOMES) if f.endswith(".txt")]
     names.sort(key=lambda name: (ORDER.index(name) if name in ORDER else len(ORDER), name))
     table = "\n".join(section(name) for name in names)
-    wanted = HEADING + table
+    recorded = [name for name in names if os.path.exists(pairs_file(name))]
+    wanted = HEADING + table + "\n" + pairs_section(recorded)
     try:
         with open(PAGE, encoding="utf-8") as file:
             page = file.read()

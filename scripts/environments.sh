@@ -4,6 +4,7 @@
 #
 #     pages        other code pages
 #     screens      small and very large screens
+#     zones        time zones, whose offsets are not whole hours, or that have daylight saving now
 #     server       a Wine server that ends under the launcher
 #
 # Wine takes the code page from the C library's locale; Debian's package "locales" has the sources.
@@ -48,12 +49,21 @@ part_screens() {
     done
 }
 
+# Wine takes the time zone of a whole session from the variable TZ.
+part_zones() {
+    local zone
+    for zone in India=IST-5:30 Nepal=NPT-5:45 Newfoundland=NST3:30 Chatham=CHA-12:45 \
+        LineIslands=LIN-14 BakerIsland=BAK12 LordHowe=LHS-10:30LHD-11,0/0,J365/25; do
+        TZ=${zone#*=} run_tests "${zone%%=*}" 'LaunchClock*'
+    done
+}
+
 # The launcher must not outlive its server.
 part_server() {
     timeout --kill-after=30 300 scripts/lib/end_of_server.sh || failed=1
 }
 
-parts=(pages screens server)
+parts=(pages screens zones server)
 [ $# -eq 0 ] || parts=("$@")
 for part in "${parts[@]}"; do
     declare -F "part_$part" >/dev/null || { echo "no part '$part'" >&2; exit 2; }

@@ -1,22 +1,29 @@
 #!/usr/bin/env bash
-# Makes every Windows call of every kind of launch fail once: scripts/fail_every_call.sh [SCENARIO...]
+# Makes every Windows call of every kind of launch fail once:
+# scripts/fail_every_call.sh [--pairs] [SCENARIO...]
 #
 # Writes the outcomes to tests/failing_calls/outcomes and docs/reference/failing-calls.md, and makes
-# every allocation fail once. The test command compares a sample with these files, so review the
-# differences before you commit them.
+# every allocation fail once. With --pairs, two calls in a row fail instead: each call and the next
+# one of its thread, and each call of the ten most called functions and the next one of that
+# function. The test command compares a sample with these files, so review the differences before you
+# commit them.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT"
 # shellcheck source=scripts/lib/common.sh
 . scripts/lib/common.sh
 
-filter='Of/FailingCalls.*:OutOfMemory*'
+suite=FailingCalls filter='Of/FailingCalls.*:OutOfMemory*'
+if [ "${1:-}" = --pairs ]; then
+    suite=FailingCallPairs filter='Of/FailingCallPairs.*'
+    shift
+fi
 if [ $# -gt 0 ]; then
-    filter=$(printf 'Of/FailingCalls.*/%s:' "$@")
+    filter=$(printf "Of/$suite.*/%s:" "$@")
 fi
 cmake --build --preset release --target launcher tests
 outcomes=tests/failing_calls/outcomes
-mkdir -p "$outcomes"
+mkdir -p "$outcomes/pairs"
 export TARN_EVERY_CALL="Z:${TARN_ROOT//\//\\}\\${outcomes//\//\\}"
 unset DISPLAY
 failed=0

@@ -13,7 +13,8 @@ if(NOT TARN_TOOLS)
     list(FILTER endToEndSources EXCLUDE REGEX "/(explain|generated)[a-z_]*\\.cpp$")
 endif()
 
-add_executable(end_to_end_tests ${endToEndSources} unit_support/url_handler.cpp)
+add_executable(end_to_end_tests ${endToEndSources} import_hook/fallible_functions.cpp
+    unit_support/url_handler.cpp)
 target_link_libraries(end_to_end_tests PRIVATE tarn_compile_options tarn_jni gmock ntdll)
 target_link_options(end_to_end_tests PRIVATE -static)
 compile_tests_quickly(end_to_end_tests)
@@ -22,10 +23,11 @@ add_dependencies(end_to_end_tests launcher fake_jvms fake_splashes import_hook t
 # Beside the program, where it expects them.
 file(GLOB testPictures CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/pictures/*.*")
 file(COPY ${testPictures} DESTINATION "${CMAKE_CURRENT_BINARY_DIR}/pictures")
-file(GLOB callOutcomes CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/failing_calls/outcomes/*.txt")
+set(outcomes "${CMAKE_CURRENT_SOURCE_DIR}/failing_calls/outcomes")
+file(GLOB callOutcomes CONFIGURE_DEPENDS RELATIVE "${outcomes}"
+    "${outcomes}/*.txt" "${outcomes}/pairs/*.txt")
 foreach(each IN LISTS callOutcomes)
-    get_filename_component(name "${each}" NAME)
-    configure_file("${each}" "${CMAKE_CURRENT_BINARY_DIR}/call_outcomes/${name}" COPYONLY)
+    configure_file("${outcomes}/${each}" "${CMAKE_CURRENT_BINARY_DIR}/call_outcomes/${each}" COPYONLY)
 endforeach()
 
 if(TARN_TOOLS)

@@ -15,25 +15,10 @@
 namespace tarn::test {
 namespace {
 
-std::vector<NamedScenario> AllScenarios() {
-    std::vector<NamedScenario> all;
-    for (const auto& some :
-         {PlainScenarios(), SplashScenarios(), DialogScenarios(), InstanceScenarios()}) {
-        all.insert(all.end(), some.begin(), some.end());
-    }
-    return all;
-}
-
-std::wstring FolderForOutcomes() {
-    std::wstring folder(MAX_PATH, L'\0');
-    folder.resize(GetEnvironmentVariableW(L"TARN_EVERY_CALL", folder.data(), MAX_PATH));
-    return folder;
-}
-
 class FailingCalls : public testing::TestWithParam<NamedScenario> {};
 
 TEST_P(FailingCalls, EndAsRecorded) {
-    const std::wstring folder = FolderForOutcomes();
+    const std::wstring folder = FolderToRecordIn();
     const Expectations expectations(GetParam().name);
     const auto scenario = GetParam().make();
     const Facts undisturbed = scenario->Run(L"");
@@ -50,16 +35,16 @@ TEST_P(FailingCalls, EndAsRecorded) {
         EXPECT_TRUE(IsAcceptable(facts, undisturbed, scenario->ApplicationCode()))
             << point.Text() << ": " << outcome;
         // Not every launch receives the same window messages.
-        const auto failed = FailedCall(scenario->Calls(), normalize);
-        if (!failed) {
+        const auto failed = FailedCalls(scenario->Calls(), normalize);
+        if (failed.empty()) {
             EXPECT_EQ(outcome, kGoesOn) << point.Text() << " was not called";
             continue;
         }
         if (folder.empty()) {
-            EXPECT_THAT(expectations.OutcomesOf(*failed), testing::Contains(outcome))
-                << failed->Text() << " (scripts/fail_every_call.sh records the outcomes)";
+            EXPECT_THAT(expectations.OutcomesOf(failed[0]), testing::Contains(outcome))
+                << failed[0].Text() << " (scripts/fail_every_call.sh records the outcomes)";
         }
-        outcomes.emplace_back(*failed, outcome);
+        outcomes.emplace_back(failed[0], outcome);
     }
     if (folder.empty()) return;
     const std::string name = GetParam().name;

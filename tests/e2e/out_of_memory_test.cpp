@@ -6,6 +6,7 @@
 #include <map>
 
 #include "tests/failing_calls/call_points.h"
+#include "tests/import_hook/fallible_functions.h"
 #include "tests/support/hook_log.h"
 #include "tests/support/jre_not_found_fixture.h"
 #include "tests/support/splash_fixture.h"
@@ -21,7 +22,7 @@ constexpr std::size_t kSample = 12;
 std::vector<CallPoint> Allocations(const std::vector<HookedCall>& calls) {
     std::vector<CallPoint> points;
     for (const HookedCall& each : calls) {
-        if (!IsAllocation(each.function)) continue;
+        if (!import_hook::IsAllocation(each.function)) continue;
         points.push_back({each.function, {}, each.role, each.number, {}, each.number});
     }
     return points;
@@ -104,7 +105,7 @@ class OutOfMemoryForABox : public FakeJvmFixture {
         std::vector<HookedCall> calls;
         for (HookedCall& each : ReadHookLog(HookLogFile(app))) {
             const bool loads = each.function == "LoadStringW";
-            if (loads || IsAllocation(each.function)) calls.push_back(std::move(each));
+            if (loads || import_hook::IsAllocation(each.function)) calls.push_back(std::move(each));
         }
         const auto firstText = std::find_if(calls.begin(), calls.end(), [](const HookedCall& each) {
             return each.function == "LoadStringW";

@@ -2,47 +2,14 @@
 
 #include <algorithm>
 #include <map>
-#include <string_view>
 #include <tuple>
 
+#include "tests/import_hook/fallible_functions.h"
 #include "tests/support/text.h"
 
 namespace tarn::test {
 
 namespace {
-
-// Their results never report a failure.
-constexpr std::string_view kCannotFail[] = {
-    "AcquireSRWLockExclusive",
-    "CharNextW",
-    "CoTaskMemFree",
-    "DeleteCriticalSection",
-    "DispatchMessageW",
-    "ExitProcess",
-    "GdiplusShutdown",
-    "GetCommandLineW",
-    "GetCurrentProcess",
-    "GetCurrentProcessId",
-    "GetCurrentThreadId",
-    "GetLocalTime",
-    "GetStartupInfoW",
-    "GetSysColor",
-    "GetSystemDefaultLCID",
-    "GlobalMemoryStatus",
-    "InitializeCriticalSection",
-    "OleUninitialize",
-    "RaiseException",
-    "ReleaseSRWLockExclusive",
-    "SetUnhandledExceptionFilter",
-    "Sleep",
-    "TranslateMessage",
-    "VerSetConditionMask",
-};
-
-bool IsOfCLibrary(const std::string& library) {
-    return library == "msvcrt.dll" || library.starts_with("api-ms-win-crt") ||
-           library == "ucrtbase.dll";
-}
 
 /// Identifies the calls of a launch, in order.
 class Identification {
@@ -67,7 +34,7 @@ std::vector<std::vector<CallPoint>> Groups(const std::vector<HookedCall>& calls,
     std::map<std::pair<std::string, unsigned>, std::vector<CallPoint>> groups;
     Identification identification(normalize);
     for (const HookedCall& each : calls) {
-        if (IsOfCLibrary(each.library) || !CanFail(each.function)) continue;
+        if (!import_hook::CanFail(each.library, each.function)) continue;
         groups[{each.function, each.role}].push_back(identification.Next(each));
     }
     std::vector<std::vector<CallPoint>> points;
@@ -77,9 +44,10 @@ std::vector<std::vector<CallPoint>> Groups(const std::vector<HookedCall>& calls,
 
 }  // namespace
 
-std::wstring CallPoint::FailureSpec(unsigned error) const {
+std::wstring CallPoint::FailureSpec(unsigned error, std::wstring_view next) const {
     return std::wstring(function.begin(), function.end()) + L'@' + std::to_wstring(role) + L':' +
-           std::to_wstring(number) + L':' + std::to_wstring(error) + L'\t' + FromUtf8(rawSubject);
+           std::to_wstring(number) + std::wstring(next) + L':' + std::to_wstring(error) + L'\t' +
+           FromUtf8(rawSubject);
 }
 
 std::string CallPoint::Text() const {
@@ -90,27 +58,20 @@ std::string CallPoint::Text() const {
     return text;
 }
 
-bool IsAllocation(const std::string& function) {
-    for (const char* each : {"malloc", "calloc", "realloc", "HeapAlloc", "HeapReAlloc"}) {
-        if (function == each) return true;
-    }
-    return false;
+std::string OccurrenceText(unsigned role, unsigned occurrence) {
+    const std::string text = std::to_string(occurrence);
+    return role == 1 ? text : std::to_string(role) + '/' + text;
 }
 
-bool CanFail(const std::string& function) {
-    return std::find(std::begin(kCannotFail), std::end(kCannotFail), function) ==
-               std::end(kCannotFail) &&
-           !IsAllocation(function) && function != "HeapFree";
-}
-
-std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
-                                    const Normalizer& normalize) {
+std::vector<CallPoint> FailedCalls(const std::vector<HookedCall>& calls,
+                                   const Normalizer& normalize) {
+    std::vector<CallPoint> failed;
     Identification identification(normalize);
     for (const HookedCall& each : calls) {
         const CallPoint point = identification.Next(each);
-        if (each.failed) return point;
+        if (each.failed) failed.push_back(point);
     }
-    return std::nullopt;
+    return failed;
 }
 
 std::vector<CallPoint> EveryCall(const std::vector<HookedCall>& calls,

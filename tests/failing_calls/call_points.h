@@ -1,8 +1,8 @@
 #pragma once
 
 #include <functional>
-#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/support/hook_log.h"
@@ -19,11 +19,20 @@ struct CallPoint {
     std::string rawSubject;
     unsigned number = 1;
 
-    /// The value of HOOK_FAIL that fails this call with that last error.
-    std::wstring FailureSpec(unsigned error) const;
+    /// The value of HOOK_FAIL that fails this call with that last error, and with `kNextOfFunction`
+    /// or `kNextOfAny` the next call of the thread, too.
+    std::wstring FailureSpec(unsigned error, std::wstring_view next = {}) const;
     /// `CreateFileW [C:\a.txt]`, or `GetMessageW 2 in thread 2` for a later occurrence.
     std::string Text() const;
 };
+
+/// "OCCURRENCE" in the first thread, "THREAD/OCCURRENCE" in others.
+std::string OccurrenceText(unsigned role, unsigned occurrence);
+
+/// For `CallPoint::FailureSpec`: the next call of the same function fails, too, or the next call of
+/// any function that can fail.
+inline constexpr std::wstring_view kNextOfFunction = L">";
+inline constexpr std::wstring_view kNextOfAny = L">*";
 
 /// A loop that polls makes the same call any number of times. Calls after this occurrence count as
 /// one.
@@ -32,15 +41,10 @@ inline constexpr unsigned kLaterOccurrence = 9;
 /// Replaces the parts of a subject that differ between runs.
 using Normalizer = std::function<std::string(const std::string& subject)>;
 
-/// Whether the function can fail at all. Allocations have a test of their own.
-bool CanFail(const std::string& function);
-
-/// Whether the function allocates memory.
-bool IsAllocation(const std::string& function);
-
-/// The call of a launch that the hook has failed; none if the launch did not reach it.
-std::optional<CallPoint> FailedCall(const std::vector<HookedCall>& calls,
-                                    const Normalizer& normalize);
+/// The calls of a launch that the hook has failed, in order; empty if the launch did not reach
+/// them.
+std::vector<CallPoint> FailedCalls(const std::vector<HookedCall>& calls,
+                                   const Normalizer& normalize);
 
 /// The calls of a launch to fail: each up to its ninth occurrence, which represents the later ones,
 /// and the last one of each function in each thread.

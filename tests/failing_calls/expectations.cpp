@@ -12,25 +12,13 @@ namespace {
 
 constexpr char kTab = '\t';
 
-std::string CallText(unsigned role, unsigned occurrence) {
-    const std::string text = std::to_string(occurrence);
-    return role == 1 ? text : std::to_string(role) + '/' + text;
-}
-
-std::vector<std::string> Fields(const std::string& line) {
-    std::vector<std::string> fields;
-    std::istringstream text(line);
-    for (std::string field; std::getline(text, field, kTab);) fields.push_back(field);
-    return fields;
-}
-
 }  // namespace
 
 Expectations::Expectations(const std::string& scenario) {
     const std::wstring file =
         GetPaths().callOutcomes + L'\\' + std::wstring(scenario.begin(), scenario.end()) + L".txt";
     for (const std::string& line : SplitLines(ReadFileBytes(file))) {
-        const std::vector<std::string> fields = Fields(line);
+        const std::vector<std::string> fields = SplitFields(line);
         if (fields.size() != 4) continue;
         std::istringstream calls(fields[2]);
         for (std::string call; calls >> call;) {
@@ -41,8 +29,14 @@ Expectations::Expectations(const std::string& scenario) {
 
 std::set<std::string> Expectations::OutcomesOf(const CallPoint& point) const {
     const auto found = outcomes_.find(point.function + kTab + point.subject + kTab +
-                                      CallText(point.role, point.occurrence));
+                                      OccurrenceText(point.role, point.occurrence));
     return found != outcomes_.end() ? found->second : std::set<std::string>();
+}
+
+std::wstring FolderToRecordIn() {
+    std::wstring folder(MAX_PATH, L'\0');
+    folder.resize(GetEnvironmentVariableW(L"TARN_EVERY_CALL", folder.data(), MAX_PATH));
+    return folder;
 }
 
 void WriteOutcomes(const std::wstring& file, const std::string& title,
@@ -59,7 +53,7 @@ void WriteOutcomes(const std::wstring& file, const std::string& title,
         text += function + kTab + subject + kTab;
         const char* separator = "";
         for (const auto& [role, occurrence] : calls) {
-            text += separator + CallText(role, occurrence);
+            text += separator + OccurrenceText(role, occurrence);
             separator = " ";
         }
         text += kTab + outcome + '\n';

@@ -25,6 +25,10 @@ class Expectations {
     std::map<std::string, std::set<std::string>> outcomes_;
 };
 
+/// The folder in which the outcomes are recorded: the value of TARN_EVERY_CALL; empty if the test
+/// compares them instead.
+std::wstring FolderToRecordIn();
+
 /// Writes such a file. Its lines have four fields separated by tabs: function, subject, calls
 /// ("OCCURRENCE" in the first thread, "THREAD/OCCURRENCE" in others, separated by spaces), outcome.
 void WriteOutcomes(const std::wstring& file, const std::string& title,

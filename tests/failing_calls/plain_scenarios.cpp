@@ -102,10 +102,10 @@ class Paired : public Scenario {
 
 std::vector<NamedScenario> PlainScenarios() {
     return {
-        {"typical", "A launch without splash", Make<Typical>, kEveryCall},
-        {"registered", "A runtime from the registry", Make<Registered>, 30},
-        {"redirected", "Output into files", Make<Redirected>, 20},
-        {"paired", "A paired launcher that is waited for", Make<Paired>, 20},
+        {"typical", "A launch without splash", Make<Typical>, kEveryCall, 12},
+        {"registered", "A runtime from the registry", Make<Registered>, 30, 6},
+        {"redirected", "Output into files", Make<Redirected>, 20, 6},
+        {"paired", "A paired launcher that is waited for", Make<Paired>, 20, 6},
     };
 }
 

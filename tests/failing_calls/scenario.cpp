@@ -53,6 +53,15 @@ HWND MessageTextOf(HWND window) {
 
 }  // namespace
 
+std::vector<NamedScenario> AllScenarios() {
+    std::vector<NamedScenario> all;
+    for (const auto& some :
+         {PlainScenarios(), SplashScenarios(), DialogScenarios(), InstanceScenarios()}) {
+        all.insert(all.end(), some.begin(), some.end());
+    }
+    return all;
+}
+
 Scenario::Scenario() : settings(app.StandardSettings()) {
     app.AddRuntime();
     // The longer path first: the application's folder is below the working directory. The names of

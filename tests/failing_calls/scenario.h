@@ -76,13 +76,20 @@ struct NamedScenario {
     const char* name;
     const char* title;
     std::unique_ptr<Scenario> (*make)();
-    std::size_t most;  ///< calls in the test command's sample; launches with windows take longer
+    // In the test command's samples; launches with windows take longer.
+    std::size_t most;
+    std::size_t mostPairs;
+    /// Whether any two calls in a row fail, or only two of the most called functions.
+    bool failsAnyTwo = true;
 };
 
 std::vector<NamedScenario> PlainScenarios();
 std::vector<NamedScenario> SplashScenarios();
 std::vector<NamedScenario> DialogScenarios();
 std::vector<NamedScenario> InstanceScenarios();
+
+/// All of them, from the plainest launch to the rarest.
+std::vector<NamedScenario> AllScenarios();
 
 template <typename Kind>
 std::unique_ptr<Scenario> Make() {

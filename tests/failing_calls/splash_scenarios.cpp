@@ -95,8 +95,8 @@ class NativeSplash : public Scenario {
 
 std::vector<NamedScenario> SplashScenarios() {
     return {
-        {"own_splash", "The own splash", Make<OwnSplash>, 40},
-        {"native_splash", "The runtime's splash", Make<NativeSplash>, 20},
+        {"own_splash", "The own splash", Make<OwnSplash>, 40, 6},
+        {"native_splash", "The runtime's splash", Make<NativeSplash>, 20, 4},
     };
 }
 

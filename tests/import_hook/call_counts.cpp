@@ -75,7 +75,8 @@ void* DecideCall(HookedFunction* function, const std::uint64_t* arguments, std::
     if (function->isLogged) RecordCallTime(*function, role);
     const std::string subject =
         function->isLogged ? CallSubject(function->name, arguments) : std::string();
-    const FailurePlan::Failure* const failure = plan.Find(function->name, role, number, subject);
+    const FailurePlan::Failure* const failure =
+        plan.Find({function->name, role, number, subject, function->canFail});
     if (function->isLogged) LogLine(Line(*function, role, number, arguments, subject, failure));
     if (failure == nullptr) {
         SetLastError(error);

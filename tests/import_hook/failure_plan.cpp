@@ -37,7 +37,9 @@ void FailurePlan::Read(std::string_view text) {
         if (!nameRest.empty()) failure.role = static_cast<unsigned>(Number(std::string(nameRest)));
         const std::string which = TakeUpTo(rest, ':');
         failure.first = static_cast<unsigned>(Number(which));
-        failure.last = !which.empty() && which.back() == '+' ? UINT_MAX : failure.first;
+        failure.last = which.ends_with('+') ? UINT_MAX : failure.first;
+        if (which.ends_with('>')) failure.next = Next::OfTheFunction;
+        if (which.ends_with(">*")) failure.next = Next::OfAnyFunction;
         const std::string error = TakeUpTo(rest, ':');
         if (!error.empty()) failure.error = static_cast<std::uint32_t>(Number(error));
         if (!rest.empty()) failure.result = Number(std::string(rest));
@@ -46,13 +48,19 @@ void FailurePlan::Read(std::string_view text) {
     if (subject && !failures_.empty()) failures_.back().subject = subject;
 }
 
-const FailurePlan::Failure* FailurePlan::Find(std::string_view name, unsigned role, unsigned number,
-                                              std::string_view subject) {
+const FailurePlan::Failure* FailurePlan::Find(const Call& call) {
     for (Failure& each : failures_) {
-        if (each.name != name || each.role != role) continue;
-        if (each.subject && *each.subject != subject) continue;
-        const unsigned counted = each.subject ? ++each.counted : number;
-        if (counted >= each.first && counted <= each.last) return &each;
+        if (each.role != call.role) continue;
+        const bool isOfFunction = each.name == call.name;
+        if (each.isNext && (isOfFunction || (each.next == Next::OfAnyFunction && call.canFail))) {
+            each.isNext = false;
+            return &each;
+        }
+        if (!isOfFunction || (each.subject && *each.subject != call.subject)) continue;
+        const unsigned counted = each.subject ? ++each.counted : call.number;
+        if (counted < each.first || counted > each.last) continue;
+        each.isNext = each.next != Next::None;
+        return &each;
     }
     return nullptr;
 }

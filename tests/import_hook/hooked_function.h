@@ -19,6 +19,7 @@ struct HookedFunction {
     std::array<std::atomic<unsigned>, kMostRoles> calls{};
 
     bool isLogged = true;
+    bool canFail = true;  ///< `CanFail`
 };
 
 }  // namespace import_hook

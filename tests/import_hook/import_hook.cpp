@@ -9,8 +9,10 @@
 #include "base/windows.h"
 #include "tests/import_hook/call_counts.h"
 #include "tests/import_hook/call_times.h"
+#include "tests/import_hook/fallible_functions.h"
 #include "tests/import_hook/hook_log.h"
 #include "tests/import_hook/import_slots.h"
+#include "tests/import_hook/local_clock.h"
 #include "tests/import_hook/stub_pages.h"
 #include "tests/import_hook/thread_roles.h"
 
@@ -35,6 +37,7 @@ void* StubFor(std::string_view library, const std::string& name, void* target) {
             function->library = library;
             function->name = name;
             function->isLogged = IsLogged(name.c_str());
+            function->canFail = function->isLogged && CanFail(library, name);
         }
         function->target = target;
     }
@@ -76,6 +79,7 @@ void HookImports() {
         void* target = *slot.place;
         if (name == "GetProcAddress") target = reinterpret_cast<void*>(FindAndHook);
         if (name == "CreateThread") target = reinterpret_cast<void*>(CreateThreadWithRole);
+        if (name == "GetLocalTime") target = reinterpret_cast<void*>(GetPlannedLocalTime);
         Redirect(slot.place, StubFor(slot.library, name, target));
     }
 }
@@ -91,6 +95,7 @@ extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
     import_hook::OpenHookLog();
     import_hook::OpenCallTimes();
     import_hook::ReadFailurePlan();
+    import_hook::ReadLocalClock();
     import_hook::HookImports();
     return TRUE;
 }

@@ -135,6 +135,7 @@ Start InstalledApplication::StartWith(std::wstring_view commandLine) const {
     start.commandLine = commandLine;
     start.directory = directory;
     start.environment = environment;
+    start.desktop = desktop;
     start.outputFile = OutputFile();
     start.errorFile = ErrorFile();
     return start;

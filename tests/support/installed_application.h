@@ -61,6 +61,8 @@ class InstalledApplication {
     std::map<std::wstring, std::optional<std::wstring>> environment;
     /// Their working directory; by default the parent of the folder.
     std::wstring directory;
+    /// WINDOWSTATION\DESKTOP of the processes; by default those of the test.
+    std::wstring desktop;
 
     /// Starts the executable: its quoted path, a space, and the text unchanged.
     std::unique_ptr<LaunchedProcess> Launch(std::wstring_view argumentText = {}) const;

@@ -63,6 +63,8 @@ LaunchedProcess::LaunchedProcess(const Start& start) {
     how.hStdInput = input.get();
     how.hStdOutput = output.get();
     how.hStdError = error.get();
+    std::wstring desktop = start.desktop;
+    if (!desktop.empty()) how.lpDesktop = desktop.data();
     std::wstring block = EnvironmentBlock(start.environment);
     // CreateProcessW may write to it.
     std::vector<wchar_t> commandLine(start.commandLine.begin(), start.commandLine.end());

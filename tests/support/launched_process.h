@@ -18,6 +18,7 @@ struct Start {
     std::wstring directory;    ///< the working directory; empty: that of this process
     /// Variables of the process; no value: removed from its environment.
     std::map<std::wstring, std::optional<std::wstring>> environment;
+    std::wstring desktop;     ///< WINDOWSTATION\DESKTOP; empty: those of this process
     std::wstring outputFile;  ///< its standard output; empty: none
     std::wstring errorFile;
     /// A library to load before the first instruction; empty: none.

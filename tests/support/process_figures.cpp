@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <bit>
 #include <cstdlib>
 #include <vector>
 
@@ -16,18 +18,42 @@ namespace tarn::test {
 
 namespace {
 
-// GetProcessHandleCount is always 0 under Wine; the process list contains the number.
+// The list of all handles of the system, which no header declares.
+constexpr auto kExtendedHandleInformation = std::bit_cast<SYSTEM_INFORMATION_CLASS>(64U);
+constexpr NTSTATUS kLengthMismatch = static_cast<NTSTATUS>(0xC0000004);
+
+struct HandleEntry {
+    void* object;
+    ULONG_PTR processId;
+    ULONG_PTR handle;
+    ULONG access;
+    USHORT creator;
+    USHORT type;
+    ULONG attributes;
+    ULONG reserved;
+};
+
+struct HandleList {
+    ULONG_PTR count;
+    ULONG_PTR reserved;
+    HandleEntry entries[1];
+};
+
+// GetProcessHandleCount is always 0 under Wine, and the number in Wine's list of processes is the
+// size of the handle table, free entries included.
 std::size_t HandlesOf(DWORD id) {
-    std::vector<std::byte> list(1 << 20);
-    EXPECT_EQ(NtQuerySystemInformation(SystemProcessInformation, list.data(),
-                                       static_cast<ULONG>(list.size()), nullptr),
-              0);
-    for (const std::byte* at = list.data();;) {
-        const auto* const entry = reinterpret_cast<const SYSTEM_PROCESS_INFORMATION*>(at);
-        if (entry->UniqueProcessId == ULongToHandle(id)) return entry->HandleCount;
-        if (entry->NextEntryOffset == 0) return 0;
-        at += entry->NextEntryOffset;
+    std::vector<std::byte> buffer(1 << 18);
+    NTSTATUS status = kLengthMismatch;
+    while (status == kLengthMismatch) {
+        buffer.resize(buffer.size() * 2);
+        status = NtQuerySystemInformation(kExtendedHandleInformation, buffer.data(),
+                                          static_cast<ULONG>(buffer.size()), nullptr);
     }
+    EXPECT_EQ(status, 0);
+    const auto* const list = reinterpret_cast<const HandleList*>(buffer.data());
+    return static_cast<std::size_t>(
+        std::count_if(list->entries, list->entries + list->count,
+                      [&](const HandleEntry& each) { return each.processId == id; }));
 }
 
 std::size_t ThreadsOf(DWORD id) {
@@ -89,6 +115,19 @@ SystemFigures SystemFiguresNow() {
     figures.processes = CountProcesses();
     EnumWindows(CountWindow, reinterpret_cast<LPARAM>(&figures.windows));
     return figures;
+}
+
+std::size_t CountAtoms() {
+    constexpr ATOM kFirst = 0xC000;
+    constexpr ATOM kLast = 0xFFFF;
+    constexpr int kMostName = 256;
+    std::size_t count = 0;
+    for (unsigned atom = kFirst; atom <= kLast; ++atom) {
+        wchar_t name[kMostName];
+        if (GlobalGetAtomNameW(static_cast<ATOM>(atom), name, kMostName) != 0) ++count;
+        if (GetClipboardFormatNameW(atom, name, kMostName) != 0) ++count;
+    }
+    return count;
 }
 
 std::set<std::wstring> FilesBelow(const std::wstring& folder) {

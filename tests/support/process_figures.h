@@ -10,7 +10,7 @@ namespace tarn::test {
 
 /// The resources of a process.
 struct ProcessFigures {
-    std::size_t handles = 0;
+    std::size_t handles = 0;  ///< open ones
     std::size_t threads = 0;
     std::size_t privateKiB = 0;
 };
@@ -25,6 +25,10 @@ struct SystemFigures {
 };
 
 SystemFigures SystemFiguresNow();
+
+/// The number of names in the session's tables of global atoms and of registered messages, formats
+/// and classes, which no process's end empties. There is room for 16,384 in each.
+std::size_t CountAtoms();
 
 /// The names of all files below a folder, which ends in a backslash, relative to it.
 std::set<std::wstring> FilesBelow(const std::wstring& folder);

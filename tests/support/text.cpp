@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <sstream>
 
 #include "base/handles.h"
 
@@ -120,6 +121,13 @@ std::vector<std::string> SplitLines(std::string_view text) {
         text.remove_prefix(end + 1);
     }
     return lines;
+}
+
+std::vector<std::string> SplitFields(const std::string& line) {
+    std::vector<std::string> fields;
+    std::istringstream text(line);
+    for (std::string field; std::getline(text, field, '\t');) fields.push_back(field);
+    return fields;
 }
 
 }  // namespace tarn::test

@@ -32,4 +32,7 @@ void WriteFileBytes(const std::wstring& path, std::string_view bytes);
 
 std::vector<std::string> SplitLines(std::string_view text);
 
+/// The fields of a line that are separated by tabs. An empty last field is omitted.
+std::vector<std::string> SplitFields(const std::string& line);
+
 }  // namespace tarn::test
