@@ -3,8 +3,10 @@
 import os
 import re
 import shutil
+import signal
 import subprocess
 import tempfile
+import time
 import unittest
 
 from tarn_program import JDK, LAUNCHER, RUNTIMES, FolderTest, run
@@ -37,17 +39,48 @@ class FastStartTest(FolderTest):
             subprocess.run([os.path.join(JDK, "javac"), "--release", "11", "-d", folder, "-nowarn",
                             os.path.join(folder, "App.java")], check=True)
             # Without compression, so that both jars have the same size.
-            subprocess.run([os.path.join(JDK, "jar"), "--create", "--no-compress", "--main-class", "App",
-                            "--file", os.path.join(cls.shared, version + ".jar"),
-                            "-C", folder, "App.class", "-C", folder, "Library.class"], check=True)
-        # One archive of a runtime's own classes is enough for all tests.
-        cls.runtime = os.path.join(cls.shared, "runtime")
-        shutil.copytree(os.path.join(RUNTIMES, "21"), cls.runtime)
+            cls.pack(version + ".jar", folder)
+            # The same application as a module; its main class must not be in the unnamed package.
+            module = os.path.join(cls.shared, "module " + version)
+            os.makedirs(module)
+            with open(os.path.join(module, "module-info.java"), "w", encoding="ascii") as source:
+                source.write("module notes { }\n")
+            with open(os.path.join(module, "App.java"), "w", encoding="ascii") as source:
+                with open(os.path.join(folder, "App.java"), encoding="ascii") as plain:
+                    source.write("package notes;\n" + plain.read())
+            subprocess.run([os.path.join(JDK, "javac"), "--release", "11", "-d", module, "-nowarn",
+                            os.path.join(module, "module-info.java"),
+                            os.path.join(module, "App.java")], check=True)
+            cls.pack("module " + version + ".jar", module, "notes.")
+
+    @classmethod
+    def pack(cls, name, folder, package=""):
+        names = [os.path.join(package.replace(".", "/"), "App.class"),
+                 os.path.join(package.replace(".", "/"), "Library.class")]
+        if package:
+            names.append("module-info.class")
+        subprocess.run([os.path.join(JDK, "jar"), "--create", "--no-compress", "--main-class",
+                        package + "App", "--file", os.path.join(cls.shared, name)] +
+                       [word for name in names for word in ("-C", folder, name)], check=True)
+
+    @classmethod
+    def runtime(cls, version):
+        """A copy of the runtime with the archive of its own classes. One is enough for all tests."""
+        home = os.path.join(cls.shared, "runtime" + version)
+        if not os.path.exists(home):
+            shutil.copytree(os.path.join(RUNTIMES, version), home)
+            subprocess.run(["wine", os.path.join(home, "bin", "java.exe"), "-Xshare:dump"],
+                           check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                           timeout=600)
+        return home
 
     def setUp(self):
         super().setUp()
+        self.use_folder("tarn-tests-")
+
+    def use_folder(self, prefix):
         # Java 21 archives no classes of jars below a folder with a space or another letter.
-        self.folder = tempfile.mkdtemp(prefix="tarn-tests-")
+        self.folder = tempfile.mkdtemp(prefix=prefix)
         self.addCleanup(shutil.rmtree, self.folder, ignore_errors=True)
         self.local = self.path("local")
         os.mkdir(self.local)
@@ -66,20 +99,29 @@ class FastStartTest(FolderTest):
     def windows_path(self, *names):
         return "Z:" + self.path(*names).replace("/", "\\")
 
-    def start(self, folder="out"):
-        """Starts the application: whether the JVM found its library in the archive."""
+    def begin(self, folder="out", log="classes.log"):
+        """Starts the application: its process."""
         # Relative to the executable's folder, which is the current directory.
-        environment = os.environ | {"JAVA_TOOL_OPTIONS": "-Xlog:class+load:file=classes.log"}
-        done = subprocess.run(["wine", self.path(folder, NOTES + ".exe")], check=False,
-                              cwd=self.folder, env=environment, timeout=300,
-                              stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL)
-        self.assertEqual(7, done.returncode, "the application's own exit code")
-        loaded = self.read(folder, "classes.log").decode(errors="replace")
+        environment = os.environ | {"JAVA_TOOL_OPTIONS": "-Xlog:class+load:file=" + log}
+        process = subprocess.Popen(["wine", self.path(folder, NOTES + ".exe")], cwd=self.folder,
+                                   env=environment, stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
+
+    def finish(self, process, folder="out", log="classes.log"):
+        """Waits for the end: whether the JVM found the library in the archive."""
+        self.assertEqual(7, process.wait(300), "the application's own exit code")
+        loaded = self.read(folder, log).decode(errors="replace")
         self.assertIn("java.lang.Object source: shared objects file", loaded,
                       "the runtime's own archive is always used")
-        library = re.search(r"\] Library source: (.*)", loaded).group(1).strip()
+        library = re.search(r"\] (?:notes\.)?Library source: (.*)", loaded).group(1).strip()
         return library == "shared objects file (top)"
+
+    def start(self, folder="out"):
+        """Starts the application: whether the JVM found its library in the archive."""
+        return self.finish(self.begin(folder), folder)
 
     def version(self):
         return self.read("output.txt").decode().strip()
@@ -89,23 +131,19 @@ class FastStartTest(FolderTest):
 
 
 class ArchiveTest(FastStartTest):
-    def setUp(self):
-        super().setUp()
-        self.put_version("one")
+    def make(self, version="21", *options, modules=""):
         self.wrap("--fast-start", "--ends-with", "exit", "--set",
-                  f"Application/Fast Start={self.windows_path('local', NOTES)}",
+                  f"Application/Fast Start={self.windows_path('local', NOTES)}{modules}",
                   "--set", "Java Runtime Environment/JRE Path=" +
-                  "Z:" + self.runtime.replace("/", "\\"))
-        os.utime(self.path("out", "app.jar"), (TIME, TIME))
-        self.make_runtime_archive()
+                  "Z:" + self.runtime(version).replace("/", "\\"), *options)
 
-    def make_runtime_archive(self):
-        if os.path.exists(os.path.join(self.runtime, "bin", "server", "classes.jsa")):
-            return
-        subprocess.run(["wine", os.path.join(self.runtime, "bin", "java.exe"), "-Xshare:dump"],
-                       check=True, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=600)
+    def make_plain(self):
+        self.put_version("one")
+        self.make()
+        os.utime(self.path("out", "app.jar"), (TIME, TIME))
 
     def test_a_replaced_jar_of_equal_time_and_size_never_meets_old_classes(self):
+        self.make_plain()
         self.assertFalse(self.start())
         first = self.archives()
         self.assertEqual(1, len(first))
@@ -124,6 +162,7 @@ class ArchiveTest(FastStartTest):
         self.assertEqual("two.", self.version())
 
     def test_two_installations_have_archives_of_their_own(self):
+        self.make_plain()
         self.start()
         shutil.copytree(self.path("out"), self.path("other"))
         self.put_version("two", os.path.join("other", "app.jar"))
@@ -135,6 +174,7 @@ class ArchiveTest(FastStartTest):
         self.assertEqual("two.", self.version())
 
     def test_an_archive_that_cannot_be_written_or_is_damaged_costs_nothing(self):
+        self.make_plain()
         # `start` expects the runtime's own archive, and the application's exit code.
         shutil.rmtree(self.local)
         self.put("local", b"a file")
@@ -148,6 +188,44 @@ class ArchiveTest(FastStartTest):
             file.write(bytes(4096))
         self.assertFalse(self.start(), "a damaged one is not read, but written again")
         self.assertTrue(self.start())
+
+    def test_a_module_that_was_replaced_by_one_of_equal_time_and_size_never_meets_old_classes(self):
+        self.put_version("module one")
+        self.make(modules=";app.jar")
+        os.utime(self.path("out", "app.jar"), (TIME, TIME))
+        self.assertIn(b"--add-modules=notes", self.read("out", NOTES + ".ini"))
+        self.assertFalse(self.start())
+        self.assertTrue(self.start())
+        self.put_version("module two", os.path.join("out", "app.jar"))
+        self.assertFalse(self.start())
+        self.assertEqual("two.", self.version())
+
+    def test_java_25_archives_the_jar_in_a_single_file_below_a_folder_with_a_space(self):
+        self.use_folder("tarn tests ")
+        self.put_version("one")
+        self.make("25", "--single-file")
+        self.assertFalse(self.start())
+        self.assertTrue(self.start())
+        self.assertEqual("one.", self.version())
+
+    def test_a_start_while_the_first_one_writes_its_archive_is_as_usual(self):
+        self.make_plain()
+        first = self.begin(log="first.log")
+        end = time.monotonic() + 300
+        while not self.archives():
+            self.assertIsNone(first.poll(), "no archive was written")
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.001)  # between two looks
+        first.send_signal(signal.SIGSTOP)
+        self.addCleanup(first.send_signal, signal.SIGCONT)
+        [archive] = self.archives()
+        with open(os.path.join(self.local, archive), "rb") as file:
+            is_complete = file.read(1) not in (b"", b"\0")
+        self.assertEqual(is_complete, self.start(), "only a complete archive is read")
+        first.send_signal(signal.SIGCONT)
+        self.assertFalse(self.finish(first, log="first.log"))
+        self.assertEqual([archive], self.archives())
+        self.assertTrue(self.start(), "the first one has written it")
 
 
 class RuntimeArchiveTest(FastStartTest):
