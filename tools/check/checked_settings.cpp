@@ -46,6 +46,12 @@ CheckedSettings CheckedSettings::Load(const std::filesystem::path& file, bool ch
     return settings;
 }
 
+CheckedSettings CheckedSettings::BuiltInto(const std::filesystem::path& executable) {
+    CheckedSettings settings(executable, {}, true);
+    settings.SetEmbedded(EmbeddedSettingsOf(executable));
+    return settings;
+}
+
 std::filesystem::path CheckedSettings::Executable() const {
     std::filesystem::path executable = file_;
     return executable.replace_extension(".exe");

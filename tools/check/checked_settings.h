@@ -29,6 +29,9 @@ class CheckedSettings {
     /// Throws Failure when the file cannot be read.
     static CheckedSettings Load(const std::filesystem::path& file, bool checksFiles);
 
+    /// The settings that are built into an executable without a settings file.
+    static CheckedSettings BuiltInto(const std::filesystem::path& executable);
+
     bool checksFiles() const { return checksFiles_; }
 
     const DecodedIni& decoded() const { return decoded_; }

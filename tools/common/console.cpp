@@ -76,6 +76,12 @@ void Console::PrintWarning(std::string_view message) const {
     Write(errors_, std::string(message) + "\n");
 }
 
+void Console::PrintNote(std::string_view message) const {
+    ShowProgress("");
+    Write(errors_, "tarn: " + std::string(message) + "\n");
+    std::fflush(errors_);
+}
+
 std::string Console::Styled(Style style, std::string_view text) const {
     return StyledIf(outputHasColors_, style, text);
 }

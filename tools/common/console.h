@@ -24,6 +24,10 @@ class Console {
     void PrintError(std::string_view message) const;
     void PrintWarning(std::string_view message) const;
 
+    /// "tarn: message" on standard error, for what takes so long that it needs a word even where
+    /// standard error is not a terminal.
+    void PrintNote(std::string_view message) const;
+
     /// The text in a style, for Print; unchanged when standard output is not a terminal.
     std::string Styled(Style style, std::string_view text) const;
 

@@ -27,9 +27,10 @@ TEST_F(ConsoleOutput, HasNeitherColorsNorProgressInAFile) {
     const Console console(output_, errors_, false, false);
     console.PrintLine(console.Styled(Style::Bold, "title"));
     console.ShowProgress("half");
+    console.PrintNote("slow");
     console.PrintError("broken");
     EXPECT_EQ(TextOf(output_), "title\n");
-    EXPECT_EQ(TextOf(errors_), "tarn: error: broken\n");
+    EXPECT_EQ(TextOf(errors_), "tarn: slow\ntarn: error: broken\n");
 }
 
 TEST_F(ConsoleOutput, ErasesTheProgressLineBeforeAnError) {

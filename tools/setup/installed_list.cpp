@@ -35,6 +35,7 @@ std::string InstalledList(const SetupRequest& request, const Product& product,
     }
     add('S', product.fileName + ".lnk");
     if (request.desktopShortcut) add('L', product.fileName + ".lnk");
+    if (!product.archivePrefix.empty()) add('A', product.archivePrefix);
     for (const RegistryValue& value : values) {
         add('K', value.key);
         add('N', value.name);

@@ -21,6 +21,7 @@ std::string SettingsFileOf(const Product& product, const PackageContent& content
 /// space and a text:
 ///   F file and D folder below the installation folder, with backslashes
 ///   S shortcut in the start menu and L shortcut on the desktop
+///   A class archives of the launcher, whose names begin with this path (with variables)
 ///   K key, N value name and V data of a registry value, which is removed while it has that data
 ///   E registry key that is removed if it is empty
 /// Upgrades and the uninstaller read it. UTF-8 with CR LF; the file is UTF-16.

@@ -40,6 +40,12 @@ TEST(InstalledList, NamesTheShortcutOnTheDesktopAndTheRegistryValues) {
               "E Software\\A\\B\r\nE Software\\A\r\n");
 }
 
+TEST(InstalledList, NamesTheArchivesOfTheLauncher) {
+    Product product = Viewer();
+    product.archivePrefix = "%LOCALAPPDATA%\\V\\V";
+    EXPECT_EQ(InstalledList({}, product, {}, {}), "S Viewer.lnk\r\nA %LOCALAPPDATA%\\V\\V\r\n");
+}
+
 TEST(SettingsFile, IsTheOneBesideTheExecutable) {
     EXPECT_EQ(SettingsFileOf(Viewer(), ContentOf({"Viewer.INI", "other.ini"})), "Viewer.INI");
     EXPECT_EQ(SettingsFileOf(Viewer(), ContentOf({"other.ini"})), "");

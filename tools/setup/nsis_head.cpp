@@ -12,7 +12,7 @@ constexpr std::string_view kHead =
 
 Target amd64-unicode
 Unicode true
-SetCompressor /SOLID lzma
+SetCompressor @COMPRESSOR@
 ManifestSupportedOS all
 ManifestDPIAware true
 RequestExecutionLevel @LEVEL@
@@ -37,6 +37,8 @@ InstallDir "@PROGRAMS@\@FILE_NAME@"
 
 Var OldFolder      ; of the installed version; empty when there is none
 Var Staging        ; the folder into which files are extracted
+Var Backup         ; the folder to which files are moved until all new ones are in place
+Var Stranded       ; a file in that folder that could not be moved back
 Var Root           ; the folder that a list applies to
 Var ListFile
 Var Callback       ; called for each line of a list, with its letter and its text
@@ -46,6 +48,7 @@ Var Key
 Var ValueName
 Var Busy           ; a file that is in use
 Var Kept           ; the settings file, when it stays as the user has changed it
+Var Replaced       ; the settings file, when the user's is replaced by another one
 Var WithSettings   ; whether the uninstaller removes the changed settings file
 Var CheckBox
 Var SettingsFile   ; the name of the settings file; empty when there is none
@@ -115,6 +118,25 @@ Function ${UN}FindBusyFile
   ${EndIf}
 FunctionEnd
 
+; The archives of classes that the launcher has made.
+Function ${UN}RemoveArchives
+  ExpandEnvStrings $Line $Line
+  ${GetParent} $Line $R3
+  StrLen $R4 "$Line@ARCHIVES@"
+  FindFirst $R5 $R6 "$Line@ARCHIVES@"
+  ${DoUntil} $R6 == ""
+    ; A wildcard matches no character, too, and short names are compared as well.
+    StrLen $R7 "$R3\$R6"
+    ${If} $R7 == $R4
+      SetFileAttributes "$R3\$R6" NORMAL ; Java makes them read-only
+      Delete "$R3\$R6"
+    ${EndIf}
+    FindNext $R5 $R6
+  ${Loop}
+  FindClose $R5
+  RMDir "$R3"
+FunctionEnd
+
 Function ${UN}RemoveItem
   ${Select} $Kind
   ${Case} "F"
@@ -127,6 +149,8 @@ Function ${UN}RemoveItem
     Delete "$SMPROGRAMS\$Line"
   ${Case} "L"
     Delete "$DESKTOP\$Line"
+  ${Case} "A"
+    Call ${UN}RemoveArchives
   ${Case} "K"
     StrCpy $Key $Line
   ${Case} "N"
@@ -157,11 +181,6 @@ Function ${UN}WaitUntilFree
     MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(ApplicationRuns)$\r$\n$\r$\n$Root\$Busy" /SD IDCANCEL IDRETRY +2
     Return
   ${Loop}
-FunctionEnd
-
-Function ${UN}RemoveListed
-  GetFunctionAddress $Callback ${UN}RemoveItem
-  Call ${UN}WalkList
 FunctionEnd
 
 ; Pushes "same" if two files have the same bytes.

@@ -5,6 +5,7 @@
 
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
+#include "tools/setup/class_archives.h"
 #include "tools/setup/installed_list.h"
 #include "tools/setup/nsis_body.h"
 #include "tools/setup/nsis_text.h"
@@ -68,10 +69,13 @@ std::string FileStatements(const NsisInput& input) {
     return script;
 }
 
+// The installation folder itself is the first: makensis warns about a function without a call.
 std::string FolderStatements(const PackageContent& content) {
+    std::vector<std::string> folders = {"."};
+    folders.insert(folders.end(), content.folders.begin(), content.folders.end());
     std::string script;
-    for (const std::string& folder : content.folders) {
-        script += "  CreateDirectory \"$INSTDIR\\" + NsisPath(folder) + "\"\n";
+    for (const std::string& folder : folders) {
+        script += "  StrCpy $Line \"" + NsisPath(folder) + "\"\n  Call MakeFolder\n";
     }
     return script;
 }
@@ -152,6 +156,8 @@ std::string NsisScript(const NsisInput& input) {
     const SetupRequest& request = input.request;
     const std::string settings = SettingsFileOf(product, input.content);
     const std::map<std::string_view, std::string> words = {
+        {"ARCHIVES", kArchivePattern},
+        {"COMPRESSOR", input.content.size > kLargestSolidContent ? "zlib" : "/SOLID lzma"},
         {"OUTPUT", kNsisResult},
         {"ICON", product.icon.empty() ? std::string()
                                       : "!define MUI_ICON \"setup.ico\"\n"
@@ -190,7 +196,8 @@ std::string NsisScript(const NsisInput& input) {
         {"SHORTCUTS", ShortcutStatements(request)},
         {"REGISTRY", RegistryStatements(input.values, request.perMachine ? "HKLM" : "HKCU")},
     };
-    return Filled(NsisHead(), words) + Filled(NsisSections(), words);
+    return Filled(NsisHead(), words) + Filled(NsisReplacement(), words) +
+           Filled(NsisSections(), words);
 }
 
 }  // namespace tarn::tools

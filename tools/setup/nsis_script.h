@@ -12,6 +12,10 @@ namespace tarn::tools {
 /// The most bytes that a setup program made by NSIS can contain.
 inline constexpr std::uint64_t kLargestNsisContent = 2'000'000'000;
 
+/// The most bytes that are compressed as one stream by LZMA, at about 2 MB per second. More is
+/// compressed file by file by Deflate, which is ten times as fast.
+inline constexpr std::uint64_t kLargestSolidContent = std::uint64_t{200} << 20;
+
 /// The inputs of the script in its folder.
 inline constexpr char kNsisResult[] = "installer.exe";
 inline constexpr char kNsisIcon[] = "setup.ico";

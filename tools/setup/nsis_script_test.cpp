@@ -80,7 +80,7 @@ TEST_F(NsisScriptTest, ExtractsEachFileBelowTheStagingFolder) {
                     "  SetOutPath \"$Staging\\lib\"\n"
                     "  File \"/oname=x${U+24}${U+24}{y}.jar\" \""));
     EXPECT_TRUE(Has(script, "app/lib/x${U+24}{y}.jar\"\n"));
-    EXPECT_TRUE(Has(script, "  CreateDirectory \"$INSTDIR\\lib\"\n"));
+    EXPECT_TRUE(Has(script, "  StrCpy $Line \"lib\"\n  Call MakeFolder\n"));
 }
 
 TEST_F(NsisScriptTest, SetsTheTimeOfEachFileInStepsOf100Nanoseconds) {
@@ -119,11 +119,19 @@ TEST_F(NsisScriptTest, GivesVersionAndSizeInKib) {
     EXPECT_TRUE(Has(Script(), "\"EstimatedSize\" 3\n"));
 }
 
-TEST_F(NsisScriptTest, RemovesNoTreeButItsOwnStagingFolder) {
+TEST_F(NsisScriptTest, CompressesLargeFoldersByTheFasterMethod) {
+    content_.size = kLargestSolidContent;
+    EXPECT_TRUE(Has(Script(), "SetCompressor /SOLID lzma\n"));
+    ++content_.size;
+    EXPECT_TRUE(Has(Script(), "SetCompressor zlib\n"));
+}
+
+TEST_F(NsisScriptTest, RemovesNoTreesButItsTemporaryFolders) {
     const std::string script = Script();
     for (std::size_t at = script.find("RMDir /r"); at != std::string::npos;
          at = script.find("RMDir /r", at + 1)) {
-        EXPECT_EQ(script.substr(at, 19), "RMDir /r \"$Staging\"");
+        const std::string statement = script.substr(at, script.find('\n', at) - at);
+        EXPECT_TRUE(statement == "RMDir /r \"$Staging\"" || statement == "RMDir /r \"$Backup\"");
     }
 }
 

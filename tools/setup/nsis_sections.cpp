@@ -3,9 +3,6 @@
 namespace tarn::tools {
 namespace {
 
-// Setup extracts everything into a folder of its own first. Only when that has succeeded and no
-// file of the old version is in use, the old files go, by the list of what was installed, and the
-// new ones take their places.
 constexpr std::string_view kSections = R"nsis(Function .onInit
   SetShellVarContext @CONTEXT@
   SetRegView 64
@@ -59,10 +56,15 @@ Function StartApplication
   Exec "@START@$\"$INSTDIR\@EXECUTABLE@$\""
 FunctionEnd
 
+; Both folders were created by this setup, under names that were free.
 Function RemoveStaging
   SetOutPath "$TEMP"
   ${If} $Staging != ""
-    RMDir /r "$Staging" ; created by this setup, under a name that was free
+    RMDir /r "$Staging"
+  ${EndIf}
+  ${If} $Backup != ""
+  ${AndIf} $Stranded == ""
+    RMDir /r "$Backup"
   ${EndIf}
   RMDir "$INSTDIR"
 FunctionEnd
@@ -89,9 +91,10 @@ FunctionEnd
 ; otherwise the new version's apply, and the user's remain beside them.
 Function PrepareSettings
   StrCpy $Kept ""
-  ${If} $SettingsFile == ""
+  StrCpy $Replaced ""
+  ${If} $OldFolder == ""
+  ${OrIf} $SettingsFile == ""
   ${OrIfNot} ${FileExists} "$INSTDIR\$SettingsFile"
-  ${OrIfNot} ${FileExists} "$INSTDIR\uninstall.ini"
     Return
   ${EndIf}
   Call CompareSettings
@@ -99,31 +102,27 @@ Function PrepareSettings
   ${If} $0 == "same"
     Return
   ${EndIf}
+  StrCpy $Replaced $SettingsFile
   Push "$Staging\uninstall.ini"
   Push "$INSTDIR\uninstall.ini"
   Call CompareFiles
   Pop $0
   ${If} $0 == "same"
     StrCpy $Kept $SettingsFile
+    StrCpy $Replaced ""
   ${EndIf}
 FunctionEnd
 
-Function PlaceItem
-  ${If} $Kind != "F"
-  ${OrIf} $Line == $Kept
-    Return
-  ${EndIf}
-  ; Whatever the old version did not install belongs to the user.
-  ${If} ${FileExists} "$INSTDIR\$Line"
-    Delete "$INSTDIR\$Line.old"
-    Rename "$INSTDIR\$Line" "$INSTDIR\$Line.old"
-  ${EndIf}
+!macro MakeTemporaryFolder FOLDER
   ClearErrors
-  Rename "$Staging\$Line" "$INSTDIR\$Line"
+  GetTempFileName ${FOLDER} "$INSTDIR"
+  Delete "${FOLDER}"
+  CreateDirectory "${FOLDER}"
   ${If} ${Errors}
-    StrCpy $Busy $Line
+    StrCpy ${FOLDER} ""
+    Abort
   ${EndIf}
-FunctionEnd
+!macroend
 
 ; makensis stores times in steps of two seconds. $0 is the file, $1 its time.
 Function SetTime
@@ -131,11 +130,6 @@ Function SetTime
   System::Call "kernel32::SetFileTime(p r2, p 0, p 0, *l $1)"
   System::Call "kernel32::CloseHandle(p r2)"
 FunctionEnd
-
-!macro PlaceOwnFile NAME
-  Delete "$INSTDIR\${NAME}"
-  Rename "$Staging\${NAME}" "$INSTDIR\${NAME}"
-!macroend
 
 Section
   Call MeasureFolder
@@ -145,15 +139,10 @@ Section
     Quit
   ${EndIf}
   Call QuitIfBusy
+  StrCpy $Stranded ""
   SetOutPath "$INSTDIR"
-  ClearErrors
-  GetTempFileName $Staging "$INSTDIR"
-  Delete "$Staging"
-  CreateDirectory "$Staging"
-  ${If} ${Errors}
-    StrCpy $Staging ""
-    Abort
-  ${EndIf}
+  !insertmacro MakeTemporaryFolder $Staging
+  !insertmacro MakeTemporaryFolder $Backup
 @FILES@
   SetOutPath "$Staging"
   SetDateSave off ; the list has the time of its making, which would differ
@@ -168,32 +157,44 @@ Section
   Call QuitIfBusy
 
   Call PrepareSettings
-  ${If} $OldFolder != ""
-    ${If} $Kept == ""
-    ${AndIf} $SettingsFile != ""
-      Call CompareSettings
-      Pop $0
-      ${If} $0 == "different"
-        Delete "$INSTDIR\$SettingsFile.old"
-        Rename "$INSTDIR\$SettingsFile" "$INSTDIR\$SettingsFile.old"
-      ${EndIf}
-    ${EndIf}
-    Call RemoveListed
-  ${EndIf}
-
-@FOLDERS@
   StrCpy $Busy ""
+  !insertmacro WalkOldList MoveOldAway
+  ${If} $Busy != ""
+    Call RollBack
+  ${EndIf}
+@FOLDERS@
   StrCpy $ListFile "$Staging\uninstall.lst"
   GetFunctionAddress $Callback PlaceItem
   Call WalkList
   ${If} $Busy != ""
-    Abort
+    Call RollBack
   ${EndIf}
-  !insertmacro PlaceOwnFile "uninstall.lst"
-  !insertmacro PlaceOwnFile "uninstall.ini"
-  !insertmacro PlaceOwnFile "uninstall.exe"
-  RMDir /r "$Staging"
+  !insertmacro ForOwnFiles MoveOldAway
+  !insertmacro ForOwnFiles PlaceItem
+  ${If} $Busy != ""
+    Call RollBack
+  ${EndIf}
+
+  StrCpy $ListFile "$INSTDIR\uninstall.lst"
+  GetFunctionAddress $Callback KeepReplaced
+  Call WalkList
+  ${If} $Replaced != ""
+  ${AndIf} ${FileExists} "$Backup\1\$Replaced"
+    Delete "$INSTDIR\$Replaced.old"
+    ClearErrors
+    Rename "$Backup\1\$Replaced" "$INSTDIR\$Replaced.old"
+    ${If} ${Errors}
+      StrCpy $Stranded $Replaced
+    ${EndIf}
+  ${EndIf}
+  ${If} $OldFolder != ""
+    StrCpy $ListFile "$Backup\1\uninstall.lst"
+    GetFunctionAddress $Callback RemoveOldRest
+    Call WalkList
+  ${EndIf}
+  Call RemoveStaging
   StrCpy $Staging ""
+  StrCpy $Backup ""
 
 @SHORTCUTS@
 @REGISTRY@
@@ -276,7 +277,8 @@ Section Uninstall
       StrCpy $Kept $SettingsFile
     ${EndIf}
   ${EndIf}
-  Call un.RemoveListed
+  GetFunctionAddress $Callback un.RemoveItem
+  Call un.WalkList
   Delete "$INSTDIR\uninstall.ini"
   Delete "$INSTDIR\uninstall.lst"
   Delete "$INSTDIR\uninstall.exe"

@@ -21,7 +21,10 @@ struct Product {
     std::string copyright;
     std::string id;          // letters, digits, '.', '-' and '_'
     std::string executable;  // in the installation folder, with its extension
-    Bytes icon;              // an .ico file; empty if the executable has none
+    /// Of the class archives that the launcher leaves (see `ArchivePrefixOf`); not set by
+    /// `ReadProduct`.
+    std::string archivePrefix;
+    Bytes icon;  // an .ico file; empty if the executable has none
 };
 
 /// The product in a folder created by `tarn wrap`: the request's texts, completed from the version

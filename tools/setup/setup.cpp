@@ -3,6 +3,7 @@
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
+#include "tools/setup/class_archives.h"
 #include "tools/setup/make_msi.h"
 #include "tools/setup/msi_limits.h"
 #include "tools/setup/nsis_setup.h"
@@ -16,6 +17,9 @@ namespace tarn::tools {
 namespace {
 
 namespace fs = std::filesystem;
+
+// Bytes that are announced even where standard error is not a terminal.
+constexpr std::uint64_t kSlowContent = std::uint64_t{50} << 20U;
 
 void CheckIcons(const SetupRequest& request, const PackageContent& content) {
     for (const Association& association : request.associations) {
@@ -62,12 +66,26 @@ void SignExecutable(const SetupRequest& request, const Product& product,
     if (error) throw Failure(copy, "the time cannot be set (" + error.message() + ")");
 }
 
+// The tools say nothing while they compress.
+void ReportStart(const SetupRequest& request, const PackageContent& content,
+                 const Console& console) {
+    const PackagingTool tool = request.kind == SetupKind::Msi ? WixlTool() : MakensisTool();
+    const std::string text = tool.name + " compresses " + std::to_string(content.size >> 20U) +
+                             " MiB in " + std::to_string(content.files.size()) + " files";
+    if (content.size >= kSlowContent) {
+        console.PrintNote(text + ", which can take some minutes");
+    } else {
+        console.ShowProgress(text);
+    }
+}
+
 }  // namespace
 
 fs::path MakeSetup(const SetupRequest& request, const Console& console) {
     CheckTwice(request);
-    const Product product = ReadProduct(request);
+    Product product = ReadProduct(request);
     const PackageContent content = ListPackage(request.folder, product.fileName);
+    product.archivePrefix = ArchivePrefixOf(product, content);
     CheckIcons(request, content);
     fs::path result = ResultPath(request, product);
     CheckResultPath(result, request.replaces);
@@ -84,7 +102,7 @@ fs::path MakeSetup(const SetupRequest& request, const Console& console) {
         CheckPublication(request, publication, result);
     }
 
-    console.ShowProgress("making " + Utf8OfPath(result));
+    ReportStart(request, content, console);
     WorkFolder work(request.script);
     if (!request.signCommand.empty()) SignExecutable(request, product, content, work.Path());
     const fs::path made = request.kind == SetupKind::Msi
