@@ -1,5 +1,5 @@
 # Builds the companion program for any system with the pinned cross-compiler that
-# scripts/fetch_cross_compiler.sh puts into the cache: TARN_ZIG_TARGET names the system, such as
+# scripts/fetch_cross_compiler.py puts into the cache: TARN_ZIG_TARGET names the system, such as
 # aarch64-linux-musl. Its C and C++ libraries are linked statically, so that the program runs on
 # every release of that system.
 set(TARN_ZIG_TARGET "" CACHE STRING "System to build for: x86_64-linux-musl, aarch64-macos ...")
@@ -7,6 +7,9 @@ list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES TARN_ZIG_TARGET)
 
 if(TARN_ZIG_TARGET MATCHES "^([^-]+)-macos")
     set(CMAKE_SYSTEM_NAME Darwin)
+    # CMake demands it when a second language is enabled, although nothing here is installed with
+    # libraries whose names it would change.
+    set(CMAKE_INSTALL_NAME_TOOL ":" CACHE INTERNAL "")
 elseif(TARN_ZIG_TARGET MATCHES "^([^-]+)-linux")
     set(CMAKE_SYSTEM_NAME Linux)
 else()
@@ -24,7 +27,7 @@ if(NOT tarnCache)
     string(APPEND tarnCache "/tarn")
 endif()
 find_program(tarnZig zig PATHS "${tarnCache}/cross-compiler" NO_DEFAULT_PATH REQUIRED
-    DOC "The cross-compiler that scripts/fetch_cross_compiler.sh fetches")
+    DOC "The cross-compiler that scripts/fetch_cross_compiler.py fetches")
 
 # One program holds the compilers and the archiver.
 set(CMAKE_C_COMPILER "${tarnZig}" cc)
