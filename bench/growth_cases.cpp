@@ -1,5 +1,10 @@
 // How the time to JNI_CreateJavaVM grows with what an application brings.
+#include <cstdint>
+#include <cstring>
 #include <fstream>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "bench/bench_case.h"
 #include "bench/timed_process.h"
@@ -67,10 +72,58 @@ Case ArgumentsCase(const Workspace& workspace) {
     return result;
 }
 
+// A jar for whoever reads its directory only.
+std::string JarWith(int entries) {
+    constexpr std::size_t kEntrySize = 100;
+    constexpr std::size_t kEndRecordSize = 22;
+    constexpr std::size_t kDirectorySizeOffset = 12;
+    const auto size = static_cast<std::uint32_t>(kEntrySize * static_cast<std::size_t>(entries));
+    std::string jar(size + kEndRecordSize, '\0');
+    std::memcpy(jar.data() + size, "PK\x05\x06", 4);
+    std::memcpy(jar.data() + size + kDirectorySizeOffset, &size, sizeof size);
+    return jar;
+}
+
+// Starts that find no archive, and look whether one can be written.
+Case FastStartCase(const Workspace& workspace) {
+    Case result = EmptyCase("Growth: fingerprint of the class path");
+    for (const auto& [jars, entries] :
+         {std::pair(1, 100), std::pair(10, 100), std::pair(100, 100), std::pair(1, 10'000)}) {
+        const std::wstring name = L"jars" + std::to_wstring(jars) + L"x" + std::to_wstring(entries);
+        const std::filesystem::path library = workspace.scratch / name;
+        std::vector<std::filesystem::path> paths;
+        std::wstring classPath;
+        for (int i = 0; i < jars; ++i) {
+            paths.push_back(library / (std::to_wstring(i) + L".jar"));
+            classPath += paths.back().wstring() + L";";
+        }
+        const std::wstring key =
+            L"[Application]\r\nFast Start=" + (library / L"archives" / L"a").wstring() + L"\r\n";
+        for (const bool isFast : {false, true}) {
+            const InstalledApp app =
+                InstallScriptedApp(workspace, name + (isFast ? L"fast" : L"plain"), classPath,
+                                   isFast ? key : std::wstring());
+            const std::string shown = std::to_string(jars) + " x " + std::to_string(entries) +
+                                      " entries" + (isFast ? ", fast start" : "");
+            result.contenders.push_back({shown, [=, home = ScriptedRuntime(workspace)] {
+                                             std::ofstream(home / L"release")
+                                                 << "JAVA_VERSION=\"21\"\n";
+                                             if (std::filesystem::create_directory(library))
+                                                 for (const auto& path : paths)
+                                                     std::ofstream(path, std::ios::binary)
+                                                         << JarWith(entries);
+                                             return Sample{ToCreateJavaVm(app)};
+                                         }});
+        }
+    }
+    return result;
+}
+
 }  // namespace
 
 std::vector<Case> GrowthCases(const Workspace& workspace) {
-    return {WildcardCase(workspace), SettingsCase(workspace), ArgumentsCase(workspace)};
+    return {WildcardCase(workspace), SettingsCase(workspace), ArgumentsCase(workspace),
+            FastStartCase(workspace)};
 }
 
 }  // namespace tarn::bench

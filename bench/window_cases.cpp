@@ -32,8 +32,11 @@ constexpr double kFirstStartLimit = 1.03;
 
 constexpr const char* kOpened = "to WINDOW_OPENED, ms";
 constexpr const char* kPixel = "to the first pixel, ms";
+constexpr const char* kEnd = "WINDOW_OPENED to the end of the process, ms";
 constexpr const char* kFirstOpened = "first start to WINDOW_OPENED, ms";
 constexpr const char* kFirstPixel = "first start to the first pixel, ms";
+constexpr const char* kFirstEnd = "first start, WINDOW_OPENED to the end of the process, ms";
+constexpr const char* kSecondEnd = "second start, WINDOW_OPENED to the end of the process, ms";
 constexpr const char* kSecondOpened = "second start to WINDOW_OPENED, ms";
 constexpr const char* kSecondPixel = "second start to the first pixel, ms";
 
@@ -57,6 +60,7 @@ const Screen& EmptyScreen() {
     return screen;
 }
 
+// The times to WINDOW_OPENED and to the first pixel, and from WINDOW_OPENED to the end.
 Sample ToWindow(const WindowStarts& starts, StartWay way) {
     const CommandLine line = starts.Prepare(way);
     const Screen& screen = EmptyScreen();
@@ -66,7 +70,7 @@ Sample ToWindow(const WindowStarts& starts, StartWay way) {
     options.watchEveryMs = kWatchEveryMs;
     const ProcessTimes times = RunTimed(line.program, line.text, options);
     starts.CheckArchive(way);
-    return {times.toMark, times.toSeen};
+    return {times.toMark, times.toSeen, times.toExit - times.toMark};
 }
 
 Case LaterStarts(const Workspace& workspace, const JavaVersion& java,
@@ -74,7 +78,7 @@ Case LaterStarts(const Workspace& workspace, const JavaVersion& java,
     const auto starts = std::make_shared<WindowStarts>(workspace, java.version, application);
     Case result;
     result.name = name + ": process start to the window of " + application.name;
-    result.quantities = {kOpened, kPixel};
+    result.quantities = {kOpened, kPixel, kEnd};
     result.warmUpRounds = kWarmUpRounds;
     if (application.folder != nullptr) result.rounds = kApplicationRounds;
     for (const Way& way : kWays)
@@ -103,7 +107,8 @@ Case FirstStarts(const Workspace& workspace, const JavaVersion& java, const std:
     const auto starts = std::make_shared<WindowStarts>(workspace, java.version, kSample);
     Case result;
     result.name = name + ": first and second start to the window of " + kSample.name;
-    result.quantities = {kFirstOpened, kFirstPixel, kSecondOpened, kSecondPixel};
+    result.quantities = {kFirstOpened,  kFirstPixel,  kFirstEnd,
+                         kSecondOpened, kSecondPixel, kSecondEnd};
     result.rounds = kFirstStartRounds;
     result.warmUpRounds = kWarmUpRounds;
     for (const Way& way : {kWays[1], kWays[2]})
