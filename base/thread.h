@@ -12,7 +12,8 @@ bool HasEnded(HANDLE thread, DWORD timeoutMs);
 /// Ends a thread that runs a message loop: posts `WM_QUIT` to it (`PostThreadMessageW`) until the
 /// thread has ended, without a pause between the attempts (docs/developer/compatibility.md). One
 /// message is not enough, because a message posted before the thread has created its message queue
-/// is lost. Does nothing for a null `thread`.
+/// is lost. With a `threadId` of 0 the id is queried for each attempt (`GetThreadId`), so that a
+/// failure of the query is not the end of the attempts. Does nothing for a null `thread`.
 void QuitAndJoin(HANDLE thread, DWORD threadId);
 
 }  // namespace tarn

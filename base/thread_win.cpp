@@ -12,7 +12,7 @@ bool HasEnded(HANDLE thread, DWORD timeoutMs) {
 void QuitAndJoin(HANDLE thread, DWORD threadId) {
     if (thread == nullptr) return;
     do {
-        PostThreadMessageW(threadId, WM_QUIT, 0, 0);
+        PostThreadMessageW(threadId != 0 ? threadId : GetThreadId(thread), WM_QUIT, 0, 0);
     } while (!HasEnded(thread, 0));
 }
 

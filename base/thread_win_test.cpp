@@ -63,6 +63,12 @@ TEST(QuitAndJoinTest, ReturnsWithoutAThread) {
     QuitAndJoin(nullptr, 0);
 }
 
+TEST(QuitAndJoinTest, QueriesTheIdOfTheThread) {
+    const UniqueHandle thread(CreateThread(nullptr, 0, CreatesItsQueueLate, nullptr, 0, nullptr));
+    QuitAndJoin(thread.get(), 0);
+    EXPECT_EQ(WaitForSingleObject(thread.get(), 0), WAIT_OBJECT_0);
+}
+
 TEST(QuitAndJoinTest, ReturnsOnlyAfterTheEndWhenTheWaitFails) {
     DWORD threadId = 0;
     const UniqueHandle thread(CreateThread(nullptr, 0, CreatesItsQueueLate, nullptr, 0, &threadId));

@@ -123,7 +123,8 @@ bool Listener::Start(HandOffServer& server, DWORD* threadId) {
 
 void Listener::Stop() {
     if (!listenerThread_) return;
-    QuitAndJoin(listenerThread_.get(), GetThreadId(listenerThread_.get()));
+    // Not with the id in the shared block, which other processes can change.
+    QuitAndJoin(listenerThread_.get(), 0);
     listenerThread_.reset();
 }
 

@@ -1,10 +1,14 @@
 // The objects that the launches of one executable share, and when they share them.
 
+#include "tests/support/hook_log.h"
 #include "tests/support/single_instance_fixture.h"
 
 namespace tarn::test {
 namespace {
 
+using testing::AllOf;
+using testing::Contains;
+using testing::Field;
 using testing::IsEmpty;
 
 class SharedObjects : public SingleInstanceFixture {
@@ -198,6 +202,16 @@ TEST_F(SharedObjects, AnEventThatIsAlreadySetDoesNotAnswerEarly) {
     mayCreate.Set();
     EXPECT_EQ(second->ExitCode(), 0);
     EndFirst(*first);
+}
+
+// The launcher waits for the end of its listener, which it ends by a message to its id.
+TEST_F(SharedObjects, AListenerWhoseIdIsUnknownAtFirstIsEnded) {
+    app.WriteScript("");
+    app.WriteSettings(settings);
+    EXPECT_EQ(StartHooked(app, L"GetThreadId:1")->ExitCode(), 0);
+    EXPECT_THAT(ReadHookLog(HookLogFile(app)),
+                Contains(AllOf(Field(&HookedCall::function, "GetThreadId"),
+                               Field(&HookedCall::failed, true))));
 }
 
 }  // namespace

@@ -123,7 +123,7 @@ class JreBrowsed : public Scenario {
 std::vector<NamedScenario> DialogScenarios() {
     return {
         {"library_not_loaded", "An error box: a library that cannot be loaded",
-         Make<LibraryNotLoaded>, 10, 0},
+         Make<LibraryNotLoaded>, 10, 3},
         {"no_class_path", "An error box before a launch that goes on", Make<NoClassPath>, 10, 3},
         {"java_exception", "The dialog \"Java Exception\", ignored", Make<JavaException>, 30, 0},
         {"jre_cancelled", "The dialog \"JRE Not Found\", cancelled", Make<JreCancelled>, 30, 3},
