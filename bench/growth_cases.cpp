@@ -87,8 +87,10 @@ std::string JarWith(int entries) {
 // Starts that find no archive, and look whether one can be written.
 Case FastStartCase(const Workspace& workspace) {
     Case result = EmptyCase("Growth: fingerprint of the class path");
-    for (const auto& [jars, entries] :
+    for (const std::pair<int, int>& size :
          {std::pair(1, 100), std::pair(10, 100), std::pair(100, 100), std::pair(1, 10'000)}) {
+        const int jars = size.first;
+        const int entries = size.second;
         const std::wstring name = L"jars" + std::to_wstring(jars) + L"x" + std::to_wstring(entries);
         const std::filesystem::path library = workspace.scratch / name;
         std::vector<std::filesystem::path> paths;
