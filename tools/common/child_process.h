@@ -15,8 +15,14 @@ struct ProcessResult {
     std::string output;       // standard output and standard error, as written
 };
 
-/// Runs a program to its end with an empty standard input. A name without a folder is looked up
-/// along PATH. Arguments are UTF-8. `workingFolder` may be empty.
+/// The first program of this name in the absolute folders of PATH; empty if there is none. A name
+/// with a folder is not searched. On Windows ".exe" is added to a name without extension. The
+/// current folder, which Windows searches first, and the relative entries of PATH are skipped: a
+/// project can contain files of any name.
+std::filesystem::path FindProgram(const std::filesystem::path& name);
+
+/// Runs a program, found by `FindProgram`, to its end with an empty standard input. Arguments are
+/// UTF-8. `workingFolder` may be empty.
 ProcessResult RunProgram(const std::filesystem::path& program,
                          const std::vector<std::string>& arguments,
                          const std::filesystem::path& workingFolder = {});

@@ -63,7 +63,7 @@ Pipe OpenPipe(const std::filesystem::path& program) {
     const bool isReady = input >= 0 && dup2(input, STDIN_FILENO) >= 0 &&
                          dup2(output, STDOUT_FILENO) >= 0 && dup2(output, STDERR_FILENO) >= 0 &&
                          (*folder == '\0' || chdir(folder) == 0);
-    if (isReady) execvp(words[0], words);
+    if (isReady) execv(words[0], words);
     // The parent learns of it from any byte at all.
     static_cast<void>(!write(failure, "!", 1));
     _exit(127);
@@ -77,7 +77,7 @@ struct Child {
 // Starts a program whose output goes to `output`.
 Child Start(const std::filesystem::path& program, const std::vector<std::string>& arguments,
             const std::filesystem::path& workingFolder, const Descriptor& output) {
-    std::vector<std::string> texts = {program.string()};
+    std::vector<std::string> texts = {FindProgram(program).string()};
     texts.insert(texts.end(), arguments.begin(), arguments.end());
     std::vector<char*> words;
     words.reserve(texts.size() + 1);
@@ -141,7 +141,7 @@ ProcessResult RunSilently(const std::filesystem::path& program,
 }
 
 ProcessResult RunShellCommand(const std::string& command, const std::filesystem::path& file) {
-    return RunProgram("sh", {"-c", command + " \"$0\"", file.string()});
+    return RunProgram("/bin/sh", {"-c", command + " \"$0\"", file.string()});
 }
 
 }  // namespace tarn::tools

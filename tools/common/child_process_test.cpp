@@ -1,5 +1,7 @@
 #include "tools/common/child_process.h"
 
+#include <cstdlib>
+
 #include "tools/common/folder_fixture.h"
 
 namespace tarn::tools {
@@ -9,8 +11,63 @@ using namespace std::chrono_literals;
 
 class ChildProcess : public FolderTest {};
 
+// Another PATH for this process, until the end of the scope.
+class ScopedPath {
+  public:
+    explicit ScopedPath(const std::string& value) : before_(std::getenv("PATH")) { Set(value); }
+    ~ScopedPath() { Set(before_); }
+
+  private:
+    static void Set(const std::string& value) {
+#ifdef _WIN32
+        _putenv_s("PATH", value.c_str());
+#else
+        setenv("PATH", value.c_str(), 1);
+#endif
+    }
+
+    std::string before_;
+};
+
 TEST_F(ChildProcess, IsNotStartedWhenThereIsNoSuchProgram) {
     EXPECT_FALSE(RunProgram("no-program-has-this-name", {}).isStarted);
+}
+
+// The test's folder is the current one.
+class ChildProcessInProject : public ChildProcess {
+  protected:
+    void SetUp() override {
+        ChildProcess::SetUp();
+        before_ = std::filesystem::current_path();
+        std::filesystem::current_path(folder_);
+        for (const char* const name : {"makensis", "makensis.exe", "sh", "cmd.exe"}) {
+            std::filesystem::permissions(Put(name, "#!/bin/sh\necho planted\n"),
+                                         std::filesystem::perms::owner_all);
+        }
+    }
+    void TearDown() override {
+        std::filesystem::current_path(before_);
+        ChildProcess::TearDown();
+    }
+
+  private:
+    std::filesystem::path before_;
+};
+
+TEST_F(ChildProcessInProject, IsNotAProgramOfTheCurrentFolder) {
+    // Where makensis is installed, another one is found.
+    EXPECT_NE(FindProgram("makensis").parent_path(), folder_);
+    EXPECT_FALSE(RunProgram("makensis", {"-VERSION"}).output.starts_with("planted"));
+    EXPECT_EQ(RunShellCommand("echo own", "file").output.substr(0, 3), "own");
+}
+
+TEST_F(ChildProcessInProject, IsNotAProgramOfARelativeFolderInThePath) {
+    for (const char* const path : {".", "", "::;;", ".:./;.\\"}) {
+        const ScopedPath scoped(path);
+        EXPECT_EQ(FindProgram("makensis"), "") << path;
+    }
+    const ScopedPath scoped(folder_.string());
+    EXPECT_TRUE(std::filesystem::exists(FindProgram("makensis")));
 }
 
 TEST_F(ChildProcess, GetsTheFileAsTheLastArgumentOfAShellCommand) {

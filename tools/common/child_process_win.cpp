@@ -54,8 +54,12 @@ OwnedHandle OpenNothing(DWORD access) {
     return OwnedHandle(nothing);
 }
 
-// Returns the process; null when there is no such program.
-OwnedHandle Start(std::wstring commandLine, const std::wstring& workingFolder, HANDLE output) {
+// Returns the process; null when there is no such program. The command line's first word is not
+// searched.
+OwnedHandle Start(const std::filesystem::path& program, std::wstring commandLine,
+                  const std::wstring& workingFolder, HANDLE output) {
+    const std::filesystem::path found = FindProgram(program);
+    if (found.empty()) return {};
     const OwnedHandle input = OpenNothing(GENERIC_READ);
     STARTUPINFOW startup = {};
     startup.cb = sizeof startup;
@@ -64,7 +68,7 @@ OwnedHandle Start(std::wstring commandLine, const std::wstring& workingFolder, H
     startup.hStdOutput = output;
     startup.hStdError = output;
     PROCESS_INFORMATION process = {};
-    if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+    if (!CreateProcessW(found.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
                         workingFolder.empty() ? nullptr : workingFolder.c_str(), &startup,
                         &process)) {
         return {};
@@ -79,7 +83,8 @@ void TakeExitCode(const OwnedHandle& process, ProcessResult& result) {
     if (GetExitCodeProcess(process.get(), &code)) result.exitCode = static_cast<int>(code);
 }
 
-ProcessResult RunCommandLine(std::wstring commandLine, const std::wstring& workingFolder) {
+ProcessResult RunCommandLine(const std::filesystem::path& program, std::wstring commandLine,
+                             const std::wstring& workingFolder) {
     SECURITY_ATTRIBUTES inherited = Inherited();
     HANDLE reading = nullptr;
     HANDLE writing = nullptr;
@@ -88,13 +93,20 @@ ProcessResult RunCommandLine(std::wstring commandLine, const std::wstring& worki
     OwnedHandle childOutput(writing);
     SetHandleInformation(reading, HANDLE_FLAG_INHERIT, 0);
     ProcessResult result;
-    const OwnedHandle process = Start(std::move(commandLine), workingFolder, childOutput.get());
+    const OwnedHandle process =
+        Start(program, std::move(commandLine), workingFolder, childOutput.get());
     childOutput.reset();
     if (!process) return result;
     result.isStarted = true;
     result.output = ReadToEnd(output.get());
     TakeExitCode(process, result);
     return result;
+}
+
+std::filesystem::path CommandInterpreter() {
+    std::wstring folder(GetSystemDirectoryW(nullptr, 0), L'\0');
+    folder.resize(GetSystemDirectoryW(folder.data(), static_cast<UINT>(folder.size())));
+    return std::filesystem::path(folder) / L"cmd.exe";
 }
 
 std::wstring CommandLineOf(const std::filesystem::path& program,
@@ -109,7 +121,7 @@ std::wstring CommandLineOf(const std::filesystem::path& program,
 ProcessResult RunProgram(const std::filesystem::path& program,
                          const std::vector<std::string>& arguments,
                          const std::filesystem::path& workingFolder) {
-    return RunCommandLine(CommandLineOf(program, arguments), workingFolder.wstring());
+    return RunCommandLine(program, CommandLineOf(program, arguments), workingFolder.wstring());
 }
 
 ProcessResult RunSilently(const std::filesystem::path& program,
@@ -119,7 +131,7 @@ ProcessResult RunSilently(const std::filesystem::path& program,
     const OwnedHandle nowhere = OpenNothing(GENERIC_WRITE);
     ProcessResult result;
     const OwnedHandle process =
-        Start(CommandLineOf(program, arguments), workingFolder.wstring(), nowhere.get());
+        Start(program, CommandLineOf(program, arguments), workingFolder.wstring(), nowhere.get());
     if (!process) return result;
     result.isStarted = true;
     const auto limit = static_cast<DWORD>(timeLimit.count());
@@ -132,6 +144,7 @@ ProcessResult RunSilently(const std::filesystem::path& program,
 ProcessResult RunShellCommand(const std::string& command, const std::filesystem::path& file) {
     // With /s, cmd.exe removes the outer quotes and takes the rest as it is.
     return RunCommandLine(
+        CommandInterpreter(),
         L"cmd.exe /d /s /c \"" + WideOf(command) + L" \"" + file.wstring() + L"\"\"", {});
 }
 
