@@ -16,6 +16,7 @@ CACHE = os.environ.get("TARN_CACHE", os.path.join(
     os.environ.get("XDG_CACHE_HOME", os.path.expanduser("~/.cache")), "tarn"))
 LOCAL_REPOSITORY = os.path.join(CACHE, "maven")
 RUNTIMES = os.environ.get("TARN_RUNTIMES", os.path.join(CACHE, "runtimes"))
+PREPARED = 1_000_000_000  # when a prepared cache was made
 TOOLCHAIN = os.path.join(ROOT, "scripts", "lib", "toolchain.sh")
 SETTINGS = """<settings>
   <profiles>
@@ -70,17 +71,27 @@ def write_settings(path):
         file.write(SETTINGS.format(repository=REPOSITORY))
 
 
-def run(command, folder, seconds):
+def prepare_companion(cache):
+    """Copies the companion program that a build has unpacked into a cache to which nothing can be written."""
+    shutil.copytree(os.path.join(CACHE, "companion"), os.path.join(cache, "companion"))
+    for folder, _, files in os.walk(cache, topdown=False):
+        for path in (*(os.path.join(folder, name) for name in files), folder):
+            os.utime(path, (PREPARED, PREPARED))
+            os.chmod(path, 0o555)
+
+
+def run(command, folder, seconds, cache=CACHE):
     """Runs a build to its end: (exit code, everything that it printed)."""
     done = subprocess.run(command, cwd=folder, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                          stderr=subprocess.STDOUT, timeout=seconds, check=False, env=environment())
+                          stderr=subprocess.STDOUT, timeout=seconds, check=False,
+                          env=environment() | {"TARN_CACHE": cache})
     return done.returncode, done.stdout.decode(errors="replace")
 
 
-def maven(folder, *arguments, seconds=900):
-    """Runs Maven in a folder, with what it downloads in the shared cache."""
+def maven(folder, *arguments, seconds=900, cache=CACHE):
+    """Runs Maven in a folder, with what it downloads in the shared cache, and a cache for the companion program."""
     return run(["mvn", "--batch-mode", "--no-transfer-progress", f"-Dmaven.repo.local={LOCAL_REPOSITORY}",
-                *arguments], folder, seconds)
+                *arguments], folder, seconds, cache)
 
 
 def gradle_installation():
@@ -106,6 +117,13 @@ def start(application, name, *arguments, seconds=300):
 def windows_path(path):
     """The path by which programs under Wine find a file of this machine."""
     return "Z:" + path.replace("/", "\\")
+
+
+def local_application_data():
+    """The user's folder %LOCALAPPDATA% under Wine."""
+    path = subprocess.run(["wine", "cmd", "/c", "echo %LOCALAPPDATA%"], stdin=subprocess.DEVNULL, capture_output=True,
+                          timeout=120, check=True).stdout.decode().strip()
+    return subprocess.check_output(["winepath", "-u", path], text=True, stdin=subprocess.DEVNULL, timeout=120).strip()
 
 
 def run_silently(program, *arguments, seconds=300):

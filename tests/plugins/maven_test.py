@@ -1,9 +1,11 @@
 """The Maven plugin in real builds, and what they build under Wine."""
 
+import filecmp
 import glob
 import os
 import re
 import shutil
+import subprocess
 import unittest
 import xml.etree.ElementTree as ElementTree
 
@@ -29,10 +31,23 @@ def setUpModule():
     code, output = builds.maven(
         os.path.join(HERE, "maven"), f"-Dtarn.work={WORK}", f"-Dtarn.settings={settings}",
         f"-Dtarn.version={builds.version()}",
-        f"-Dtarn.testJmods={jmods}",
-        f"-Dtarn.testRuntime={os.path.join(builds.RUNTIMES, '17')}", "invoker:run")
+        f"-Dtarn.testJmods={jmods}", f"-Dtarn.testSign={write_signing_script()}",
+        f"-Dtarn.testRuntime={os.path.join(builds.RUNTIMES, '21')}", "invoker:run")
     if code != 0:
         raise RuntimeError(output[-4000:])
+
+
+def write_signing_script():
+    """Makes a throw-away key, and the script that signs a file in place with it."""
+    key, certificate, script = (os.path.join(WORK, name) for name in ("key.pem", "certificate.pem", "sign.sh"))
+    subprocess.run(["openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-keyout", key, "-out",
+                    certificate, "-subj", "/CN=Throw-away", "-addext", "extendedKeyUsage=codeSigning"], check=True,
+                   stdin=subprocess.DEVNULL, capture_output=True)
+    with open(script, "w", encoding="utf-8") as file:
+        file.write(f"""osslsigncode sign -certs '{certificate}' -key '{key}' -in "$1" -out "$1.signed" &&
+    mv "$1.signed" "$1"
+""")
+    return script
 
 
 class MavenTest(unittest.TestCase):
@@ -63,7 +78,17 @@ class OneJarTest(MavenTest):
     def test_starts_with_the_runtime_and_the_options_of_the_pom(self):
         application = self.application("one-jar", "final")
         self.assertTrue(os.path.isfile(os.path.join(application, "jre64", "bin", "server", "jvm.dll")))
-        self.assertEqual("one jar: 1, 2 3", builds.start(application, "final"))
+        self.assertIn("one jar: 1, 2 3", builds.start(application, "final"))
+
+    def test_has_an_archive_of_its_classes_after_the_first_start(self):
+        application = self.application("one-jar", "final")
+        archives = os.path.join(builds.local_application_data(), "final")
+        shutil.rmtree(archives, ignore_errors=True)
+        for _ in range(2):
+            # Java may say something about the archive, too.
+            self.assertIn("one jar: 1, 2 3", builds.start(application, "final"))
+            archive, = glob.glob(os.path.join(archives, "final-*.jsa"))
+        self.assertGreater(os.path.getsize(archive), 0)
 
     def test_has_what_the_pom_adds(self):
         self.assertTrue(os.path.isfile(os.path.join(self.application("one-jar", "final"), "notes \u00e4.txt")))
@@ -111,11 +136,41 @@ class MultiModuleTest(MavenTest):
             os.remove(os.path.join(installed, "jre64"))
             builds.run_silently(os.path.join(installed, "uninstall.exe"), "/S", "_?=" + builds.windows_path(installed))
 
-    def test_its_setup_program_is_made_once_and_attached(self):
+    def times(self, event, file):
+        """How often the builds of the three goals say this about a file."""
+        return len(re.findall(rf"\[INFO\] {event}.*{file}", self.log("multi-module")))
+
+    def test_its_setup_program_is_made_once(self):
         self.application("multi-module", "application", "application")
-        log = self.log("multi-module")
-        self.assertEqual(1, len(re.findall(r"\[INFO\] created .*-setup\.exe", log)), log[-4000:])
-        self.assertEqual(1, len(re.findall(r"\[INFO\] .*-setup\.exe is up to date", log)), log[-4000:])
+        self.assertEqual(1, self.times("created ", r"-setup\.exe"))
+        self.assertEqual(2, len(re.findall(r"-setup\.exe is up to date", self.log("multi-module"))))
+
+    def test_its_msi_is_made_again_when_the_manifests_are_missing(self):
+        folder = os.path.dirname(self.application("multi-module", "application", "application"))
+        self.assertEqual(2, self.times("created ", r"\.msi"))
+        self.assertEqual(1, len(re.findall(r"\.msi is up to date", self.log("multi-module"))))
+        manifests = [name for name in os.listdir(folder) if name.endswith((".yaml", ".json"))]
+        self.assertEqual(["application.json", "ExampleLtd.application.installer.yaml",
+                          "ExampleLtd.application.locale.en-US.yaml", "ExampleLtd.application.yaml"],
+                         sorted(manifests, key=str.lower))
+
+    def test_its_msi_and_the_executable_inside_are_signed(self):
+        folder = os.path.dirname(self.application("multi-module", "application", "application"))
+        unpacked = os.path.join(WORK, "unpacked")
+        subprocess.run(["msiextract", "-C", unpacked, os.path.join(folder, "application-2.1.0.msi")], check=True,
+                       capture_output=True)
+        executable, = glob.glob(os.path.join(unpacked, "**", "application.exe"), recursive=True)
+        for file in (os.path.join(folder, "application-2.1.0.msi"), executable):
+            done = subprocess.run(["osslsigncode", "verify", "-CAfile", os.path.join(WORK, "certificate.pem"), "-in", file],
+                                  check=False, capture_output=True)
+            self.assertIn(b"Signature verification: ok", done.stdout)
+
+    def test_its_setup_programs_are_artifacts(self):
+        folder = os.path.dirname(self.application("multi-module", "application", "application"))
+        deployed = os.path.join(PROJECTS, "multi-module", "deployed", "com", "example", "tests", "application", "2.1.0")
+        for file, artifact in (("application-2.1.0-setup.exe", "application-2.1.0-setup.exe"),
+                               ("application-2.1.0.msi", "application-2.1.0-setup.msi")):
+            self.assertTrue(filecmp.cmp(os.path.join(folder, file), os.path.join(deployed, artifact), shallow=False))
 
 
 class ShadedJarTest(MavenTest):
@@ -184,7 +239,9 @@ class ExampleTest(unittest.TestCase):
                         ignore=shutil.ignore_patterns("target"))
         builds.replace(os.path.join(cls.folder, "pom.xml"), "${project.baseUri}../../dist/repository",
                        f"file://{builds.REPOSITORY}")
-        cls.code, cls.output = builds.maven(cls.folder, "package")
+        cls.cache = os.path.join(WORK, "prepared cache")
+        builds.prepare_companion(cls.cache)
+        cls.code, cls.output = builds.maven(cls.folder, "package", cache=cls.cache)
 
     def test_shows_its_window(self):
         self.assertEqual(0, self.code, self.output[-4000:])
@@ -192,19 +249,30 @@ class ExampleTest(unittest.TestCase):
         builds.link_runtime(application)
         self.assertTrue(builds.shows_window(application, "Hello", "Hello Example"))
 
+    def test_is_built_with_a_prepared_cache_to_which_nothing_is_written(self):
+        self.assertEqual(0, self.code, self.output[-4000:])
+        self.assertEqual({builds.PREPARED}, {os.stat(path).st_mtime for path in
+                                             (self.cache, *glob.glob(os.path.join(self.cache, "**"), recursive=True))})
+
     def test_names_the_plugin_of_this_version(self):
         with open(os.path.join(builds.ROOT, "examples", "maven", "pom.xml"), encoding="utf-8") as file:
             self.assertIn(f"<version>{builds.version()}</version>", file.read())
 
 
 class HelpTest(unittest.TestCase):
-    def test_lists_the_parameters_of_a_goal(self):
+    def test_lists_the_parameters_of_each_goal(self):
         code, output = builds.maven(
             os.path.join(builds.ROOT, "examples", "maven"), "--settings", os.path.join(WORK, "settings.xml"),
-            f"io.github.tarn-launcher:tarn-maven-plugin:{builds.version()}:help", "-Ddetail", "-Dgoal=wrap")
+            f"io.github.tarn-launcher:tarn-maven-plugin:{builds.version()}:help", "-Ddetail")
         self.assertEqual(0, code, output[-4000:])
-        for parameter in ("mainClass", "icon", "runtime", "attach"):
-            self.assertRegex(output, rf"(?m)^ +{parameter}\b")
+        # The name of a goal is at the start of a line.
+        goals = dict(re.findall(r"(?ms)^tarn:(\w+)$(.*?)(?=^\S|\Z)", output))
+        expected = {"wrap": ("mainClass", "icon", "runtime", "attach", "name", "allow"),
+                    "check": ("name", "outputDirectory", "allow"),
+                    "setup": ("name", "id", "license", "associate", "msi", "sign", "attachSetup")}
+        for goal, parameters in expected.items():
+            for parameter in parameters:
+                self.assertRegex(goals[goal], rf"(?m)^ +{parameter}\b", goal)
 
 
 if __name__ == "__main__":

@@ -4,10 +4,13 @@ import io.github.tarnlauncher.plugin.SetupRequest;
 import java.nio.file.Path;
 import org.gradle.api.DefaultTask;
 import org.gradle.api.file.DirectoryProperty;
+import org.gradle.api.file.RegularFile;
 import org.gradle.api.provider.Property;
+import org.gradle.api.provider.Provider;
 import org.gradle.api.tasks.CacheableTask;
 import org.gradle.api.tasks.Input;
 import org.gradle.api.tasks.InputDirectory;
+import org.gradle.api.tasks.Internal;
 import org.gradle.api.tasks.Nested;
 import org.gradle.api.tasks.OutputDirectory;
 import org.gradle.api.tasks.PathSensitive;
@@ -38,12 +41,18 @@ public abstract class TarnSetup extends DefaultTask {
     @OutputDirectory
     public abstract DirectoryProperty getDestination();
 
+    /** The setup program, for a publication. */
+    @Internal
+    public Provider<RegularFile> getSetupFile() {
+        return getDestination().file(getFileName());
+    }
+
     /** Runs the companion program. */
     @TaskAction
     public void createSetup() {
         SetupOptions options = getOptions().get();
         Path folder = getApplication().get().getAsFile().toPath();
-        Path file = CompanionTask.pathOf(getDestination().file(getFileName()));
+        Path file = CompanionTask.pathOf(getSetupFile());
         SetupRequest request =
             new SetupRequest(folder, getExecutableName().get() + ".exe", file)
                 .id(options.getId().getOrNull()).license(CompanionTask.pathOf(options.getLicense()))

@@ -9,6 +9,7 @@ import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.util.HashMap;
+import java.util.List;
 import java.util.Map;
 import org.gradle.testkit.runner.BuildResult;
 import org.gradle.testkit.runner.TaskOutcome;
@@ -154,6 +155,36 @@ class GradleBuildIT {
         project.build("tarnSetup");
         assertTrue(Files.size(project.path("build/tarn-setup/hello-2.1.0-setup.exe")) > 0);
         assertEquals(TaskOutcome.UP_TO_DATE, outcome(project.build("tarnSetup"), ":tarnSetup"));
+    }
+
+    @Test
+    void anMsiIsSignedAndPublishedWithItsManifests() throws IOException {
+        SampleProject project = new SampleProject("msi");
+        project.write("sign.sh", "echo \"${1##*/}\" >>signed.txt\n");
+        project.script("apply plugin: 'maven-publish'", "group = 'com.example'", "tarn.vendor = 'Example Ltd'",
+            "tarn.installer {", "    msi = true", "    url = 'https://example.com/hello.msi'",
+            "    sign = \"cd '$projectDir' && sh sign.sh\"", "}", "publishing {",
+            "    repositories { maven { url = layout.buildDirectory.dir('repository') } }",
+            "    publications {", "        application(MavenPublication) {",
+            "            artifact(tasks.named('tarnSetup').flatMap { it.setupFile }) {",
+            "                classifier = 'setup'", "                extension = 'msi'", "            }",
+            "            artifact tarnZip", "        }", "    }", "}");
+        project.build("publish");
+        Path published = project.path("build/repository/com/example/hello/2.1.0");
+        assertEquals(-1, Files.mismatch(project.path("build/tarn-setup/hello-2.1.0.msi"),
+            published.resolve("hello-2.1.0-setup.msi")));
+        assertTrue(Files.exists(published.resolve("hello-2.1.0-windows-x64.zip")));
+        assertEquals(List.of("hello.exe", "hello-2.1.0.msi"), Files.readAllLines(project.path("signed.txt")));
+        Files.delete(project.path("build/tarn-setup/hello.json"));
+        assertEquals(TaskOutcome.SUCCESS, outcome(project.build("tarnSetup"), ":tarnSetup"));
+        assertTrue(Files.exists(project.path("build/tarn-setup/hello.json")));
+    }
+
+    @Test
+    void aFastStartNeedsNoMoreThanItsProperty() throws IOException {
+        SampleProject project = new SampleProject("fast");
+        project.script("tarn.fastStart = true").build("tarnCheck");
+        assertTrue(project.settings("hello").contains("Fast Start=%LOCALAPPDATA%\\hello\\hello"), project.settings("hello"));
     }
 
     @Test

@@ -7,6 +7,7 @@ import java.io.File;
 import java.io.IOException;
 import java.nio.file.Path;
 import java.util.List;
+import java.util.stream.Collectors;
 import org.apache.maven.plugin.AbstractMojo;
 import org.apache.maven.plugin.MojoExecutionException;
 import org.apache.maven.plugin.MojoFailureException;
@@ -56,11 +57,16 @@ abstract class AbstractTarnMojo extends AbstractMojo {
 
     abstract void run() throws IOException, MojoFailureException;
 
-    /** Runs a command of the companion program in the project's folder. Its errors become the build's failure. */
-    void runCompanion(Companion companion, List<String> arguments) throws IOException, MojoFailureException {
+    /**
+     * Runs a command of the companion program in the project's folder. Its errors become the build's failure.
+     *
+     * @return the lines that it printed, which are the paths of what it created
+     */
+    List<String> runCompanion(Companion companion, List<String> arguments) throws IOException, MojoFailureException {
         CompanionRun run = companion.run(arguments, project.getBasedir().toPath());
         for (String warning : run.warnings("<", ">")) getLog().warn(warning);
         if (run.exitCode() != 0) throw new MojoFailureException(run.failure("<", ">") + WHERE_TO_CONFIGURE);
+        return run.output().lines().collect(Collectors.toList());
     }
 
     /** A file of the goals' own beside the application's folder, named after the executable. */

@@ -8,6 +8,7 @@ import java.nio.charset.StandardCharsets;
 import java.nio.file.Files;
 import java.nio.file.Path;
 import java.security.MessageDigest;
+import java.util.ArrayList;
 import java.util.Collection;
 import java.util.List;
 import java.util.stream.Collectors;
@@ -19,7 +20,6 @@ import java.util.stream.Stream;
  */
 final class Fingerprint {
     private final Path file;
-    private final Path result;
     private final MessageDigest inputs = Digests.create();
     private String inputsDigest;
 
@@ -27,11 +27,9 @@ final class Fingerprint {
      * Creates the fingerprint of no inputs.
      *
      * @param file the file that remembers it between builds
-     * @param result the file or folder that is made from the inputs
      */
-    Fingerprint(Path file, Path result) {
+    Fingerprint(Path file) {
         this.file = file;
-        this.result = result;
     }
 
     void addText(Collection<String> texts) {
@@ -53,19 +51,23 @@ final class Fingerprint {
 
     boolean isUnchanged() throws IOException {
         inputsDigest = Digests.finish(inputs);
-        return Files.isRegularFile(file) && Files.exists(result)
-            && Files.readString(file).equals(inputsDigest + "\n" + resultDigest() + "\n");
+        if (!Files.isRegularFile(file)) return false;
+        List<String> lines = Files.readAllLines(file);
+        // The digests, and the results.
+        return lines.size() > 2 && lines.equals(linesFor(lines.subList(2, lines.size())));
     }
 
-    /** Remembers the inputs and the present content of the result; after {@link #isUnchanged}. */
-    void store() throws IOException {
-        Files.writeString(file, inputsDigest + "\n" + resultDigest() + "\n");
+    /** Remembers the inputs, and the files and folders that were made from them; after {@link #isUnchanged}. */
+    void store(List<String> results) throws IOException {
+        Files.write(file, linesFor(results));
     }
 
-    private String resultDigest() throws IOException {
+    private List<String> linesFor(List<String> results) throws IOException {
         MessageDigest digest = Digests.create();
-        addTree(digest, result);
-        return Digests.finish(digest);
+        for (String result : results) addTree(digest, Path.of(result));
+        List<String> lines = new ArrayList<>(List.of(inputsDigest, Digests.finish(digest)));
+        lines.addAll(results);
+        return lines;
     }
 
     private static void addTree(MessageDigest digest, Path path) throws IOException {

@@ -102,14 +102,16 @@ public final class SetupMojo extends AbstractTarnMojo {
             .perMachine(perMachine).desktopShortcut(desktopShortcut).associate(associate).protocol(protocol).sign(sign)
             .script(pathOf(script)).msi(msi).url(url).homepage(url == null ? null : homepage)
             .licenseName(url == null ? null : nameOfLicense());
-        Fingerprint fingerprint = new Fingerprint(besideFolder(".setup.inputs"), file);
+        // Two executions of the goal may make both kinds.
+        String kind = msi ? ".msi" : ".setup";
+        Fingerprint fingerprint = new Fingerprint(besideFolder(kind + ".inputs"));
         fingerprint.addRequest(companion, request);
         if (fingerprint.isUnchanged()) {
             getLog().info(file + " is up to date");
         } else {
             Files.createDirectories(file.toAbsolutePath().getParent());
-            runCompanion(companion, request.writeTo(besideFolder(".setup.toml")));
-            fingerprint.store();
+            // The manifests, too.
+            fingerprint.store(runCompanion(companion, request.writeTo(besideFolder(kind + ".toml"))));
             getLog().info("created " + file);
         }
         if (attachSetup) projectHelper.attachArtifact(project, msi ? "msi" : "exe", CLASSIFIER, file.toFile());

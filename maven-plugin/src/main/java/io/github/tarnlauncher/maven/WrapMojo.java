@@ -193,7 +193,7 @@ public final class WrapMojo extends AbstractTarnMojo {
         Companion companion = Companion.unpackBelow(PluginCache.ofUser());
         WrapRequest request = request(application, libraries, folder);
         Jlink linked = jlink == null ? null : jlink.completed(toolchains, session, application, libraries);
-        Fingerprint fingerprint = new Fingerprint(besideFolder(".inputs"), folder);
+        Fingerprint fingerprint = new Fingerprint(besideFolder(".inputs"));
         fingerprint.addRequest(companion, request);
         if (linked != null) linked.describeTo(fingerprint);
 
@@ -202,7 +202,7 @@ public final class WrapMojo extends AbstractTarnMojo {
         } else {
             if (linked != null) request.runtime(linked.link(besideFolder(".runtime"), getLog()));
             runCompanion(companion, request.writeTo(besideFolder(".toml")));
-            fingerprint.store();
+            fingerprint.store(List.of(folder.toString()));
             getLog().info("created " + folder);
         }
         if (attach) attachZip(folder);
