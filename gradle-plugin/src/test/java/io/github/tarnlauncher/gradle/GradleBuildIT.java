@@ -11,6 +11,8 @@ import java.nio.file.Path;
 import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.jar.JarOutputStream;
+import java.util.jar.Manifest;
 import org.gradle.testkit.runner.BuildResult;
 import org.gradle.testkit.runner.TaskOutcome;
 import org.junit.jupiter.api.BeforeAll;
@@ -254,15 +256,33 @@ class GradleBuildIT {
 
     @Test
     void aDependencyWithAnImpossibleNameIsNamed() throws IOException {
-        for (String name : new String[] {"con.jar", "a;b.jar", "a%b.jar"}) {
-            SampleProject project = new SampleProject("hostile");
-            project.build("jar");
-            Files.createDirectories(project.path("libs"));
-            Files.copy(project.path("build/libs/hello-2.1.0.jar"), project.path("libs/" + name));
-            project.script("dependencies { runtimeOnly files('libs/" + name + "') }");
+        // A device, a separator of class paths, a variable, a stream of another file, a path, a name that Windows shortens.
+        for (String name : new String[] {"aux.jar", "a;b.jar", "a%b.jar", "x:y.jar", "..\\..\\up.jar", "end.jar "}) {
+            SampleProject project = projectWithLibraries(name);
             assertOneLine(project.failure("tarnWrap"), name, "rename it");
             assertFalse(Files.exists(project.path("build/tarn/hello/hello.exe")), name);
         }
+    }
+
+    @Test
+    void dependenciesWhoseNamesDifferInCaseOnlyAreNamed() throws IOException {
+        SampleProject project = projectWithLibraries("Same.jar", "more/same.jar");
+        assertOneLine(project.failure("tarnWrap"), "more/same.jar", "Same.jar", "does not distinguish");
+        assertFalse(Files.exists(project.path("build/tarn/hello/hello.exe")));
+    }
+
+    private static SampleProject projectWithLibraries(String... names) throws IOException {
+        SampleProject project = new SampleProject("hostile");
+        StringBuilder libraries = new StringBuilder();
+        for (String name : names) {
+            Path library = project.path("libs/" + name);
+            Files.createDirectories(library.getParent());
+            try (JarOutputStream jar = new JarOutputStream(Files.newOutputStream(library), new Manifest())) {
+                jar.finish();
+            }
+            libraries.append(", 'libs/").append(name.replace("\\", "\\\\")).append('\'');
+        }
+        return project.script("dependencies { runtimeOnly files(" + libraries.substring(2) + ") }");
     }
 
     @Test

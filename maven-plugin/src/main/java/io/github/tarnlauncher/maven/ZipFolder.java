@@ -1,5 +1,6 @@
 package io.github.tarnlauncher.maven;
 
+import java.io.File;
 import java.io.IOException;
 import java.io.OutputStream;
 import java.nio.file.Files;
@@ -36,7 +37,7 @@ final class ZipFolder {
     }
 
     private static void add(ZipOutputStream out, Path folder, Path path) throws IOException {
-        String name = folder.getParent().relativize(path).toString().replace('\\', '/');
+        String name = folder.getParent().relativize(path).toString().replace(File.separatorChar, '/');
         boolean isFolder = Files.isDirectory(path);
         ZipEntry entry = new ZipEntry(isFolder ? name + "/" : name);
         entry.setTimeLocal(TIME);

@@ -46,6 +46,14 @@ class WrapRequestTest {
     }
 
     @Test
+    void aLineBreakInANameAddsNoOption() throws IOException {
+        String name = "a.jar'\nlauncher = 'evil.exe";
+        request.classPath(List.of(Paths.get(name)));
+        assertFalse(request.options().contains("launcher"), request.options());
+        assertEquals(List.of("--class-path=" + name), request.writeTo(folder.resolve("options")).subList(2, 3));
+    }
+
+    @Test
     void quotesAroundAValueArePassedOn() throws IOException {
         request.vmParameters(List.of("\"-Da=b c\""));
         assertEquals(List.of("--vm-parameters=\"-Da=b c\""), request.writeTo(folder.resolve("options")).subList(2, 3));
