@@ -1,5 +1,6 @@
 package io.github.tarnlauncher.gradle;
 
+import static org.junit.jupiter.api.Assertions.assertArrayEquals;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
@@ -173,8 +174,8 @@ class GradleBuildIT {
             "            artifact tarnZip", "        }", "    }", "}");
         project.build("publish");
         Path published = project.path("build/repository/com/example/hello/2.1.0");
-        assertEquals(-1, Files.mismatch(project.path("build/tarn-setup/hello-2.1.0.msi"),
-            published.resolve("hello-2.1.0-setup.msi")));
+        assertArrayEquals(Files.readAllBytes(project.path("build/tarn-setup/hello-2.1.0.msi")),
+            Files.readAllBytes(published.resolve("hello-2.1.0-setup.msi")));
         assertTrue(Files.exists(published.resolve("hello-2.1.0-windows-x64.zip")));
         assertEquals(List.of("hello.exe", "hello-2.1.0.msi"), Files.readAllLines(project.path("signed.txt")));
         Files.delete(project.path("build/tarn-setup/hello.json"));
