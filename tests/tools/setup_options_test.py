@@ -74,6 +74,16 @@ class SetupOptionsTest(FolderTest):
             file.truncate(2_100_000_000)
         self.assertIn("2 GB at most", self.expect_failure("setup", "app", seconds=20))
 
+    def test_thousands_of_files_are_each_extracted_and_listed(self):
+        names = {f"d{number % 20}\\f{number}" for number in range(2_000)}
+        for name in names:
+            self.put("app/" + name.replace("\\", "/"), name.encode())
+        self.expect("setup", "app", "--script", "kept")
+        listed = self.read("kept", "installed.txt").decode("utf-16").splitlines()
+        self.assertLessEqual({"F " + name for name in names}, set(listed))
+        self.assertEqual(sum(line.startswith("F ") for line in listed),
+                         self.read("kept", "setup.nsi").count(b"Call SetTime\n"))
+
     def test_launcher_uninstaller_and_setup_program_are_signed_in_place(self):
         for name in ("key.pem", "certificate.pem"):
             self.assertFalse(os.path.exists(self.path(name)))
