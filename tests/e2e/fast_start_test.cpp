@@ -149,6 +149,15 @@ TEST_F(FastStart, WhileAnotherProcessIsToWriteTheArchiveNoneIsWritten) {
     EXPECT_THAT(OptionsOfARun(), IsEmpty());
 }
 
+TEST_F(FastStart, WhileAnotherProcessWritesTheArchiveItIsNotRead) {
+    const std::wstring name = NameOfARun();
+    const UniqueFile lock(CreateFileW(app.Path(L"local\\x\\" + name + L"~").c_str(), GENERIC_WRITE,
+                                      0, nullptr, CREATE_ALWAYS, 0, nullptr));
+    ASSERT_TRUE(!!lock);
+    app.AddFile(L"local\\x\\" + name, std::string(1000, '\0'));
+    EXPECT_THAT(OptionsOfARun(), IsEmpty());
+}
+
 TEST_F(FastStart, AFolderThatCannotBeCreatedGetsNoArchive) {
     app.AddFile(L"local\\x", "a file");
     EXPECT_THAT(OptionsOfARun(), IsEmpty());

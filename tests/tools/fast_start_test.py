@@ -208,7 +208,7 @@ class ArchiveTest(FastStartTest):
         self.assertTrue(self.start())
         self.assertEqual("one.", self.version())
 
-    def test_a_start_while_the_first_one_writes_its_archive_is_as_usual(self):
+    def test_a_start_while_the_first_one_ends_reads_only_a_complete_archive(self):
         self.make_plain()
         first = self.begin(log="first.log")
         end = time.monotonic() + 300
