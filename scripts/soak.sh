@@ -3,7 +3,9 @@
 #
 # By default 2,000 consecutive launches, 3,600 second launches to one first instance, and 50
 # applications at the same time. The test command does the same with fewer launches. Takes about 15
-# minutes on an idle machine, and prints processes, windows, handles and memory before and after.
+# minutes on an idle machine. Prints processes, windows, handles and memory before and after, and for
+# the first instance its handles, threads, memory and the session's atoms every 400 launches, with
+# the times of these launches.
 set -euo pipefail
 TARN_ROOT=$(cd "$(dirname "$0")/.." && pwd)
 cd "$TARN_ROOT"
