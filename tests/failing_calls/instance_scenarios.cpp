@@ -117,7 +117,7 @@ class SecondInstance : public TwoInstances {
 std::vector<NamedScenario> InstanceScenarios() {
     return {
         {"first_instance", "A first instance, and a hand-off to it", Make<FirstInstance>, 25, 0},
-        {"second_instance", "A second instance", Make<SecondInstance>, 25, 0},
+        {"second_instance", "A second instance", Make<SecondInstance>, 25, 4},
     };
 }
 
