@@ -114,10 +114,12 @@ class SecondInstance : public TwoInstances {
 
 }  // namespace
 
+// No pairs in the test command's samples: how often a second instance asks for its answer depends
+// on the first one's speed, and so do the outcomes of these pairs.
 std::vector<NamedScenario> InstanceScenarios() {
     return {
         {"first_instance", "A first instance, and a hand-off to it", Make<FirstInstance>, 25, 0},
-        {"second_instance", "A second instance", Make<SecondInstance>, 25, 4},
+        {"second_instance", "A second instance", Make<SecondInstance>, 25, 0},
     };
 }
 
