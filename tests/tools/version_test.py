@@ -37,7 +37,7 @@ class VersionTest(unittest.TestCase):
             file.write(text.replace(old, new))
 
     def test_every_place_gets_the_new_version(self):
-        self.edit("CHANGELOG.md", "## Unreleased", "## 98.7.6 (2030-01-01)")
+        self.edit("CHANGELOG.md", "# Changes\n", "# Changes\n\n## 98.7.6 (2030-01-01)\n")
         code, output = self.run_script("98.7.6")
         self.assertEqual(0, code, output)
         for path in FILES:
