@@ -37,7 +37,7 @@ part_pages() {
             localedef -i "${page#*:}" -f UTF-8 "$locales/$locale" || { failed=1; continue; }
         TARN_WINE_PREFIX=$TARN_ROOT/build/wine-pages TARN_LOCALE=$locale LOCPATH=$locales \
             run_tests "${page%:*}" \
-            'CodePage*:MainClass*:*UserName*:SettingsFiles*:UsersSettings*:OutputFile*:HandOff*'
+            'CodePage*:MainClass*:*UserName*:SettingsFiles*:PerUserSettings*:OutputFile*:HandOff*'
     done
 }
 

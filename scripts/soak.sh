@@ -26,4 +26,4 @@ done
 scripts/setup.sh test
 cmake --preset release >/dev/null
 cmake --build --preset release -j 2 --target launcher tests >/dev/null
-scripts/wine_run.sh build/release/tests/end_to_end_tests.exe --gtest_filter='*SoakTest.*'
+scripts/wine_run.sh build/release/tests/end_to_end_tests.exe --gtest_filter='*Soak.*'
