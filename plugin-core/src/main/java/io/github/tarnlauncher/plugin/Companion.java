@@ -10,10 +10,12 @@ import java.util.Collection;
 import java.util.List;
 import java.util.concurrent.CompletableFuture;
 import java.util.concurrent.TimeUnit;
+import java.util.regex.Pattern;
 
 /** The companion program {@code tarn}, which the plugins carry and run. */
 public final class Companion {
-    private static final String TEXT_FILE_BUSY = "error=26,";  // ETXTBSY of Linux
+    // ETXTBSY of Linux: "error=26, Text file busy", and since Java 21 "error: 26 (Text file busy)".
+    private static final Pattern TEXT_FILE_BUSY = Pattern.compile("\\berror[=:] ?26\\b");
     private static final long MOST_NANOSECONDS_BUSY = TimeUnit.SECONDS.toNanos(10);
 
     private final Path program;
@@ -93,7 +95,7 @@ public final class Companion {
             } catch (IOException failure) {
                 // A process that another thread was starting while the program was being unpacked has inherited the open
                 // file, and keeps it until it runs its own program.
-                boolean isBusy = failure.getMessage().contains(TEXT_FILE_BUSY);
+                boolean isBusy = TEXT_FILE_BUSY.matcher(failure.getMessage()).find();
                 if (!isBusy || System.nanoTime() > end) {
                     throw new PluginException(failure.getMessage() + "; if the file system of " + program.getParent()
                         + " does not allow programs, name another folder in the environment variable TARN_CACHE", failure);
