@@ -160,24 +160,29 @@ class FastStartChecker {
                 "pack it into a jar");
             return;
         }
+        for (const std::string& word : ClassPathOfManifest(file)) {
+            const auto named = file.parent_path() / PathOf(word);
+            if (!std::filesystem::is_regular_file(named, error) ||
+                known.contains(std::filesystem::weakly_canonical(named, error))) {
+                continue;
+            }
+            Warning("archive-stale",
+                    Utf8OfPath(file.filename()) + " adds " + word +
+                        " to the class path by its manifest, which is not compared: an archive "
+                        "may contain its old classes after it was replaced",
+                    "add it to \"Class Path\"");
+        }
+    }
+
+    static std::vector<std::string> ClassPathOfManifest(const std::filesystem::path& file) {
         try {
             const Bytes content = ReadWholeFile(file);
             const JarFile jar(content, file);
-            if (!jar.Has(std::string(kManifestEntry))) return;
-            for (const std::string& word : Manifest::Of(jar).GetWords("Class-Path")) {
-                const auto named = file.parent_path() / PathOf(word);
-                if (!std::filesystem::is_regular_file(named, error) ||
-                    known.contains(std::filesystem::weakly_canonical(named, error))) {
-                    continue;
-                }
-                Warning("archive-stale",
-                        Utf8OfPath(file.filename()) + " adds " + word +
-                            " to the class path by its manifest, which is not compared: an archive "
-                            "may contain its old classes after it was replaced",
-                        "add it to \"Class Path\"");
-            }
+            if (!jar.Has(std::string(kManifestEntry))) return {};
+            return Manifest::Of(jar).GetWords("Class-Path");
         } catch (const Failure&) {
             // Another rule reports a jar that cannot be read.
+            return {};
         }
     }
 
