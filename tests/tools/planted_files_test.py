@@ -1,4 +1,4 @@
-"""Files that somebody has put into the folder in which tarn runs, or into what it reads."""
+"""Planted files in the folder in which tarn runs, or into what it reads."""
 
 import os
 import unittest

@@ -113,7 +113,7 @@ class UpgradeTest(InstalledProductTest):
 
     def test_a_file_that_cannot_be_moved_leaves_the_old_version_as_it_was(self):
         self.change_settings()
-        # A JVM opens its log like most programs, so that nobody can rename the file.
+        # A JVM opens its log like most programs, so that the file cannot be renamed.
         java = self.prefix.start(
             os.path.join(RUNTIMES, "17", "bin", "java.exe"), "-cp", self.path("viewer.jar"),
             "-Xlog:gc:file=" + self.prefix.windows_path(self.installed("run.log")), "demo.Viewer")
