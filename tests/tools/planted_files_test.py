@@ -1,4 +1,4 @@
-"""Planted files in the folder in which tarn runs, or into what it reads."""
+"""Planted files in the folder in which tarn runs, or in what it reads."""
 
 import os
 import unittest
