@@ -52,10 +52,13 @@ class OtherDesktop {
     /// Runs the function in a thread of the desktop, which sees the windows there.
     template <typename Function>
     void Run(Function function) const {
+        // A handle for this thread alone: Wine closes it when the thread ends.
+        HDESK const desktop = OpenDesktopW(NameOf(desktop_).c_str(), 0, FALSE, GENERIC_ALL);
         std::thread([&] {
-            EXPECT_TRUE(SetThreadDesktop(desktop_)) << GetLastError();
+            EXPECT_TRUE(SetThreadDesktop(desktop)) << GetLastError();
             function();
         }).join();
+        if (!IsWine()) CloseDesktop(desktop);
     }
 
   private:

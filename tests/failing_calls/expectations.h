@@ -10,6 +10,10 @@
 
 namespace tarn::test {
 
+/// Whether the call paints or handles a message. Windows paints when nothing else is to be done, so
+/// the moment decides how often such a call is made, and whether at all.
+bool DependsOnTheMoment(const CallPoint& point);
+
 /// The recorded outcomes of a scenario's failing calls: the file with the scenario's name in
 /// tests/failing_calls/outcomes, which the build copies beside the test program.
 class Expectations {
@@ -17,7 +21,7 @@ class Expectations {
     explicit Expectations(const std::string& scenario);
 
     /// The outcomes recorded for exactly this call: one, or several for the later iterations of a
-    /// loop.
+    /// loop. A call that depends on the moment has to change nothing if it was not recorded.
     std::set<std::string> OutcomesOf(const CallPoint& point) const;
 
   private:

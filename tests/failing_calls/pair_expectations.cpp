@@ -18,7 +18,7 @@ std::string Fields(const PairOutcome& pair) {
 
 }  // namespace
 
-PairExpectations::PairExpectations(const std::string& scenario) {
+PairExpectations::PairExpectations(const std::string& scenario) : alone_(scenario) {
     const std::wstring file = GetPaths().callOutcomes + L"\\pairs\\" +
                               std::wstring(scenario.begin(), scenario.end()) + L".txt";
     for (const std::string& line : SplitLines(ReadFileBytes(file))) {
@@ -29,7 +29,10 @@ PairExpectations::PairExpectations(const std::string& scenario) {
 
 std::set<std::string> PairExpectations::OutcomesOf(const PairOutcome& pair) const {
     const auto found = outcomes_.find(Fields(pair));
-    return found != outcomes_.end() ? found->second : std::set<std::string>();
+    if (found != outcomes_.end()) return found->second;
+    if (pair.second && DependsOnTheMoment(*pair.second)) return alone_.OutcomesOf(pair.first);
+    if (!DependsOnTheMoment(pair.first)) return {};
+    return alone_.OutcomesOf(pair.second ? *pair.second : pair.first);
 }
 
 void WritePairOutcomes(const std::wstring& file, const std::string& title, const CallCounts& counts,

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/failing_calls/call_points.h"
+#include "tests/failing_calls/expectations.h"
 
 namespace tarn::test {
 
@@ -24,10 +25,12 @@ class PairExpectations {
     explicit PairExpectations(const std::string& scenario);
 
     /// The outcomes recorded for exactly these calls: one, or several for the later iterations of a
-    /// loop.
+    /// loop. A pair that depends on the moment has those of its other call alone if it was not
+    /// recorded.
     std::set<std::string> OutcomesOf(const PairOutcome& pair) const;
 
   private:
+    Expectations alone_;
     std::map<std::string, std::set<std::string>> outcomes_;
 };
 
