@@ -20,9 +20,12 @@ namespace tarn::tools {
 namespace {
 
 constexpr int kFirstToWrite = 21;
+constexpr int kFirstWithCompactHeaders = 25;
 constexpr std::wstring_view kRead = L"-XX:SharedArchiveFile=";
 constexpr std::wstring_view kWrite = L"-XX:ArchiveClassesAtExit=";
 constexpr std::wstring_view kReadAndWrite = L"-XX:+AutoCreateSharedArchive";
+constexpr std::wstring_view kCompactHeaders = L"-XX:+UseCompactObjectHeaders";
+constexpr std::wstring_view kNoCompactHeaders = L"-XX:-UseCompactObjectHeaders";
 constexpr std::wstring_view kModulePath = L"--module-path=";
 
 // Whether the launcher waits for what writes an archive: the last thread, or System.exit.
@@ -66,6 +69,40 @@ void CheckWrittenOptions(const CheckedSettings& settings, const WrittenOptions& 
                          "remove the others");
     }
     if (writes) WarnThatNoneIsWritten(settings, written.line, findings);
+}
+
+// Whether the switch is on; the last occurrence counts.
+bool UsesCompactHeaders(const WrittenOptions& written) {
+    const auto isSwitch = [](std::wstring_view option) {
+        return option == kCompactHeaders || option == kNoCompactHeaders;
+    };
+    const auto last = std::find_if(written.options.rbegin(), written.options.rend(), isSwitch);
+    return last != written.options.rend() && *last == kCompactHeaders;
+}
+
+// The archive of the shipped runtime's own classes. The layout of objects in it is fixed, so that
+// compact object headers require an archive of their own, and the usual one is not read.
+void CheckRuntimeArchive(const CheckedSettings& settings, const WrittenOptions& written,
+                         bool hasFastStart, Findings& findings) {
+    const auto home = ShippedRuntime(settings);
+    if (!home) return;
+    const bool isCompact = UsesCompactHeaders(written) &&
+                           JavaFeatureOf(ReadJavaVersion(*home)) >= kFirstWithCompactHeaders;
+    const std::string name = isCompact ? "classes_coh.jsa" : "classes.jsa";
+    const std::filesystem::path server = *home / "bin" / "server";
+    std::error_code error;
+    if (!std::filesystem::exists(server / "jvm.dll", error) ||
+        std::filesystem::exists(server / name, error)) {
+        return;
+    }
+    const std::string option = isCompact ? Utf8Of(kCompactHeaders) : std::string();
+    findings.Note("runtime-archive", isCompact ? written.line : 0,
+                  "the shipped runtime lacks bin\\server\\" + name +
+                      ", the archive of its own classes" +
+                      (isCompact ? " for " + option : std::string()) + ": Java starts slower" +
+                      (hasFastStart ? ", and \"Fast Start\" has no effect" : ""),
+                  "run its bin\\java.exe " + (isCompact ? option + ' ' : std::string()) +
+                      "-Xshare:dump once on Windows");
 }
 
 class FastStartChecker {
@@ -199,18 +236,7 @@ void CheckFastStart(const CheckedSettings& settings, Findings& findings) {
     CheckWrittenOptions(settings, written, findings);
     const Setting value = settings.Get(keys::kApplication, keys::kFastStart);
     if (value) FastStartChecker(settings, written, value, findings).Check();
-    const auto home = ShippedRuntime(settings);
-    if (!home) return;
-    const std::filesystem::path server = *home / "bin" / "server";
-    std::error_code error;
-    if (std::filesystem::exists(server / "jvm.dll", error) &&
-        !std::filesystem::exists(server / "classes.jsa", error)) {
-        findings.Note("runtime-archive", 0,
-                      "the shipped runtime lacks bin\\server\\classes.jsa, the archive of its own "
-                      "classes: Java starts slower" +
-                          std::string(value ? ", and \"Fast Start\" has no effect" : ""),
-                      "run its bin\\java.exe -Xshare:dump once on Windows");
-    }
+    CheckRuntimeArchive(settings, written, static_cast<bool>(value), findings);
 }
 
 }  // namespace tarn::tools

@@ -87,6 +87,30 @@ TEST_F(FastStartFilesTest, NotesAShippedRuntimeWithoutItsOwnArchive) {
     EXPECT_THAT(CheckFiles(kService), IsEmpty());
 }
 
+TEST_F(FastStartFilesTest, NotesAShippedRuntimeWithoutTheArchiveForCompactObjectHeaders) {
+    Put("jre64/bin/java.dll", "");
+    Put("jre64/bin/server/jvm.dll", "");
+    Put("jre64/bin/server/classes.jsa", "x");
+    Put("jre64/release", "JAVA_VERSION=\"25.0.1\"\n");
+    const std::wstring on = Service(L"", L"-XX:+UseCompactObjectHeaders -Xmx1g");
+    EXPECT_THAT(CheckFiles(on), ElementsAre("note runtime-archive"));
+    EXPECT_THAT(CheckFiles(Service(L"", L"-Xmx1g")), IsEmpty());
+    EXPECT_THAT(
+        CheckFiles(Service(L"", L"-XX:+UseCompactObjectHeaders -XX:-UseCompactObjectHeaders")),
+        IsEmpty());
+
+    Put("jre64/bin/server/classes_coh.jsa", "x");
+    EXPECT_THAT(CheckFiles(on), IsEmpty());
+}
+
+TEST_F(FastStartFilesTest, IgnoresCompactObjectHeadersOfARuntimeThatLacksThem) {
+    Put("jre64/bin/java.dll", "");
+    Put("jre64/bin/server/jvm.dll", "");
+    Put("jre64/bin/server/classes.jsa", "x");
+    Put("jre64/release", "JAVA_VERSION=\"21.0.5\"\n");
+    EXPECT_THAT(CheckFiles(Service(L"", L"-XX:+UseCompactObjectHeaders")), IsEmpty());
+}
+
 TEST_F(FastStartFilesTest, WarnsAboutAFolderOfClasses) {
     std::filesystem::create_directories(folder_ / "classes");
     EXPECT_THAT(
