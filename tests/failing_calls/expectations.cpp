@@ -1,9 +1,6 @@
 #include "tests/failing_calls/expectations.h"
 
-#include <algorithm>
-#include <iterator>
 #include <sstream>
-#include <string_view>
 #include <tuple>
 
 #include "tests/failing_calls/outcome.h"
@@ -31,21 +28,10 @@ Expectations::Expectations(const std::string& scenario) {
     }
 }
 
-bool DependsOnTheMoment(const CallPoint& point) {
-    static constexpr std::string_view kFunctions[] = {
-        "BeginPaint", "CallWindowProcW", "DefWindowProcW", "DrawFocusRect", "DrawTextW",
-        "EndPaint",   "FillRect",        "GetClientRect",  "GetPropW",      "RestoreDC",
-        "SaveDC",     "SelectObject",    "SetBkMode",      "SetTextColor",
-    };
-    return std::find(std::begin(kFunctions), std::end(kFunctions), point.function) !=
-           std::end(kFunctions);
-}
-
 std::set<std::string> Expectations::OutcomesOf(const CallPoint& point) const {
     const auto found = outcomes_.find(point.function + kTab + point.subject + kTab +
                                       OccurrenceText(point.role, point.occurrence));
-    if (found != outcomes_.end()) return found->second;
-    return DependsOnTheMoment(point) ? std::set<std::string>{kGoesOn} : std::set<std::string>();
+    return found != outcomes_.end() ? found->second : std::set<std::string>{kGoesOn};
 }
 
 std::wstring FolderToRecordIn() {

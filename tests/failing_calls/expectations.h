@@ -10,10 +10,6 @@
 
 namespace tarn::test {
 
-/// Whether the call paints or handles a message. Windows paints when nothing else is to be done, so
-/// the moment decides how often such a call is made, and whether at all.
-bool DependsOnTheMoment(const CallPoint& point);
-
 /// The recorded outcomes of a scenario's failing calls: the file with the scenario's name in
 /// tests/failing_calls/outcomes, which the build copies beside the test program.
 class Expectations {
@@ -21,7 +17,8 @@ class Expectations {
     explicit Expectations(const std::string& scenario);
 
     /// The outcomes recorded for exactly this call: one, or several for the later iterations of a
-    /// loop. A call that depends on the moment has to change nothing if it was not recorded.
+    /// loop. A call that was not recorded has to change nothing: how often a window is painted, and
+    /// which messages it receives, depends on the moment.
     std::set<std::string> OutcomesOf(const CallPoint& point) const;
 
   private:

@@ -30,9 +30,9 @@ PairExpectations::PairExpectations(const std::string& scenario) : alone_(scenari
 std::set<std::string> PairExpectations::OutcomesOf(const PairOutcome& pair) const {
     const auto found = outcomes_.find(Fields(pair));
     if (found != outcomes_.end()) return found->second;
-    if (pair.second && DependsOnTheMoment(*pair.second)) return alone_.OutcomesOf(pair.first);
-    if (!DependsOnTheMoment(pair.first)) return {};
-    return alone_.OutcomesOf(pair.second ? *pair.second : pair.first);
+    std::set<std::string> outcomes = alone_.OutcomesOf(pair.first);
+    if (pair.second) outcomes.merge(alone_.OutcomesOf(*pair.second));
+    return outcomes;
 }
 
 void WritePairOutcomes(const std::wstring& file, const std::string& title, const CallCounts& counts,

@@ -25,8 +25,7 @@ class PairExpectations {
     explicit PairExpectations(const std::string& scenario);
 
     /// The outcomes recorded for exactly these calls: one, or several for the later iterations of a
-    /// loop. A pair that depends on the moment has those of its other call alone if it was not
-    /// recorded.
+    /// loop. A pair that was not recorded has to end as one of its calls alone does.
     std::set<std::string> OutcomesOf(const PairOutcome& pair) const;
 
   private:
