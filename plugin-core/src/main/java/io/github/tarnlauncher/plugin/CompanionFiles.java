@@ -2,10 +2,15 @@ package io.github.tarnlauncher.plugin;
 
 import java.io.IOException;
 import java.io.InputStream;
+import java.io.UncheckedIOException;
+import java.nio.file.DirectoryIteratorException;
+import java.nio.file.DirectoryStream;
 import java.nio.file.Files;
 import java.nio.file.LinkOption;
 import java.nio.file.Path;
 import java.nio.file.StandardCopyOption;
+import java.time.Duration;
+import java.time.Instant;
 import java.util.Comparator;
 import java.util.List;
 import java.util.Properties;
@@ -24,6 +29,7 @@ import java.util.stream.Stream;
 final class CompanionFiles {
     private static final String INDEX = "companion/index.properties";
     private static final String LAUNCHER = "launcher.exe";
+    private static final String UNFINISHED = "unpacking-";
     private static final int MOST_FOLDERS = 20;
     private static final String ANOTHER_FOLDER = ", or name another folder in the environment variable TARN_CACHE";
 
@@ -104,8 +110,9 @@ final class CompanionFiles {
 
     // Unpacks to a folder, unless another build is faster.
     private void create(Path folder) throws IOException {
+        removeAbandoned(folder.getParent());
         // Only this user may enter a folder that is made like this.
-        Path unfinished = Files.createTempDirectory(folder.getParent(), "unpacking-");
+        Path unfinished = Files.createTempDirectory(folder.getParent(), UNFINISHED);
         try {
             for (String name : digests.keySet()) unpack(name, unfinished.resolve(name));
             makeExecutable(unfinished.resolve(Platform.programOn(platform)));
@@ -114,6 +121,19 @@ final class CompanionFiles {
             if (!Files.exists(folder, LinkOption.NOFOLLOW_LINKS)) throw failure;
         } finally {
             deleteTree(unfinished);
+        }
+    }
+
+    // Removes what builds that were killed have left. A younger folder may be that of a build that is still running.
+    private static void removeAbandoned(Path parent) {
+        Instant yesterday = Instant.now().minus(Duration.ofDays(1));
+        try (DirectoryStream<Path> folders = Files.newDirectoryStream(parent, UNFINISHED + "*")) {
+            for (Path folder : folders) {
+                Instant modified = Files.getLastModifiedTime(folder, LinkOption.NOFOLLOW_LINKS).toInstant();
+                if (modified.isBefore(yesterday)) deleteTree(folder);
+            }
+        } catch (IOException | DirectoryIteratorException | UncheckedIOException ignored) {
+            // They only take up space: the next build that unpacks tries again.
         }
     }
 

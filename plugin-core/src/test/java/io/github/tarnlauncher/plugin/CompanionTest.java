@@ -12,6 +12,8 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.attribute.FileTime;
 import java.nio.file.attribute.PosixFilePermissions;
+import java.time.Duration;
+import java.time.Instant;
 import java.util.HashSet;
 import java.util.List;
 import java.util.Set;
@@ -51,6 +53,35 @@ class CompanionTest {
         Path program = Companion.unpackBelow(cache).program();
         Companion.unpackBelow(cache);
         assertEquals(Set.of(program, program.resolveSibling("launcher.exe")), new HashSet<>(below(cache)));
+    }
+
+    @Test
+    void removesWhatBuildsKilledLongAgoHaveLeft() throws IOException {
+        Path companions = Companion.unpackBelow(cache).program().getParent().getParent();
+        Path elsewhere = Files.createDirectory(cache.resolve("elsewhere"));
+        Files.writeString(elsewhere.resolve("file"), "");
+        Path old = abandoned(companions.resolve("unpacking-1"), Duration.ofHours(25));
+        Files.createSymbolicLink(old.resolve("link"), elsewhere);
+        Files.setLastModifiedTime(old, ago(Duration.ofHours(25)));
+        Path young = abandoned(companions.resolve("unpacking-2"), Duration.ofHours(23));
+        Path other = abandoned(companions.resolve("other-1"), Duration.ofHours(25));
+
+        Files.delete(Companion.unpackBelow(cache).program());  // which is then unpacked again
+        Companion.unpackBelow(cache);
+        assertFalse(Files.exists(old));
+        assertTrue(Files.exists(young.resolve("launcher.exe")));
+        assertTrue(Files.exists(other.resolve("launcher.exe")));
+        assertTrue(Files.exists(elsewhere.resolve("file")));
+    }
+
+    private static Path abandoned(Path folder, Duration age) throws IOException {
+        Files.createDirectory(folder);
+        Files.writeString(folder.resolve("launcher.exe"), "half");
+        return Files.setLastModifiedTime(folder, ago(age));
+    }
+
+    private static FileTime ago(Duration age) {
+        return FileTime.from(Instant.now().minus(age));
     }
 
     @Test
