@@ -273,6 +273,8 @@ class HelpTest(unittest.TestCase):
         for goal, parameters in expected.items():
             for parameter in parameters:
                 self.assertRegex(goals[goal], rf"(?m)^ +{parameter}\b", goal)
+        # The goal reports no findings.
+        self.assertNotRegex(goals["setup"], r"(?m)^ +allow\b")
 
 
 if __name__ == "__main__":

@@ -149,7 +149,7 @@ public interface WrapOptions {
     @Input
     ListProperty<String> getSet();
 
-    /** The ids of findings of {@code tarn check} that are accepted. Any other finding fails the task. */
+    /** The ids of findings of {@code tarn check} that are accepted. Any other error or warning fails the task. */
     @Input
     ListProperty<String> getAllow();
 

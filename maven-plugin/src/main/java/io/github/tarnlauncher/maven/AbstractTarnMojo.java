@@ -33,10 +33,6 @@ abstract class AbstractTarnMojo extends AbstractMojo {
     @Parameter(property = "tarn.outputDirectory", defaultValue = "${project.build.directory}/tarn", required = true)
     File outputDirectory;
 
-    /** The ids of findings of {@code tarn check} that are accepted. Any other finding fails the goal. */
-    @Parameter
-    List<String> allow;
-
     /** Skips the goal. */
     @Parameter(property = "tarn.skip", defaultValue = "false")
     boolean skip;

@@ -6,9 +6,11 @@ import io.github.tarnlauncher.plugin.PluginCache;
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.List;
 import org.apache.maven.plugin.MojoFailureException;
 import org.apache.maven.plugins.annotations.LifecyclePhase;
 import org.apache.maven.plugins.annotations.Mojo;
+import org.apache.maven.plugins.annotations.Parameter;
 
 /**
  * Checks the settings of the result as the launcher will read them, and the jars and the runtime beside them. A mistake
@@ -16,6 +18,10 @@ import org.apache.maven.plugins.annotations.Mojo;
  */
 @Mojo(name = "check", defaultPhase = LifecyclePhase.VERIFY, threadSafe = true)
 public final class CheckMojo extends AbstractTarnMojo {
+    /** The ids of findings of {@code tarn check} that are accepted. Any other error or warning fails the goal. */
+    @Parameter
+    private List<String> allow;
+
     @Override
     void run() throws IOException, MojoFailureException {
         Path settings = applicationFolder().resolve(executableName() + ".ini");

@@ -161,6 +161,10 @@ public final class WrapMojo extends AbstractTarnMojo {
     @Parameter
     private List<String> set;
 
+    /** The ids of findings of {@code tarn check} that are accepted. Any other error or warning fails the goal. */
+    @Parameter
+    private List<String> allow;
+
     /** Other texts for the launcher's messages: {@code <text>ID=TEXT</text>}. */
     @Parameter
     private List<String> setString;
