@@ -1,5 +1,7 @@
 #include "tests/import_hook/hook_log.h"
 
+#include <mutex>
+
 #include "base/windows.h"
 
 namespace import_hook {
@@ -7,6 +9,9 @@ namespace import_hook {
 namespace {
 
 HANDLE file = INVALID_HANDLE_VALUE;
+// Wine finds the end of a file and writes there in two steps, so two threads would overwrite each
+// other's lines.
+std::mutex fileMutex;
 
 }  // namespace
 
@@ -19,6 +24,7 @@ void OpenHookLog() {
 
 void LogLine(const std::string& line) {
     if (file == INVALID_HANDLE_VALUE) return;
+    const std::lock_guard<std::mutex> lock(fileMutex);
     DWORD written = 0;
     WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
 }
