@@ -140,7 +140,7 @@ class Archive {
     UniqueFile file_;
     bool isComplete_;
     wchar_t path_[kMostFormatted];
-    wchar_t text_[kMostFormatted];
+    wchar_t text_[kMostFormatted + MAX_PATH];  // a path, or a folder and the name of a file in it
     std::byte buffer_[kZipTailSize];
 };
 

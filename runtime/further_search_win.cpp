@@ -23,8 +23,9 @@ namespace {
 // would make the launcher larger at each place. `wsprintfW` writes at most this many characters,
 // the terminator included. Longer texts are truncated: no runtime can be loaded from such a path.
 constexpr DWORD kMostFormatted = 1024;
-// One more, for the backslash of `MakeDriveFolder`.
-using Buffer = wchar_t[kMostFormatted + 1];
+// Two more: values may have as many characters and no terminator, and `MakeDriveFolder` adds a
+// backslash.
+using Buffer = wchar_t[kMostFormatted + 2];
 
 // The longest value of an environment variable, in characters.
 constexpr DWORD kMostPath = 32768;

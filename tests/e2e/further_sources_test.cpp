@@ -1,6 +1,7 @@
 // "Further Sources": the places of other makers, which are searched when all other sources of a
 // runtime have failed. Here the registry keys of makers and the choice among their runtimes.
 
+#include "tests/support/explained_launch.h"
 #include "tests/support/further_sources_fixture.h"
 #include "tests/support/real_runtime_fixture.h"
 
@@ -141,6 +142,24 @@ TEST_F(FurtherSources, MayStateTheirVersionInAValueOfAnyType) {
     EXPECT_EQ(Chosen(), "nothing");
     AddRelease(L"runtime", "17.0.9");
     EXPECT_EQ(Chosen(), In("runtime"));
+}
+
+TEST_F(FurtherSources, KeepTheirVersionBesideTheLongestHomeThatIsRead) {
+    app.AddRuntime(L"runtime");
+    std::wstring home = app.Path(L"runtime");
+    if (home.size() % 2 != 0) home += L'\\';
+    while (home.size() < 1024) home += L"\\.";
+    // Without a terminator and a backslash at its end, it fills the launcher's buffer.
+    AddKey(L"Eclipse Adoptium\\JDK\\17.0.9.9\\hotspot\\MSI")
+        .Set(kMsiHome, REG_BINARY, home.data(), home.size() * sizeof(wchar_t));
+    settings.Runtime(L"Minimum Version", L"17").Runtime(L"Maximum Version", L"17");
+    app.WriteSettings(settings);
+    const auto report = ExplainLaunch(app, L"");
+    ASSERT_TRUE(report);
+    // The system may refuse a path of this length.
+    const bool isFound =
+        GetFileAttributesW((home + L"\\bin\\server\\jvm.dll").c_str()) != INVALID_FILE_ATTRIBUTES;
+    EXPECT_EQ((*report)["outcome"]["kind"] != "asks-for-runtime", isFound);
 }
 
 TEST_F(FurtherSources, WithAnUnknownVersionNeedOpenBounds) {
