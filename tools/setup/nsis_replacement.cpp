@@ -13,6 +13,30 @@ constexpr std::string_view kReplacement = R"nsis(!macro MoveFile FROM TO
   Rename "${FROM}" "${TO}"
 !macroend
 
+!macro MoveBack FOLDER
+  !insertmacro MoveFile "${FOLDER}\$Line" "$INSTDIR\$Line"
+  ${If} ${Errors}
+    StrCpy $Stranded $Line
+  ${EndIf}
+!macroend
+
+; Keeps a file that was replaced under another name beside the new one.
+!macro KeepAsOld FOLDER NAME
+  Delete "$INSTDIR\${NAME}.old"
+  ClearErrors
+  Rename "${FOLDER}\${NAME}" "$INSTDIR\${NAME}.old"
+  ${If} ${Errors}
+    StrCpy $Stranded ${NAME}
+  ${EndIf}
+!macroend
+
+; Calls the function for each line of the list.
+!macro ForEachLine LIST FUNCTION
+  StrCpy $ListFile "${LIST}"
+  GetFunctionAddress $Callback ${FUNCTION}
+  Call WalkList
+!macroend
+
 ; The files of the old version go to $Backup\1, whatever else is in the way to $Backup\2.
 Function MoveOldAway
   ${If} $Kind == "D"
@@ -61,12 +85,7 @@ Function KeepReplaced
     Return
   ${EndIf}
   ${If} ${FileExists} "$Backup\2\$Line"
-    Delete "$INSTDIR\$Line.old"
-    ClearErrors
-    Rename "$Backup\2\$Line" "$INSTDIR\$Line.old"
-    ${If} ${Errors}
-      StrCpy $Stranded $Line
-    ${EndIf}
+    !insertmacro KeepAsOld "$Backup\2" $Line
   ${EndIf}
 FunctionEnd
 
@@ -82,10 +101,7 @@ Function TakeNewBack
     ${EndIf}
   ${EndIf}
   ${If} ${FileExists} "$Backup\2\$Line"
-    !insertmacro MoveFile "$Backup\2\$Line" "$INSTDIR\$Line"
-    ${If} ${Errors}
-      StrCpy $Stranded $Line
-    ${EndIf}
+    !insertmacro MoveBack "$Backup\2"
   ${EndIf}
 FunctionEnd
 
@@ -94,10 +110,7 @@ Function RestoreOld
     CreateDirectory "$INSTDIR\$Line"
   ${ElseIf} $Kind == "F"
   ${AndIf} ${FileExists} "$Backup\1\$Line"
-    !insertmacro MoveFile "$Backup\1\$Line" "$INSTDIR\$Line"
-    ${If} ${Errors}
-      StrCpy $Stranded $Line
-    ${EndIf}
+    !insertmacro MoveBack "$Backup\1"
   ${EndIf}
 FunctionEnd
 
@@ -121,11 +134,9 @@ FunctionEnd
   !insertmacro ForOwnFile ${FUNCTION} "uninstall.exe"
 !macroend
 
-!macro WalkOldList FUNCTION
+!macro ForEachOldLine FUNCTION
   ${If} $OldFolder != ""
-    StrCpy $ListFile "$INSTDIR\uninstall.lst"
-    GetFunctionAddress $Callback ${FUNCTION}
-    Call WalkList
+    !insertmacro ForEachLine "$INSTDIR\uninstall.lst" ${FUNCTION}
   ${EndIf}
 !macroend
 
@@ -133,11 +144,9 @@ FunctionEnd
 Function RollBack
   StrCpy $Busy ""
   !insertmacro ForOwnFiles TakeNewBack
-  StrCpy $ListFile "$Staging\uninstall.lst"
-  GetFunctionAddress $Callback TakeNewBack
-  Call WalkList
+  !insertmacro ForEachLine "$Staging\uninstall.lst" TakeNewBack
   !insertmacro ForOwnFiles RestoreOld
-  !insertmacro WalkOldList RestoreOld
+  !insertmacro ForEachOldLine RestoreOld
   Abort
 FunctionEnd
 

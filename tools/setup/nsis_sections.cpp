@@ -158,14 +158,12 @@ Section
 
   Call PrepareSettings
   StrCpy $Busy ""
-  !insertmacro WalkOldList MoveOldAway
+  !insertmacro ForEachOldLine MoveOldAway
   ${If} $Busy != ""
     Call RollBack
   ${EndIf}
 @FOLDERS@
-  StrCpy $ListFile "$Staging\uninstall.lst"
-  GetFunctionAddress $Callback PlaceItem
-  Call WalkList
+  !insertmacro ForEachLine "$Staging\uninstall.lst" PlaceItem
   ${If} $Busy != ""
     Call RollBack
   ${EndIf}
@@ -175,22 +173,13 @@ Section
     Call RollBack
   ${EndIf}
 
-  StrCpy $ListFile "$INSTDIR\uninstall.lst"
-  GetFunctionAddress $Callback KeepReplaced
-  Call WalkList
+  !insertmacro ForEachLine "$INSTDIR\uninstall.lst" KeepReplaced
   ${If} $Replaced != ""
   ${AndIf} ${FileExists} "$Backup\1\$Replaced"
-    Delete "$INSTDIR\$Replaced.old"
-    ClearErrors
-    Rename "$Backup\1\$Replaced" "$INSTDIR\$Replaced.old"
-    ${If} ${Errors}
-      StrCpy $Stranded $Replaced
-    ${EndIf}
+    !insertmacro KeepAsOld "$Backup\1" $Replaced
   ${EndIf}
   ${If} $OldFolder != ""
-    StrCpy $ListFile "$Backup\1\uninstall.lst"
-    GetFunctionAddress $Callback RemoveOldRest
-    Call WalkList
+    !insertmacro ForEachLine "$Backup\1\uninstall.lst" RemoveOldRest
   ${EndIf}
   Call RemoveStaging
   StrCpy $Staging ""
