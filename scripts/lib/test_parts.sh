@@ -147,7 +147,7 @@ part_executable() {
 # The companion program as users have it: as built for this machine, and under Wine.
 part_tools() {
     build native tarn || return 0
-    build release launcher tarn java_fixtures planted_library || return 0
+    build release launcher tarn java_fixtures planted_library load_libraries || return 0
     "$TARN_PYTHON" scripts/fetch_runtimes.py 11 17 21 25 >/dev/null || { count_failure "fetching the runtimes"; return 0; }
     "$TARN_PYTHON" scripts/fetch_applications.py javafx17 javafx21 swt >/dev/null ||
         { count_failure "fetching the libraries"; return 0; }

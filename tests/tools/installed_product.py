@@ -31,6 +31,11 @@ def wait_until(condition):
     return False
 
 
+def read(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
 def window_titles():
     """The titles of the windows on the screen."""
     tree = subprocess.run(["xwininfo", "-root", "-tree"], check=False, capture_output=True)
@@ -182,6 +187,15 @@ class InstalledProductTest(unittest.TestCase):
 
     def installed(self, *names):
         return self.prefix.local("Programs", self.NAME, *names)
+
+    def setup(self, version, *options):
+        """Runs the setup program of a version silently: its exit code."""
+        return self.prefix.run(self.path(f"setup{version}.exe"), "/S", *options)
+
+    def remove_product(self):
+        """Removes what is installed, also what the uninstaller leaves."""
+        self.uninstall()
+        shutil.rmtree(self.installed(), ignore_errors=True)
 
     def uninstall(self, *options, folder=None):
         """Runs the uninstaller where it is, which is how its exit code is seen."""

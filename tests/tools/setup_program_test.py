@@ -6,12 +6,7 @@ import shutil
 import subprocess
 import unittest
 
-from installed_product import InstalledProductTest, wait_until, window_titles
-
-
-def read(path):
-    with open(path, "rb") as file:
-        return file.read()
+from installed_product import InstalledProductTest, read, wait_until, window_titles
 
 
 class PerUserTest(InstalledProductTest):
@@ -22,17 +17,10 @@ class PerUserTest(InstalledProductTest):
             cls.tarn("setup", "app" + version, "--out", f"setup{version}.exe", "--desktop-shortcut",
                      "--associate", ".tdoc=Tarn document", "--protocol", "tarndemo=Tarn link")
 
-    def setup(self, version, *options):
-        return self.prefix.run(self.path(f"setup{version}.exe"), "/S", *options)
-
     def setUp(self):
-        self.addCleanup(self.clean_up)
+        self.addCleanup(self.remove_product)
         self.registry = self.prefix.registry()
         self.files = self.prefix.files()
-
-    def clean_up(self):
-        self.uninstall()
-        shutil.rmtree(self.installed(), ignore_errors=True)
 
     def expect_nothing_left(self):
         # The uninstaller cannot delete itself when it runs where it is.

@@ -7,16 +7,11 @@ import signal
 import stat
 import unittest
 
-from installed_product import InstalledProductTest, wait_until, window_titles
+from installed_product import InstalledProductTest, read, wait_until, window_titles
 from tarn_program import RUNTIMES
 
 FAILED = 2
 LARGEST_FILE = 64 << 10  # less than the launcher, more than the stub's own libraries
-
-
-def read(path):
-    with open(path, "rb") as file:
-        return file.read()
 
 
 def limit_files():
@@ -41,19 +36,12 @@ class UpgradeTest(InstalledProductTest):
             cls.tarn("setup", "app" + version, "--version", version, "--out",
                      f"setup{version}.exe")
 
-    def setup(self, version, *options):
-        return self.prefix.run(self.path(f"setup{version}.exe"), "/S", *options)
-
     def setUp(self):
-        self.addCleanup(self.clean_up)
+        self.addCleanup(shutil.rmtree, self.prefix.local("TarnViewer"), ignore_errors=True)
+        self.addCleanup(self.remove_product)
         self.registry = self.prefix.registry()
         self.files = self.prefix.files()
         self.assertEqual(0, self.setup("1.0"))
-
-    def clean_up(self):
-        self.uninstall()
-        shutil.rmtree(self.installed(), ignore_errors=True)
-        shutil.rmtree(self.prefix.local("TarnViewer"), ignore_errors=True)
 
     def contents(self):
         """The path of each installed file and folder, and the bytes of the files."""
