@@ -41,6 +41,24 @@ bool WritesArchives(std::string_view releaseFile) {
     return feature >= kFirstToWrite;
 }
 
+bool RulesOutArchive(const std::string& options) {
+    // One text of terminated words takes less of the launcher than a table of pointers.
+    const char* word =
+        "Archive\0"
+        "AOT\0"
+        "-javaagent\0"
+        "-agent\0"
+        "-Xrun\0"
+        "--limit-\0"
+        "--patch-\0"
+        "--upgrade-\0";
+    while (*word != '\0') {
+        if (std::strstr(options.c_str(), word) != nullptr) return true;
+        word += std::strlen(word) + 1;
+    }
+    return false;
+}
+
 void Fingerprint::Add(std::span<const std::byte> bytes) {
     // The length first, so that no two sequences of pieces are the same bytes.
     std::uint64_t next = bytes.size();

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string>
 #include <string_view>
 
 #include "jvm/jvm_options.h"
@@ -14,6 +15,11 @@ namespace tarn {
 /// classes at the end of a run (class-data sharing): Java 21 and newer. Java 17 knows the option,
 /// too, but does not start with it when its own archive is missing or cannot be used.
 bool WritesArchives(std::string_view releaseFile);
+
+/// Whether one of the JVM's options rules out that of "Fast Start": it is for another archive or
+/// cache, or a JVM that is to write an archive ends at once with it, as with agents and patched
+/// modules. The text can contain several options.
+bool RulesOutArchive(const std::string& options);
 
 /// A 64-bit hash of bytes that differs when one of them does, as far as chance goes. Not
 /// cryptographic: whoever can replace the application's jars needs no collision.
@@ -55,11 +61,11 @@ struct FastStartInputs {
 /// end of the run when there is none. The file's name is the prefix, a mark of the installation
 /// (the executable's path), and a fingerprint of the contents of the jars and of everything else
 /// that makes the JVM refuse an archive, so that a launch never meets an archive of other classes.
-/// Appends nothing when it would not help or could end the launch: the parameters contain options
-/// for an archive, the runtime writes none, an entry of the class path is not a jar, the code page
-/// lacks a character of the path, the archive cannot be written, or another process is to write it.
-/// Unless the launch is only predicted, creates the folder (its parent must exist) and deletes the
-/// other archives of the installation, except those that are in use.
+/// Appends nothing when it would not help or could end the launch: one of the options before, or
+/// of the environment, rules it out, the runtime writes none, an entry of the class path is not a
+/// jar, the code page lacks a character of the path, the archive cannot be written, or another
+/// process is to write it. Unless the launch is only predicted, creates the folder (its parent must
+/// exist) and deletes the other archives of the installation, except those that are in use.
 void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options);
 
 }  // namespace tarn

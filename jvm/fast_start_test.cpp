@@ -57,6 +57,31 @@ TEST(WritesArchives, AVersionOfAnyLengthIsRead) {
     EXPECT_TRUE(WritesArchives("JAVA_VERSION=" + std::string(1000, '9')));
 }
 
+TEST(RulesOutArchiveTest, FindsOptionsForAnotherArchive) {
+    EXPECT_TRUE(RulesOutArchive("-XX:SharedArchiveFile=C:\\x.jsa"));
+    EXPECT_TRUE(RulesOutArchive("-XX:+AutoCreateSharedArchive"));
+    EXPECT_TRUE(RulesOutArchive("-XX:AOTCache=C:\\x.aot"));
+}
+
+TEST(RulesOutArchiveTest, FindsOptionsThatEndAJvmThatIsToWriteOne) {
+    for (const char* const option :
+         {"-javaagent:a.jar", "-agentlib:jdwp=server=y", "-agentpath:C:\\a.dll",
+          "-Xrunjdwp:server=y", "--limit-modules=java.base", "--patch-module=a.b=c.jar",
+          "--upgrade-module-path=modules"}) {
+        EXPECT_TRUE(RulesOutArchive(option)) << option;
+        EXPECT_TRUE(RulesOutArchive("-Da=b " + std::string(option) + " -Xmx1g")) << option;
+    }
+}
+
+TEST(RulesOutArchiveTest, AcceptsOtherOptions) {
+    for (const char* const option :
+         {"", "-Xmx1g", "-XX:+UseSerialGC", "--module-path=modules", "--add-modules=a.b",
+          "--add-opens=java.base/java.lang=ALL-UNNAMED", "-Dhttp.agent=Notes",
+          "%JAVA_TOOL_OPTIONS% %_JAVA_OPTIONS% "}) {
+        EXPECT_FALSE(RulesOutArchive(option)) << option;
+    }
+}
+
 TEST(FingerprintTest, DependsOnEachBitAndTheLength) {
     const std::string text = "a directory of 29 bytes, say.";
     for (std::size_t bit = 0; bit < 8 * text.size(); ++bit) {

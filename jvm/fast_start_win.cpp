@@ -1,10 +1,10 @@
-#include <cwchar>
 #include <memory>
 #include <utility>
 
 #include "base/ansi_text.h"
+#include "base/environment.h"
 #include "base/handles.h"
-#include "base/text.h"
+#include "base/paths.h"
 #include "jvm/fast_start.h"
 #include "runtime/further_sources.h"
 #include "runtime/jvm_library.h"
@@ -74,10 +74,12 @@ class Archive {
     // can until this one has ended. Failures to delete are ignored.
     bool Prepare() {
         const std::wstring_view own = path_;
-        const std::size_t folder = CutAtLast(path_, L'\\').size();
-        const wchar_t backslash = std::exchange(path_[folder], L'\0');
-        CreateDirectoryW(path_, nullptr);
-        path_[folder] = backslash;
+        const std::size_t folder = FolderOf(own).size();  // 0 for a name without a backslash
+        if (folder != 0) {
+            path_[folder - 1] = L'\0';
+            CreateDirectoryW(path_, nullptr);
+            path_[folder - 1] = L'\\';
+        }
         wsprintfW(text_, L"%s~", path_);
         const bool isReady =
             isComplete_ || CreateFileW(text_, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
@@ -86,7 +88,7 @@ class Archive {
         WIN32_FIND_DATAW found;
         const UniqueFindHandle search(FindFirstFileW(text_, &found));
         for (bool isFound = !!search; isFound; isFound = FindNextFileW(search.get(), &found)) {
-            wsprintfW(text_ + folder + 1, L"%s", found.cFileName);
+            wsprintfW(text_ + folder, L"%s", found.cFileName);
             const std::wstring_view other = text_;
             // The same length: the pattern also matches other names, and short ones.
             if (other.size() != own.size() || other == own) continue;
@@ -148,13 +150,15 @@ class Archive {
 
 // One return, and one call of `AddJars`: each further one takes some 30 bytes of the launcher.
 void AddFastStartOption(const FastStartInputs& inputs, JvmOptions& options) {
-    // The settings' own options take precedence.
-    if (std::wcsstr(inputs.vmParameters.c_str(), L"Archive") != nullptr) return;
+    // The JVM reads further options from these variables; a profiler puts its agent there.
+    std::wstring written = L"%JAVA_TOOL_OPTIONS% %_JAVA_OPTIONS% ";
+    written += inputs.vmParameters;
+    bool isPossible = !RulesOutArchive(ToThreadAnsi(ExpandEnvironment(written)));
     std::wstring_view more = inputs.setting;
     const std::wstring_view prefix = TakePiece(more);
     const auto archive = std::make_unique_for_overwrite<Archive>();
     archive->Add(inputs.vmParameters);
-    bool isPossible = archive->AddRuntime(inputs.jvmLibraryPath);
+    isPossible = isPossible && archive->AddRuntime(inputs.jvmLibraryPath);
     for (const std::wstring_view jars : {inputs.classPath, more}) {
         isPossible = isPossible && archive->AddJars(jars);
     }

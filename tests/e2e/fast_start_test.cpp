@@ -187,5 +187,35 @@ TEST_F(FastStart, TheOptionsOfTheSettingsTakePrecedence) {
     EXPECT_THAT(OptionsOfARun(), ElementsAre(R"("-XX:SharedArchiveFile=C:\x.jsa")"));
 }
 
+TEST_F(FastStart, OptionsWithWhichAJvmThatWritesAnArchiveDoesNotStartTakePrecedence) {
+    settings.Runtime(L"Virtual Machine Parameters", L"-agentlib:jdwp=server=y");
+    EXPECT_THAT(OptionsOfARun(), ElementsAre(R"("-agentlib:jdwp=server=y")"));
+    app.environment[L"TARN_TEST_OPTIONS"] = L"-javaagent:a.jar";
+    settings.Runtime(L"Virtual Machine Parameters", L"%TARN_TEST_OPTIONS%");
+    EXPECT_THAT(OptionsOfARun(), ElementsAre(R"("-javaagent:a.jar")"));
+}
+
+TEST_F(FastStart, OptionsOfTheEnvironmentTakePrecedence) {
+    for (const wchar_t* const name : {L"JAVA_TOOL_OPTIONS", L"_JAVA_OPTIONS"}) {
+        app.environment[name] = L"-javaagent:C:\\agent.jar";
+        EXPECT_THAT(OptionsOfARun(), IsEmpty()) << ToUtf8(name);
+        app.environment[name] = L"-Da=b -agentlib:jdwp=server=y";
+        EXPECT_THAT(OptionsOfARun(), IsEmpty()) << ToUtf8(name);
+        app.environment[name] = L"-Da=b -Xmx1g";
+        EXPECT_NE(NameOfARun(), L"") << ToUtf8(name);
+    }
+}
+
+TEST_F(FastStart, ANameWithoutABackslashIsTheNameOfNoFolder) {
+    settings.Application(L"Override WorkingDir", L"Yes");
+    settings.Application(L"Fast Start", L"Notes");
+    const auto options = OptionsOfARun();
+    ASSERT_EQ(options.size(), 1U);
+    const std::string name = options.front().substr(options.front().find('=') + 1);
+    EXPECT_THAT(name, testing::MatchesRegex("Notes-.+\\.jsa\""));
+    const std::wstring file(name.begin(), name.end() - 1);  // without the quote of the log
+    EXPECT_EQ(GetFileAttributesW(app.Path(file).c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
 }  // namespace
 }  // namespace tarn::test

@@ -3,6 +3,7 @@
 
 #include "base/paths.h"
 #include "base/text.h"
+#include "jvm/fast_start.h"
 #include "runtime/search_policy.h"
 #include "settings/keys.h"
 #include "tools/check/admitted_versions.h"
@@ -134,13 +135,13 @@ class FastStartChecker {
             return std::any_of(written_.options.begin(), written_.options.end(),
                                [&](const auto& option) { return option.starts_with(start); });
         };
-        const bool hasArchive = std::any_of(
-            written_.options.begin(), written_.options.end(),
-            [](const auto& option) { return option.find(L"Archive") != std::wstring::npos; });
-        if (hasArchive) {
+        const bool isRuledOut =
+            std::any_of(written_.options.begin(), written_.options.end(),
+                        [](const auto& option) { return RulesOutArchive(Utf8Of(option)); });
+        if (isRuledOut) {
             Warning("archive-options",
                     "\"Fast Start\" has no effect, because \"Virtual Machine Parameters\" contain "
-                    "options for an archive",
+                    "options for an archive, or options with which Java writes none",
                     "remove one of the two");
         }
         if (begins(kModulePath) && value_.text.find(L';') == std::wstring::npos) {

@@ -41,6 +41,8 @@ TEST(FastStartRulesTest, WarnsAboutARelativeFile) {
 TEST(FastStartRulesTest, WarnsAboutConflictingOptions) {
     EXPECT_THAT(Check(CheckFastStart, Service(kPrefix, L"-XX:SharedArchiveFile=C:\\x.jsa")),
                 ElementsAre("3 warning archive-options"));
+    EXPECT_THAT(Check(CheckFastStart, Service(kPrefix, L"-javaagent:C:\\a.jar")),
+                ElementsAre("3 warning archive-options"));
     EXPECT_THAT(Check(CheckFastStart, Service(L"",
                                               L"-XX:SharedArchiveFile=C:\\x.jsa "
                                               L"-XX:SharedArchiveFile=C:\\y.jsa")),

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "jvm/fast_start.h"
+#include "jvm/vm_parameters.h"
 #include "tools/common/failure.h"
 #include "tools/common/text_encoding.h"
 #include "tools/java/java_version.h"
@@ -29,9 +31,12 @@ void CheckRuntimeVersion(const WrapRequest& request) {
 }
 
 void CheckOptions(const std::vector<std::string>& vmParameters) {
-    for (const std::string& parameter : vmParameters) {
-        if (parameter.find("Archive") != std::string::npos) {
-            Refuse("--vm-parameters " + parameter + " names another archive; use one of the two");
+    for (const std::string& parameters : vmParameters) {
+        for (const std::wstring& token : SplitVmParameters(WideOf(parameters))) {
+            const std::string option = Utf8Of(RemoveQuotes(token));
+            if (!RulesOutArchive(option)) continue;
+            Refuse("with " + option +
+                   " Java writes no archive, or another one; use one of the two");
         }
     }
 }

@@ -62,6 +62,11 @@ TEST_F(FastStartPlanTest, RefusesAnotherArchiveInTheOptions) {
     EXPECT_THAT(Refusal(), HasSubstr("-XX:SharedArchiveFile=x.jsa"));
 }
 
+TEST_F(FastStartPlanTest, RefusesOptionsWithWhichJavaWritesNoArchive) {
+    request_.vmParameters = {"-Da=b \"-javaagent:lib\\agent.jar\""};
+    EXPECT_THAT(Refusal(), HasSubstr("with -javaagent:lib\\agent.jar Java"));
+}
+
 TEST_F(FastStartPlanTest, RefusesAnAdministratorsApplication) {
     request_.manifestChanges.requiresAdministrator = true;
     EXPECT_THAT(Refusal(), HasSubstr("administrator"));
