@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <span>
 #include <string>
-#include <string>
 #include <string_view>
 
 #include "jvm/jvm_options.h"
