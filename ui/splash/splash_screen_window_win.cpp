@@ -14,15 +14,13 @@ constexpr wchar_t kClassName[] = L"SplashScreenWindow";
 
 // A jump, not a call: it needs no stack frame and so no unwind data, and the procedure returns
 // straight to Windows.
-#pragma pack(push, 1)
-struct ThunkCode {
+struct [[gnu::packed]] ThunkCode {
     std::uint16_t loadFirstArgument = 0xB948;  // mov rcx, object
     void* object;
     std::uint16_t loadTarget = 0xB848;  // mov rax, target
     ObjectProcedure target;
     std::uint16_t jump = 0xE0FF;  // jmp rax
 };
-#pragma pack(pop)
 static_assert(sizeof(ThunkCode) == 22);
 
 HINSTANCE ThisModule() {
