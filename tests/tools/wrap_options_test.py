@@ -119,10 +119,16 @@ set = "Application/Output File=%TEMP%/a, b.txt"
                                (b"title = a\ntitle = b", "--title"),
                                (b"ends-with = never", "--ends-with"),
                                (b"single-file = perhaps", "single-file"),
+                               ("title = \u00e4".encode("latin-1"), "is not UTF-8"),
+                               ("title = x".encode("utf-16"), "is not UTF-8"),
                                (b"title = 'a\x01b'", "--title")):
             with self.subTest(text=text):
                 self.put("wrap.toml", text)
-                self.assertIn(expected, self.fail_with("--config", "wrap.toml"))
+                message = self.fail_with("--config", "wrap.toml")
+                self.assertIn(expected, message)
+                # A control character is found in whatever an option's value comes from.
+                if b"\x01" not in text:
+                    self.assertIn("wrap.toml: ", message)
         self.assertIn("none.toml: cannot be read", self.fail_with("--config", "none.toml"))
 
     def test_a_drawing_as_icon_is_an_error_that_tells_how_to_convert_it(self):

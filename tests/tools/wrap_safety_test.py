@@ -1,9 +1,10 @@
 """tarn wrap: input that it refuses, and files of others that survive it."""
 
 import os
+import shutil
 import unittest
 
-from tarn_program import LAUNCHER, PROGRAMS, FolderTest, class_file
+from tarn_program import LAUNCHER, PROGRAMS, FolderTest, class_file, picture
 
 
 class NothingIsLostTest(FolderTest):
@@ -39,6 +40,39 @@ class NothingIsLostTest(FolderTest):
         os.symlink("elsewhere", self.path("o"))
         self.assertIn("o: is a link", self.fail_with("--replace"))
         self.assertEqual([], os.listdir(self.path("elsewhere")))
+
+    def test_only_a_folder_of_this_program_is_replaced(self):
+        self.put("o/demo.exe", b"the executable of another program")
+        self.put("o/precious", b"kept")
+        self.assertIn("o: is not replaced", self.fail_with("--replace"))
+        self.assertEqual(b"kept", self.read("o", "precious"))
+
+    def test_a_folder_with_input_that_would_be_lost_is_not_replaced(self):
+        self.wrap()
+        self.put("o/images/icon.png", picture())
+        self.put("o/options.toml", b"version = 2\n")
+        shutil.copy(LAUNCHER, self.path("o", "launcher.exe"))
+        for program in PROGRAMS:
+            for options in (["--icon", "o/images/icon.png"], ["--config", "o/options.toml"],
+                            ["--launcher", "o/launcher.exe"],
+                            ["--single-file", "--icon", "o/../o/images/icon.png"]):
+                message = self.expect_failure(
+                    "wrap", "demo.jar", "--out", "o", "--replace",
+                    *([] if "--launcher" in options else ["--launcher", LAUNCHER]), *options,
+                    program=program)
+                self.assertIn("o: is not replaced, because it contains the input", message)
+        # A copy of the jar is in the folder that replaces it, but not beside a single file.
+        self.wrap("--replace", jar="o/demo.jar")
+        self.assertIn("o/demo.jar", self.fail_with("--single-file", "--replace", jar="o/demo.jar"))
+
+    def test_a_folder_is_not_copied_into_itself(self):
+        self.put("in/data", b"x")
+        for program in PROGRAMS:
+            message = self.expect_failure("wrap", "demo.jar", "--launcher", LAUNCHER, "--out",
+                                          "in/deep/o", "--add", "in", program=program)
+            self.assertIn("in, which is copied into it", message)
+        self.wrap()
+        self.assertIn("o, which is copied into it", self.fail_with("--replace", "--add", "o"))
 
     def test_two_files_with_one_name_are_an_error_that_names_both(self):
         for name in ("more/prog.exe", "more/Z.INI", "a/same.txt", "b/SAME.TXT", "splash.png"):
@@ -91,6 +125,12 @@ class BadInputTest(FolderTest):
         self.assertIn("demo.jar: has no manifest", self.fail_with())
         self.put_jar("demo.jar", {"Class-Path": "x.jar"})
         self.assertIn("specify --main-class", self.fail_with())
+
+    def test_a_title_with_control_characters(self):
+        self.put_jar("demo.jar", {"Main-Class": "a.B", "Implementation-Title": "a\tb"},
+                     {"a/B.class": class_file(11)})
+        self.assertIn("demo.jar: the title in its manifest", self.fail_with())
+        self.expect("wrap", "demo.jar", "--launcher", LAUNCHER, "--title", "T", "--out", "o")
 
     def test_an_encrypted_jar(self):
         self.put_jar("demo.jar", {"Main-Class": "a.B"}, {"secret": "x"})

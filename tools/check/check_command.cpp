@@ -28,7 +28,7 @@ struct Options {
     bool isStrict = false;
     bool asJson = false;
     bool listsKeys = false;
-    bool checksFiles = true;
+    bool checksTextOnly = false;
 };
 
 void PrintKeys(const Console& console) {
@@ -47,7 +47,7 @@ int Check(const Options& options, const Console& console) {
     }
     if (options.file.empty()) throw Failure("no settings file is specified; see tarn check --help");
     const std::vector<Finding> findings = WithoutAllowed(
-        CheckSettings(CheckedSettings::Load(PathOf(options.file), options.checksFiles)),
+        CheckSettings(CheckedSettings::Load(PathOf(options.file), !options.checksTextOnly)),
         options.allowed);
     if (options.asJson) {
         console.Print(JsonReport(options.file, findings));
@@ -70,7 +70,7 @@ void AddCheckCommand(CLI::App& app, const Console& console, int& exitCode) {
         ->type_name("ID")
         ->allow_extra_args(false);
     command->add_flag("--json", options->asJson, "Print the findings as JSON");
-    command->add_flag("!--no-files", options->checksFiles,
+    command->add_flag("--no-files", options->checksTextOnly,
                       "Check the text only, not the jars and other files that it names");
     command->add_flag("--keys", options->listsKeys, "Print all keys and exit");
     command->footer(kFooter);

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "tools/common/failure.h"
+#include "tools/common/text_encoding.h"
 #include "tools/common/whole_file.h"
 
 namespace tarn::tools {
@@ -42,6 +43,8 @@ std::vector<CLI::ConfigItem> ReadItems(const std::filesystem::path& file) {
     const Bytes content = ReadWholeFile(file, kLargestFile);
     std::string text(AsText(content));
     if (text.starts_with(kByteOrderMark)) text.erase(0, kByteOrderMark.size());
+    // Every invalid sequence becomes U+FFFD, which is encoded differently.
+    if (Utf8Of(WideOf(text)) != text) throw Failure(file, "is not UTF-8 text; convert it");
     std::istringstream lines(text);
     for (std::string line; std::getline(lines, line);) CheckLine(line, file);
     std::istringstream stream(text);
@@ -59,18 +62,7 @@ CLI::Option* FindOption(CLI::App& command, const CLI::ConfigItem& item) {
     return isUsable ? found : nullptr;
 }
 
-}  // namespace
-
-void AddConfigOption(CLI::App& command, std::string& file) {
-    command
-        .add_option("--config", file,
-                    "Read options from a file with lines such as name = \"App\"; those of the "
-                    "command line take precedence")
-        ->type_name("FILE")
-        ->configurable(false);
-}
-
-void ApplyConfigFile(CLI::App& command, const std::filesystem::path& file) {
+void Apply(CLI::App& command, const std::filesystem::path& file) {
     std::set<CLI::Option*> given;
     for (CLI::Option* const option : command.get_options()) {
         if (!option->empty()) given.insert(option);
@@ -94,6 +86,26 @@ void ApplyConfigFile(CLI::App& command, const std::filesystem::path& file) {
     }
     for (CLI::Option* const option : changed) {
         if (!option->empty()) option->run_callback();
+    }
+}
+
+}  // namespace
+
+void AddConfigOption(CLI::App& command, std::string& file) {
+    command
+        .add_option("--config", file,
+                    "Read options from a file with lines such as name = \"App\"; those of the "
+                    "command line take precedence")
+        ->type_name("FILE")
+        ->configurable(false);
+}
+
+void ApplyConfigFile(CLI::App& command, const std::filesystem::path& file) {
+    try {
+        Apply(command, file);
+    } catch (const CLI::ParseError& error) {
+        throw Failure(file,
+                      std::string(error.what()) + "; see tarn " + command.get_name() + " --help");
     }
 }
 

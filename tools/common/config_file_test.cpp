@@ -9,6 +9,7 @@ namespace tarn::tools {
 namespace {
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 class ConfigFileTest : public FolderTest {
@@ -66,6 +67,21 @@ TEST_F(ConfigFileTest, RejectsBackslashesInDoubleQuotes) {
     EXPECT_THROW(Read("title = \"C:\\new\"\n"), Failure);
 }
 
+TEST_F(ConfigFileTest, RejectsOtherEncodings) {
+    EXPECT_THROW(Read("title = \xE4\n"), Failure);
+    EXPECT_THROW(Read(std::string_view("\xFF\xFEt\0i\0", 6)), Failure);
+}
+
+TEST_F(ConfigFileTest, NamesTheFileWhenAValueIsNotAccepted) {
+    try {
+        Read("single = maybe\n");
+        FAIL() << "was accepted";
+    } catch (const Failure& failure) {
+        EXPECT_THAT(failure.what(), HasSubstr("options.toml: "));
+        EXPECT_THAT(failure.what(), HasSubstr("single"));
+    }
+}
+
 TEST_F(ConfigFileTest, RejectsWhatIsNoOption) {
     for (const char* const text : {"other = x", "config = x", "help = true", "--title = x",
                                    "[command]\ntitle = x", "some text"}) {
@@ -75,7 +91,7 @@ TEST_F(ConfigFileTest, RejectsWhatIsNoOption) {
 }
 
 TEST_F(ConfigFileTest, RejectsTwoValuesOfASingleOption) {
-    EXPECT_THROW(Read("title = a\nadd = x\ntitle = b\n"), CLI::ParseError);
+    EXPECT_THROW(Read("title = a\nadd = x\ntitle = b\n"), Failure);
 }
 
 }  // namespace

@@ -88,7 +88,10 @@ class NodeWriter {
 
     void End(std::size_t begin) {
         const std::size_t size = writer_.Size() - begin;
-        if (size > kLargestNode) throw Failure("the texts of the version information are too long");
+        if (size > kLargestNode)
+            throw Failure(
+                "the texts of the version information are too long; shorten the longest one, such "
+                "as the title or the version");
         writer_.SetU16(begin, static_cast<std::uint32_t>(size));
     }
 

@@ -98,9 +98,8 @@ fs::path MakeNsisSetup(const SetupRequest& request, const Product& product,
         input.signUninstaller = WriteSigningScript(request.signCommand, work);
     }
     if (!request.license.empty()) {
-        const Bytes license = WithFileName(request.license, [&] {
-            return NsisLicense(ReadWholeFile(request.license, kLargestLicense));
-        });
+        const Bytes text = ReadWholeFile(request.license, kLargestLicense);
+        const Bytes license = WithFileName(request.license, [&] { return NsisLicense(text); });
         input.licenseFile = AsText(license).starts_with("{\\rtf") ? "license.rtf" : "license.txt";
         WriteNewFile(work / input.licenseFile, license);
     }

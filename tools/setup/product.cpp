@@ -26,15 +26,6 @@ bool IsAlphanumeric(char character) {
     return (lower >= 'a' && lower <= 'z') || (lower >= '0' && lower <= '9');
 }
 
-bool IsLauncher(const Bytes& content) {
-    try {
-        CheckIsLauncher(content);
-        return true;
-    } catch (const Failure&) {
-        return false;
-    }
-}
-
 std::vector<fs::path> LaunchersIn(const fs::path& folder) {
     std::vector<fs::path> found;
     try {

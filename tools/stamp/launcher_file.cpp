@@ -21,4 +21,13 @@ void CheckIsLauncher(ByteSpan executable) {
     }
 }
 
+bool IsLauncher(ByteSpan executable) {
+    try {
+        CheckIsLauncher(executable);
+        return true;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
 }  // namespace tarn::tools

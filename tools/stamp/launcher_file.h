@@ -8,4 +8,7 @@ namespace tarn::tools {
 /// messages identify: they remain when it is stamped.
 void CheckIsLauncher(ByteSpan executable);
 
+/// The same as an answer; false for what is not an executable, too.
+bool IsLauncher(ByteSpan executable);
+
 }  // namespace tarn::tools

@@ -20,10 +20,13 @@ TEST(LauncherFileTest, IsRecognisedByItsMessages) {
     EXPECT_NO_THROW(CheckIsLauncher(WithStrings({{207, "a"}, {210, "b"}, {230, "c"}})));
     EXPECT_THROW(CheckIsLauncher(WithStrings({{207, "a"}, {210, "b"}})), Failure);
     EXPECT_THROW(CheckIsLauncher(WithStrings({})), Failure);
+    EXPECT_TRUE(IsLauncher(WithStrings({{207, "a"}, {210, "b"}, {230, "c"}})));
+    EXPECT_FALSE(IsLauncher(WithStrings({})));
 }
 
 TEST(LauncherFileTest, IsAnExecutable) {
     EXPECT_THROW(CheckIsLauncher(AsBytes("text")), Failure);
+    EXPECT_FALSE(IsLauncher(AsBytes("text")));
 }
 
 }  // namespace

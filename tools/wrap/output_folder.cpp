@@ -19,6 +19,18 @@ void CreateFolders(const fs::path& folder) {
     if (error) throw Failure(folder, "cannot be created (" + error.message() + ")");
 }
 
+// The folders from `folder` upwards that do not exist.
+std::vector<fs::path> MissingFolders(fs::path folder) {
+    std::error_code error;
+    std::vector<fs::path> missing;
+    while (!folder.empty() && !fs::exists(fs::symlink_status(folder, error))) {
+        missing.push_back(folder);
+        // A drive that does not exist is its own parent.
+        folder = folder.has_relative_path() ? folder.parent_path() : fs::path();
+    }
+    return missing;
+}
+
 // Creates a new folder beside `folder`; never uses an existing one.
 fs::path CreateTemporaryFolder(const fs::path& folder) {
     std::error_code error;
@@ -59,8 +71,14 @@ OutputFolder::OutputFolder(fs::path folder, bool replaces, const std::string& ma
       mark_(mark),
       replaces_(replaces) {
     CheckReplaceable();
-    if (folder_.has_parent_path()) CreateFolders(folder_.parent_path());
-    unfinished_ = CreateTemporaryFolder(folder_);
+    newParents_ = MissingFolders(folder_.parent_path());
+    try {
+        if (folder_.has_parent_path()) CreateFolders(folder_.parent_path());
+        unfinished_ = CreateTemporaryFolder(folder_);
+    } catch (const Failure&) {
+        RemoveNewParents();
+        throw;
+    }
 }
 
 void OutputFolder::CheckReplaceable() const {
@@ -77,8 +95,16 @@ void OutputFolder::CheckReplaceable() const {
 }
 
 OutputFolder::~OutputFolder() {
+    if (isFinished_) return;
     std::error_code ignored;
-    if (!isFinished_) fs::remove_all(unfinished_, ignored);
+    fs::remove_all(unfinished_, ignored);
+    RemoveNewParents();
+}
+
+void OutputFolder::RemoveNewParents() const {
+    std::error_code ignored;
+    // Only an empty folder is removed.
+    for (const fs::path& parent : newParents_) fs::remove(parent, ignored);
 }
 
 void OutputFolder::Write(const std::string& target, std::span<const std::byte> content,
@@ -99,15 +125,32 @@ void OutputFolder::CopyFile(const fs::path& source, const std::string& target,
     });
 }
 
+void OutputFolder::CheckIsOutside(const fs::path& source,
+                                  const std::vector<TreeEntry>& entries) const {
+    const auto contains = [&](const fs::path& folder) {
+        std::error_code error;
+        return fs::equivalent(folder, unfinished_, error) || fs::equivalent(folder, folder_, error);
+    };
+    const bool isInside = contains(source) ||
+                          std::any_of(entries.begin(), entries.end(), [&](const TreeEntry& entry) {
+                              return entry.isFolder && contains(source / entry.path);
+                          });
+    if (!isInside) return;
+    throw Failure(
+        folder_, "is in " + Utf8OfPath(source) + ", which is copied into it; choose another --out");
+}
+
 void OutputFolder::Copy(const fs::path& source, const std::string& target, const Copied& copied) {
     std::error_code error;
     if (!fs::is_directory(source, error)) {
         CopyFile(source, target, copied);
         return;
     }
+    const std::vector<TreeEntry> entries = ListTree(source);
+    CheckIsOutside(source, entries);
     names_.AddFolder(target, Utf8OfPath(source));
     CreateFolders(unfinished_ / PathOf(target));
-    for (const TreeEntry& entry : ListTree(source)) {
+    for (const TreeEntry& entry : entries) {
         const std::string entryTarget = target + "/" + GenericUtf8(entry.path);
         if (entry.isFolder) {
             names_.AddFolder(entryTarget, Utf8OfPath(source / entry.path));
@@ -160,6 +203,14 @@ std::vector<TreeEntry> ListTree(const fs::path& folder) {
     std::sort(entries.begin(), entries.end(),
               [](const TreeEntry& a, const TreeEntry& b) { return a.path < b.path; });
     return entries;
+}
+
+bool IsBelow(const fs::path& path, const fs::path& folder) {
+    std::error_code error;
+    const fs::path whole = fs::weakly_canonical(folder, error);
+    const fs::path place = fs::weakly_canonical(fs::absolute(path, error).parent_path(), error);
+    return std::mismatch(whole.begin(), whole.end(), place.begin(), place.end()).first ==
+           whole.end();
 }
 
 std::uintmax_t TreeSize(const fs::path& path) {

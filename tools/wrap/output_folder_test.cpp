@@ -40,10 +40,21 @@ TEST_F(OutputFolderTest, AppearsWhenItIsComplete) {
 
 TEST_F(OutputFolderTest, LeavesNothingBehindWhenUnfinished) {
     {
-        OutputFolder output(folder_ / "app", false, "app.exe");
+        OutputFolder output(folder_ / "new/deep/app", false, "app.exe");
         WriteText(output, "app.exe", "x");
     }
     EXPECT_TRUE(std::filesystem::is_empty(folder_));
+    const std::string longName(300, 'x');
+    EXPECT_THROW(OutputFolder(folder_ / "new" / longName / "app", false, "app.exe"), Failure);
+    EXPECT_TRUE(std::filesystem::is_empty(folder_));
+}
+
+TEST_F(OutputFolderTest, LeavesWhatAppearedBesideAnUnfinishedOne) {
+    {
+        OutputFolder output(folder_ / "new/deep/app", false, "app.exe");
+        Put("new/other", "kept");
+    }
+    EXPECT_THAT(Names(), ElementsAre("new/other"));
 }
 
 TEST_F(OutputFolderTest, ReplacesAnEmptyFolder) {
@@ -78,6 +89,26 @@ TEST_F(OutputFolderTest, CopiesFoldersWithTheirContents) {
     EXPECT_TRUE(output.Finish().empty());
     EXPECT_THAT(Names(), ElementsAre("app/c.txt", "app/data/a.txt", "app/data/sub/b.txt",
                                      "in/a.txt", "in/sub/b.txt"));
+}
+
+TEST_F(OutputFolderTest, IsNotCopiedIntoItself) {
+    Put("in/a.txt", "a");
+    Put("in/old/app.exe", "old");
+    OutputFolder below(folder_ / "in/deep/app", false, "app.exe");
+    EXPECT_THROW(below.Copy(folder_ / "in", "data"), Failure);
+    EXPECT_NO_THROW(below.Copy(folder_ / "in/old", "data"));
+    OutputFolder replacing(folder_ / "in/old", true, "app.exe");
+    EXPECT_THROW(replacing.Copy(folder_ / "in/old", "data"), Failure);
+    EXPECT_FALSE(std::filesystem::exists(replacing.Unfinished() / "data"));
+}
+
+TEST_F(OutputFolderTest, IsBelowAFolderWhenItsNameIsThere) {
+    Put("in/sub/a.txt", "a");
+    EXPECT_TRUE(IsBelow(folder_ / "in/sub/a.txt", folder_ / "in"));
+    EXPECT_TRUE(IsBelow(folder_ / "in/../in/sub/new", folder_ / "in/"));
+    EXPECT_FALSE(IsBelow(folder_ / "in/sub/a.txt", folder_ / "in/su"));
+    EXPECT_FALSE(IsBelow(folder_ / "in", folder_ / "in"));
+    EXPECT_FALSE(IsBelow(folder_ / "in/../a.txt", folder_ / "in"));
 }
 
 TEST_F(OutputFolderTest, ReportsWhatItHasCopied) {

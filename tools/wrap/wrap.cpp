@@ -112,9 +112,37 @@ void CheckName(const std::string& name) {
 WrapRequest Completed(WrapRequest request, const JarFacts& facts) {
     if (request.name.empty()) request.name = Utf8OfPath(request.jar.stem());
     CheckName(request.name);
-    if (request.title.empty()) request.title = facts.title.empty() ? request.name : facts.title;
+    if (request.title.empty()) {
+        const auto isControl = [](char letter) { return static_cast<unsigned char>(letter) < ' '; };
+        if (std::any_of(facts.title.begin(), facts.title.end(), isControl)) {
+            throw Failure(
+                request.jar,
+                "the title in its manifest contains a control character; specify --title");
+        }
+        request.title = facts.title.empty() ? request.name : facts.title;
+    }
     if (request.out.empty()) request.out = PathOf(request.name);
     return request;
+}
+
+// --replace removes a folder with everything in it: only one that this program has created, and
+// none with input that the result does not contain.
+void CheckReplacedFolder(const WrapRequest& request, const std::string& executableName) {
+    std::error_code error;
+    const fs::path executable = request.out / PathOf(executableName);
+    if (!request.replaces || !fs::is_regular_file(executable, error)) return;
+    if (!IsLauncher(ReadWholeFile(executable))) {
+        throw Failure(request.out, "is not replaced, because tarn wrap did not create its " +
+                                       executableName + "; choose another --out");
+    }
+    std::vector<fs::path> inputs = {request.icon, request.manifest, request.launcher,
+                                    request.config};
+    if (request.singleFile) inputs.push_back(request.jar);
+    for (const fs::path& input : inputs) {
+        if (input.empty() || !IsBelow(input, request.out)) continue;
+        throw Failure(request.out, "is not replaced, because it contains the input " +
+                                       Utf8OfPath(input) + "; choose another --out");
+    }
 }
 
 bool IsOnClassPath(const ClassPathFile& file) {
@@ -238,6 +266,7 @@ fs::path Wrap(const WrapRequest& asked, const Console& console) {
     const Bytes executable = StampedLauncher(request, changes, warnings);
 
     const std::string executableName = request.name + ".exe";
+    CheckReplacedFolder(request, executableName);
     OutputFolder output(request.out, request.replaces, executableName);
     output.Write(executableName, executable, "the executable");
     if (!request.singleFile)

@@ -30,6 +30,7 @@ struct WrapRequest {
     std::filesystem::path jar;
     std::filesystem::path launcher;
     std::filesystem::path out;
+    std::filesystem::path config;  // from which options were read
     std::string name;
     std::filesystem::path icon;
     std::filesystem::path splash;

@@ -103,6 +103,7 @@ void RunWrap(CLI::App& command, const Arguments& arguments, const Console& conso
     WrapRequest request = arguments.request;
     request.jar = PathOf(arguments.jar);
     request.out = PathOf(arguments.out);
+    request.config = PathOf(arguments.config);
     request.icon = PathOf(arguments.icon);
     request.splash = PathOf(arguments.splash);
     request.runtime = PathOf(arguments.runtime);
