@@ -6,6 +6,7 @@
 #     screens      small and very large screens
 #     zones        time zones, whose offsets are not whole hours, or that have daylight saving now
 #     server       a Wine server that ends under the launcher
+#     planted      a Wine that prefers the libraries of the program's folder to its own
 #
 # Wine takes the code page from the C library's locale; Debian's package "locales" has the sources.
 # shellcheck disable=SC2317  # the parts are called by their names
@@ -64,7 +65,18 @@ part_server() {
     timeout --kill-after=30 300 scripts/lib/end_of_server.sh || failed=1
 }
 
-parts=(pages screens zones server)
+# By default Wine takes most system libraries from itself, also where a program finds one in its own
+# folder, so that it hides a wrong search. Not combase, imm32, msimg32, ole32, propsys, uxtheme, version
+# and windowscodecs, which Wine's own libraries load from the program's folder, unlike those of Windows.
+part_planted() {
+    local names=bcrypt,clbcatq,comctl32,comdlg32,cryptbase,cryptsp,dbgcore,dbghelp,dwmapi,gdiplus
+    names+=,imagehlp,iphlpapi,mpr,netapi32,ntmarta,oleacc,profapi,psapi,secur32,setupapi,shell32
+    names+=,shfolder,sspicli,urlmon,userenv,usp10,wininet,winmm,winspool.drv,wintrust,ws2_32,wsock32
+    names+=,wtsapi32
+    TARN_DLL_OVERRIDES=$names=n,b run_tests planted 'PlantedLibraries*'
+}
+
+parts=(pages screens zones server planted)
 [ $# -eq 0 ] || parts=("$@")
 for part in "${parts[@]}"; do
     declare -F "part_$part" >/dev/null || { echo "no part '$part'" >&2; exit 2; }

@@ -14,7 +14,7 @@
 export WINEPREFIX="$TARN_WINE_PREFIX"
 export WINEARCH=win64
 export WINEDEBUG="${WINEDEBUG:--all}"
-export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d"
+export WINEDLLOVERRIDES="mscoree,mshtml=;winemenubuilder.exe=d${TARN_DLL_OVERRIDES:+;$TARN_DLL_OVERRIDES}"
 # Determines Wine's language, code page and argument encoding. They are the same on every machine, so
 # that texts and sizes are; TARN_LOCALE overrides them.
 export LC_ALL=${TARN_LOCALE:-C.UTF-8}
