@@ -215,7 +215,7 @@ class ArchiveTest(FastStartTest):
         while not self.archives():
             self.assertIsNone(first.poll(), "no archive was written")
             self.assertLess(time.monotonic(), end)
-            time.sleep(0.001)  # between two looks
+            time.sleep(0.001)  # polling interval
         first.send_signal(signal.SIGSTOP)
         self.addCleanup(first.send_signal, signal.SIGCONT)
         [archive] = self.archives()

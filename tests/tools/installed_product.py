@@ -27,7 +27,7 @@ def wait_until(condition):
     while time.monotonic() < end:
         if condition():
             return True
-        time.sleep(0.05)  # between two looks at the condition
+        time.sleep(0.05)  # polling interval
     return False
 
 

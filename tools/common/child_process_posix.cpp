@@ -13,8 +13,8 @@
 namespace tarn::tools {
 namespace {
 
-// Between two looks at whether a program has ended, which POSIX cannot wait for with a limit.
-constexpr std::chrono::milliseconds kBetweenLooks(20);
+// POSIX cannot wait for the end of a program with a timeout, so its state is polled.
+constexpr std::chrono::milliseconds kPollInterval(20);
 
 class Descriptor {
   public:
@@ -135,7 +135,7 @@ ProcessResult RunSilently(const std::filesystem::path& program,
             TakeExitCode(child, 0, result);
             break;
         }
-        std::this_thread::sleep_for(kBetweenLooks);
+        std::this_thread::sleep_for(kPollInterval);
     }
     return result;
 }

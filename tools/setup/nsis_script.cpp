@@ -130,7 +130,7 @@ std::string VersionStatements(const Product& product) {
     add("FileVersion", product.version);
     add("ProductVersion", product.version);
     add("CompanyName", product.vendor);
-    // A notice is required; the vendor's name stands for it, as in the executable.
+    // A notice is required; the vendor's name replaces a missing one, as in the executable.
     const std::string& vendor = product.vendor.empty() ? product.name : product.vendor;
     add("LegalCopyright", product.copyright.empty() ? vendor : product.copyright);
     return script;

@@ -18,7 +18,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t kLongestText = 128;  // UTF-16 units
-constexpr std::size_t kLongestId = 64;     // the registry allows 255, with ".ext" behind it
+constexpr std::size_t kLongestId = 64;     // the registry allows 255, including an appended ".ext"
 constexpr std::uint16_t kVersionNumber = 1;
 
 bool IsAlphanumeric(char character) {

@@ -43,7 +43,7 @@ bool IsBeforeClassifier(std::string_view stem) {
 
 bool IsForX64(std::span<const std::byte> library) {
     constexpr std::size_t kNewHeader = 0x3C;  // where its offset is
-    constexpr std::size_t kMachine = 4;       // behind the signature
+    constexpr std::size_t kMachine = 4;       // after the signature
     try {
         const ByteReader reader(library);
         return reader.U16(reader.U32(kNewHeader) + kMachine) == kMachineAmd64;
