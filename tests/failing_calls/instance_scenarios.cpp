@@ -7,6 +7,7 @@
 #include "tests/failing_calls/scenario.h"
 #include "tests/support/named_event.h"
 #include "tests/support/paths.h"
+#include "tests/support/text.h"
 
 namespace tarn::test {
 
@@ -102,7 +103,8 @@ class SecondInstance : public TwoInstances {
             app.Log().WaitFor("CallStaticIntMethod(");
         }
         mainMayEnd_->Set();
-        EXPECT_EQ(first_->ExitCode(), 9);
+        EXPECT_EQ(first_->ExitCode(), 9)
+            << ReadFileBytes(app.LogFile()) << ReadFileBytes(HookLogFile(app));
         facts.emplace_back("hand-off", HandOffs());
         facts.emplace_back("launches of main",
                            std::to_string(app.Log().Count("JNI_CreateJavaVM(")));

@@ -88,10 +88,11 @@ void Scenario::Answer(const LaunchedProcess&, HWND dialog, const std::wstring&) 
 }
 
 Facts Scenario::Run(const std::wstring& failures) {
-    DeleteFileW(app.LogFile().c_str());
-    DeleteFileW(HookLogFile(app).c_str());
-    DeleteFileW(app.OutputFile().c_str());
-    DeleteFileW(app.ErrorFile().c_str());
+    for (const std::wstring& file :
+         {app.LogFile(), HookLogFile(app), app.OutputFile(), app.ErrorFile()}) {
+        const bool isGone = DeleteFileW(file.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+        EXPECT_TRUE(isGone) << ToUtf8(file) << ": " << GetLastError();
+    }
     RemoveFolder(app.AppDataFolder());
     shown_.clear();
     answered_.clear();

@@ -1,7 +1,6 @@
 #include "tests/fake_jvm/call_log.h"
 
 #include <cstdio>
-#include <mutex>
 
 #include "base/windows.h"
 
@@ -46,10 +45,6 @@ void Log(std::string_view text) {
     line += '\t';
     line += text;
     line += '\n';
-    // Wine finds the end of a file and writes there in two steps, so two threads would overwrite
-    // each other's lines.
-    static std::mutex fileMutex;
-    const std::lock_guard<std::mutex> lock(fileMutex);
     DWORD written = 0;
     WriteFile(file, line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
     CloseHandle(file);

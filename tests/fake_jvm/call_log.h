@@ -7,7 +7,8 @@ namespace fake_jvm {
 
 /// Appends one line to the file that FAKE_JVM_LOG names: the thread's id, a tab, the text. The file
 /// is opened and closed for each line, so that the log is complete when a process ends during a
-/// call.
+/// call. The caller holds `Lock()` while other threads may log, because Wine appends in two steps;
+/// not at the end of the process, when a thread may have been ended with the lock.
 void Log(std::string_view text);
 
 /// Logs a line that makes tests fail: a caller violated a rule of the interface.

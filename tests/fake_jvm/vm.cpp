@@ -73,11 +73,13 @@ void Print(bool toError, std::string_view bytes) {
 
 void ExitProcessLikeJava(jint code) {
     const auto hook = VirtualMachine::Get().exitHook;
-    if (hook != nullptr) {
-        hook(code);
-        Log("exit hook returned");
+    if (hook != nullptr) hook(code);
+    {
+        // Other threads still log. The process must not end with the lock held.
+        const std::lock_guard guard(Lock());
+        if (hook != nullptr) Log("exit hook returned");
+        Log("process exits " + std::to_string(code));
     }
-    Log("process exits " + std::to_string(code));
     ExitProcess(static_cast<UINT>(code));
 }
 
