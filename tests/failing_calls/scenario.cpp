@@ -90,8 +90,9 @@ void Scenario::Answer(const LaunchedProcess&, HWND dialog, const std::wstring&) 
 Facts Scenario::Run(const std::wstring& failures) {
     for (const std::wstring& file :
          {app.LogFile(), HookLogFile(app), app.OutputFile(), app.ErrorFile()}) {
-        const bool isGone = DeleteFileW(file.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
-        EXPECT_TRUE(isGone) << ToUtf8(file) << ": " << GetLastError();
+        EXPECT_TRUE(WaitUntil([&] {
+            return DeleteFileW(file.c_str()) || GetLastError() == ERROR_FILE_NOT_FOUND;
+        })) << ToUtf8(file);
     }
     RemoveFolder(app.AppDataFolder());
     shown_.clear();
