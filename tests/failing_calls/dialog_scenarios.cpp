@@ -125,7 +125,7 @@ std::vector<NamedScenario> DialogScenarios() {
         {"library_not_loaded", "An error box: a library that cannot be loaded",
          Make<LibraryNotLoaded>, 10, 3},
         {"no_class_path", "An error box before a launch that goes on", Make<NoClassPath>, 10, 3},
-        {"java_exception", "The dialog \"Java Exception\", ignored", Make<JavaException>, 30, 0},
+        {"java_exception", "The dialog \"Java Exception\", ignored", Make<JavaException>, 30, 3},
         {"jre_cancelled", "The dialog \"JRE Not Found\", cancelled", Make<JreCancelled>, 30, 3},
         {"jre_browsed", "The dialog \"JRE Not Found\", a folder browsed for", Make<JreBrowsed>, 15,
          0, false},
